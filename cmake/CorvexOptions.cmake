@@ -1,0 +1,48 @@
+# Compiler settings shared by every target: warnings are errors on every compiler that builds the project.
+add_library(corvex_options INTERFACE)
+target_compile_features(corvex_options INTERFACE cxx_std_20)
+target_include_directories(corvex_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/generated)
+target_compile_options(corvex_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror -fno-strict-aliasing)
+# Fused multiply-add and the x87 unit would change the last digit of a value between targets.
+target_compile_options(corvex_options INTERFACE -ffp-contract=off)
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86")
+  target_compile_options(corvex_options INTERFACE -msse2 -mfpmath=sse)
+endif()
+find_package(Threads REQUIRED)
+target_link_libraries(corvex_options INTERFACE Threads::Threads)
+
+set(CORVEX_SANITIZE "" CACHE STRING "Sanitizers, e.g. address,undefined or thread")
+if(CORVEX_SANITIZE)
+  target_compile_options(corvex_options INTERFACE
+    -fsanitize=${CORVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(corvex_options INTERFACE -fsanitize=${CORVEX_SANITIZE})
+endif()
+option(CORVEX_FUZZ "Build the fuzz targets (clang)" OFF)
+if(CORVEX_FUZZ)
+  target_compile_options(corvex_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# corvex_library(NAME [SOURCES ...] [LIBS ...]): one static library per folder; headers are listed to be checked alone.
+function(corvex_library name)
+  cmake_parse_arguments(A "" "" "SOURCES;LIBS" ${ARGN})
+  add_library(${name} STATIC ${A_SOURCES})
+  target_link_libraries(${name} PUBLIC corvex_options ${A_LIBS})
+endfunction()
+
+# corvex_test(NAME SOURCES ... LIBS ...): one test program per folder.
+# Natively each case is a ctest of its own; sanitizers and Wine run the program whole, where a process is dear.
+function(corvex_test name)
+  cmake_parse_arguments(A "" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${A_SOURCES})
+  target_link_libraries(${name} PRIVATE corvex_options ${A_LIBS} GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE CORVEX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  if(WIN32 OR CORVEX_SANITIZE)
+    add_test(NAME ${name} COMMAND ${name} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300
+      FAIL_REGULAR_EXPRESSION "Unhandled (page fault|exception|illegal)")
+  else()
+    include(GoogleTest)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
+      PROPERTIES TIMEOUT 120)
+  endif()
+endfunction()

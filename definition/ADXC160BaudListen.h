@@ -1,0 +1,19 @@
+// Takes one packet off a 160-baud stream.
+#pragma once
+
+#include <cstdint>
+
+#include "definition/ADXObject.h"
+
+namespace corvex {
+
+class ADXC160BaudListen : public ADXObject {
+public:
+    ADXC160BaudListen() : ADXObject(kType160BaudListen) {}
+    int Write(XMLWriter* writer) const override;
+
+    std::uint32_t flags = 0;       // loaded and saved; nothing tests a bit of it
+    std::uint32_t packetsize = 0;  // decoded bytes in a packet
+};
+
+}  // namespace corvex

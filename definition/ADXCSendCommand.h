@@ -1,0 +1,30 @@
+// Sends bytes and takes a reply of a known length.
+#pragma once
+
+#include <cstdint>
+
+#include "definition/ADXObject.h"
+#include "definition/ByteString.h"
+namespace corvex {
+
+// Milliseconds and bytes. The decoded part of a reply is the packetsize bytes from packetoffset on.
+class ADXCSendCommand : public ADXObject {
+public:
+    ADXCSendCommand() : ADXObject(kTypeSendCommand) {}
+    int Write(XMLWriter* writer) const override;
+
+    void SetBytes(const std::uint8_t* bytes, std::uint32_t len) { bytes_.Set(bytes, len); }
+    const std::uint8_t* bytestring() const { return bytes_.Data(); }  // null when there is none
+    std::uint32_t size() const { return bytes_.Size(); }
+
+    std::uint32_t replysize = 0;
+    std::uint32_t replytimeout = 200;
+    std::uint32_t packetoffset = 0;
+    std::uint32_t packetsize = 0;
+    std::uint32_t flags = 0;  // bit 0: a reply is expected and is to be processed
+
+private:
+    ByteString bytes_;
+};
+
+}  // namespace corvex

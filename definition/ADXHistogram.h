@@ -1,0 +1,101 @@
+// A grid fed by three values: x picks the column, y the row, z is recorded in that cell.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
+
+#include "definition/ADXLookupTable.h"
+#include "definition/ADXObject.h"
+#include "definition/ADXValue.h"
+#include "definition/HistogramGrids.h"
+#include "definition/PacketView.h"
+
+namespace corvex {
+
+// The one object of a definition that gathers data while a session runs. Cells are not saved.
+//
+// Threads: samples are added on the acquisition or playback thread, cells read and cleared on the user-interface
+// thread. Everything that touches the cells takes the lock, readers too, so that nobody sees half a cell. The axes
+// change on the user-interface thread, under the lock as well.
+class ADXHistogram : public ADXObject {
+public:
+    static constexpr std::uint32_t kAxisLimit = 4096;  // rows or columns; more than this is cut to it
+
+    enum CellMode : int {
+        kLast = 0,
+        kCountKept = 1,
+        kMeanKept = 2,
+        kDeviationKept = 3,
+        kCountTotal = 7,
+        kMeanTotal = 8,
+        kMinimum = 9,
+        kMaximum = 10,
+        kRange = 11,
+    };
+
+    ADXHistogram() : ADXObject(kTypeHistogram) {}
+    int Write(XMLWriter* writer) const override;
+
+    // Store, throw the cells away, rebuild the axis table concerned.
+    void SetRows(std::uint32_t n);
+    void SetCols(std::uint32_t n);
+    std::uint32_t GetRows() const { return rows_; }
+    std::uint32_t GetCols() const { return cols_; }
+    // Store and rebuild that axis's table. Keys are bin centres: the outermost bins lie on the limits themselves.
+    void SetXMin(float v);
+    void SetXMax(float v);
+    void SetYMin(float v);
+    void SetYMax(float v);
+    float GetXMin() const { return xmin_; }
+    float GetXMax() const { return xmax_; }
+    float GetYMin() const { return ymin_; }
+    float GetYMax() const { return ymax_; }
+    const ADXLookupTable& XTable() const { return xtable_; }
+    const ADXLookupTable& YTable() const { return ytable_; }
+
+    void SetHistorySize(std::uint32_t n);  // 0 does nothing; otherwise the history is thrown away
+    std::uint32_t GetHistorySize() const;
+
+    // 0 for null or an object that is no value, else 1.
+    int SetX(ADXObject* object);
+    int SetY(ADXObject* object);
+    int SetZ(ADXObject* object);
+    ADXValue* GetX() const { return x_; }
+    ADXValue* GetY() const { return y_; }
+    ADXValue* GetZ() const { return z_; }
+
+    // Computes the three values from the packet and adds the point. Returns the cell, or -1 with a null packet.
+    std::int32_t AddSample(const ADXDefinition& definition, PacketView packet, std::uint32_t commandhash);
+    // Returns the column in the high 16 bits and the row in the low 16.
+    std::int32_t AddPoint(float x, float y, float z);
+    void Clear();
+    std::uint32_t GetTotalSampleCount() const;  // since the last clear
+
+    // The statistic of a cell, and its text; an empty text and 0.0 where the cell has no such value.
+    double GetCellValue(int mode, std::uint32_t row, std::uint32_t col, char* out, std::size_t size) const;
+    // 1 and the sample at `index` from the newest, or 0.
+    int GetSample(std::uint32_t row, std::uint32_t col, std::uint32_t index, float* out) const;
+    std::uint32_t GetSampleCount(std::uint32_t row, std::uint32_t col) const;
+
+    std::uint32_t xidhash = 0, yidhash = 0, zidhash = 0;
+    std::uint32_t flags = 0;            // loaded and saved
+    std::uint32_t parentcmdidhash = 0;  // the command that feeds this histogram; 0: any
+
+private:
+    static void BuildAxis(ADXLookupTable& table, std::uint32_t n, float low, float high);
+    bool CellValue(int mode, std::uint32_t row, std::uint32_t col, double* value) const;
+
+    std::uint32_t rows_ = 0, cols_ = 0;
+    float xmin_ = 0.0F, xmax_ = 0.0F, ymin_ = 0.0F, ymax_ = 0.0F;
+    std::uint32_t samplecount_ = 0;
+    HistogramHistoryGrid history_;
+    HistogramStatsGrid stats_;
+    ADXLookupTable xtable_, ytable_;
+    ADXValue* x_ = nullptr;  // not owned
+    ADXValue* y_ = nullptr;
+    ADXValue* z_ = nullptr;
+    mutable std::mutex lock_;
+};
+
+}  // namespace corvex

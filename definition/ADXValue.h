@@ -1,0 +1,99 @@
+// One number of a reply: where it sits in the packet and how it becomes an engineering value.
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "definition/ADXObject.h"
+#include "definition/EquationEvaluator.h"
+#include "definition/FieldReader.h"
+#include "definition/PacketView.h"
+
+namespace corvex {
+
+class ADXDefinition;
+class ADXLookupTable;
+
+// One variable of an equation. Every occurrence of a letter has an entry of its own.
+struct ADXVar {
+    std::uint32_t type = 0;        // 0 native: the value's own packet field. 1 link: another value
+    char varid = 0;                // the letter
+    std::uint32_t linkidhash = 0;  // of the linked ADXValue
+};
+
+// Holds no history; the only run-time state is the last raw word.
+//
+// Threads: GetRaw runs on the acquisition or playback thread, everything else on the user-interface thread: Compute and
+// Format drive the evaluator, which serves one thread at a time. The raw word may be stored by one while another reads
+// it.
+//
+// Links are followed by hash at every computation. A chain deeper than kLinkDepth, or a computation that runs through
+// more than kLinkBudget linked values (only a cycle, or a definition made to be slow, gets there), is cut: the variable
+// keeps the number of the one before it, as with a link that does not resolve.
+class ADXValue : public ADXObject {
+public:
+    static constexpr unsigned kLinkDepth = 32;
+    static constexpr unsigned kLinkBudget = 4096;
+
+    enum Flag : std::uint32_t { kSigned = 0x1, kLowByteFirst = kFlagLowByteFirst, kAlarmHigh = 0x4, kAlarmLow = 0x8 };
+    enum Output : std::uint32_t { kHexadecimal = 0, kInteger = 1, kUnsigned = 2, kFloat = 3 };
+
+    ADXValue() : ADXObject(kTypeValue) {}
+    int Write(XMLWriter* writer) const override;
+
+    // The raw word. A null packet gives the last one and changes nothing; a packet gives and stores a new one.
+    std::uint32_t GetRaw(PacketView packet, std::uint32_t offset = 0, std::uint32_t options = 0);
+    // The raw word as a number. Signed fields are 8, 16 or 32 bits wide; a signed field of any other width is 0.0.
+    double GetNative(PacketView packet, std::uint32_t offset = 0, std::uint32_t options = 0);
+    // The engineering value. Without an equation that parsed: 0.0.
+    double Compute(const ADXDefinition& definition, PacketView packet, std::uint32_t offset = 0,
+                   std::uint32_t options = 0);
+    // The value as text, at most size-1 characters and always terminated; returns the equation's output before any
+    // table. An outputtype that is none of the four leaves the buffer as it was.
+    double Format(char* out, std::size_t size, const ADXDefinition& definition, PacketView packet,
+                  std::uint32_t offset = 0, std::uint32_t options = 0);
+
+    // Parses the equation and makes one native variable per letter of it. 1, or 0 when the memory can't be had.
+    // An equation that does not parse keeps its text, and its variables are those of the last one that parsed.
+    int SetEquation(const char* text, std::uint32_t len);
+    // Returns the length plus one, or 1 when there is none.
+    std::uint32_t GetEquation(char* out, std::uint32_t size) const;
+    const EquationEvaluator& Equation() const { return equation_; }
+
+    // Replaces the first entry of the same letter; 0 when the equation has no such letter.
+    int SetVar(const ADXVar& var);
+    int GetVar(std::uint32_t index, ADXVar* out) const;  // 0 past the end or for a null pointer
+    std::uint32_t GetVarCount() const { return static_cast<std::uint32_t>(vars_.size()); }
+
+    void SetUnits(const char* text, std::uint32_t len) { units_.SetUnlessEmpty(text, len); }
+    // Returns the copied length plus one, or 1 when empty or when `out` is unusable.
+    std::uint32_t GetUnits(char* out, std::uint32_t size) const;
+    const char* Units() const { return units_.IsSet() ? units_.CStr() : ""; }
+
+    std::uint32_t flags = 0;
+    std::uint32_t parentcmdidhash = 0;  // idhash of the command whose reply carries the value; 0: any
+    std::uint32_t packetoffset = 0;     // bytes into the decoded part of the reply
+    std::uint32_t sizeinbits = 8;       // whole bytes are read: 12 reads one
+    std::uint32_t outputtype = kFloat;
+    std::uint8_t digcount = 2;
+    float alarmlow = 0.0F, alarmhigh = 255.0F;
+    float rangelow = 0.0F, rangehigh = 255.0F;  // ends of the display scale; a value is never clamped to them
+    std::uint16_t unittype = 0, datatype = 0;   // opaque; compared by FindValueByType alone
+    std::uint32_t lookupidhash = 0;
+    ADXLookupTable* lookup = nullptr;  // not owned; set from lookupidhash when links are resolved
+
+private:
+    struct LinkWalk;
+    double ComputeLinked(const ADXDefinition& definition, PacketView packet, std::uint32_t offset,
+                         std::uint32_t options, LinkWalk& walk);
+    void FormatNumber(char* out, std::size_t size, double value) const;
+
+    EquationEvaluator equation_;
+    std::vector<ADXVar> vars_;
+    OwnedText units_;
+    std::atomic<std::uint32_t> rawvalue_{0};
+};
+
+}  // namespace corvex
