@@ -1,0 +1,24 @@
+#include "platform/Clock.h"
+
+#include <atomic>
+
+namespace corvex {
+
+namespace {
+
+std::atomic<IClock*> forced{nullptr};
+
+}  // namespace
+
+IClock& CurrentClock() {
+    IClock* clock = forced.load(std::memory_order_acquire);
+    return clock != nullptr ? *clock : SystemClock();
+}
+
+ScopedClock::ScopedClock(IClock& clock) : previous_(forced.exchange(&clock, std::memory_order_acq_rel)) {}
+
+ScopedClock::~ScopedClock() {
+    forced.store(previous_, std::memory_order_release);
+}
+
+}  // namespace corvex

@@ -1,0 +1,181 @@
+#include <algorithm>
+#include <memory>
+
+#include "platform/Clock.h"
+#include "platform/SerialPlatform.h"
+#include "platform/SerialTimes.h"
+#include "platform/WindowsApi.h"
+
+namespace corvex {
+
+namespace {
+
+// What stands behind a SerialHandle.
+struct Device {
+    HANDLE file = INVALID_HANDLE_VALUE;
+    SerialTimeouts times;
+};
+
+Device* DeviceOf(SerialHandle handle) {
+    if (handle == 0 || handle == kInvalidSerialHandle) return nullptr;
+    return reinterpret_cast<Device*>(handle);
+}
+
+// The emulated thread storage of this compiler can't be relied on for objects with destructors at thread end, so the
+// error is kept as numbers and the sentence made when asked for.
+enum class Failure { kNone, kOpen, kSettings, kVanished };
+thread_local Failure lastFailure = Failure::kNone;
+thread_local DWORD lastCode = 0;
+thread_local std::uint32_t lastBaud = 0;
+
+std::string WithCode(const char* text) {
+    return std::string(text) + " (error " + std::to_string(lastCode) + ")";
+}
+
+std::string OpenSentence() {
+    switch (lastCode) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_INVALID_NAME:
+            return "no such port";
+        case ERROR_ACCESS_DENIED:
+        case ERROR_SHARING_VIOLATION:
+            return "port is in use by another program";
+        default:
+            return WithCode("port can't be opened");
+    }
+}
+
+// A removed adapter fails at once; the caller's loop over it must not spin.
+void WaitOutDeadLine(std::int64_t start, std::int64_t milliseconds) {
+    SleepUntil(start + milliseconds * SystemClock().Frequency() / 1000);
+}
+
+class WindowsSerial final : public ISerialPlatform {
+public:
+    SerialHandle Open(const char* path) override {
+        auto device = std::make_unique<Device>();
+        lastFailure = Failure::kNone;
+        device->file = CreateFileA(path, GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        if (device->file == INVALID_HANDLE_VALUE) {
+            lastCode = GetLastError();
+            lastFailure = Failure::kOpen;
+            return kInvalidSerialHandle;
+        }
+        return reinterpret_cast<SerialHandle>(device.release());
+    }
+
+    void Close(SerialHandle handle) override {
+        const std::unique_ptr<Device> device(DeviceOf(handle));
+        if (device) CloseHandle(device->file);
+    }
+
+    bool GetState(SerialHandle handle, SerialSettings& settings) override {
+        DCB line{};
+        if (!ReadState(DeviceOf(handle), line)) return false;
+        settings.baud = line.BaudRate;
+        settings.byteSize = line.ByteSize;
+        settings.parity = line.Parity != NOPARITY;
+        settings.ctsFlow = line.fOutxCtsFlow != 0;
+        settings.dsrFlow = line.fOutxDsrFlow != 0;
+        settings.dsrSensitivity = line.fDsrSensitivity != 0;
+        settings.dtrEnable = line.fDtrControl != DTR_CONTROL_DISABLE;
+        settings.rtsEnable = line.fRtsControl != RTS_CONTROL_DISABLE;
+        return true;
+    }
+
+    bool SetState(SerialHandle handle, const SerialSettings& settings) override {
+        const Device* device = DeviceOf(handle);
+        DCB line{};
+        if (!ReadState(device, line)) return false;
+        line.BaudRate = settings.baud;
+        line.ByteSize = settings.byteSize;
+        if (!settings.parity) line.Parity = NOPARITY;
+        line.fOutxCtsFlow = settings.ctsFlow ? 1U : 0U;
+        line.fOutxDsrFlow = settings.dsrFlow ? 1U : 0U;
+        line.fDsrSensitivity = settings.dsrSensitivity ? 1U : 0U;
+        line.fDtrControl = settings.dtrEnable ? 1U : 0U;
+        line.fRtsControl = settings.rtsEnable ? 1U : 0U;
+        if (SetCommState(device->file, &line) != 0) return true;
+        lastCode = GetLastError();
+        lastBaud = settings.baud;
+        lastFailure = Failure::kSettings;
+        return false;
+    }
+
+    bool SetTimeouts(SerialHandle handle, const SerialTimeouts& times) override {
+        Device* device = DeviceOf(handle);
+        if (device == nullptr) return false;
+        device->times = times;
+        COMMTIMEOUTS limits{times.readInterval, times.readMultiplier, times.readConstant, times.writeMultiplier,
+                            times.writeConstant};
+        return SetCommTimeouts(device->file, &limits) != 0;
+    }
+
+    bool SetQueues(SerialHandle handle, std::uint32_t inputSize, std::uint32_t outputSize) override {
+        const Device* device = DeviceOf(handle);
+        return device != nullptr && SetupComm(device->file, inputSize, outputSize) != 0;
+    }
+
+    void Purge(SerialHandle handle, bool output, bool input) override {
+        const Device* device = DeviceOf(handle);
+        if (device == nullptr) return;
+        PurgeComm(device->file, (output ? PURGE_TXCLEAR : 0U) | (input ? PURGE_RXCLEAR : 0U));
+    }
+
+    std::uint32_t Read(SerialHandle handle, void* buffer, std::uint32_t count) override {
+        const Device* device = DeviceOf(handle);
+        if (device == nullptr) return 0;
+        const std::int64_t start = SystemClock().Counter();
+        DWORD moved = 0;
+        if (ReadFile(device->file, buffer, count, &moved, nullptr) != 0) return moved;
+        const ReadLimits limits = LimitsOfRead(device->times, count);
+        Vanished(start, limits.immediate ? 0 : limits.total.value_or(kDeadLineWait));
+        return 0;
+    }
+
+    std::uint32_t Write(SerialHandle handle, const void* buffer, std::uint32_t count) override {
+        const Device* device = DeviceOf(handle);
+        if (device == nullptr) return 0;
+        const std::int64_t start = SystemClock().Counter();
+        DWORD moved = 0;
+        if (WriteFile(device->file, buffer, count, &moved, nullptr) != 0) return moved;
+        Vanished(start, LimitOfWrite(device->times, count).value_or(kDeadLineWait));
+        return 0;
+    }
+
+    std::string LastError() const override {
+        switch (lastFailure) {
+            case Failure::kOpen:
+                return OpenSentence();
+            case Failure::kSettings:
+                return WithCode(("port refuses " + std::to_string(lastBaud) + " baud").c_str());
+            case Failure::kVanished:
+                return WithCode("port has vanished");
+            default:
+                return {};
+        }
+    }
+
+private:
+    static bool ReadState(const Device* device, DCB& line) {
+        if (device == nullptr) return false;
+        line.DCBlength = sizeof line;
+        return GetCommState(device->file, &line) != 0;
+    }
+
+    static void Vanished(std::int64_t start, std::int64_t milliseconds) {
+        lastCode = GetLastError();
+        lastFailure = Failure::kVanished;
+        WaitOutDeadLine(start, milliseconds);
+    }
+};
+
+}  // namespace
+
+ISerialPlatform& SystemSerial() {
+    static WindowsSerial serial;
+    return serial;
+}
+
+}  // namespace corvex
