@@ -1,0 +1,15 @@
+# Header-only libraries of the build machine: corvex_cli11 (arguments) and corvex_json (JSON).
+# A cross build must not see the whole of /usr/include, so links to the libraries' own folders stand in for it.
+set(headeronly_dir ${PROJECT_BINARY_DIR}/headeronly)
+foreach(pair corvex_cli11:CLI corvex_json:nlohmann)
+  string(REPLACE ":" ";" pair ${pair})
+  list(GET pair 0 name)
+  list(GET pair 1 folder)
+  if(NOT EXISTS /usr/include/${folder})
+    message(FATAL_ERROR "${folder}: install libcli11-dev and nlohmann-json3-dev")
+  endif()
+  file(MAKE_DIRECTORY ${headeronly_dir}/${folder}-include)
+  file(CREATE_LINK /usr/include/${folder} ${headeronly_dir}/${folder}-include/${folder} SYMBOLIC)
+  add_library(${name} INTERFACE)
+  target_include_directories(${name} SYSTEM INTERFACE ${headeronly_dir}/${folder}-include)
+endforeach()
