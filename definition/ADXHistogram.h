@@ -51,8 +51,10 @@ public:
     float GetXMax() const { return xmax_; }
     float GetYMin() const { return ymin_; }
     float GetYMax() const { return ymax_; }
-    const ADXLookupTable& XTable() const { return xtable_; }
-    const ADXLookupTable& YTable() const { return ytable_; }
+    // A range that has no width, or no divisions, leaves the last table in force; with none ever built it is empty and
+    // every sample falls into division 0. A single division takes every sample.
+    const ADXLookupTable& XTable() const;
+    const ADXLookupTable& YTable() const;
 
     void SetHistorySize(std::uint32_t n);  // 0 does nothing; otherwise the history is thrown away
     std::uint32_t GetHistorySize() const;
@@ -72,7 +74,8 @@ public:
     void Clear();
     std::uint32_t GetTotalSampleCount() const;  // since the last clear
 
-    // The statistic of a cell, and its text; an empty text and 0.0 where the cell has no such value.
+    // The statistic of a cell, and its text: "%.3f", or "%i" when nothing is behind the point (then cut as Truncation.h
+    // tells, so the largest float shows as -2147483648). An empty text and 0.0 where the cell has no such value.
     double GetCellValue(int mode, std::uint32_t row, std::uint32_t col, char* out, std::size_t size) const;
     // 1 and the sample at `index` from the newest, or 0.
     int GetSample(std::uint32_t row, std::uint32_t col, std::uint32_t index, float* out) const;
@@ -83,15 +86,28 @@ public:
     std::uint32_t parentcmdidhash = 0;  // the command that feeds this histogram; 0: any
 
 private:
-    static void BuildAxis(ADXLookupTable& table, std::uint32_t n, float low, float high);
-    bool CellValue(int mode, std::uint32_t row, std::uint32_t col, double* value) const;
+    // What a table is to be built from, and the table, built when it is first asked for: a file may name thousands of
+    // axes that nobody ever looks at.
+    struct Axis {
+        void Plan(std::uint32_t n, float from, float to);
+        const ADXLookupTable& Table() const;
+
+        std::uint32_t divisions = 0;
+        float low = 0.0F, high = 0.0F;
+        mutable bool stale = false;
+        mutable ADXLookupTable table;
+    };
+
+    void ResizeGrids();
+    bool HistoryValue(int mode, std::uint32_t row, std::uint32_t col, double* value) const;
+    bool StatsValue(int mode, std::uint32_t row, std::uint32_t col, double* value) const;
 
     std::uint32_t rows_ = 0, cols_ = 0;
     float xmin_ = 0.0F, xmax_ = 0.0F, ymin_ = 0.0F, ymax_ = 0.0F;
     std::uint32_t samplecount_ = 0;
     HistogramHistoryGrid history_;
     HistogramStatsGrid stats_;
-    ADXLookupTable xtable_, ytable_;
+    Axis xaxis_, yaxis_;
     ADXValue* x_ = nullptr;  // not owned
     ADXValue* y_ = nullptr;
     ADXValue* z_ = nullptr;

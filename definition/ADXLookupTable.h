@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "definition/ADXObject.h"
@@ -11,7 +10,8 @@
 namespace corvex {
 
 // Strictly ascending by input; all arithmetic is done in 32-bit floats. A number off the ends takes the end entry:
-// nothing is extrapolated. Filled at load and constant afterwards; reading is safe from any thread.
+// nothing is extrapolated. Something that is no number takes the entry that is probed first, in the middle. Filled at
+// load and constant afterwards; reading is safe from any thread.
 class ADXLookupTable : public ADXObject {
 public:
     enum Output : std::uint32_t { kHexadecimal = 0, kInteger = 1, kUnformatted = 2, kFloat = 3, kText = 5 };
@@ -28,8 +28,8 @@ public:
     // An empty text table and an unformatted table give an empty text.
     std::uint32_t Format(float x, char* out, std::uint32_t size, float* result, int digcount) const;
 
-    // Keep the table sorted; an entry of the same input is replaced. Return the entry's index, or -1 for a refused text
-    // (null or empty, with text output).
+    // Keep the table sorted; an entry of the same input is replaced. Return the entry's index, or -1 for an entry that
+    // is refused: a null or empty text, a text for a table of numbers, a number for a table of texts.
     int AddEntry(float input, float output);
     int AddEntryText(float input, const char* text, std::uint32_t len);
     float RemoveEntry(std::uint32_t index);  // the entry's input, or 0.0 past the end
@@ -53,7 +53,7 @@ private:
     struct Entry {
         float input = 0.0F;
         float output = 0.0F;  // with text output the text counts instead
-        std::string text;
+        OwnedText text;
     };
     struct Selection {
         const Entry* low = nullptr;
@@ -63,6 +63,7 @@ private:
     Selection Select(float x) const;
     const Entry* ChooseText(float x) const;
     float ChooseNumber(float x) const;
+    static bool IsHigherNearer(float x, const Entry& low, const Entry& high);
     int Insert(Entry entry);
 
     std::uint32_t outputtype_ = kFloat;

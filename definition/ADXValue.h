@@ -18,7 +18,9 @@ class ADXLookupTable;
 
 // One variable of an equation. Every occurrence of a letter has an entry of its own.
 struct ADXVar {
-    std::uint32_t type = 0;        // 0 native: the value's own packet field. 1 link: another value
+    enum Type : std::uint32_t { kNative = 0, kLink = 1 };
+
+    std::uint32_t type = kNative;  // native: the value's own packet field; link: another value
     char varid = 0;                // the letter
     std::uint32_t linkidhash = 0;  // of the linked ADXValue
 };
@@ -50,8 +52,8 @@ public:
     // The engineering value. Without an equation that parsed: 0.0.
     double Compute(const ADXDefinition& definition, PacketView packet, std::uint32_t offset = 0,
                    std::uint32_t options = 0);
-    // The value as text, at most size-1 characters and always terminated; returns the equation's output before any
-    // table. An outputtype that is none of the four leaves the buffer as it was.
+    // The value as text (integers as Truncation.h cuts them), at most size-1 characters and always terminated; returns
+    // the equation's output before any table. An outputtype that is none of the four leaves the buffer as it was.
     double Format(char* out, std::size_t size, const ADXDefinition& definition, PacketView packet,
                   std::uint32_t offset = 0, std::uint32_t options = 0);
 
@@ -89,6 +91,7 @@ private:
     double ComputeLinked(const ADXDefinition& definition, PacketView packet, std::uint32_t offset,
                          std::uint32_t options, LinkWalk& walk);
     void FormatNumber(char* out, std::size_t size, double value) const;
+    void WriteMath(XMLWriter& writer) const;
 
     EquationEvaluator equation_;
     std::vector<ADXVar> vars_;

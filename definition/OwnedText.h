@@ -7,6 +7,9 @@
 
 namespace corvex {
 
+// The length of a text that may be longer than `limit`: at most that. 0 for a null text.
+std::size_t TextLength(const char* text, std::size_t limit);
+
 // Tells "no text" from "empty text", which a saved file depends on. Texts end at their first NUL.
 class OwnedText {
 public:

@@ -1,0 +1,61 @@
+#include "definition/ReferrerSearch.h"
+
+#include "definition/ADXDashboard.h"
+#include "definition/ADXListView.h"
+#include "definition/ADXMacro.h"
+#include "definition/ADXValue.h"
+
+namespace corvex {
+namespace {
+
+bool MacroRefersTo(const ADXMacro& macro, const ADXObject& target) {
+    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
+        ADXMacroNode node;
+        macro.GetNode(i, &node);
+        if (node.command == &target) return true;
+    }
+    return false;
+}
+
+bool ListRefersTo(const ADXListView& list, const ADXObject& target) {
+    for (std::uint32_t i = 0; i < list.GetEntryCount(); ++i) {
+        const ADXLVENTRY& entry = *list.GetEntry(i);
+        if (entry.entrytype != ADXLVENTRY::kHeadingRow && entry.item == &target) return true;
+    }
+    return false;
+}
+
+bool ValueRefersTo(const ADXValue& value, const ADXObject& target) {
+    for (std::uint32_t i = 0; i < value.GetVarCount(); ++i) {
+        ADXVar var;
+        value.GetVar(i, &var);
+        if (var.linkidhash != 0 && var.linkidhash == target.GetIdHash()) return true;
+    }
+    return false;
+}
+
+bool DashboardRefersTo(const ADXDashboard& dashboard, const ADXObject& target) {
+    for (std::uint32_t i = 0; i < dashboard.GetEntryCount(); ++i) {
+        if (dashboard.GetEntry(i)->item == &target) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool RefersTo(const ADXObject& object, const ADXObject& target) {
+    switch (object.GetType()) {
+        case kTypeMacro:
+            return MacroRefersTo(static_cast<const ADXMacro&>(object), target);
+        case kTypeListView:
+            return ListRefersTo(static_cast<const ADXListView&>(object), target);
+        case kTypeValue:
+            return ValueRefersTo(static_cast<const ADXValue&>(object), target);
+        case kTypeDashboard:
+            return DashboardRefersTo(static_cast<const ADXDashboard&>(object), target);
+        default:
+            return false;
+    }
+}
+
+}  // namespace corvex
