@@ -1,7 +1,7 @@
 # Compiles every header of the project alone, so that no header leans on what another happens to include.
 function(corvex_header_check target)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
-    platform/*.h session/*.h files/*.h definition/*.h acquisition/*.h apps/*.h)
+    platform/*.h session/*.h files/*.h definition/*.h acquisition/*.h logging/*.h apps/*.h)
   if(NOT WIN32)
     list(FILTER headers EXCLUDE REGEX "_win32\\.h$|/WindowsApi\\.h$")
   else()

@@ -1,0 +1,34 @@
+#include "session/SessionCalls.h"
+
+#include <utility>
+
+namespace corvex {
+
+namespace {
+
+template <class R, class... Arguments>
+void Fill(std::function<R(Arguments...)>& call) {
+    if (!call) call = [](Arguments...) { return R(); };
+}
+
+}  // namespace
+
+SessionCalls WithoutGaps(SessionCalls calls) {
+    Fill(calls.refreshStatus);
+    Fill(calls.refreshButtons);
+    Fill(calls.dashVisible);
+    Fill(calls.updateDash);
+    Fill(calls.listVisible);
+    Fill(calls.repaintList);
+    Fill(calls.updateHistograms);
+    Fill(calls.addMonitorSample);
+    Fill(calls.flash);
+    Fill(calls.clearMonitors);
+    Fill(calls.setMonitorTime);
+    Fill(calls.setLogSlider);
+    Fill(calls.postMain);
+    Fill(calls.replyEnded);
+    return calls;
+}
+
+}  // namespace corvex

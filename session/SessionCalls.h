@@ -1,0 +1,68 @@
+// How the session reaches whoever shows things: a desktop, a table on a terminal, a recorder in a test.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "acquisition/DataAcqStatus.h"
+#include "definition/PacketView.h"
+
+namespace corvex {
+
+// What a stop thread posts to the main thread.
+enum SessionMessage : std::uint32_t {
+    kMessageDestroyWindow = 32768,  // last of all: the main window is to destroy itself
+    kMessageScanStopped = 32769,    // the scan has ended: refresh the status text
+    kMessageLogStopped = 32770,     // playback and recording have ended: close the log
+};
+
+// Handed over when the session is built; the session keeps its own copy for life. A call that is left empty does
+// nothing (and answers false).
+//
+// Threads: "worker" is the connect thread during a scan, the playback thread during playback, and both at once when a
+// log plays beside a live line. A worker blocks until its call returns, so a slow call slows the serial loop. "Any" is
+// a worker, a stop thread or the main thread. No call is made under a lock of the session, and none may throw.
+// Packets are views of the worker's own bytes and end with the call.
+struct SessionCalls {
+    // The connection state, the rate or the error count may have changed. Any thread.
+    std::function<void()> refreshStatus;
+    // What may be pressed may have changed: the log's state or the connection state did. Any thread.
+    std::function<void()> refreshButtons;
+
+    // Is the dash page on show? Worker. Asked before every updateDash.
+    std::function<bool()> dashVisible;
+    // New values for the gauges of this command and of no command. No packet: the last raw words stand. Worker.
+    std::function<void(PacketView, std::uint32_t commandId)> updateDash;
+    // Is the list of the item list page on show? Worker. Asked before every repaintList.
+    std::function<bool()> listVisible;
+    // Items read the last packet, or their raw words, when they are painted. Worker.
+    std::function<void()> repaintList;
+    // A sample for the histograms of this command and of no command. The packet is not the one just come but the
+    // session's last packet, which on the 160-baud path is the one before; CopyLastPacket tells its command. Worker.
+    std::function<void(PacketView lastPacket, std::uint32_t commandId)> updateHistograms;
+    // A sample at `t` seconds for the charts. No packet: the last raw words stand. Worker.
+    std::function<void(double t, PacketView, std::uint32_t commandId)> addMonitorSample;
+
+    // A message for `ms` milliseconds in place of the status text. Colours are 0x00BBGGRR. Worker.
+    std::function<void(const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t ms)> flash;
+
+    // The charts begin anew at time 0. Main thread.
+    std::function<void()> clearMonitors;
+    // The playback cursor of the charts, in seconds. Playback thread.
+    std::function<void(double seconds)> setMonitorTime;
+    // The log slider, in records. Playback and main thread.
+    std::function<void(std::uint32_t index)> setLogSlider;
+
+    // A SessionMessage, to be handled later on the main thread. Must not block. Stop thread.
+    std::function<void(std::uint32_t message)> postMain;
+
+    // How a send command or a 160-baud listen ended, good or bad, once all else about it is done. `reply` is the whole
+    // reply as far as it came, the command's echo included when the engine does not take it off; no packet when the
+    // command brings none or ended before one was read. Worker.
+    std::function<void(const DataAcqStatus& status, PacketView reply)> replyEnded;
+};
+
+// The calls with something callable in every place.
+SessionCalls WithoutGaps(SessionCalls calls);
+
+}  // namespace corvex

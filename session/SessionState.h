@@ -1,0 +1,132 @@
+// Everything that lives for the whole run, and the operations that start and end a scan.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+
+#include "acquisition/DataAcqEngine.h"
+#include "definition/ADXDefinition.h"
+#include "logging/DataLogEngine.h"
+#include "platform/SerialPlatform.h"
+#include "session/AppSettings.h"
+#include "session/DAECallback.h"
+#include "session/LastPacket.h"
+#include "session/SessionCalls.h"
+#include "session/WorkerThreads.h"
+#include "session/base/AutoResetEvent.h"
+#include "session/base/DebugOutput.h"
+#include "session/base/StopWatch.h"
+
+namespace corvex {
+
+class ADXDashboard;
+class ADXHistogram;
+class ADXListView;
+
+// The numbers are fixed: status texts and buttons test them.
+enum ConnectionState : std::uint32_t {
+    kConnected = 0,     // at least one good reply on this scan
+    kConnecting = 1,    // the port is open, no good reply yet
+    kNotConnected = 2,  // nothing runs
+    kLogPaused = 3,     // playback paused
+};
+
+// What a stop thread ends; combinable.
+enum StopFlag : std::uint32_t {
+    kStopScan = 1,    // end the scan and wait for the connect thread
+    kStopLog = 2,     // end playback or recording
+    kStopWindow = 4,  // ask for the main window to be destroyed, last of all
+};
+
+// One for a process: built before the first window, torn down after the last. It owns by value what it names, but for
+// window handles, which are opaque words, null where there are no windows, and the objects on show, which belong to the
+// definition.
+//
+// Threads: the main thread builds it, toggles it and destroys it. The connect thread runs one scan and drives the
+// engine, its port and the callback. Stop threads are short-lived and do all the waiting, so that the main thread never
+// waits for a worker while it has windows: a worker that shows something waits for it. The definition and the port's
+// name are not to be changed between ToggleScan and the end of the scan. connectionState, scanning, errorCount and the
+// log's words may be polled from anywhere; connectionState being kNotConnected again does not yet mean that a new scan
+// can start: `scanning` 0, read with acquire order, does, unless a stop has cleared it.
+class SessionState {
+public:
+    explicit SessionState(SessionCalls calls = {}, ISerialPlatform& serial = SystemSerial());
+    // Ends the scan and the playback and waits for every worker, which may still call what `calls` holds: with windows,
+    // only after the last of them has gone.
+    ~SessionState();
+    SessionState(const SessionState&) = delete;
+    SessionState& operator=(const SessionState&) = delete;
+
+    // Starts a scan: clears the text log, the error count and the charts, restarts the stopwatch. While a scan, or the
+    // stop of one, has not ended, it starts one more stop thread instead, which is harmless. Main thread.
+    void ToggleScan();
+    // Starts a stop thread with these StopFlags, unwaited. Any thread.
+    void StartStopThread(std::uint32_t flags);
+    // The Stop command: ends a playback, paused or not. Main or playback thread.
+    void StopCommand();
+
+    // Blocks until no worker of this session runs, for callers without windows; false when `limit` has passed first.
+    // What the workers wrote is visible afterwards.
+    [[nodiscard]] bool WaitForThreads(std::chrono::milliseconds limit) const { return workers_.Wait(limit); }
+
+    // Hands a sample to the views: dash and item list when visible, histograms and monitors always, in this order.
+    // `t` in seconds. Worker.
+    void PublishSample(double t, PacketView packet, std::uint32_t commandId);
+
+    // The newest decoded packet; never half of one and half of another. Any thread.
+    LastPacket CopyLastPacket() const;
+    void StoreLastPacket(const LastPacket& packet);
+
+    // The session stopwatch's Rate, in hertz, for status texts that several threads refresh. Any thread.
+    float SampleRate();
+
+    const SessionCalls& Calls() const { return calls_; }
+
+    void *instance = nullptr, *editorModule = nullptr, *accelerators = nullptr;
+    void (*editorEntry)() = nullptr;  // cast to its true type by the caller
+    void *mainWindow = nullptr, *preferencesWindow = nullptr, *outputEdit = nullptr, *tabSheet = nullptr;
+    void *statusBar = nullptr, *statusRight = nullptr, *statusLeft = nullptr;
+    void *dashPage = nullptr, *listPage = nullptr, *histogramPage = nullptr, *monitorPage = nullptr;
+    std::shared_ptr<void> monitorState;  // the monitor page's own, kept for it
+    DebugOutput debug;
+    DataAcqEngine engine;
+    DAECallback callback;
+    ADXDefinition definition;
+    std::atomic<std::uint32_t> connectionState{kNotConnected};
+    std::shared_ptr<void> splash;
+    std::atomic<std::uint32_t> scanning{0};  // 1 while a scan is wanted
+    DataLogEngine log;
+    void *rebar = nullptr, *fileToolbar = nullptr, *scanToolbar = nullptr, *logBar = nullptr, *logBarDialog = nullptr;
+    AutoResetEvent threadDone{true};  // signalled when no connect thread runs
+    StopWatch timer;                  // restarted by a scan; its ticks are the samples
+    std::atomic<std::uint32_t> errorCount{0};
+    std::uint32_t blinkCount = 0;
+    ADXDashboard* currentDashboard = nullptr;
+    ADXListView* currentListView = nullptr;
+    ADXHistogram* currentHistogram = nullptr;
+    std::uint32_t currentHistogramView = 0;
+    std::uint32_t dashChanged = 0;
+    AppSettings settings;
+
+private:
+    void ConnectThread();
+    std::int32_t RunScan();
+    void StopThread(std::uint32_t flags);
+    void StopScan();
+    void StopLog();
+    bool BeginScan();
+    void EndScan();
+    void Refresh() const;
+
+    const SessionCalls calls_;
+    mutable std::mutex packetLock_, rateLock_, scanLock_;
+    LastPacket lastPacket_;
+    bool connectRuns_ = false;       // under scanLock_: from ToggleScan to the end of the connect thread
+    unsigned scanStopsRunning_ = 0;  // under scanLock_: stop threads that have not finished with the scan
+    WorkerThreads workers_;
+};
+
+}  // namespace corvex
