@@ -2,7 +2,9 @@
 // operation of ours: GetObject above all, which the definition has too. Call the system's own by their A or W names.
 #pragma once
 
+#ifndef NOMINMAX  // mingw's library headers set it too
 #define NOMINMAX
+#endif
 #define STRICT
 #define WIN32_LEAN_AND_MEAN
 

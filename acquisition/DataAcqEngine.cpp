@@ -1,0 +1,123 @@
+#include "acquisition/DataAcqEngine.h"
+
+#include <algorithm>
+#include <new>
+
+#include "acquisition/IDataAcqCallback.h"
+#include "definition/ADXC160BaudListen.h"
+#include "definition/ADXCListenChatter.h"
+#include "definition/ADXCListenSilence.h"
+#include "definition/ADXCSendCommand.h"
+#include "definition/ADXCTrigger.h"
+#include "definition/ADXMacro.h"
+
+namespace corvex {
+
+DataAcqEngine::DataAcqEngine(ISerialPlatform& platform) : port(platform), portRef(&port) {}
+
+DataAcqEngine::~DataAcqEngine() {
+    portRef->Close();
+}
+
+int DataAcqEngine::OpenPort(const char* path, std::uint32_t baud) {
+    if (portRef->Open(path, baud) == 0) return 0;
+    if (portRef->SetTimeouts(300, 0, 2000, 0, 110, QZSerial::kAllTimeouts) != 0 && portRef->SetQueues(1024, 512) != 0) {
+        return 1;
+    }
+    // Nothing will run on it, and no other program could use it.
+    portRef->Close();
+    return 0;
+}
+
+std::int32_t DataAcqEngine::RunCommand(const ADXObject* command) {
+    if (command == nullptr || !portRef->IsOpen() || callback == nullptr) return kResultFail;
+    ClearStop();
+    switch (command->GetType()) {
+        case kTypeMacro:
+            return RunMacro(static_cast<const ADXMacro*>(command));
+        case kTypeSendCommand:
+            return RunSendCommand(static_cast<const ADXCSendCommand*>(command));
+        case kTypeListenSilence:
+            return RunListenSilence(static_cast<const ADXCListenSilence*>(command));
+        case kTypeListenChatter:
+            return RunListenChatter(static_cast<const ADXCListenChatter*>(command));
+        case kType160BaudListen:
+            return Run160BaudListen(static_cast<const ADXC160BaudListen*>(command));
+        case kTypeTrigger:
+            return RunTrigger(static_cast<const ADXCTrigger*>(command));
+        default:
+            return kResultFail;
+    }
+}
+
+void DataAcqEngine::RequestStop() {
+    stopRequested.store(1, std::memory_order_relaxed);
+}
+
+bool DataAcqEngine::Allocate(Buffer& buffer, std::uint32_t size) {
+    if (size > kBufferLimit) return false;
+    try {
+        buffer.assign(std::max(size, 1U), 0);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return true;
+}
+
+void DataAcqEngine::SetReadTimeouts(std::uint32_t interval, std::uint32_t total) {
+    portRef->SetTimeouts(interval, 0, total, 0, 300, QZSerial::kAllTimeouts);
+}
+
+std::int32_t DataAcqEngine::RunSendCommand(const ADXCSendCommand* command) {
+    if (command == nullptr) return kResultFail;
+    status.code = kCodeSuccess;
+    status.command = command;
+    status.commandId = command->GetIdHash();
+    // Without a reply the count passed on is that of the bytes sent: they too must lie within the buffer.
+    Buffer reply;
+    Buffer echo;
+    if (!Allocate(reply, std::max(command->replysize, command->size())) || !Allocate(echo, command->size())) {
+        return kResultNoMemory;
+    }
+    if (const std::int32_t begin = callback->OnSendCommandBegin(&status); begin < 0) return begin;
+    SetReadTimeouts(75, command->replytimeout);
+    QZSerial::Purge(portRef, true, true);
+    const std::uint32_t count = Exchange(*command, reply, echo);
+    return callback->OnSendCommandEnd(&status, reply.data(), count);
+}
+
+// The count of the last read or write.
+std::uint32_t DataAcqEngine::Exchange(const ADXCSendCommand& command, Buffer& reply, Buffer& echo) {
+    const std::uint32_t size = command.size();
+    std::uint32_t count = 0;
+    if (size != 0) count = portRef->Write(command.bytestring(), size);
+    if (count != size) {
+        status.code = kCodeShortWrite;
+        return count;
+    }
+    if (StopRequested()) {
+        ClearStop();
+        status.code = kCodeStopped;
+        return count;
+    }
+    if ((command.flags & 1) == 0) return count;
+    if ((flags & kEcho) != 0 && size != 0) {
+        count = portRef->Read(echo.data(), size);
+        if (count != size) {
+            status.code = kCodeShortReply;
+            return count;
+        }
+    }
+    count = portRef->Read(reply.data(), command.replysize);
+    if (count != command.replysize) status.code = kCodeShortReply;
+    return count;
+}
+
+std::int32_t DataAcqEngine::RunTrigger(const ADXCTrigger* command) {
+    status.code = kCodeSuccess;
+    status.command = command;
+    if (command == nullptr) return kResultFail;
+    return callback->OnTrigger(&status);
+}
+
+}  // namespace corvex

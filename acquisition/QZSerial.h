@@ -1,0 +1,78 @@
+// One serial port: opened with fixed line settings, read and written in blocking calls.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/SerialPlatform.h"
+
+namespace corvex {
+
+class DebugOutput;
+
+// A thin wrapper. All timing policy lies with the engine; this class stores and applies what it is told. What passes
+// through is dumped on `sink`, when one is set.
+//
+// Threads: one thread at a time, from Open to Close.
+class QZSerial {
+public:
+    // Selects fields in SetTimeouts.
+    enum TimeoutField : std::uint32_t {
+        kReadConstant = 1,
+        kReadMultiplier = 2,
+        kReadInterval = 4,
+        kWriteConstant = 8,
+        kWriteMultiplier = 16,
+        kAllTimeouts = 31,
+    };
+    static constexpr std::uint32_t kPathSize = 260;
+    static constexpr std::uint32_t kDefaultBaud = 115200;
+
+    // The platform must outlive the port.
+    explicit QZSerial(ISerialPlatform& platform = SystemSerial());
+    ~QZSerial();
+    QZSerial(const QZSerial&) = delete;
+    QZSerial& operator=(const QZSerial&) = delete;
+
+    // Closes, and brings every field but the stored timeouts back to its beginning; `sink` is null afterwards.
+    void Reset();
+
+    // 1 on success. 0 on failure, with the port closed, one that was open before included. The text names the device
+    // just as the system knows it ("COM1", "/dev/ttyUSB0") and is cut at 259 characters; null opens the last one again.
+    int Open(const char* device, std::uint32_t rate);
+    void Close();
+    bool IsOpen() const { return handle != kInvalidSerialHandle; }
+
+    // Milliseconds. Stores the fields selected by `mask`, then applies all five as stored. Nonzero on success.
+    int SetTimeouts(std::uint32_t interval, std::uint32_t readMultiplier, std::uint32_t readConstant,
+                    std::uint32_t writeMultiplier, std::uint32_t writeConstant, std::uint32_t mask);
+    // Bytes. Nonzero on success.
+    int SetQueues(std::uint32_t input, std::uint32_t output);
+    // Drops what waits in the driver; a call in progress is never aborted. With neither flag the driver is called all
+    // the same.
+    static void Purge(QZSerial* port, bool clearOutput, bool clearInput);
+
+    // Bytes moved within the timeouts. A failed call and a vanished device give 0, as silence does.
+    std::uint32_t Read(void* buffer, std::uint32_t count);
+    std::uint32_t Write(const void* buffer, std::uint32_t count);
+
+    // Why the last Open on this thread failed, or that the device has vanished, in words; may be empty.
+    std::string LastError() const { return platform_.LastError(); }
+
+    SerialHandle handle = kInvalidSerialHandle;
+    DebugOutput* sink = nullptr;  // not owned; null is silent
+    char path[kPathSize] = {};    // as last given
+    std::uint32_t baud = kDefaultBaud;
+    SerialTimeouts timeouts;
+    std::unique_ptr<std::uint8_t[]> block;  // a place kept for a buffer; nothing allocates it
+    std::uint32_t blockSize = 0;
+
+private:
+    int Refuse();  // closes and logs; 0
+    bool ApplyLineSettings();
+
+    ISerialPlatform& platform_;
+};
+
+}  // namespace corvex
