@@ -10,6 +10,7 @@
 
 namespace corvex {
 
+class ADXCSendCommand;
 class ADXObject;
 class SessionState;
 
@@ -51,13 +52,14 @@ private:
         const ADXObject* command;
         float t;  // seconds
     };
+    // False, with the line in the log, for a played-back command that the definition does not hold.
     bool FindSample(const DataAcqStatus& status, Sample* sample);
     void CountReply();
-    void TakeReply(const DataAcqStatus& status, const Sample& sample, PacketView reply);
+    void TakeReply(const DataAcqStatus& status, const ADXCSendCommand& command, float t, PacketView reply);
     void TakePacket(const DataAcqStatus& status, const Sample& sample, PacketView packet);
+    void Record(const ADXObject& command, PacketView reply);
     void BecomeConnected();
-    bool Recording() const;
-    void FlashError(const char* text);
+    bool FlashIfConnected(const char* text);
     void EndSample(const DataAcqStatus& status, PacketView reply);
 
     SessionState& session_;

@@ -27,6 +27,7 @@ SessionCalls WithoutGaps(SessionCalls calls) {
     Fill(calls.setMonitorTime);
     Fill(calls.setLogSlider);
     Fill(calls.postMain);
+    Fill(calls.portRefused);
     Fill(calls.replyEnded);
     return calls;
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "acquisition/DataAcqStatus.h"
 #include "definition/PacketView.h"
@@ -56,6 +57,9 @@ struct SessionCalls {
     // A SessionMessage, to be handled later on the main thread. Must not block. Stop thread.
     std::function<void(std::uint32_t message)> postMain;
 
+    // The port could not be opened; the system's reason in words, maybe empty. Follows the line in the text log.
+    // Connect thread.
+    std::function<void(const std::string& reason)> portRefused;
     // How a send command or a 160-baud listen ended, good or bad, once all else about it is done. `reply` is the whole
     // reply as far as it came, the command's echo included when the engine does not take it off; no packet when the
     // command brings none or ended before one was read. Worker.

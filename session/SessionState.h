@@ -12,6 +12,7 @@
 #include "logging/DataLogEngine.h"
 #include "platform/SerialPlatform.h"
 #include "session/AppSettings.h"
+#include "session/ConnectionState.h"
 #include "session/DAECallback.h"
 #include "session/LastPacket.h"
 #include "session/SessionCalls.h"
@@ -25,14 +26,6 @@ namespace corvex {
 class ADXDashboard;
 class ADXHistogram;
 class ADXListView;
-
-// The numbers are fixed: status texts and buttons test them.
-enum ConnectionState : std::uint32_t {
-    kConnected = 0,     // at least one good reply on this scan
-    kConnecting = 1,    // the port is open, no good reply yet
-    kNotConnected = 2,  // nothing runs
-    kLogPaused = 3,     // playback paused
-};
 
 // What a stop thread ends; combinable.
 enum StopFlag : std::uint32_t {
@@ -83,6 +76,9 @@ public:
     // The session stopwatch's Rate, in hertz, for status texts that several threads refresh. Any thread.
     float SampleRate();
 
+    // Stores the state and has the status text and the buttons refreshed. Any thread.
+    void EnterState(ConnectionState state);
+
     const SessionCalls& Calls() const { return calls_; }
 
     void *instance = nullptr, *editorModule = nullptr, *accelerators = nullptr;
@@ -113,13 +109,12 @@ public:
 
 private:
     void ConnectThread();
-    std::int32_t RunScan();
+    void RunScan(const ADXObject* connect, const ADXObject* monitor, const ADXObject* disconnect);
     void StopThread(std::uint32_t flags);
     void StopScan();
     void StopLog();
     bool BeginScan();
     void EndScan();
-    void Refresh() const;
 
     const SessionCalls calls_;
     mutable std::mutex packetLock_, rateLock_, scanLock_;

@@ -1,0 +1,42 @@
+#include "session/ScanPolicy.h"
+#include "session/SessionState.h"
+
+namespace corvex {
+
+// One scan, from the opening of the port to its closing. The order of the last acts is relied upon: waiters are woken
+// first, then the state is shown, and only after that may a new scan begin.
+void SessionState::ConnectThread() {
+    threadDone.Reset();
+    // Only ever set, so that it outlives the loading of a definition without the bit.
+    if ((definition.flags & 1) != 0) engine.flags = 1;
+    const std::uint32_t baud = definition.baud;
+    const ADXObject* const connect = definition.connectcmd;
+    const ADXObject* const monitor = definition.monitorcmd;
+    const ADXObject* const disconnect = definition.disconnectcmd;
+    engine.callback = &callback;
+    if (engine.OpenPort(settings.comport, baud)) {
+        EnterState(kConnecting);
+        RunScan(connect, monitor, disconnect);
+        engine.port.Close();
+    } else {
+        DebugOutput::Print(&debug, "Unable to open port (%s)!", settings.comport);
+        calls_.portRefused(engine.port.LastError());
+    }
+    threadDone.Set();
+    EnterState(kNotConnected);
+    EndScan();
+}
+
+// The loop has no pause: the line's own timing paces it.
+void SessionState::RunScan(const ADXObject* connect, const ADXObject* monitor, const ADXObject* disconnect) {
+    if (connect != nullptr && IsFailure(engine.RunCommand(connect))) return;
+    std::int32_t result = 0;
+    while (monitor != nullptr && KeepsMonitoring(scanning.load(std::memory_order_relaxed), result)) {
+        result = engine.RunCommand(monitor);
+    }
+    if (RunsDisconnect(monitor != nullptr, scanning.load(std::memory_order_relaxed))) {
+        static_cast<void>(engine.RunCommand(disconnect));  // the line is being left, whatever it says
+    }
+}
+
+}  // namespace corvex

@@ -1,0 +1,87 @@
+#include "session/SessionState.h"
+
+#include <utility>
+
+namespace corvex {
+
+SessionState::SessionState(SessionCalls calls, ISerialPlatform& serial)
+    : engine(serial), callback(*this), calls_(WithoutGaps(std::move(calls))) {}
+
+SessionState::~SessionState() {
+    scanning.store(0, std::memory_order_relaxed);
+    engine.RequestStop();
+    if (log.State() == kLogPlaying) log.RequestStop();
+    workers_.Wait();
+    splash.reset();
+}
+
+void SessionState::ToggleScan() {
+    if (!BeginScan()) {
+        StartStopThread(kStopScan);
+        return;
+    }
+    if (debug.edit != nullptr) debug.edit->Clear();
+    errorCount.store(0, std::memory_order_relaxed);
+    timer.Restart();
+    calls_.clearMonitors();
+    // The connect thread resets the event as well; done here, a stop that comes before the thread is awake waits too.
+    threadDone.Reset();
+    if (workers_.Start([this] { ConnectThread(); })) return;
+    DebugOutput::Print(&debug, "Unable to start a thread for the scan!");
+    threadDone.Set();
+    EndScan();
+}
+
+// A second connect thread would share the engine with the first, and the signal that an unfinished stop sets again
+// would pass for the new scan's end. So `scanning` alone, which a stop clears early, does not decide.
+bool SessionState::BeginScan() {
+    const std::lock_guard lock(scanLock_);
+    if (scanning.load(std::memory_order_relaxed) != 0 || connectRuns_ || scanStopsRunning_ != 0) return false;
+    scanning.store(1, std::memory_order_relaxed);
+    connectRuns_ = true;
+    return true;
+}
+
+void SessionState::EndScan() {
+    const std::lock_guard lock(scanLock_);
+    connectRuns_ = false;
+    scanning.store(0, std::memory_order_release);
+}
+
+void SessionState::EnterState(ConnectionState state) {
+    connectionState.store(state, std::memory_order_relaxed);
+    calls_.refreshStatus();
+    calls_.refreshButtons();
+}
+
+void SessionState::StopCommand() {
+    const bool paused = connectionState.load(std::memory_order_relaxed) == kLogPaused;
+    if (log.State() == kLogPlaying || paused) StartStopThread(kStopLog);
+    calls_.refreshButtons();
+    calls_.refreshStatus();
+}
+
+void SessionState::PublishSample(double t, PacketView packet, std::uint32_t commandId) {
+    if (calls_.dashVisible()) calls_.updateDash(packet, commandId);
+    if (calls_.listVisible()) calls_.repaintList();
+    const LastPacket last = CopyLastPacket();
+    calls_.updateHistograms(last.View(), commandId);
+    calls_.addMonitorSample(t, packet, commandId);
+}
+
+LastPacket SessionState::CopyLastPacket() const {
+    const std::lock_guard lock(packetLock_);
+    return lastPacket_;
+}
+
+void SessionState::StoreLastPacket(const LastPacket& packet) {
+    const std::lock_guard lock(packetLock_);
+    lastPacket_ = packet;
+}
+
+float SessionState::SampleRate() {
+    const std::lock_guard lock(rateLock_);
+    return timer.Rate();
+}
+
+}  // namespace corvex
