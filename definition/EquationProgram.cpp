@@ -92,6 +92,10 @@ std::size_t EquationProgram::CompileToken(std::string_view postfix, std::size_t 
 
 std::optional<EquationProgram::Outcome> EquationProgram::Run(const std::vector<EquationVar>& slots) const {
     if (limit_ <= 0.0) return std::nullopt;
+    // Before the first step: a number that leaves the bytes overwrites the beginning of the text as well.
+    for (const EquationVar& slot : slots) {
+        if (!(std::fabs(slot.value) < limit_)) return std::nullopt;  // NaN too
+    }
     std::array<double, kMostSteps> stack;
     std::size_t depth = 0;
     for (const Step& step : steps_) {
@@ -99,12 +103,9 @@ std::optional<EquationProgram::Outcome> EquationProgram::Run(const std::vector<E
             case Kind::kNumber:
                 stack[depth++] = step.number;
                 break;
-            case Kind::kVariable: {
-                const double value = slots[step.index].value;
-                if (!(std::fabs(value) < limit_)) return std::nullopt;  // NaN too
-                stack[depth++] = RoundToSixDecimals(value);
+            case Kind::kVariable:
+                stack[depth++] = RoundToSixDecimals(slots[step.index].value);
                 break;
-            }
             case Kind::kOperator: {
                 --depth;
                 const RunCode code = ApplyOperator(step.index, stack[depth - 1], stack[depth]);

@@ -1,0 +1,160 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "definition/EquationText.h"
+#include "tests/support/EvaluatorComparison.h"
+
+namespace corvex {
+namespace {
+
+class Source {
+public:
+    explicit Source(unsigned seed) : random_(seed) {}
+
+    std::size_t Below(std::size_t n) { return static_cast<std::size_t>(random_() % n); }
+
+    // What packets and links give, and what they should not.
+    double Value() {
+        constexpr double kInfinity = std::numeric_limits<double>::infinity();
+        switch (Below(12)) {
+            case 0:
+                return 0.0;
+            case 1:
+                return static_cast<double>(Below(256));
+            case 2:
+                return static_cast<double>(Below(65536));
+            case 3:
+                return static_cast<double>(random_() >> 32);
+            case 4:
+                return -static_cast<double>(Below(40000));
+            case 5:
+                return static_cast<double>(Below(4000000000)) / 1e7 + 5e-8;
+            case 6:
+                return -static_cast<double>(Below(1000000)) / 128.0;
+            case 7:
+                return std::bit_cast<double>(random_());
+            case 8:
+                return std::ldexp(1.0 + static_cast<double>(Below(1000)) / 997.0, static_cast<int>(Below(700)));
+            case 9:
+                return Below(2) == 0 ? kInfinity : -kInfinity;
+            case 10:
+                return Below(2) == 0 ? std::nan("") : -0.0;
+            default:
+                return static_cast<double>(Below(100)) * 0.1;
+        }
+    }
+
+    std::string Number() {
+        std::string text = std::to_string(Below(Below(2) == 0 ? 10 : 100000));
+        if (Below(2) == 0) text += "." + std::to_string(Below(10000));
+        return text;
+    }
+
+    std::string Operand() {
+        const std::string letter(1, "XYZABxyznaif"[Below(12)]);
+        switch (Below(16)) {
+            case 0:
+                return "-" + letter;
+            case 1:
+                return Number() + letter;
+            case 2:
+                return "-" + Number();
+            case 3:
+            case 4:
+            case 5:
+                return Number();
+            default:
+                return letter;
+        }
+    }
+
+    std::string Expression(int depth) {
+        if (depth == 0) return Operand();
+        std::string text = Expression(depth - 1) + "#*/%-+^&|<>"[Below(11)] + Expression(static_cast<int>(Below(2)));
+        if (Below(3) == 0) text = "(" + text + ")";
+        if (Below(8) == 0) text.insert(Below(text.size()), " ");
+        return text;
+    }
+
+    // Mostly not an equation at all.
+    std::string Soup() {
+        static const std::string kAlphabet = "XYZeinaf0123456789..--+-*/%#^&|<>() \t";
+        static const std::string kRare = "!=\\$\x80_,";
+        std::string text;
+        for (std::size_t n = Below(24) + 1; n > 0; --n) {
+            text += Below(50) == 0 ? kRare[Below(kRare.size())] : kAlphabet[Below(kAlphabet.size())];
+        }
+        return text;
+    }
+
+    std::vector<double> Values() {
+        std::vector<double> values(8);
+        const bool plain = Below(2) == 0;
+        for (double& value : values)
+            value = plain ? static_cast<double>(Below(100000)) * 0.37 : Value();
+        return values;
+    }
+
+private:
+    std::mt19937_64 random_;
+};
+
+TEST(EvaluatorDifferential, AgreesOnRandomEquations) {
+    Source source(1);
+    for (int i = 0; i < 60000; ++i) {
+        const std::string equation = source.Expression(1 + i % 6);
+        ASSERT_EQ(testing::DifferenceFromTextual(equation, source.Values()), "");
+    }
+}
+
+TEST(EvaluatorDifferential, AgreesOnRandomCharacters) {
+    Source source(2);
+    for (int i = 0; i < 100000; ++i) {
+        ASSERT_EQ(testing::DifferenceFromTextual(source.Soup(), source.Values()), "");
+    }
+}
+
+// Long equations and huge values: the text fills its bytes, starts over, and runs out of them.
+TEST(EvaluatorDifferential, AgreesAroundTheEndOfTheText) {
+    Source source(3);
+    for (int i = 0; i < 60000; ++i) {
+        std::string equation;
+        while (equation.size() < source.Below(150)) {
+            equation += source.Operand() + (source.Below(5) == 0 ? " " : std::string(1, "+-*<"[source.Below(4)]));
+        }
+        equation += source.Operand();
+        std::vector<double> values = source.Values();
+        for (double& value : values) {
+            if (source.Below(2) == 0) value = std::ldexp(1.0 / 3.0, static_cast<int>(source.Below(900)));
+        }
+        ASSERT_EQ(testing::DifferenceFromTextual(equation, values), "");
+    }
+}
+
+// The length at which a lone variable stops fitting, digit by digit, for equations of every length.
+TEST(EvaluatorDifferential, AgreesOnEveryLengthOfTextAndNumber) {
+    for (std::size_t length = 1; length < 200; ++length) {
+        const std::string equation = "X<" + std::string(length, '7');
+        for (int digits = 1; digits <= 200; digits += length % 7 == 0 ? 1 : 5) {
+            ASSERT_EQ(testing::DifferenceFromTextual(equation, {std::pow(10.0, digits)}), "");
+            ASSERT_EQ(testing::DifferenceFromTextual(equation, {-9.9999999 * std::pow(10.0, digits - 1)}), "");
+        }
+    }
+}
+
+// Texts that no substitution makes are run safely as well.
+TEST(EvaluatorDifferential, RunsTextsWithOperatorsInFrontOfDigits) {
+    double result = 8.0;
+    EXPECT_EQ(EquationText::Run(" 1 *5", result), kRunBadNumber);
+    EXPECT_EQ(EquationText::Run(" 1 -5 +", result), kRunDone);
+    EXPECT_EQ(result, -4.0);
+    EXPECT_EQ(EquationText::Run(std::string(200, '1'), result), kRunDone);
+    EXPECT_EQ(EquationText::Run("", result), kRunDone);
+}
+
+}  // namespace
+}  // namespace corvex
