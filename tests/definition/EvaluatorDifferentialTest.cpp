@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cmath>
 #include <limits>
 #include <random>
 #include <string>
@@ -139,6 +141,11 @@ TEST(EvaluatorDifferential, AgreesAroundTheEndOfTheText) {
 TEST(EvaluatorDifferential, AgreesOnEveryLengthOfTextAndNumber) {
     for (std::size_t length = 1; length < 200; ++length) {
         const std::string equation = "X<" + std::string(length, '7');
+        // Rounding up adds a digit to these.
+        for (int digits = 1; digits <= 8; ++digits) {
+            ASSERT_EQ(testing::DifferenceFromTextual(equation, {std::pow(10.0, digits) - 1e-7}), "");
+            ASSERT_EQ(testing::DifferenceFromTextual(equation, {1e-7 - std::pow(10.0, digits)}), "");
+        }
         for (int digits = 1; digits <= 200; digits += length % 7 == 0 ? 1 : 5) {
             ASSERT_EQ(testing::DifferenceFromTextual(equation, {std::pow(10.0, digits)}), "");
             ASSERT_EQ(testing::DifferenceFromTextual(equation, {-9.9999999 * std::pow(10.0, digits - 1)}), "");
