@@ -13,9 +13,8 @@ enum CharClass : std::uint8_t {
     kNameStop = 0x04,         // everything that cannot go on a name
     kCommentStop = 0x08,      // also the hyphen
     kInstructionStop = 0x10,  // also >
-    kSectionStop = 0x20,      // also ] and >
+    kSectionStop = 0x20,      // also ]
     kNonBlank = 0x40,         // neither space, tab, LF nor CR
-    kNameStart = 0x80,        // can begin a name
 };
 
 // Letters are those of ASCII alone, whatever the locale.
@@ -44,9 +43,8 @@ constexpr std::uint8_t ClassOf(unsigned char byte) {
     if (!IsNameChar(c)) kind |= kNameStop;
     if (single || c == u'-') kind |= kCommentStop;
     if (single || c == u'>') kind |= kInstructionStop;
-    if (single || c == u']' || c == u'>') kind |= kSectionStop;
+    if (single || c == u']') kind |= kSectionStop;
     if (!IsBlank(c)) kind |= kNonBlank;
-    if (IsNameStart(c)) kind |= kNameStart;
     return static_cast<std::uint8_t>(kind);
 }
 

@@ -47,8 +47,8 @@ public:
     void PushBack() { pushback = true; }
 
     // The bytes up to the first one in the class Stop, at most limit of them, taken as characters: for narrow input
-    // only, else none. They are stored at to unless that is null; seen gathers their classes. Stop must contain
-    // NUL, LF and CR, so that each byte of the run is one column.
+    // only, else none. They are stored at to; seen gathers their classes. Stop must contain NUL, LF
+    // and CR, so that each byte of the run is one column and the run ends with the block.
     template <std::uint8_t Stop>
     std::size_t TakeRun(char16_t* to, std::size_t limit, std::uint8_t& seen);
     template <std::uint8_t Stop>

@@ -41,13 +41,14 @@ public:
 
 private:
     std::int32_t ParseDocument();
-    std::int32_t ParseText();
+    std::int32_t ParseContent();
     std::int32_t FlushText(std::int32_t more);
     std::int32_t ParseMarkup();
     std::int32_t ParseDeclaration();
     std::int32_t SkipComment();
     std::int32_t ParseCDATA();
     std::int32_t GatherCDATA();
+    std::int32_t FlushCDATA(std::uint32_t brackets);
     std::int32_t ParseEndTag();
     std::int32_t SkipInstruction();
     std::int32_t ParseStartTag();
@@ -55,21 +56,28 @@ private:
     std::int32_t ParseValue();
     std::int32_t ParseName();
     std::int32_t SkipBlanks();
-    std::int32_t ResolveEntity();
-    std::int32_t ResolveNumber();
-    std::int32_t ResolveNamed();
+    std::int32_t ResolveEntity(char16_t& character);
+    std::int32_t ResolveNumber(char16_t& character);
+    std::int32_t ResolveNamed(char16_t& character);
 
     std::int32_t NextChar();
+    std::int32_t Expect(char16_t character, const char* otherwise);
     std::int32_t Store(char16_t character);
     template <std::uint8_t Stop>
     void StoreRun();
-    std::uint32_t TokenLength() const;
-    std::int32_t SyntaxError(const char* message);
+    void ResetToken() {
+        tokenpos = tokenbuffer;
+        seen_ = 0;
+    }
+    std::uint32_t TokenLength() const { return static_cast<std::uint32_t>(tokenpos - tokenbuffer); }
+    bool TokenFull() const { return tokenpos == tokenbuffer + kTokenSize; }
+    std::int32_t SyntaxError(const char* format, ...) __attribute__((format(printf, 2, 3)));
+    std::int32_t OpenError();
 
     ISAXCallback* callback = nullptr;
     SAXInput input_;
     char16_t* tokenpos = tokenbuffer;
-    bool nonblank_ = false;  // the gathered text has a character that is no blank
+    std::uint8_t seen_ = 0;  // the classes of the gathered text's characters
     char16_t tokenbuffer[kTokenSize];
     SAXAttribute attributes_[kMaxAttributes];
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdarg>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -75,11 +74,10 @@ private:
     };
 
     bool IsOpen() const { return writepos != nullptr; }
-    void Begin();
-    void PushName(std::string_view name);
+    void Begin(char* output, std::size_t size);
+    int PushName(std::string_view name);
     std::string_view PopName();
     void Write(std::string_view bytes);
-    void WriteToMemory(std::string_view bytes);
     void FlushBuffer();
     void WriteLineEnd();
     void WriteIndent();
@@ -93,7 +91,6 @@ private:
     char names[kNameStackSize + 1] = {};
     char* namepos = names;
     std::vector<std::uint32_t> nameoffsets;
-    std::vector<bool> namefits_;
     std::uint32_t indentlen = 4;
     char indent[9] = "    ";
     bool pretty = true;
