@@ -138,7 +138,8 @@ std::uint32_t ScriptedSerial::Read(SerialHandle handle, void* buffer, std::uint3
     }
     if (onRead) onRead(number);
     const Guard guard(lock_);
-    const std::uint32_t moved = handle == kHandle ? Deliver(static_cast<std::uint8_t*>(buffer), count) : 0;
+    const bool works = handle == kHandle && failReads.count(number) == 0;
+    const std::uint32_t moved = works ? Deliver(static_cast<std::uint8_t*>(buffer), count) : 0;
     Note("read" + Number(count) + " ->" + Number(moved));
     return moved;
 }

@@ -1,0 +1,250 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "acquisition/QZSerial.h"
+#include "session/base/DebugOutput.h"
+#include "tests/support/ScriptedSerial.h"
+#include "tests/support/TextRecorder.h"
+
+namespace corvex {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+class QZSerialTest : public ::testing::Test {
+protected:
+    QZSerialTest() : line_(clock_), port_(line_) {
+        log_.edit = &text_;
+        port_.sink = &log_;
+    }
+
+    test::VirtualClock clock_;
+    test::ScriptedSerial line_;
+    test::TextRecorder text_;
+    DebugOutput log_;
+    QZSerial port_;
+};
+
+}  // namespace
+
+TEST_F(QZSerialTest, BeginsClosedAndSilent) {
+    const QZSerial port(line_);
+    EXPECT_FALSE(port.IsOpen());
+    EXPECT_EQ(port.handle, kInvalidSerialHandle);
+    EXPECT_EQ(port.sink, nullptr);
+    EXPECT_STREQ(port.path, "");
+    EXPECT_EQ(port.baud, 115200U);
+    EXPECT_EQ(port.block, nullptr);
+    EXPECT_EQ(port.blockSize, 0U);
+}
+
+TEST_F(QZSerialTest, OpensInTheOrderThatDriversExpect) {
+    EXPECT_EQ(port_.Open("COM1", 8192), 1);
+    EXPECT_EQ(line_.Calls(), (Words{"open COM1", "getstate", "setstate 8192", "timeouts 40 0 300 0 300"}));
+    EXPECT_EQ(text_.Text(), "QZSerial: Successfully opened COM1\r\nQZSerial: COM1 opened at 8192 baud");
+    EXPECT_TRUE(port_.IsOpen());
+    EXPECT_EQ(port_.baud, 8192U);
+    EXPECT_STREQ(port_.path, "COM1");
+}
+
+TEST_F(QZSerialTest, SetsTheFieldsOfTheLineThatItDecidesOn) {
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    SerialSettings odd;
+    odd.byteSize = 7;
+    odd.parity = odd.ctsFlow = odd.dsrFlow = odd.dsrSensitivity = true;
+    odd.dtrEnable = odd.rtsEnable = false;
+    line_.SetState(test::ScriptedSerial::kHandle, odd);
+    ASSERT_EQ(port_.Open("COM1", 9600), 1);
+    const SerialSettings settings = line_.Settings();
+    EXPECT_EQ(settings.baud, 9600U);
+    EXPECT_EQ(settings.byteSize, 8);
+    EXPECT_FALSE(settings.parity || settings.ctsFlow || settings.dsrFlow || settings.dsrSensitivity);
+    EXPECT_TRUE(settings.dtrEnable && settings.rtsEnable);
+}
+
+TEST_F(QZSerialTest, OpeningAnOpenPortClosesItFirst) {
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    line_.ForgetCalls();
+    text_.Clear();
+    EXPECT_EQ(port_.Open("COM2", 8192), 1);
+    EXPECT_EQ(line_.Calls().at(0), "close");
+    EXPECT_EQ(line_.Calls().at(1), "open COM2");
+    EXPECT_EQ(text_.Text(),
+              "QZSerial: Port Closed\r\nQZSerial: Successfully opened COM2\r\nQZSerial: COM2 opened at 8192 baud");
+}
+
+TEST_F(QZSerialTest, AFailedOpenLeavesTheOldPortClosed) {
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    text_.Clear();
+    line_.failOpen = true;
+    EXPECT_EQ(port_.Open("COM2", 8192), 0);
+    EXPECT_FALSE(port_.IsOpen());
+    EXPECT_EQ(text_.Text(), "QZSerial: Port Closed\r\nQZSerial: Open Port COM2 Failed\r\nQZSerial: Port Closed");
+    EXPECT_EQ(port_.LastError(), "no such port");
+}
+
+TEST_F(QZSerialTest, ClosesWhenTheStateCannotBeRead) {
+    line_.failGetState = true;
+    EXPECT_EQ(port_.Open("COM1", 8192), 0);
+    EXPECT_EQ(line_.Calls(), (Words{"open COM1", "getstate", "close"}));
+    EXPECT_EQ(port_.handle, kInvalidSerialHandle);
+    EXPECT_EQ(text_.Text(),
+              "QZSerial: Successfully opened COM1\r\nQZSerial: GetCommState Failed\r\nQZSerial: Port Closed");
+}
+
+TEST_F(QZSerialTest, ClosesWhenTheStateCannotBeSet) {
+    line_.failSetState = true;
+    EXPECT_EQ(port_.Open("COM1", 8192), 0);
+    EXPECT_EQ(line_.Calls(), (Words{"open COM1", "getstate", "setstate 8192", "close"}));
+    EXPECT_EQ(port_.handle, kInvalidSerialHandle);
+    EXPECT_EQ(text_.Text(),
+              "QZSerial: Successfully opened COM1\r\nQZSerial: SetCommState Failed\r\nQZSerial: Port Closed");
+}
+
+TEST_F(QZSerialTest, OpensEvenWhenTheTimeoutsAreRefused) {
+    line_.failTimeouts = true;
+    EXPECT_EQ(port_.Open("COM1", 8192), 1);
+}
+
+TEST_F(QZSerialTest, CutsAPathAt259Characters) {
+    EXPECT_EQ(port_.Open(std::string(259, 'a').c_str(), 8192), 1);
+    EXPECT_EQ(std::string(port_.path), std::string(259, 'a'));
+    EXPECT_EQ(port_.Open(std::string(260, 'b').c_str(), 8192), 1);
+    EXPECT_EQ(std::string(port_.path), std::string(259, 'b'));
+    EXPECT_EQ(port_.Open(std::string(5000, 'c').c_str(), 8192), 1);
+    EXPECT_EQ(std::string(port_.path), std::string(259, 'c'));
+}
+
+TEST_F(QZSerialTest, WithoutAPathTheLastOneIsOpenedAgain) {
+    ASSERT_EQ(port_.Open("COM3", 8192), 1);
+    line_.ForgetCalls();
+    EXPECT_EQ(port_.Open(nullptr, 9600), 1);
+    EXPECT_EQ(line_.Calls("open"), (Words{"open COM3"}));
+    EXPECT_EQ(port_.Open(port_.path, 9600), 1);
+    EXPECT_STREQ(port_.path, "COM3");
+}
+
+TEST_F(QZSerialTest, CloseSaysSoEvenWhenNothingWasOpen) {
+    port_.Close();
+    EXPECT_EQ(text_.Text(), "QZSerial: Port Closed");
+    EXPECT_EQ(line_.Calls(), Words{});
+}
+
+TEST_F(QZSerialTest, ResetBringsBackTheBeginning) {
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    text_.Clear();
+    port_.block = std::make_unique<std::uint8_t[]>(4);
+    port_.blockSize = 4;
+    port_.Reset();
+    EXPECT_FALSE(port_.IsOpen());
+    EXPECT_FALSE(line_.IsOpen());
+    EXPECT_EQ(text_.Text(), "QZSerial: Port Closed");
+    EXPECT_EQ(port_.sink, nullptr);
+    EXPECT_EQ(port_.baud, 115200U);
+    EXPECT_STREQ(port_.path, "");
+    EXPECT_EQ(port_.block, nullptr);
+    EXPECT_EQ(port_.blockSize, 0U);
+}
+
+TEST_F(QZSerialTest, TheDestructorCloses) {
+    {
+        QZSerial port(line_);
+        ASSERT_EQ(port.Open("COM1", 8192), 1);
+    }
+    EXPECT_FALSE(line_.IsOpen());
+}
+
+TEST_F(QZSerialTest, StoresTheSelectedTimeoutsAndAppliesAll) {
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    const auto applied = [this](std::uint32_t mask) {
+        line_.ForgetCalls();
+        EXPECT_EQ(port_.SetTimeouts(1, 2, 3, 4, 5, mask), 1);
+        return line_.Calls().at(0);
+    };
+    EXPECT_EQ(applied(0), "timeouts 40 0 300 0 300");
+    EXPECT_EQ(applied(QZSerial::kReadConstant), "timeouts 40 0 3 0 300");
+    EXPECT_EQ(applied(QZSerial::kReadMultiplier), "timeouts 40 2 3 0 300");
+    EXPECT_EQ(applied(QZSerial::kReadInterval), "timeouts 1 2 3 0 300");
+    EXPECT_EQ(applied(QZSerial::kWriteConstant), "timeouts 1 2 3 0 5");
+    EXPECT_EQ(applied(QZSerial::kWriteMultiplier), "timeouts 1 2 3 4 5");
+    EXPECT_EQ(port_.SetTimeouts(9, 9, 9, 9, 9, QZSerial::kAllTimeouts), 1);
+    EXPECT_EQ(port_.timeouts.writeMultiplier, 9U);
+    line_.failTimeouts = true;
+    EXPECT_EQ(port_.SetTimeouts(1, 1, 1, 1, 1, 0), 0);
+}
+
+TEST_F(QZSerialTest, TheMaskBitsAreAContract) {
+    EXPECT_EQ(QZSerial::kReadConstant, 1);
+    EXPECT_EQ(QZSerial::kReadMultiplier, 2);
+    EXPECT_EQ(QZSerial::kReadInterval, 4);
+    EXPECT_EQ(QZSerial::kWriteConstant, 8);
+    EXPECT_EQ(QZSerial::kWriteMultiplier, 16);
+}
+
+TEST_F(QZSerialTest, AsksForQueues) {
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    EXPECT_EQ(port_.SetQueues(1024, 512), 1);
+    EXPECT_EQ(line_.Calls().back(), "queues 1024 512");
+    line_.failQueues = true;
+    EXPECT_EQ(port_.SetQueues(1024, 512), 0);
+}
+
+TEST_F(QZSerialTest, PurgesWhatItIsTold) {
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    line_.ForgetCalls();
+    QZSerial::Purge(&port_, true, true);
+    QZSerial::Purge(&port_, true, false);
+    QZSerial::Purge(&port_, false, true);
+    QZSerial::Purge(&port_, false, false);
+    QZSerial::Purge(nullptr, true, true);
+    EXPECT_EQ(line_.Calls(), (Words{"purge 1 1", "purge 1 0", "purge 0 1", "purge 0 0"}));
+}
+
+TEST_F(QZSerialTest, DumpsWhatPassesThrough) {
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    text_.Clear();
+    line_.Feed({'h', 'i'});
+    char bytes[2] = {};
+    EXPECT_EQ(port_.Read(bytes, 2), 2U);
+    EXPECT_EQ(port_.Write("A", 1), 1U);
+    const std::string blanks(3 * 14, ' ');
+    EXPECT_EQ(text_.Text(),
+              "QZSerial: Read\r\n0000: 68 69 " + blanks + "hi\r\nQZSerial: Write\r\n0000: 41 " + blanks + "   A");
+}
+
+TEST_F(QZSerialTest, ReadingNothingLogsNothing) {
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    text_.Clear();
+    line_.Feed({1});
+    char byte = 0;
+    EXPECT_EQ(port_.Read(&byte, 0), 0U);
+    EXPECT_EQ(port_.Read(&byte, 1), 1U);
+    text_.Clear();
+    EXPECT_EQ(port_.Read(&byte, 1), 0U);
+    line_.Vanish();
+    EXPECT_EQ(port_.Write(&byte, 1), 0U);
+    EXPECT_EQ(text_.Text(), "");
+}
+
+TEST_F(QZSerialTest, AHandleOfZeroIsNeverUsed) {
+    port_.handle = 0;
+    char byte = 0;
+    EXPECT_EQ(port_.Read(&byte, 1), 0U);
+    EXPECT_EQ(port_.Write(&byte, 1), 0U);
+    EXPECT_EQ(port_.SetTimeouts(1, 1, 1, 1, 1, QZSerial::kAllTimeouts), 0);
+    EXPECT_EQ(port_.SetQueues(1, 1), 0);
+    EXPECT_EQ(line_.Calls(), Words{});
+    port_.handle = kInvalidSerialHandle;
+}
+
+TEST_F(QZSerialTest, AClosedPortIsAskedAndHasNothing) {
+    char byte = 0;
+    EXPECT_EQ(port_.Read(&byte, 1), 0U);
+    EXPECT_EQ(line_.Calls(), (Words{"read 1 -> 0"}));
+}
+
+}  // namespace corvex

@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <thread>
+
+#include "session/base/StopWatch.h"
+#include "tests/support/VirtualClock.h"
+
+namespace corvex {
+
+using test::VirtualClock;
+
+namespace {
+
+class StopWatchTest : public ::testing::Test {
+protected:
+    StopWatchTest() : scope_(clock_) { clock_.AdvanceMilliseconds(10'000); }
+
+    VirtualClock clock_{1024};  // a power of two: the seconds come out exact
+    ScopedClock scope_;
+};
+
+}  // namespace
+
+TEST_F(StopWatchTest, BeginsAtTheMomentOfConstruction) {
+    const StopWatch watch;
+    for (const double time : {watch.createdAt, watch.createdAt2, watch.markAt, watch.startedAt, watch.rateAt}) {
+        EXPECT_EQ(time, 10.0);
+    }
+    EXPECT_EQ(watch.pausedAt, 0.0);
+    EXPECT_EQ(watch.paused, 0U);
+    EXPECT_EQ(watch.tickCount, 0U);
+    EXPECT_EQ(watch.rate, 0.0F);
+    EXPECT_EQ(watch.frequency, 1024);
+    EXPECT_EQ(watch.Elapsed(), 0.0);
+}
+
+TEST_F(StopWatchTest, CountsSecondsFromTheLastRestart) {
+    StopWatch watch;
+    clock_.Advance(1024 + 512);
+    EXPECT_EQ(watch.Elapsed(), 1.5);
+    EXPECT_EQ(watch.Current(), 11.5);
+    watch.Restart();
+    EXPECT_EQ(watch.startedAt, 11.5);
+    EXPECT_EQ(watch.markAt, 11.5);
+    EXPECT_EQ(watch.Elapsed(), 0.0);
+}
+
+TEST_F(StopWatchTest, ElapsedRunsOnThroughAPauseAndCurrentDoesNot) {
+    StopWatch watch;
+    clock_.Advance(1024);
+    watch.Pause();
+    clock_.Advance(2048);
+    EXPECT_EQ(watch.Elapsed(), 3.0);
+    EXPECT_EQ(watch.Current(), 11.0);
+    EXPECT_EQ(watch.markAt, 11.0);
+    EXPECT_EQ(watch.pausedAt, 11.0);
+    EXPECT_EQ(watch.paused, 1U);
+}
+
+TEST_F(StopWatchTest, ASecondPauseChangesNothing) {
+    StopWatch watch;
+    watch.Pause();
+    clock_.Advance(1024);
+    watch.Pause();
+    EXPECT_EQ(watch.pausedAt, 10.0);
+    EXPECT_EQ(watch.markAt, 10.0);
+}
+
+TEST_F(StopWatchTest, RestartsFromTheMomentOfThePause) {
+    StopWatch watch;
+    clock_.Advance(1024);
+    watch.Pause();
+    clock_.Advance(2048);
+    watch.Restart();
+    EXPECT_EQ(watch.startedAt, 11.0);
+    EXPECT_EQ(watch.markAt, 11.0);
+    EXPECT_EQ(watch.paused, 0U);
+    EXPECT_EQ(watch.pausedAt, 0.0);
+    EXPECT_EQ(watch.Elapsed(), 2.0);
+}
+
+TEST_F(StopWatchTest, RateIsComputedAfterMoreThanHalfASecond) {
+    StopWatch watch;
+    watch.tickCount = 6;
+    clock_.Advance(512);  // exactly half a second does not count
+    EXPECT_EQ(watch.Rate(), 0.0F);
+    EXPECT_EQ(watch.tickCount, 6U);
+    clock_.Advance(256);
+    EXPECT_EQ(watch.Rate(), 8.0F);
+    EXPECT_EQ(watch.tickCount, 0U);
+    EXPECT_EQ(watch.rateAt, 10.75);
+}
+
+TEST_F(StopWatchTest, RateStaysForTheNextHalfSecond) {
+    StopWatch watch;
+    watch.tickCount = 10;
+    clock_.Advance(1024);
+    EXPECT_EQ(watch.Rate(), 10.0F);
+    watch.tickCount = 3;
+    clock_.Advance(500);
+    EXPECT_EQ(watch.Rate(), 10.0F);
+    EXPECT_EQ(watch.tickCount, 3U);
+}
+
+TEST_F(StopWatchTest, RateTakesTheCountAsUnsigned) {
+    StopWatch watch;
+    watch.tickCount = 0x80000000U;
+    clock_.Advance(1024);
+    EXPECT_EQ(watch.Rate(), 2147483648.0F);
+}
+
+TEST_F(StopWatchTest, NeitherRestartNorPauseTouchesTheRate) {
+    StopWatch watch;
+    watch.tickCount = 4;
+    watch.Pause();
+    watch.Restart();
+    clock_.Advance(2048);
+    EXPECT_EQ(watch.rateAt, 10.0);
+    EXPECT_EQ(watch.Rate(), 2.0F);
+}
+
+TEST_F(StopWatchTest, NoTickIsLostWhileTheRateIsRead) {
+    StopWatch watch;
+    std::thread counter([&] {
+        for (int i = 0; i < 10'000; ++i)
+            watch.tickCount.fetch_add(1, std::memory_order_relaxed);
+    });
+    double counted = 0;
+    for (int i = 0; i < 100; ++i) {
+        clock_.Advance(1024);
+        counted += static_cast<double>(watch.Rate());
+    }
+    counter.join();
+    clock_.Advance(1024);
+    counted += static_cast<double>(watch.Rate());
+    EXPECT_EQ(counted, 10'000.0);
+}
+
+TEST(StopWatchWithoutCounterTest, DividesByZeroAndCarriesOn) {
+    VirtualClock none(0);
+    none.Advance(5);
+    const ScopedClock scope(none);
+    StopWatch watch;
+    EXPECT_FALSE(std::isfinite(watch.Current()));
+    EXPECT_FALSE(std::isfinite(watch.Elapsed()));
+    EXPECT_EQ(watch.Rate(), 0.0F);
+}
+
+}  // namespace corvex
