@@ -1,0 +1,82 @@
+#include "apps/sim/ReplyBuilder.h"
+
+#include <algorithm>
+#include <numeric>
+#include <span>
+#include <utility>
+
+#include "definition/ADXC160BaudListen.h"
+#include "definition/ADXCSendCommand.h"
+#include "definition/ADXDefinition.h"
+
+namespace corvex {
+
+namespace {
+
+// Length bytes of these controllers count from here, so that they are told from ordinary numbers.
+constexpr std::size_t kLengthBase = 0x52;
+
+void WriteHeader(std::span<std::uint8_t> header, const std::vector<std::uint8_t>& request, std::size_t replysize) {
+    for (std::size_t i = 0; i < header.size(); ++i)
+        header[i] = i < request.size() ? request[i] : std::uint8_t{0};
+    if (header.size() > 1) header[1] = static_cast<std::uint8_t>(kLengthBase + replysize);
+}
+
+}  // namespace
+
+ReplyBuilder::ReplyBuilder(const ADXDefinition& definition, std::uint64_t seed) : model_(seed) {
+    for (const auto& object : definition.Objects()) {
+        if (object->GetType() == kTypeSendCommand) {
+            AddCommand(definition, static_cast<const ADXCSendCommand&>(*object));
+        } else if (object->GetType() == kType160BaudListen && !stream_) {
+            const auto& listen = static_cast<const ADXC160BaudListen&>(*object);
+            if (listen.packetsize == 0 || listen.packetsize > kLongest) continue;
+            stream_ = MakePlan(definition, listen.GetIdHash(), 0, listen.packetsize);
+        }
+    }
+}
+
+ReplyBuilder::Plan ReplyBuilder::MakePlan(const ADXDefinition& definition, std::uint32_t hash, std::uint32_t offset,
+                                          std::uint32_t capacity) {
+    ValueSweeps values(definition, hash, capacity);
+    BitToggles bits(definition, hash, values.Taken());
+    return {offset, capacity, false, std::move(values), std::move(bits)};
+}
+
+void ReplyBuilder::AddCommand(const ADXDefinition& definition, const ADXCSendCommand& send) {
+    if (send.size() == 0) return;
+    Command command;
+    command.request.assign(send.bytestring(), send.bytestring() + send.size());
+    command.replysize = send.replysize;
+    command.answered = (send.flags & 1U) != 0 && send.replysize != 0 && send.replysize <= kLongest;
+    const std::uint32_t size = command.answered ? send.replysize : 0;
+    const std::uint32_t offset = std::min(send.packetoffset, size);
+    Plan plan = MakePlan(definition, send.GetIdHash(), offset, size - offset);
+    plan.checksum = std::uint64_t{send.packetoffset} + send.packetsize < size;
+    commands_.push_back(std::move(command));
+    plans_.push_back(std::move(plan));
+}
+
+std::vector<std::uint8_t> ReplyBuilder::Build(std::size_t command, double seconds) const {
+    const Plan& plan = plans_[command];
+    std::vector<std::uint8_t> reply(std::size_t{plan.packetoffset} + plan.capacity);
+    WriteHeader(std::span(reply).first(plan.packetoffset), commands_[command].request, reply.size());
+    const auto packet = std::span(reply).subspan(plan.packetoffset);
+    plan.values.Write(packet, model_, seconds);
+    plan.bits.Write(packet, model_, seconds);
+    if (plan.checksum) {
+        reply.back() = 0;
+        reply.back() = static_cast<std::uint8_t>(0U - std::accumulate(reply.begin(), reply.end(), 0U));
+    }
+    return reply;
+}
+
+std::vector<std::uint8_t> ReplyBuilder::BuildStreamPacket(double seconds) const {
+    if (!stream_) return {};
+    std::vector<std::uint8_t> packet(stream_->capacity);
+    stream_->values.Write(packet, model_, seconds);
+    stream_->bits.Write(packet, model_, seconds);
+    return packet;
+}
+
+}  // namespace corvex
