@@ -12,7 +12,8 @@ int Keep() {
     CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
     if (HANDLE ready = OpenEventA(EVENT_MODIFY_STATE, FALSE, kReadyEvent)) SetEvent(ready);
     MSG message;
-    while (GetMessageA(&message, nullptr, 0, 0) > 0) DispatchMessageA(&message);
+    while (GetMessageA(&message, nullptr, 0, 0) > 0)
+        DispatchMessageA(&message);
     return 0;
 }
 
@@ -24,7 +25,8 @@ int Start() {
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION child = {};
-    if (!CreateProcessA(self, line.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr, nullptr, &startup, &child))
+    if (!CreateProcessA(self, line.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr, nullptr, &startup,
+                        &child))
         return 1;
     WaitForSingleObject(ready, 10000);
     return 0;
@@ -32,4 +34,6 @@ int Start() {
 
 }  // namespace
 
-int main(int argc, char**) { return argc > 1 ? Keep() : Start(); }
+int main(int argc, char**) {
+    return argc > 1 ? Keep() : Start();
+}
