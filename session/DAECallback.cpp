@@ -90,7 +90,7 @@ std::int32_t DAECallback::OnSendCommandEnd(const DataAcqStatus* status, const st
                                            std::uint32_t count) {
     CountReply();
     Sample sample;
-    if (!FindSample(*status, &sample)) return kResultFail;
+    if (!FindSample(*status, kTypeSendCommand, &sample)) return kResultFail;
     const ADXCSendCommand* const command = AsSendCommand(sample.command);
     const bool expected = command != nullptr && (command->flags & kReplyExpected) != 0;
     if (command != nullptr && status->source != kFromLog) count = std::min(count, command->replysize);
@@ -116,7 +116,7 @@ std::int32_t DAECallback::On160BaudBegin(const DataAcqStatus*) {
 
 std::int32_t DAECallback::On160BaudEnd(const DataAcqStatus* status, const std::uint8_t* packet, std::uint32_t count) {
     Sample sample;
-    if (!FindSample(*status, &sample)) return kResultFail;
+    if (!FindSample(*status, kTypeAny, &sample)) return kResultFail;
     const PacketView view(packet, count);
 
     if (status->code == kCodeSuccess) {
@@ -176,14 +176,14 @@ void DAECallback::CountReply() {
 
 // A log brings only the id of its command; the one that counts is the definition's own. The session's stopwatch is left
 // to the connect thread then.
-bool DAECallback::FindSample(const DataAcqStatus& status, Sample* sample) {
+bool DAECallback::FindSample(const DataAcqStatus& status, std::uint32_t types, Sample* sample) {
     if (status.source != kFromLog) {
         *sample = {status.command, static_cast<float>(session_.timer.Elapsed())};
         return true;
     }
     const ADXObject* const command = session_.definition.FindByHash(status.commandId);
     *sample = {command, static_cast<float>(session_.log.CurrentTime() / 1000.0)};
-    if (command != nullptr) return true;
+    if (command != nullptr && (command->GetType() & types) != 0) return true;
     DebugOutput::Print(&session_.debug, "Log playback: Command not found in def. Wrong definition?");
     return false;
 }

@@ -52,8 +52,8 @@ private:
         const ADXObject* command;
         float t;  // seconds
     };
-    // False, with the line in the log, for a played-back command that the definition does not hold.
-    bool FindSample(const DataAcqStatus& status, Sample* sample);
+    // False, with the line in the log, for a played-back command that the definition does not hold under these types.
+    bool FindSample(const DataAcqStatus& status, std::uint32_t types, Sample* sample);
     void CountReply();
     void TakeReply(const DataAcqStatus& status, const ADXCSendCommand& command, float t, PacketView reply);
     void TakePacket(const DataAcqStatus& status, const Sample& sample, PacketView packet);

@@ -1,0 +1,200 @@
+#include "tests/session/SessionTestHelper.h"
+
+namespace corvex::test {
+namespace {
+
+class ConnectThreadTest : public ScanTest {
+protected:
+    const Calls connectWrite{"write 192"}, monitorWrite{"write 160"};
+};
+
+TEST_F(ConnectThreadTest, ConnectMonitorAndDisconnectRunInOrder) {
+    AnswerAll();
+    EndAfter(3);
+    Scan();
+    EXPECT_EQ((Calls{"write 192", "write 160", "write 160", "write 208"}), serial.Calls("write"));
+    EXPECT_EQ("close", serial.Calls().back());
+    EXPECT_EQ(kNotConnected, session.connectionState);
+    EXPECT_EQ(0U, session.scanning);
+    EXPECT_EQ(0U, session.errorCount);
+}
+
+TEST_F(ConnectThreadTest, StatesAreShownAsTheyAreEntered) {
+    AnswerAll();
+    EndAfter(2);
+    std::vector<std::uint32_t> states;
+    recorder.onNoted = [&](const std::string& call) {
+        if (call == "buttons") states.push_back(session.connectionState);
+    };
+    Scan();
+    EXPECT_EQ((std::vector<std::uint32_t>{kConnecting, kConnected, kNotConnected}), states);
+    const Calls noted = recorder.Noted();
+    EXPECT_EQ((Calls{"clear monitors", "status", "buttons"}), Calls(noted.begin(), noted.begin() + 3));
+    EXPECT_EQ((Calls{"status", "buttons"}), Calls(noted.end() - 2, noted.end()));
+}
+
+TEST_F(ConnectThreadTest, PortIsTheSettingsOneAtTheDefinitionsBaud) {
+    std::snprintf(session.settings.comport, sizeof session.settings.comport, "%s", "/dev/a-name-longer-than-COM1");
+    session.definition.baud = 160;
+    session.definition.connectcmd = session.definition.monitorcmd = nullptr;
+    Scan();
+    EXPECT_EQ((Calls{"open /dev/a-name-longer-than-COM1"}), serial.Calls("open"));
+    EXPECT_EQ(160U, serial.Settings().baud);
+}
+
+TEST_F(ConnectThreadTest, PortThatDoesNotOpenIsToldInOneLine) {
+    serial.failOpen = true;
+    Scan();
+    EXPECT_EQ("Unable to open port (COM1)!", text.Text());
+    EXPECT_EQ((Calls{"clear monitors", "port refused no such port", "status", "buttons"}), recorder.Noted());
+    EXPECT_EQ(kNotConnected, session.connectionState);
+    EXPECT_EQ(0U, session.scanning);
+    EXPECT_TRUE(session.threadDone.TryWait());
+}
+
+TEST_F(ConnectThreadTest, DefinitionWithoutConnectMonitorsAtOnce) {
+    AnswerAll();
+    session.definition.connectcmd = nullptr;
+    EndAfter(1);
+    Scan();
+    EXPECT_EQ((Calls{"write 160", "write 208"}), serial.Calls("write"));
+}
+
+TEST_F(ConnectThreadTest, DefinitionWithoutMonitorClosesWithoutDisconnect) {
+    AnswerAll();
+    session.definition.monitorcmd = nullptr;
+    Scan();
+    EXPECT_EQ(connectWrite, serial.Calls("write"));
+    EXPECT_EQ("close", serial.Calls().back());
+}
+
+TEST_F(ConnectThreadTest, StopDuringTheConnectSkipsTheMonitor) {
+    AnswerAll();
+    EndAfter(1);
+    Scan();
+    EXPECT_EQ((Calls{"write 192", "write 208"}), serial.Calls("write"));
+}
+
+TEST_F(ConnectThreadTest, RefusedConnectSkipsTheRest) {
+    AnswerAll();
+    session.definition.connectcmd = Add<ADXValue>(session.definition, "NOCOMMAND");
+    Scan();
+    EXPECT_TRUE(serial.Calls("write").empty());
+    EXPECT_EQ("close", serial.Calls().back());
+}
+
+// A line failure is no refusal.
+TEST_F(ConnectThreadTest, UnansweredConnectGoesOnToTheMonitor) {
+    EndAfter(2);
+    Scan();
+    EXPECT_EQ((Calls{"write 192", "write 160", "write 208"}), serial.Calls("write"));
+}
+
+TEST_F(ConnectThreadTest, RefusedMonitorSkipsTheDisconnect) {
+    AnswerAll();
+    session.definition.monitorcmd = Add<ADXValue>(session.definition, "NOCOMMAND");
+    Scan();
+    EXPECT_EQ(connectWrite, serial.Calls("write"));
+    EXPECT_EQ(0U, session.scanning);
+}
+
+TEST_F(ConnectThreadTest, AbsentDisconnectIsNoFailure) {
+    AnswerAll();
+    session.definition.disconnectcmd = nullptr;
+    EndAfter(2);
+    Scan();
+    EXPECT_EQ((Calls{"write 192", "write 160"}), serial.Calls("write"));
+    EXPECT_EQ("close", serial.Calls().back());
+}
+
+TEST_F(ConnectThreadTest, SilentLineStaysConnectingWithoutErrors) {
+    EndAfter(4);
+    std::vector<std::uint32_t> states;
+    recorder.onNoted = [&](const std::string& call) {
+        if (call == "status") states.push_back(session.connectionState);
+    };
+    Scan();
+    EXPECT_EQ((std::vector<std::uint32_t>{1, 1, 1, 1, 1, 1, 2}), states);  // entered, four polls, disconnect, left
+    EXPECT_EQ(0U, session.errorCount);
+    EXPECT_EQ(5U, recorder.Count("reply 6 0"));
+}
+
+TEST_F(ConnectThreadTest, EchoBitOutlivesTheDefinitionThatSetIt) {
+    session.definition.connectcmd = session.definition.monitorcmd = nullptr;
+    Scan();
+    EXPECT_EQ(0U, session.engine.flags);
+    session.definition.flags = 3;
+    Scan();
+    EXPECT_EQ(1U, session.engine.flags);
+    session.definition.flags = 0;
+    Scan();
+    EXPECT_EQ(1U, session.engine.flags);
+}
+
+TEST_F(ConnectThreadTest, EchoIsTakenOffTheReply) {
+    session.definition.flags = 1;
+    serial.Answer({0xC0}, {0xC0, 1, 2}, 10);
+    session.definition.monitorcmd = nullptr;
+    Scan();
+    EXPECT_EQ((Calls{"read 1 -> 1", "read 2 -> 2"}), serial.Calls("read"));
+    EXPECT_EQ(1, session.CopyLastPacket().bytes[0]);
+}
+
+// Waiters are woken and the state is shown while a new scan still can't begin.
+TEST_F(ConnectThreadTest, ScanningIsClearedLast) {
+    session.definition.monitorcmd = Add<ADXValue>(session.definition, "NOCOMMAND");  // ends with the scan still wanted
+    bool seen = false;
+    recorder.onNoted = [&](const std::string& call) {
+        if (call != "status" || session.connectionState != kNotConnected) return;
+        seen = true;
+        EXPECT_FALSE(serial.IsOpen());
+        EXPECT_TRUE(session.threadDone.TryWait());
+        session.threadDone.Set();
+        EXPECT_EQ(1U, session.scanning);
+        session.ToggleScan();  // a stop thread, no scan
+    };
+    Scan();
+    EXPECT_TRUE(seen);
+    EXPECT_EQ(1U, Opened());
+    EXPECT_EQ(1U, recorder.Count("post 32769"));
+}
+
+TEST_F(ConnectThreadTest, PortTellsItsLinesOnceItHasASink) {
+    session.engine.port.sink = &session.debug;
+    session.definition.connectcmd = session.definition.monitorcmd = nullptr;
+    Scan();
+    EXPECT_EQ("QZSerial: Successfully opened COM1\r\nQZSerial: COM1 opened at 8192 baud\r\nQZSerial: Port Closed",
+              text.Text());
+}
+
+// From the line to engineering units, through a macro, with the values of two commands kept apart.
+TEST_F(ConnectThreadTest, RepliesBecomeFormattedValues) {
+    AnswerAll();
+    ADXDefinition& definition = session.definition;
+    auto* second = AddSend(definition, "SECOND", {0xB0}, 4);
+    second->packetoffset = 1;
+    second->packetsize = 3;
+    serial.Answer({0xB0}, {0xF4, 0x50, 0x01, 0x02}, 10);
+    definition.monitorcmd = AddMacro(definition, "MACRO", {monitor, second});
+    ADXValue* coolant = AddValue(definition, "CLT", "(X*0.75)-40");
+    coolant->parentcmdidhash = second->GetIdHash();
+    coolant->digcount = 1;
+    ADXValue* speed = AddValue(definition, "RPM", "X*25");
+    speed->parentcmdidhash = monitor->GetIdHash();
+    speed->packetoffset = 1;
+    speed->outputtype = ADXValue::kInteger;
+    EndAfter(3);  // within the macro's first round: connect, MONITOR, SECOND
+    Scan();
+    char shown[32];
+    coolant->Format(shown, sizeof shown, definition, nullptr);
+    EXPECT_STREQ("20.0", shown);
+    speed->Format(shown, sizeof shown, definition, nullptr);
+    EXPECT_STREQ("100", shown);
+    EXPECT_EQ(
+        "0.010: Command/Reply Success\r\nBEGIN MACRO\r\n0.020: Command/Reply Success\r\n"
+        "0.030: Command/Reply Success\r\nEND MACRO\r\n0.040: Command/Reply Success",
+        text.Text());
+}
+
+}  // namespace
+}  // namespace corvex::test

@@ -1,0 +1,388 @@
+#include <memory>
+
+#include "acquisition/DataAcqEngine.h"
+#include "definition/ADXCListenChatter.h"
+#include "session/DAECallback.h"
+#include "tests/session/SessionTestHelper.h"
+
+namespace corvex::test {
+namespace {
+
+class DAECallbackTest : public testing::Test {
+protected:
+    DAECallbackTest() { session.debug.edit = &text; }
+
+    // The end of a send, live unless told.
+    std::int32_t EndSend(const ADXCSendCommand& command, const Bytes& reply, std::uint32_t code = 0) {
+        status.command = &command;
+        status.commandId = command.GetIdHash();
+        status.code = code;
+        return session.callback.OnSendCommandEnd(&status, reply.data(), static_cast<std::uint32_t>(reply.size()));
+    }
+    std::int32_t End160(const Bytes& packet, std::uint32_t code = 0) {
+        status.command = listen;
+        status.code = code;
+        return session.callback.On160BaudEnd(&status, packet.data(), static_cast<std::uint32_t>(packet.size()));
+    }
+    void Connect() { session.connectionState = kConnected; }
+
+    VirtualClock clock;
+    ScopedClock scope{clock};
+    TextRecorder text;
+    SessionRecorder recorder;
+    SessionState session{recorder.Calls()};
+    DataAcqStatus status;
+    ADXCSendCommand* send = AddSend(session.definition, "SEND", {0xF4, 0x57}, 4);
+    ADXC160BaudListen* listen = Add<ADXC160BaudListen>(session.definition, "LISTEN");
+    std::string id = IdText(*send);
+};
+
+TEST_F(DAECallbackTest, GoodReplyTakesTheWholeRoadInOrder) {
+    clock.AdvanceMilliseconds(1234);
+    session.scanning = 1;
+    session.connectionState = kConnecting;
+    recorder.dashVisible = recorder.listVisible = true;
+    recorder.onNoted = [this](const std::string& call) {
+        if (call.starts_with("dash")) {
+            EXPECT_EQ("1.234: Command/Reply Success", text.Text());
+            EXPECT_EQ(4U, session.CopyLastPacket().size);
+            EXPECT_EQ(kConnecting, session.connectionState);
+        }
+    };
+    EXPECT_EQ(0, EndSend(*send, {1, 2, 3, 4}));
+    EXPECT_EQ((Calls{"dash 4 " + id, "list", "histograms 4 " + id, "monitor 1.234 4 " + id, "status", "buttons",
+                     "status", "reply 0 4"}),
+              recorder.Noted());
+    EXPECT_EQ(kConnected, session.connectionState);
+    EXPECT_EQ(1U, session.timer.tickCount);
+    EXPECT_EQ(0U, session.errorCount);
+}
+
+TEST_F(DAECallbackTest, HiddenPagesAreNotTold) {
+    EndSend(*send, {1, 2, 3, 4});
+    EXPECT_EQ((Calls{"histograms 4 " + id, "monitor 0.000 4 " + id, "status", "reply 0 4"}), recorder.Noted());
+}
+
+TEST_F(DAECallbackTest, ValuesAreCapturedBeforeTheViewsAreTold) {
+    ADXValue* own = AddValue(session.definition, "OWN", "X");
+    own->packetoffset = 1;
+    own->parentcmdidhash = send->GetIdHash();
+    ADXValue* foreign = AddValue(session.definition, "FOREIGN", "X");
+    foreign->parentcmdidhash = listen->GetIdHash();
+    recorder.onNoted = [&](const std::string& call) {
+        if (call.starts_with("histograms")) {
+            EXPECT_EQ(0x22U, own->GetRaw(nullptr));
+        }
+    };
+    EndSend(*send, {0x11, 0x22, 0x33, 0x44});
+    EXPECT_EQ(0x22U, own->GetRaw(nullptr));
+    EXPECT_EQ(0U, foreign->GetRaw(nullptr));
+}
+
+TEST_F(DAECallbackTest, PacketIsThePartOfTheReplyBehindTheOffset) {
+    send->replysize = 6;
+    send->packetoffset = 2;
+    send->packetsize = 3;
+    EndSend(*send, {1, 2, 3, 4, 5, 6});
+    const LastPacket last = session.CopyLastPacket();
+    EXPECT_EQ(3U, last.size);
+    EXPECT_EQ(send->GetIdHash(), last.command);
+    EXPECT_EQ((Bytes{3, 4, 5, 0}), Bytes(last.bytes.begin(), last.bytes.begin() + 4));
+    EXPECT_EQ(1U, recorder.Count("reply 0 6"));
+}
+
+// Bytes that never came are neither read nor made up.
+TEST_F(DAECallbackTest, PacketBeyondTheReplyIsCutToWhatCame) {
+    send->packetoffset = 2;
+    send->packetsize = 100;
+    ADXValue* inside = AddValue(session.definition, "IN", "X");
+    ADXValue* outside = AddValue(session.definition, "OUT", "X");
+    inside->packetoffset = 1;
+    outside->packetoffset = 2;
+    const auto exact = std::make_unique<std::uint8_t[]>(4);  // a byte further is the sanitizer's
+    exact[3] = 9;
+    status.command = send;
+    EXPECT_EQ(0, session.callback.OnSendCommandEnd(&status, exact.get(), 4));
+    EXPECT_EQ(2U, session.CopyLastPacket().size);
+    EXPECT_EQ(9U, inside->GetRaw(nullptr));
+    EXPECT_EQ(0U, outside->GetRaw(nullptr));
+
+    send->packetoffset = 0xFFFFFFFF;
+    EXPECT_EQ(0, session.callback.OnSendCommandEnd(&status, exact.get(), 4));
+    EXPECT_EQ(0U, session.CopyLastPacket().size);
+}
+
+TEST_F(DAECallbackTest, CountBeyondTheReplyBufferIsNotBelieved) {
+    send->replysize = 2;
+    EndSend(*send, {1, 2, 3, 4});
+    EXPECT_EQ(2U, session.CopyLastPacket().size);
+}
+
+TEST_F(DAECallbackTest, PacketLongerThanTheLastPacketIsCut) {
+    send->replysize = send->packetsize = 400;
+    Bytes reply(400, 7);
+    reply[299] = 8;
+    EndSend(*send, reply);
+    EXPECT_EQ(300U, session.CopyLastPacket().size);
+    EXPECT_EQ(8U, session.CopyLastPacket().bytes[299]);
+    EXPECT_EQ(1U, recorder.Count("monitor 0.000 400 " + id));
+}
+
+TEST_F(DAECallbackTest, EmptyReplyIsASampleAllTheSame) {
+    send->replysize = send->packetsize = 0;
+    EndSend(*send, {});
+    EXPECT_EQ("0.000: Command/Reply Success", text.Text());
+    EXPECT_EQ(1U, recorder.Count("reply 0 0"));
+}
+
+TEST_F(DAECallbackTest, SendWithoutReplyCountsATickAndDecodesNothing) {
+    send->flags = 0;
+    clock.AdvanceMilliseconds(500);
+    Connect();
+    EXPECT_EQ(0, EndSend(*send, {0xF4, 0x57}));
+    EXPECT_EQ("0.500: Command sent. Reply not processed.", text.Text());
+    EXPECT_EQ((Calls{"status", "reply 0 -"}), recorder.Noted());
+    EXPECT_EQ(1U, session.timer.tickCount);
+    EXPECT_EQ(0U, session.CopyLastPacket().size);
+}
+
+TEST_F(DAECallbackTest, FailureWhileConnectedFlashesAndCounts) {
+    Connect();
+    clock.AdvanceMilliseconds(2500);
+    EXPECT_EQ(0, EndSend(*send, {1, 2}, kCodeShortReply));
+    EXPECT_EQ("2.500: !!!!!!SEND COMMAND FAILURE (0x00000006)!!!!!!", text.Text());
+    EXPECT_EQ((Calls{"flash ALDL Data Error! 0x000000 0x0000FF 500", "status", "reply 6 2"}), recorder.Noted());
+    EXPECT_EQ(1U, session.errorCount);
+    EXPECT_EQ(1U, session.timer.tickCount);
+    EXPECT_EQ(0U, session.CopyLastPacket().size);
+}
+
+TEST_F(DAECallbackTest, FailureBeforeTheFirstGoodReplyIsNoError) {
+    session.connectionState = kConnecting;
+    EndSend(*send, {}, kCodeShortReply);
+    EXPECT_EQ(0U, session.errorCount);
+    EXPECT_EQ((Calls{"status", "reply 6 0"}), recorder.Noted());
+    EXPECT_EQ(1U, session.timer.tickCount);
+}
+
+TEST_F(DAECallbackTest, FailureBeforeTheReadBringsNoReply) {
+    EndSend(*send, {1}, kCodeShortWrite);
+    EndSend(*send, {1, 2}, kCodeStopped);
+    EXPECT_EQ((Calls{"status", "reply 5 -", "status", "reply 2 -"}), recorder.Noted());
+}
+
+TEST_F(DAECallbackTest, GoodReplyWhileNotScanningMakesNoConnection) {
+    session.connectionState = kConnecting;
+    EndSend(*send, {1, 2, 3, 4});
+    EXPECT_EQ(kConnecting, session.connectionState);
+    EXPECT_EQ(0U, recorder.Count("buttons"));
+}
+
+TEST_F(DAECallbackTest, GoodReplyLeavesAPausedLogPaused) {
+    session.scanning = 1;
+    session.connectionState = kLogPaused;
+    EndSend(*send, {1, 2, 3, 4});
+    EXPECT_EQ(kLogPaused, session.connectionState);
+}
+
+TEST_F(DAECallbackTest, TextBeginsAnewAtEvery201stReply) {
+    for (int i = 0; i < 200; ++i)
+        EndSend(*send, {}, kCodeShortReply);
+    EXPECT_NE(std::string::npos, text.Text().find("\r\n"));
+    const std::string line = "0.000: !!!!!!SEND COMMAND FAILURE (0x00000006)!!!!!!";
+    EndSend(*send, {}, kCodeShortReply);
+    EXPECT_EQ(line, text.Text());
+    for (int i = 0; i < 200; ++i)
+        EndSend(*send, {}, kCodeShortReply);
+    EXPECT_EQ(line.size() * 201 + 2 * 200, text.Text().size());
+    EndSend(*send, {}, kCodeShortReply);
+    EXPECT_EQ(line, text.Text());
+}
+
+TEST_F(DAECallbackTest, LoggedReplyIsFoundByHashAndTimedByTheLog) {
+    clock.AdvanceMilliseconds(9000);
+    ADXCSendCommand standIn;  // what playback passes: sizes alone
+    standIn.flags = 1;
+    send->packetoffset = 1;
+    send->packetsize = 2;
+    session.log.currentMs = 1500;
+    status.source = 1;
+    status.command = &standIn;
+    status.commandId = send->GetIdHash();
+    const Bytes reply{1, 2, 3, 4};
+    EXPECT_EQ(0, session.callback.OnSendCommandEnd(&status, reply.data(), 4));
+    EXPECT_EQ("1.500: Command/Reply Success", text.Text());
+    EXPECT_EQ(1U, recorder.Count("monitor 1.500 2 " + id));
+    EXPECT_EQ(2U, session.CopyLastPacket().bytes[0]);
+}
+
+TEST_F(DAECallbackTest, LoggedReplyOfAnUnknownCommandIsRefused) {
+    status.source = 1;
+    status.commandId = 0x12345678;
+    EXPECT_EQ(static_cast<std::int32_t>(0x80004005), session.callback.OnSendCommandEnd(&status, nullptr, 0));
+    EXPECT_EQ("Log playback: Command not found in def. Wrong definition?", text.Text());
+    EXPECT_EQ(static_cast<std::int32_t>(0x80004005), session.callback.On160BaudEnd(&status, nullptr, 0));
+    EXPECT_TRUE(recorder.Noted().empty());
+    EXPECT_EQ(0U, session.timer.tickCount);
+}
+
+TEST_F(DAECallbackTest, LoggedReplyOfACommandThatSendsNothingIsRefused) {
+    status.source = 1;
+    status.commandId = listen->GetIdHash();
+    EXPECT_EQ(static_cast<std::int32_t>(0x80004005), session.callback.OnSendCommandEnd(&status, nullptr, 0));
+    EXPECT_EQ("Log playback: Command not found in def. Wrong definition?", text.Text());
+}
+
+// The values keep their raw words: views compute from the packet. The id is the last send's.
+TEST_F(DAECallbackTest, Packet160IsPublishedUnderTheStaleIdWithoutCapture) {
+    ADXValue* value = AddValue(session.definition, "V", "X");
+    session.scanning = 1;
+    session.connectionState = kConnecting;
+    recorder.dashVisible = true;
+    double seen = 0.0;
+    const Bytes packet{5, 6};
+    recorder.onNoted = [&](const std::string& call) {
+        if (call.starts_with("dash")) seen = value->Compute(session.definition, PacketView(packet.data(), 2));
+        if (call.starts_with("monitor")) {
+            EXPECT_EQ(0U, session.CopyLastPacket().size);
+        }
+    };
+    status.commandId = send->GetIdHash();
+    EXPECT_EQ(0, End160(packet));
+    EXPECT_EQ("160 baud packet acquired", text.Text());
+    EXPECT_EQ((Calls{"status", "buttons", "dash 2 " + id, "histograms 0 " + id, "monitor 0.000 2 " + id, "status",
+                     "reply 0 2"}),
+              recorder.Noted());
+    EXPECT_EQ(5.0, seen);
+    EXPECT_EQ(kConnected, session.connectionState);
+    EXPECT_EQ(2U, session.CopyLastPacket().size);
+    EXPECT_EQ(send->GetIdHash(), session.CopyLastPacket().command);
+    EXPECT_EQ(1U, session.timer.tickCount);
+}
+
+TEST_F(DAECallbackTest, Packet160IsNotCaptured) {
+    ADXValue* value = AddValue(session.definition, "V", "X");
+    End160({5, 6});
+    EXPECT_EQ(0U, value->GetRaw(nullptr));
+}
+
+// The last packet is stored after the views are told, so a histogram takes the one before.
+TEST_F(DAECallbackTest, HistogramsTakeThe160BaudPacketBefore) {
+    End160({5, 6});
+    recorder.Take();
+    End160({7, 8, 9});
+    EXPECT_EQ(1U, recorder.Count("histograms 2 0x000000"));
+}
+
+TEST_F(DAECallbackTest, BadFramingCountsInEveryStateAndKeepsThePacket) {
+    session.connectionState = kConnecting;
+    EXPECT_EQ(0, End160({1, 0, 3}, kCodeBadFraming));
+    EXPECT_EQ("Data errors detected!", text.Text());
+    EXPECT_EQ(1U, session.errorCount);
+    EXPECT_EQ(3U, session.CopyLastPacket().size);
+    EXPECT_EQ((Calls{"status", "reply 7 3"}), recorder.Take());
+    Connect();
+    End160({1, 0, 3}, kCodeBadFraming);
+    EXPECT_EQ(2U, session.errorCount);
+    EXPECT_EQ((Calls{"flash Data Byte Error! 0x000000 0x0000FF 500", "status", "reply 7 3"}), recorder.Noted());
+}
+
+TEST_F(DAECallbackTest, MissingSyncFlashesAndIsNotCounted) {
+    Connect();
+    EXPECT_EQ(0, End160({}, kCodeNoSync));
+    EXPECT_EQ("160 BAUD PACKET ERROR", text.Text());
+    EXPECT_EQ((Calls{"flash Packet Error! 0x000000 0x0000FF 500", "status", "reply 8 -"}), recorder.Noted());
+    EXPECT_EQ(0U, session.errorCount);
+    EXPECT_EQ(1U, session.timer.tickCount);
+}
+
+TEST_F(DAECallbackTest, StoppedListenKeepsThePacketBefore) {
+    End160({5, 6});
+    EXPECT_EQ(0, session.callback.On160BaudEnd(&status, nullptr, 7));  // a count without bytes
+    EXPECT_EQ(2U, session.CopyLastPacket().size);
+}
+
+TEST_F(DAECallbackTest, Long160BaudPacketIsCut) {
+    End160(Bytes(400, 1), kCodeBadFraming);
+    EXPECT_EQ(300U, session.CopyLastPacket().size);
+}
+
+TEST_F(DAECallbackTest, TriggerMakesTheViewsCatchUp) {
+    auto* trigger = Add<ADXCTrigger>(session.definition, "T");
+    const std::string own = IdText(*trigger);
+    EndSend(*send, {1, 2, 3, 4});
+    recorder.Take();
+    recorder.dashVisible = recorder.listVisible = true;
+    clock.AdvanceMilliseconds(2000);
+    status.command = trigger;
+    const struct {
+        std::uint32_t bits;
+        Calls calls;
+    } cases[] = {
+        {0x1, {}},
+        {0x2, {"histograms 4 " + own}},
+        {0x4, {"list"}},
+        {0x8, {"monitor 2.000 - " + own}},
+        {0x10, {"dash - " + own}},
+        {0x1E, {"histograms 4 " + own, "list", "monitor 2.000 - " + own, "dash - " + own}},
+    };
+    for (const auto& one : cases) {
+        trigger->triggertype = one.bits;
+        EXPECT_EQ(0, session.callback.OnTrigger(&status));
+        EXPECT_EQ(one.calls, recorder.Take()) << one.bits;
+    }
+    EXPECT_EQ(1U, session.timer.tickCount);  // the send's
+    recorder.dashVisible = recorder.listVisible = false;
+    session.callback.OnTrigger(&status);
+    EXPECT_EQ((Calls{"histograms 4 " + own, "monitor 2.000 - " + own}), recorder.Noted());
+}
+
+TEST_F(DAECallbackTest, ListensAreToldInTheLog) {
+    auto* silence = Add<ADXCListenSilence>(session.definition, "S");
+    silence->silencelen = 25;
+    status.command = silence;
+    DAECallback& callback = session.callback;
+    EXPECT_EQ(0, callback.OnListenSilenceBegin(&status));
+    EXPECT_EQ(0, callback.OnListenSilenceEnd(&status));
+    EXPECT_EQ(0, callback.OnListenChatterBegin(&status));
+    EXPECT_EQ(0, callback.OnListenChatterEnd(&status));
+    status.code = kCodeTimeout;
+    EXPECT_EQ(0, callback.OnListenSilenceEnd(&status));
+    EXPECT_EQ(0, callback.OnListenChatterEnd(&status));
+    EXPECT_EQ(0, callback.OnMacroBegin(&status));
+    EXPECT_EQ(0, callback.OnMacroEnd(&status));
+    EXPECT_EQ(0, callback.On160BaudBegin(&status));
+    EXPECT_EQ(0, callback.OnSendCommandBegin(&status));
+    EXPECT_EQ(
+        "Looking for 25 ms of silence...\r\nSilence found\r\nLooking for chatter...\r\nChatter found\r\n"
+        "NO SILENCE FOUND\r\nCHATTER NOT FOUND\r\nBEGIN MACRO\r\nEND MACRO\r\nListening for 160 baud packet",
+        text.Text());
+    EXPECT_TRUE(recorder.Noted().empty());
+}
+
+TEST_F(DAECallbackTest, RawTrafficIsDumpedWhenRead) {
+    const Bytes bytes{0x41};
+    EXPECT_EQ(0, session.callback.OnWrite(&status, bytes.data(), 1));
+    EXPECT_EQ(0, session.callback.OnRead(&status, bytes.data(), 0));
+    EXPECT_EQ("", text.Text());
+    EXPECT_EQ(0, session.callback.OnRead(&status, bytes.data(), 1));
+    EXPECT_EQ(0U, text.Text().find("Read\r\n0000: 41 "));
+}
+
+TEST_F(DAECallbackTest, LogProgressMovesCursorAndSlider) {
+    EXPECT_EQ(0, session.callback.OnLogSeekBegin(3, 1));
+    EXPECT_EQ(0, session.callback.OnLogProgress(2500, 17));
+    session.log.currentMs = 750;
+    EXPECT_EQ(0, session.callback.OnLogSeekEnd());
+    EXPECT_EQ((Calls{"monitor time 2.500", "slider 17", "monitor time 0.750"}), recorder.Noted());
+}
+
+TEST_F(DAECallbackTest, LogEndStartsTheStopOfThePlayback) {
+    session.log.state = kLogPlaying;
+    EXPECT_EQ(0, session.callback.OnLogEnd());
+    EXPECT_TRUE(recorder.WaitFor("post 32770"));
+    EXPECT_EQ(kLogStopRequested, session.log.State());
+}
+
+}  // namespace
+}  // namespace corvex::test

@@ -1,0 +1,52 @@
+#include <gtest/gtest.h>
+
+#include "session/ScanPolicy.h"
+
+namespace corvex::test {
+namespace {
+
+constexpr auto kRefused = static_cast<std::int32_t>(0x80004005);
+
+TEST(ScanPolicyTest, OnlyNegativeResultsAreFailures) {
+    EXPECT_TRUE(IsFailure(kRefused));
+    EXPECT_FALSE(IsFailure(0));
+    EXPECT_FALSE(IsFailure(1));
+}
+
+TEST(ScanPolicyTest, MonitorRunsWhileWantedAndNotRefused) {
+    EXPECT_TRUE(KeepsMonitoring(1, 0));
+    EXPECT_FALSE(KeepsMonitoring(0, 0));
+    EXPECT_FALSE(KeepsMonitoring(1, kRefused));
+}
+
+TEST(ScanPolicyTest, DisconnectBelongsToAStoppedMonitor) {
+    EXPECT_TRUE(RunsDisconnect(true, 0));
+    EXPECT_FALSE(RunsDisconnect(true, 1));
+    EXPECT_FALSE(RunsDisconnect(false, 0));
+}
+
+TEST(ScanPolicyTest, GoodReplyConnectsOnlyWhileConnecting) {
+    EXPECT_TRUE(BecomesConnected(1, kConnecting));
+    EXPECT_FALSE(BecomesConnected(0, kConnecting));
+    EXPECT_FALSE(BecomesConnected(1, kConnected));
+    EXPECT_FALSE(BecomesConnected(1, kNotConnected));
+    EXPECT_FALSE(BecomesConnected(1, kLogPaused));
+}
+
+TEST(ScanPolicyTest, RecordingTakesSamplesOfAConnectedLine) {
+    EXPECT_TRUE(TakesSamples(kLogRecording, kConnected));
+    EXPECT_FALSE(TakesSamples(kLogRecording, kConnecting));
+    EXPECT_FALSE(TakesSamples(kLogRecording, kLogPaused));
+    EXPECT_FALSE(TakesSamples(kLogPlaying, kConnected));
+    EXPECT_FALSE(TakesSamples(kLogOpenedForWrite, kConnected));
+}
+
+TEST(ScanPolicyTest, NumbersOfTheStatesAreFixed) {
+    EXPECT_EQ(0U, kConnected);
+    EXPECT_EQ(1U, kConnecting);
+    EXPECT_EQ(2U, kNotConnected);
+    EXPECT_EQ(3U, kLogPaused);
+}
+
+}  // namespace
+}  // namespace corvex::test

@@ -1,0 +1,45 @@
+#include <gtest/gtest.h>
+
+#include "session/SessionCalls.h"
+
+namespace corvex::test {
+namespace {
+
+TEST(SessionCallsTest, EmptyCallsDoNothing) {
+    const SessionCalls calls = WithoutGaps({});
+    calls.refreshStatus();
+    calls.refreshButtons();
+    EXPECT_FALSE(calls.dashVisible());
+    calls.updateDash(nullptr, 1);
+    EXPECT_FALSE(calls.listVisible());
+    calls.repaintList();
+    calls.updateHistograms(nullptr, 1);
+    calls.addMonitorSample(1.0, nullptr, 1);
+    calls.flash("", 0, 0, 0);
+    calls.clearMonitors();
+    calls.setMonitorTime(1.0);
+    calls.setLogSlider(1);
+    calls.postMain(kMessageScanStopped);
+    calls.portRefused("");
+    calls.replyEnded({}, nullptr);
+}
+
+TEST(SessionCallsTest, GivenCallsStay) {
+    SessionCalls given;
+    int refreshed = 0;
+    given.refreshStatus = [&] { ++refreshed; };
+    given.dashVisible = [] { return true; };
+    const SessionCalls calls = WithoutGaps(given);
+    calls.refreshStatus();
+    EXPECT_EQ(1, refreshed);
+    EXPECT_TRUE(calls.dashVisible());
+}
+
+TEST(SessionCallsTest, MessagesKeepTheirNumbers) {
+    EXPECT_EQ(32768U, kMessageDestroyWindow);
+    EXPECT_EQ(32769U, kMessageScanStopped);
+    EXPECT_EQ(32770U, kMessageLogStopped);
+}
+
+}  // namespace
+}  // namespace corvex::test

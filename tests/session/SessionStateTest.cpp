@@ -1,0 +1,206 @@
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include "session/SessionState.h"
+#include "tests/session/SessionTestHelper.h"
+
+namespace corvex::test {
+namespace {
+
+using std::chrono::steady_clock;
+
+class SessionStateTest : public ScanTest {
+protected:
+    // Polls until the word has the value.
+    static bool Becomes(const std::atomic<std::uint32_t>& word, std::uint32_t value) {
+        const auto deadline = steady_clock::now() + std::chrono::seconds(60);
+        while (word != value && steady_clock::now() < deadline)
+            std::this_thread::yield();
+        return word == value;
+    }
+};
+
+TEST_F(SessionStateTest, BeginsIdle) {
+    EXPECT_EQ(kNotConnected, session.connectionState);
+    EXPECT_EQ(0U, session.scanning);
+    EXPECT_EQ(0U, session.errorCount);
+    EXPECT_TRUE(session.threadDone.TryWait());
+    EXPECT_EQ(kLogClosed, session.log.State());
+    EXPECT_STREQ("COM1", session.settings.comport);
+    EXPECT_EQ(1, session.settings.loadlastdef);
+    EXPECT_EQ(0U, session.CopyLastPacket().size);
+    EXPECT_EQ(nullptr, session.mainWindow);
+    EXPECT_EQ(nullptr, session.engine.port.sink);
+}
+
+TEST_F(SessionStateTest, NeedsNoCalls) {
+    SessionState bare({}, serial);
+    bare.ToggleScan();
+    EXPECT_TRUE(bare.WaitForThreads(std::chrono::seconds(60)));
+    bare.PublishSample(0.0, nullptr, 0);
+    EXPECT_EQ(1U, Opened());
+}
+
+TEST_F(SessionStateTest, ScanStartsFromACleanSlate) {
+    text.Append("old");
+    session.errorCount = 7;
+    session.timer.tickCount = 5;
+    clock.AdvanceMilliseconds(3000);
+    const double rateAt = session.timer.rateAt;
+    serial.failOpen = true;
+    session.debug.edit = &text;
+    Scan();
+    EXPECT_EQ("Unable to open port (COM1)!", text.Text());
+    EXPECT_EQ(0U, session.errorCount);
+    EXPECT_EQ(3.0, session.timer.startedAt);
+    EXPECT_EQ(5U, session.timer.tickCount);
+    EXPECT_EQ(rateAt, session.timer.rateAt);
+    EXPECT_EQ("clear monitors", recorder.Noted().front());
+}
+
+// The first rate after a new scan spans the idle time before it.
+TEST_F(SessionStateTest, RateIsComputedAfterHalfASecond) {
+    session.timer.tickCount = 6;
+    clock.AdvanceMilliseconds(500);
+    EXPECT_EQ(0.0F, session.SampleRate());
+    EXPECT_EQ(6U, session.timer.tickCount);
+    clock.AdvanceMilliseconds(1000);
+    EXPECT_EQ(4.0F, session.SampleRate());
+    EXPECT_EQ(0U, session.timer.tickCount);
+    session.timer.tickCount = 1;
+    EXPECT_EQ(4.0F, session.SampleRate());
+    EXPECT_EQ(1U, session.timer.tickCount);
+}
+
+TEST_F(SessionStateTest, ScanCanBeRepeated) {
+    AnswerAll();
+    for (int i = 0; i < 3; ++i) {
+        EndAfter(2);
+        Scan();
+    }
+    EXPECT_EQ(3U, Opened());
+    EXPECT_EQ(3U, serial.Calls("write 208").size());
+}
+
+TEST_F(SessionStateTest, StartsAndStopsAHundredTimes) {
+    AnswerAll();
+    for (int i = 0; i < 100; ++i) {
+        session.ToggleScan();
+        session.ToggleScan();
+        ASSERT_TRUE(WaitForThreads());
+        ASSERT_EQ(0U, session.scanning);
+        ASSERT_EQ(kNotConnected, session.connectionState);
+    }
+    EXPECT_EQ(100U, Opened());
+    EXPECT_EQ(100U, serial.Calls("write 208").size());
+    EXPECT_EQ(100U, recorder.Count("post 32769"));
+}
+
+// A stop clears `scanning` long before the connect thread has ended: a toggle then must not start a second one.
+TEST_F(SessionStateTest, TogglesWhileStoppingStartFurtherStops) {
+    AnswerAll();
+    AutoResetEvent reading(false), released(false);
+    serial.onRead = [&](std::uint32_t number) {
+        if (number != 2) return;
+        reading.Set();
+        released.Wait();
+    };
+    session.ToggleScan();
+    reading.Wait();
+    session.ToggleScan();
+    session.ToggleScan();
+    EXPECT_TRUE(Becomes(session.scanning, 0));
+    session.ToggleScan();
+    EXPECT_EQ(0U, session.scanning);
+    EXPECT_EQ(0U, recorder.Count("post 32769"));
+    released.Set();
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ(1U, Opened());
+    EXPECT_EQ(3U, recorder.Count("post 32769"));
+    EXPECT_TRUE(session.threadDone.TryWait());
+}
+
+TEST_F(SessionStateTest, FuriousTogglingEndsIdle) {
+    AnswerAll();
+    for (int i = 0; i < 500; ++i)
+        session.ToggleScan();
+    session.StartStopThread(kStopScan);
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ(0U, session.scanning);
+    EXPECT_EQ(Opened(), serial.Calls("close").size());
+    EXPECT_EQ(Opened(), serial.Calls("write 208").size());
+}
+
+TEST_F(SessionStateTest, DestructionEndsTheScanFirst) {
+    AnswerAll();
+    for (int i = 0; i < 20; ++i) {
+        auto brief = std::make_unique<SessionState>(recorder.Calls(), serial);
+        brief->definition.monitorcmd = AddSend(brief->definition, "MONITOR", {0xA0}, 2);
+        brief->definition.disconnectcmd = AddSend(brief->definition, "DISCONNECT", {0xD0}, 2);
+        brief->ToggleScan();
+        if (i % 2 == 0) {
+            ASSERT_TRUE(recorder.WaitFor("reply 0 2"));
+        }
+        brief.reset();
+        EXPECT_FALSE(serial.IsOpen());
+        EXPECT_EQ("write 208", serial.Calls("write").back());
+        recorder.Take();
+    }
+}
+
+TEST_F(SessionStateTest, DestructionEndsAScanThatIsStillConnecting) {
+    auto brief = std::make_unique<SessionState>(recorder.Calls(), serial);
+    brief->definition.connectcmd = AddSend(brief->definition, "CONNECT", {0xC0}, 2);
+    AutoResetEvent reading(false), released(false);
+    serial.onRead = [&](std::uint32_t) {
+        reading.Set();
+        released.Wait();
+    };
+    brief->ToggleScan();
+    reading.Wait();
+    std::thread closer([&] { brief.reset(); });
+    released.Set();
+    closer.join();
+    EXPECT_FALSE(serial.IsOpen());
+}
+
+TEST_F(SessionStateTest, PublishingTellsVisibleViewsInOrder) {
+    const std::uint8_t bytes[] = {1, 2};
+    recorder.dashVisible = recorder.listVisible = true;
+    session.PublishSample(0.25, PacketView(bytes, 2), 0xAB);
+    EXPECT_EQ((Calls{"dash 2 0x0000AB", "list", "histograms 0 0x0000AB", "monitor 0.250 2 0x0000AB"}), recorder.Take());
+    recorder.dashVisible = recorder.listVisible = false;
+    session.PublishSample(0.5, PacketView(bytes, 2), 0xAB);
+    EXPECT_EQ((Calls{"histograms 0 0x0000AB", "monitor 0.500 2 0x0000AB"}), recorder.Noted());
+}
+
+// A page that reads while packets come sees one packet or the other, never half of each.
+TEST_F(SessionStateTest, LastPacketIsNeverHalfOfTwo) {
+    connect->replysize = connect->packetsize = 0;
+    auto* ones = AddSend(session.definition, "ONES", {0xA1}, 300);
+    auto* twos = AddSend(session.definition, "TWOS", {0xA2}, 200);
+    serial.Answer({0xA1}, Bytes(300, 1));
+    serial.Answer({0xA2}, Bytes(200, 2));
+    session.definition.monitorcmd = AddMacro(session.definition, "MACRO", {ones, twos});
+    session.debug.edit = nullptr;
+    session.ToggleScan();
+    bool sawOnes = false, sawTwos = false;
+    const auto deadline = steady_clock::now() + std::chrono::seconds(60);
+    for (int i = 0; (i < 2000 || !sawOnes || !sawTwos) && steady_clock::now() < deadline; ++i) {
+        const LastPacket last = session.CopyLastPacket();
+        if (last.size == 0) continue;
+        const std::uint8_t byte = last.bytes[0];
+        ASSERT_EQ(byte == 1 ? 300U : 200U, last.size);
+        ASSERT_EQ((byte == 1 ? ones : twos)->GetIdHash(), last.command);
+        ASSERT_EQ(last.size, std::count(last.bytes.begin(), last.bytes.end(), byte));
+        (byte == 1 ? sawOnes : sawTwos) = true;
+    }
+    EXPECT_TRUE(sawOnes && sawTwos);
+    session.ToggleScan();
+    ASSERT_TRUE(WaitForThreads());
+}
+
+}  // namespace
+}  // namespace corvex::test

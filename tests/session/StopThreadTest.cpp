@@ -1,0 +1,120 @@
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "tests/session/SessionTestHelper.h"
+
+namespace corvex::test {
+namespace {
+
+class StopThreadTest : public ScanTest {
+protected:
+    // Runs a stop thread to its end and tells what it posted.
+    Calls Stop(std::uint32_t flags) {
+        session.StartStopThread(flags);
+        EXPECT_TRUE(WaitForThreads());
+        return recorder.Take();
+    }
+    // Where the call stands among those noted.
+    std::ptrdiff_t LastIndexOf(const std::string& call) {
+        const Calls noted = recorder.Noted();
+        const auto found = std::find(noted.rbegin(), noted.rend(), call);
+        return noted.rend() - found - 1;
+    }
+};
+
+TEST_F(StopThreadTest, PassesStraightThroughWhileNothingRuns) {
+    EXPECT_EQ((Calls{"post 32769"}), Stop(kStopScan));
+    EXPECT_EQ((Calls{"post 32769"}), Stop(kStopScan));
+    EXPECT_TRUE(session.threadDone.TryWait());
+}
+
+TEST_F(StopThreadTest, EachFlagPostsItsMessageInOrder) {
+    EXPECT_EQ((Calls{"post 32770"}), Stop(kStopLog));
+    EXPECT_EQ((Calls{"post 32768"}), Stop(kStopWindow));
+    EXPECT_EQ((Calls{"post 32769", "post 32770", "post 32768"}), Stop(7));
+    EXPECT_EQ((Calls{}), Stop(0));
+}
+
+TEST_F(StopThreadTest, MessageComesAfterTheDisconnect) {
+    AnswerAll();
+    session.ToggleScan();
+    ASSERT_TRUE(recorder.WaitFor("reply 0 2", 3));
+    session.StartStopThread(7);
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ("write 208", serial.Calls("write").back());
+    EXPECT_LT(LastIndexOf("reply 0 2"), LastIndexOf("post 32769"));
+    EXPECT_EQ(1U, recorder.Count("post 32768"));
+    EXPECT_EQ(kNotConnected, session.connectionState);
+}
+
+// Toggling while connecting works as while connected.
+TEST_F(StopThreadTest, DisconnectRunsOnALineThatNeverAnswered) {
+    session.ToggleScan();
+    ASSERT_TRUE(recorder.WaitFor("reply 6 0", 2));
+    EXPECT_EQ(kConnecting, session.connectionState);
+    session.ToggleScan();
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ("write 208", serial.Calls("write").back());
+}
+
+TEST_F(StopThreadTest, StopAsksTheRunningCommand) {
+    session.definition.connectcmd = nullptr;
+    auto* silence = Add<ADXCListenSilence>(session.definition, "SILENCE");
+    silence->silencelen = 1000;
+    silence->totaltimeout = 0xFFFFFFFF;
+    session.definition.monitorcmd = silence;
+    session.definition.disconnectcmd = nullptr;
+    serial.FeedForEver(0x55, 1);
+    session.ToggleScan();
+    ASSERT_TRUE(recorder.WaitFor("buttons"));
+    // The request may fall before the command clears it; a further one then ends it.
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    do {
+        session.ToggleScan();
+    } while (!session.WaitForThreads(std::chrono::milliseconds(10)) && std::chrono::steady_clock::now() < deadline);
+    EXPECT_EQ(0U, session.scanning);
+    EXPECT_FALSE(serial.IsOpen());
+}
+
+TEST_F(StopThreadTest, PlaybackIsWaitedFor) {
+    session.log.state = kLogPlaying;
+    session.log.threadId = 42;
+    session.StartStopThread(kStopLog);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (session.log.State() == kLogPlaying && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::yield();
+    EXPECT_EQ(kLogStopRequested, session.log.State());
+    EXPECT_EQ(0U, recorder.Count("post 32770"));
+    session.log.threadId = 0;
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ(1U, recorder.Count("post 32770"));
+}
+
+TEST_F(StopThreadTest, OtherLogStatesAreLeftAlone) {
+    for (const std::uint32_t state : {kLogClosed, kLogReady, kLogOpenedForWrite, kLogStopRequested}) {
+        session.log.state = state;
+        session.log.threadId = 42;  // not waited for
+        EXPECT_EQ((Calls{"post 32770"}), Stop(kStopLog));
+        EXPECT_EQ(state, session.log.State());
+    }
+}
+
+TEST_F(StopThreadTest, RecordingThatCannotBeEndedIsToldAllTheSame) {
+    session.log.state = kLogRecording;
+    EXPECT_EQ((Calls{"post 32770"}), Stop(kStopLog));
+    EXPECT_EQ(kLogRecording, session.log.State());
+}
+
+TEST_F(StopThreadTest, StopCommandEndsPlaybackAndPauseOnly) {
+    session.StopCommand();
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ((Calls{"buttons", "status"}), recorder.Take());
+    session.connectionState = kLogPaused;
+    session.StopCommand();
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ(1U, recorder.Count("post 32770"));
+}
+
+}  // namespace
+}  // namespace corvex::test

@@ -1,0 +1,110 @@
+// Stands where a desktop stands: notes every call of a session in order.
+#pragma once
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "session/SessionCalls.h"
+
+namespace corvex::test {
+
+// Each call is a word with its arguments, "monitor 1.500 3 0xDC379ACF": the packet is told by its size, "-" for none.
+// Any thread. To outlive the session.
+class SessionRecorder {
+public:
+    using ReplyHook = std::function<void(const DataAcqStatus&, PacketView)>;
+
+    SessionCalls Calls() {
+        SessionCalls calls;
+        calls.refreshStatus = [this] { Note("status"); };
+        calls.refreshButtons = [this] { Note("buttons"); };
+        calls.dashVisible = [this] { return dashVisible.load(); };
+        calls.updateDash = [this](PacketView packet, std::uint32_t id) { Note("dash " + Words(packet, id)); };
+        calls.listVisible = [this] { return listVisible.load(); };
+        calls.repaintList = [this] { Note("list"); };
+        calls.updateHistograms = [this](PacketView packet, std::uint32_t id) {
+            Note("histograms " + Words(packet, id));
+        };
+        calls.addMonitorSample = [this](double t, PacketView packet, std::uint32_t id) {
+            Note("monitor " + Number(t) + " " + Words(packet, id));
+        };
+        calls.flash = [this](const char* text, std::uint32_t front, std::uint32_t back, std::uint32_t ms) {
+            Note(std::string("flash ") + text + " " + Hex(front) + " " + Hex(back) + " " + std::to_string(ms));
+        };
+        calls.clearMonitors = [this] { Note("clear monitors"); };
+        calls.setMonitorTime = [this](double seconds) { Note("monitor time " + Number(seconds)); };
+        calls.setLogSlider = [this](std::uint32_t index) { Note("slider " + std::to_string(index)); };
+        calls.postMain = [this](std::uint32_t message) { Note("post " + std::to_string(message)); };
+        calls.portRefused = [this](const std::string& reason) { Note("port refused " + reason); };
+        calls.replyEnded = [this](const DataAcqStatus& status, PacketView reply) {
+            Note("reply " + std::to_string(status.code) + " " + (reply ? std::to_string(reply.Size()) : "-"));
+            if (onReplyEnded) onReplyEnded(status, reply);
+        };
+        return calls;
+    }
+
+    std::vector<std::string> Noted() {
+        const std::lock_guard lock(mutex_);
+        return noted_;
+    }
+    // What was noted since the last time.
+    std::vector<std::string> Take() {
+        const std::lock_guard lock(mutex_);
+        return std::exchange(noted_, {});
+    }
+    std::size_t Count(const std::string& call) {
+        const std::lock_guard lock(mutex_);
+        return CountHeld(call);
+    }
+    // Blocks until the call has been noted so often; false when it has not within a generous limit.
+    bool WaitFor(const std::string& call, std::size_t times = 1) {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+        std::unique_lock lock(mutex_);
+        return wake_.wait_until(lock, deadline, [&] { return CountHeld(call) >= times; });
+    }
+
+    std::atomic<bool> dashVisible{false}, listVisible{false};
+    ReplyHook onReplyEnded;                           // set before a scan
+    std::function<void(const std::string&)> onNoted;  // likewise; called on whichever thread calls
+
+private:
+    void Note(const std::string& call) {
+        {
+            const std::lock_guard lock(mutex_);
+            noted_.push_back(call);
+            wake_.notify_all();
+        }
+        if (onNoted) onNoted(call);
+    }
+    std::size_t CountHeld(const std::string& call) const {
+        return static_cast<std::size_t>(std::count(noted_.begin(), noted_.end(), call));
+    }
+    static std::string Number(double number) {
+        char text[64];
+        std::snprintf(text, sizeof text, "%.3f", number);
+        return text;
+    }
+    static std::string Hex(std::uint32_t word) {
+        char text[16];
+        std::snprintf(text, sizeof text, "0x%06X", static_cast<unsigned>(word));
+        return text;
+    }
+    static std::string Words(PacketView packet, std::uint32_t id) {
+        return (packet ? std::to_string(packet.Size()) : "-") + " " + Hex(id);
+    }
+
+    std::mutex mutex_;
+    std::condition_variable wake_;
+    std::vector<std::string> noted_;
+};
+
+}  // namespace corvex::test
