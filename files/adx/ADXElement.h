@@ -1,0 +1,84 @@
+// One element of a definition file, as the readers see it: its name, the text inside it and its attributes.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "files/adx/TextForms.h"
+#include "files/xml/ISAXCallback.h"
+
+namespace corvex {
+
+// Everything is kept in fixed fields, narrowed to bytes and ended by a NUL; what does not fit is cut off. Names match
+// without regard to case, and of attributes of one name the first counts.
+class ADXElement {
+public:
+    static constexpr std::size_t kNameSize = 128;
+    static constexpr std::size_t kTextSize = 1024;
+    static constexpr std::size_t kAttributeNameSize = 100;
+    static constexpr std::size_t kAttributeValueSize = 256;
+    static constexpr std::size_t kAttributeLimit = 32;
+
+    void SetName(const char16_t* name, std::uint32_t length);
+    void SetText(const char16_t* text, std::uint32_t length);
+    void SetAttributes(const SAXAttribute* attributes, std::uint32_t count);
+    void ClearName() { name_.Clear(); }
+    void ClearText() { text_.Clear(); }
+    void Clear();
+
+    bool IsEmpty() const { return name_.View().empty(); }
+    bool Is(std::string_view name) const { return SameName(name_.View(), name); }
+
+    // The text inside, ended by a NUL, and what number it is.
+    std::string_view Text() const { return text_.View(); }
+    std::uint32_t Hex() const { return HexText(Text()); }
+    std::uint32_t Dec() const { return DecimalWord(Text()); }
+    float Float() const { return DecimalFloat(Text()); }
+
+    // The attribute's value, ended by a NUL; null data when there is none of the name.
+    std::string_view Attribute(std::string_view name) const;
+
+    // Read an attribute into a field; without the attribute the field keeps what it has. Narrow fields take the low
+    // bits of the word.
+    template <class Word>
+    void ReadHex(std::string_view name, Word& out) const {
+        const std::string_view value = Attribute(name);
+        if (value.data() != nullptr) out = static_cast<Word>(HexText(value));
+    }
+    template <class Word>
+    void ReadDec(std::string_view name, Word& out) const {
+        const std::string_view value = Attribute(name);
+        if (value.data() != nullptr) out = static_cast<Word>(DecimalWord(value));
+    }
+    void ReadFloat(std::string_view name, float& out) const {
+        const std::string_view value = Attribute(name);
+        if (value.data() != nullptr) out = DecimalFloat(value);
+    }
+
+private:
+    template <std::size_t Size>
+    class FixedText {
+    public:
+        FixedText() { Clear(); }
+        void Clear() { bytes_[length_ = 0] = '\0'; }
+        void Set(const char16_t* text, std::uint32_t length);
+        std::string_view View() const { return {bytes_.data(), length_}; }
+
+    private:
+        std::array<char, Size> bytes_;
+        std::size_t length_ = 0;
+    };
+    struct Pair {
+        FixedText<kAttributeNameSize> name;
+        FixedText<kAttributeValueSize> value;
+    };
+
+    FixedText<kNameSize> name_;
+    FixedText<kTextSize> text_;
+    std::array<Pair, kAttributeLimit> attributes_;
+    std::size_t count_ = 0;
+};
+
+}  // namespace corvex
