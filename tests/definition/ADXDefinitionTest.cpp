@@ -1,0 +1,259 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "definition/ADXBitmask.h"
+#include "definition/ADXCSendCommand.h"
+#include "definition/ADXDefinition.h"
+#include "definition/ADXMacro.h"
+#include "definition/ADXValue.h"
+#include "tests/support/DefinitionTestHelper.h"
+
+namespace corvex {
+namespace {
+
+std::string Order(const ADXDefinition& definition) {
+    std::string ids;
+    for (const auto& object : definition.Objects()) {
+        ids += object->Id();
+    }
+    return ids;
+}
+
+std::unique_ptr<ADXObject> Named(const char* id) {
+    auto object = std::make_unique<ADXValue>();
+    object->SetId(id);
+    return object;
+}
+
+TEST(ADXDefinition, StartsEmptyAt8192Baud) {
+    const ADXDefinition definition;
+    EXPECT_EQ(definition.baud, 8192u);
+    EXPECT_EQ(definition.flags, 0u);
+    EXPECT_EQ(definition.GetCount(), 0u);
+    EXPECT_EQ(definition.connectcmd, nullptr);
+    EXPECT_EQ(definition.GetObject(kTypeAny, 0), nullptr);
+}
+
+TEST(ADXDefinition, ClearPutsEverythingBack) {
+    ADXDefinition definition;
+    test::Add<ADXMacro>(definition, "A");
+    definition.flags = 1;
+    definition.baud = 160;
+    definition.connectcmd = definition.monitorcmd = definition.disconnectcmd = definition.GetObject(kTypeAny, 0);
+    definition.SetAuthor("Me", 2);
+    definition.SetDesc("It", 2);
+    definition.SetUserVersion("1", 1);
+    definition.Clear();
+    EXPECT_EQ(definition.baud, 8192u);
+    EXPECT_EQ(definition.flags, 0u);
+    EXPECT_EQ(definition.GetCount(), 0u);
+    EXPECT_EQ(definition.connectcmd, nullptr);
+    EXPECT_EQ(definition.monitorcmd, nullptr);
+    EXPECT_EQ(definition.disconnectcmd, nullptr);
+    EXPECT_FALSE(definition.Author().IsSet());
+    EXPECT_FALSE(definition.Desc().IsSet());
+    EXPECT_FALSE(definition.UserVersion().IsSet());
+}
+
+TEST(ADXDefinitionTexts, MeasureNothingFromTheirLimitOn) {
+    ADXDefinition definition;
+    const std::string text(2000, 'x');
+    definition.SetUserVersion(text.c_str(), 19);
+    definition.SetAuthor(text.c_str(), 59);
+    definition.SetDesc(text.c_str(), 1023);
+    EXPECT_EQ(definition.GetUserVersion(nullptr, 0), 19u);
+    EXPECT_EQ(definition.GetAuthor(nullptr, 0), 59u);
+    EXPECT_EQ(definition.GetDesc(nullptr, 0), 1023u);
+    definition.SetUserVersion(text.c_str(), 20);
+    definition.SetAuthor(text.c_str(), 60);
+    definition.SetDesc(text.c_str(), 1024);
+    EXPECT_EQ(definition.GetUserVersion(nullptr, 0), 0u);
+    EXPECT_EQ(definition.GetAuthor(nullptr, 0), 0u);
+    EXPECT_EQ(definition.GetDesc(nullptr, 0), 0u);
+}
+
+TEST(ADXDefinitionTexts, CopyOneByteOfAnAuthorOf60Characters) {
+    ADXDefinition definition;
+    const std::string text(60, 'x');
+    definition.SetAuthor(text.c_str(), 60);
+    char out[100] = "old";
+    EXPECT_EQ(definition.GetAuthor(out, sizeof out), 1u);
+    EXPECT_STREQ(out, "");
+    EXPECT_EQ(out[1], 'l');
+    EXPECT_EQ(definition.Author().Length(), 60u);
+}
+
+TEST(ADXDefinitionTexts, CountTheTerminator) {
+    ADXDefinition definition;
+    definition.SetAuthor("Somebody", 8);
+    char out[20];
+    EXPECT_EQ(definition.GetAuthor(out, sizeof out), 9u);
+    EXPECT_STREQ(out, "Somebody");
+    EXPECT_EQ(definition.GetAuthor(out, 5), 5u);
+    EXPECT_STREQ(out, "Some");
+}
+
+TEST(ADXDefinitionTexts, GiveAnEmptyBufferAndZeroWhenUnset) {
+    ADXDefinition definition;
+    definition.SetAuthor("", 5);
+    definition.SetDesc("text", 0);
+    definition.SetUserVersion(nullptr, 5);
+    char out[4] = "old";
+    EXPECT_EQ(definition.GetAuthor(out, sizeof out), 0u);
+    EXPECT_STREQ(out, "");
+    EXPECT_FALSE(definition.Author().IsSet());
+    EXPECT_FALSE(definition.Desc().IsSet());
+    EXPECT_FALSE(definition.UserVersion().IsSet());
+}
+
+TEST(ADXDefinitionGetObject, CountsTheObjectsOfTheMask) {
+    ADXDefinition definition;
+    ADXObject* first = test::Add<ADXValue>(definition, "A");
+    ADXObject* command = test::Add<ADXCSendCommand>(definition, "B");
+    ADXObject* second = test::Add<ADXValue>(definition, "C");
+    ADXObject* flag = test::Add<ADXBitmask>(definition, "D");
+    EXPECT_EQ(definition.GetObject(kTypeValue, 0), first);
+    EXPECT_EQ(definition.GetObject(kTypeValue, 1), second);
+    EXPECT_EQ(definition.GetObject(kTypeValue, 2), nullptr);
+    EXPECT_EQ(definition.GetObject(0x0000004C, 2), flag);
+    EXPECT_EQ(definition.GetObject(0x00120000, 0), command);
+    EXPECT_EQ(definition.GetObject(0, 0), nullptr);
+}
+
+TEST(ADXDefinitionGetObject, GivesNullAtAndPastTheEnd) {
+    ADXDefinition definition;
+    test::Add<ADXValue>(definition, "A");
+    EXPECT_NE(definition.GetObject(kTypeAny, 0), nullptr);
+    EXPECT_EQ(definition.GetObject(kTypeAny, 1), nullptr);
+    EXPECT_EQ(definition.GetObject(kTypeAny, 0xFFFFFFFF), nullptr);
+}
+
+TEST(ADXDefinitionFindById, ComparesExactlyAndTakesTheFirst) {
+    ADXDefinition definition;
+    ADXObject* first = test::Add<ADXValue>(definition, "RPM");
+    test::Add<ADXValue>(definition, "RPM");
+    EXPECT_EQ(definition.FindById("RPM"), first);
+    EXPECT_EQ(definition.FindById("rpm"), nullptr);
+    EXPECT_EQ(definition.FindById("RPMX"), nullptr);
+    EXPECT_EQ(definition.FindById(nullptr), nullptr);
+    EXPECT_EQ(ADXDefinition().FindById("RPM"), nullptr);
+}
+
+TEST(ADXDefinitionFindById, CannotReachAnIdOf15Characters) {
+    ADXDefinition definition;
+    ADXObject* object = test::Add<ADXValue>(definition, "ABCDEFGHIJKLMNO");
+    EXPECT_EQ(definition.FindById("ABCDEFGHIJKLMNO"), nullptr);
+    EXPECT_EQ(definition.FindByHash(HashId("ABCDEFGHIJKLMNO", 15)), object);
+    // Its copy is 14 characters long, and that is what it answers to.
+    EXPECT_EQ(definition.FindById("ABCDEFGHIJKLMN"), object);
+}
+
+TEST(ADXDefinitionFindById, PassesOverObjectsThatNeverGotAnId) {
+    ADXDefinition definition;
+    test::Add<ADXValue>(definition, nullptr);
+    EXPECT_EQ(definition.FindById(""), nullptr);
+    ADXObject* empty = test::Add<ADXValue>(definition, "");
+    EXPECT_EQ(definition.FindById(""), empty);
+}
+
+TEST(ADXDefinitionFindByHash, TakesTheFirst) {
+    ADXDefinition definition;
+    ADXObject* first = test::Add<ADXValue>(definition, "A");
+    test::Add<ADXValue>(definition, "A");
+    EXPECT_EQ(definition.FindByHash(0x86F344BB), first);
+    EXPECT_EQ(definition.FindByHash(1), nullptr);
+}
+
+TEST(ADXDefinitionFindByHash, KnowsNobodyByHashZero) {
+    ADXDefinition definition;
+    test::Add<ADXValue>(definition, nullptr);
+    test::Add<ADXValue>(definition, nullptr);
+    EXPECT_EQ(definition.FindByHash(0), nullptr);
+}
+
+TEST(ADXDefinitionFindValueByType, ComparesBothHalves) {
+    ADXDefinition definition;
+    auto* other = test::Add<ADXValue>(definition, "A");
+    other->unittype = 2;
+    auto* value = test::Add<ADXValue>(definition, "B");
+    value->unittype = 2;
+    value->datatype = 0x8001;
+    EXPECT_EQ(definition.FindValueByType(0x80010002), value);
+    EXPECT_EQ(definition.FindValueByType(0x00000002), other);
+    EXPECT_EQ(definition.FindValueByType(0x00028001), nullptr);
+    other->unittype = 0;
+    EXPECT_EQ(definition.FindValueByType(0), nullptr);
+}
+
+TEST(ADXDefinitionIsHashUnique, LooksAtAllOthers) {
+    ADXDefinition definition;
+    EXPECT_EQ(definition.IsHashUnique(nullptr, 0x86F344BB), 1);
+    ADXObject* first = test::Add<ADXValue>(definition, "A");
+    EXPECT_EQ(definition.IsHashUnique(nullptr, 0x86F344BB), 0);
+    EXPECT_EQ(definition.IsHashUnique(nullptr, 5), 1);
+    EXPECT_EQ(definition.IsHashUnique(first, 5), 1);
+    test::Add<ADXValue>(definition, "A");
+    EXPECT_EQ(definition.IsHashUnique(first, 5), 0);
+}
+
+TEST(ADXDefinitionUpdateValues, CapturesWhatBelongsToTheCommandOrToAny) {
+    ADXDefinition definition;
+    auto* any = test::AddValue(definition, "A", "X");
+    auto* own = test::AddValue(definition, "B", "X");
+    auto* other = test::AddValue(definition, "C", "X");
+    auto* flag = test::Add<ADXBitmask>(definition, "D");
+    own->parentcmdidhash = flag->parentcmdidhash = 7;
+    own->packetoffset = flag->packetoffset = 1;
+    other->parentcmdidhash = 8;
+    const std::uint8_t packet[] = {0x11, 0x22};
+    definition.UpdateValues(PacketView(packet, 2), 7);
+    EXPECT_EQ(any->GetRaw(nullptr), 0x11u);
+    EXPECT_EQ(own->GetRaw(nullptr), 0x22u);
+    EXPECT_EQ(flag->GetRaw(nullptr), 0x22u);
+    EXPECT_EQ(other->GetRaw(nullptr), 0u);
+}
+
+TEST(ADXDefinitionUpdateValues, LeavesAFieldOutsideThePacketAlone) {
+    ADXDefinition definition;
+    auto* value = test::AddValue(definition, "A", "X");
+    value->packetoffset = 1;
+    const std::uint8_t packet[] = {1, 2};
+    definition.UpdateValues(PacketView(packet, 2), 0);
+    definition.UpdateValues(PacketView(packet, 1), 0);
+    definition.UpdateValues(nullptr, 0);
+    EXPECT_EQ(value->GetRaw(nullptr), 2u);
+}
+
+TEST(ADXDefinitionInsertAfter, PlacesByKey) {
+    ADXDefinition definition;
+    EXPECT_EQ(definition.InsertAfter(nullptr, nullptr), 0);
+    EXPECT_EQ(definition.InsertAfter(Named("A"), ADXDefinition::kAppend), 1);
+    EXPECT_EQ(definition.InsertAfter(Named("B"), ADXDefinition::kAppend), 1);
+    EXPECT_EQ(Order(definition), "AB");
+    definition.InsertAfter(Named("F"), nullptr);
+    EXPECT_EQ(Order(definition), "FAB");
+    definition.InsertAfter(Named("M"), definition.FindById("A"));
+    EXPECT_EQ(Order(definition), "FAMB");
+}
+
+TEST(ADXDefinitionInsertAfter, AppendsBehindAStranger) {
+    ADXDefinition definition;
+    definition.InsertAfter(Named("A"), nullptr);
+    const ADXValue stranger;
+    definition.InsertAfter(Named("B"), &stranger);
+    EXPECT_EQ(Order(definition), "AB");
+}
+
+TEST(ADXDefinitionInsertAt, PlacesByIndexAndAppendsPastTheEnd) {
+    ADXDefinition definition;
+    EXPECT_EQ(definition.InsertAt(nullptr, 0), 0);
+    EXPECT_EQ(definition.InsertAt(Named("A"), 0), 1);
+    definition.InsertAt(Named("B"), 0xFFFFFFFF);
+    definition.InsertAt(Named("C"), 1);
+    definition.InsertAt(Named("D"), 3);
+    EXPECT_EQ(Order(definition), "ACBD");
+}
+
+}  // namespace
+}  // namespace corvex

@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include "definition/EntryList.h"
+
+namespace corvex {
+namespace {
+
+using Numbers = EntryList<int>;
+
+Numbers Counted(int n) {
+    Numbers list;
+    for (int i = 0; i < n; ++i) {
+        list.AddEntry(&i);
+    }
+    return list;
+}
+
+TEST(EntryList, GivesNullPastTheEnd) {
+    Numbers list = Counted(3);
+    ASSERT_NE(list.GetEntry(2), nullptr);
+    EXPECT_EQ(*list.GetEntry(2), 2);
+    EXPECT_EQ(list.GetEntry(3), nullptr);
+    EXPECT_EQ(Numbers().GetEntry(0), nullptr);
+}
+
+TEST(EntryList, CopiesOverAnEntry) {
+    Numbers list = Counted(3);
+    const int seven = 7;
+    EXPECT_EQ(list.SetEntry(1, &seven), 1);
+    EXPECT_EQ(*list.GetEntry(1), 7);
+    EXPECT_EQ(list.SetEntry(3, &seven), 0);
+    EXPECT_EQ(list.SetEntry(0, nullptr), 0);
+    EXPECT_EQ(Numbers().SetEntry(0, &seven), 0);
+}
+
+TEST(EntryList, HoldsAtMost255Entries) {
+    Numbers list = Counted(300);
+    EXPECT_EQ(list.GetEntryCount(), 255u);
+    EXPECT_EQ(*list.GetEntry(254), 254);
+    list.AddEntry(nullptr);
+    EXPECT_EQ(list.GetEntryCount(), 255u);
+}
+
+TEST(EntryList, IgnoresACountOf256OrMore) {
+    Numbers list = Counted(10);
+    list.SetEntryCount(256);
+    EXPECT_EQ(list.GetEntryCount(), 10u);
+    list.SetEntryCount(0xFFFFFFFF);
+    EXPECT_EQ(list.GetEntryCount(), 10u);
+    list.SetEntryCount(255);
+    EXPECT_EQ(list.GetEntryCount(), 255u);
+    EXPECT_EQ(*list.GetEntry(9), 9);
+    EXPECT_EQ(*list.GetEntry(10), 0);
+}
+
+TEST(EntryList, KeepsTheFirstEntriesWhenCut) {
+    Numbers list = Counted(10);
+    list.SetEntryCount(5);
+    EXPECT_EQ(list.GetEntryCount(), 5u);
+    EXPECT_EQ(*list.GetEntry(4), 4);
+    list.SetEntryCount(0);
+    EXPECT_EQ(list.GetEntryCount(), 0u);
+}
+
+TEST(EntryList, ClosesTheGapOfARemovedEntry) {
+    Numbers list = Counted(3);
+    list.RemoveEntry(3);
+    EXPECT_EQ(list.GetEntryCount(), 3u);
+    list.RemoveEntry(1);
+    ASSERT_EQ(list.GetEntryCount(), 2u);
+    EXPECT_EQ(*list.GetEntry(0), 0);
+    EXPECT_EQ(*list.GetEntry(1), 2);
+}
+
+TEST(EntryList, AppendsACopyOfItsOwnEntry) {
+    Numbers list = Counted(1);
+    for (int i = 0; i < 20; ++i) {
+        list.AddEntry(list.GetEntry(0));
+    }
+    EXPECT_EQ(list.GetEntryCount(), 21u);
+    EXPECT_EQ(*list.GetEntry(20), 0);
+}
+
+}  // namespace
+}  // namespace corvex

@@ -1,0 +1,35 @@
+#include <gtest/gtest.h>
+
+#include "definition/PacketView.h"
+
+namespace corvex {
+namespace {
+
+constexpr std::uint8_t kBytes[4] = {1, 2, 3, 4};
+
+TEST(PacketView, IsNoPacketWhenNull) {
+    EXPECT_FALSE(PacketView(nullptr));
+    const std::uint8_t* null = nullptr;
+    EXPECT_FALSE(PacketView(null, 10));
+    EXPECT_EQ(PacketView(null, 10).Field(0, 1), nullptr);
+    EXPECT_EQ(PacketView(null).Field(0, 0), nullptr);
+}
+
+TEST(PacketView, GivesFieldsThatAreWhollyInside) {
+    const PacketView packet(kBytes, 4);
+    EXPECT_EQ(packet.Field(0, 4), kBytes);
+    EXPECT_EQ(packet.Field(3, 1), kBytes + 3);
+    EXPECT_EQ(packet.Field(3, 2), nullptr);
+    EXPECT_EQ(packet.Field(4, 1), nullptr);
+    EXPECT_EQ(packet.Field(0xFFFFFFFF, 1), nullptr);
+    EXPECT_EQ(packet.Field(1, 0xFFFFFFFF), nullptr);
+}
+
+TEST(PacketView, TrustsABarePointer) {
+    const PacketView packet(kBytes);
+    EXPECT_TRUE(packet);
+    EXPECT_EQ(packet.Field(2, 2), kBytes + 2);
+}
+
+}  // namespace
+}  // namespace corvex
