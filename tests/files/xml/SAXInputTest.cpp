@@ -1,0 +1,173 @@
+#include <gtest/gtest.h>
+
+#include "files/xml/SAXInput.h"
+#include "tests/files/xml/SAXRecorder.h"
+#include "tests/files/xml/TempFolder.h"
+
+namespace corvex {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(SAXInput, TakesWideInputInBothByteOrders) {
+    const Events expected{"<a b=[1]", "text0 x", "/a"};
+    const std::string text = "<a b='1'>x</a>";
+    EXPECT_EQ(EventsOf(Widened(text)), expected);
+    EXPECT_EQ(EventsOf(Widened(text, true)), expected);
+    EXPECT_EQ(EventsOf("\xFF\xFE" + Widened(text)), expected);
+    EXPECT_EQ(EventsOf("\xFE\xFF" + Widened(text, true)), expected);
+}
+
+TEST(SAXInput, KeepsWideCharactersWhole) {
+    EXPECT_EQ(EventsOf("\xFF\xFE<\0a\0>\0\xE9\0\x00\x04\xB0\xFF"s), (Events{"<a", "text0 \\u00E9\\u0400\\uFFB0"}));
+    EXPECT_EQ(EventsOf("\xFE\xFF\0<\0a\0>\0\xE9\x04\x00\xFF\xB0"s), (Events{"<a", "text0 \\u00E9\\u0400\\uFFB0"}));
+}
+
+TEST(SAXInput, LetsAMarkedDocumentBeginWithAnything) {
+    EXPECT_EQ(EventsOf("\xFF\xFE"), Events{});
+    EXPECT_EQ(EventsOf("\xFF\xFE" + Widened(" \r\n<a/>")), (Events{"<a", "/a"}));
+    EXPECT_EQ(EventsOf("\xFE\xFF" + Widened("x", true)), (Events{"text0 x"}));
+}
+
+TEST(SAXInput, ReadsAnOddLastByteAsACharacterWithAZero) {
+    EXPECT_EQ(EventsOf(Widened("<a>") + "x"), (Events{"<a", "text0 x"}));
+    EXPECT_EQ(EventsOf(Widened("<a>", true) + "x"), (Events{"<a", "text0 \\u7800"}));
+    for (const std::size_t pad : {2038U, 2039U, 2040U, 2041U, 2042U, 2043U}) {
+        const std::string narrow = "<a>" + std::string(pad, 'x');
+        const Events events = EventsOf(Widened(narrow).substr(0, narrow.size() * 2 - 1));
+        EXPECT_EQ(events, (Events{"<a", "text0 " + std::string(pad, 'x')})) << pad;
+    }
+}
+
+// The rest of a block is dropped behind a zero; the next block is read on.
+TEST(SAXInput, DropsTheRestOfABlockBehindAZero) {
+    std::string text = "<a>x\0</a><lost/>"s;
+    text.resize(2048, 'y');
+    EXPECT_EQ(EventsOf(text + "z</a>"), (Events{"<a", "text0 xz", "/a"}));
+}
+
+TEST(SAXInput, DropsTheRestOfAWideBlockBehindAZeroUnit) {
+    for (const bool bigendian : {false, true}) {
+        std::string text = Widened("<a>x\0</a>"s, bigendian);
+        text.resize(2048, 'y');
+        EXPECT_EQ(EventsOf(text + Widened("z</a>", bigendian)), (Events{"<a", "text0 xz", "/a"}));
+    }
+}
+
+TEST(SAXInput, EndsAtABlockThatBeginsWithAZero) {
+    std::string text = "<a/>";
+    text.resize(2048, ' ');
+    EXPECT_EQ(EventsOf(text + "\0<b/>"s), (Events{"<a", "/a"}));
+    EXPECT_EQ(EventsOf(text + "<b/>"), (Events{"<a", "/a", "<b", "/b"}));
+    SAXRecorder recorder;
+    text.back() = '<';
+    EXPECT_EQ(recorder.Parse(text + "\0<b/>"s), SAXParser::kSyntaxError);
+    EXPECT_EQ(recorder.message, "Unexpected EOF while parsing XML file");
+}
+
+TEST(SAXInput, JoinsTokensAcrossBlocks) {
+    const std::string tag = "<abc def='ghi&amp;jkl'>mno&#x41;pq<!-- r --><![CDATA[st]]></abc>";
+    const Events expected{"<abc def=[ghi&jkl]", "text0 mnoApq", "cdata", "data0 st", "endcdata", "/abc"};
+    for (std::size_t pad = 2048 - tag.size(); pad <= 2048; ++pad) {
+        const std::string text = "<?" + std::string(pad, 'p') + ">" + tag;
+        EXPECT_EQ(EventsOf(text), expected) << pad;
+        EXPECT_EQ(EventsOf(Widened(text)), expected) << pad;
+    }
+}
+
+TEST(SAXInput, TellsThePlaceOfEachEvent) {
+    SAXRecorder recorder;
+    recorder.line = 77;
+    recorder.column = 88;
+    EXPECT_EQ(recorder.Parse("<a b='1'>\r\n  <b\n>x\ty</b>\r\r\n<c/>\n\n</a\n>"), 0);
+    EXPECT_EQ(recorder.events,
+              (Events{"document", "<a b=[1]", "<b", "text0 x\\u0009y", "/b", "<c", "/c", "/a", "end"}));
+    // The character behind an end tag's name is already read when the receiver hears of it.
+    EXPECT_EQ(recorder.places, (Events{"1:0", "1:9", "3:1", "3:5", "3:8", "4:4", "4:4", "7:0", "7:1"}));
+}
+
+TEST(SAXInput, TellsTheSamePlacesForWideInput) {
+    const std::string text = "<a b='1&lt;2\n3'>\r\n  <b\n>x\n\ty</b><!--\n\n - --><c/><![CDATA[\n\n]]>\n\n</a\n>";
+    SAXRecorder narrow, wide, big;
+    EXPECT_EQ(narrow.Parse(text), 0);
+    EXPECT_EQ(wide.Parse("\xFF\xFE" + Widened(text)), 0);
+    EXPECT_EQ(big.Parse(Widened(text, true)), 0);
+    EXPECT_EQ(narrow.events, wide.events);
+    EXPECT_EQ(narrow.places, wide.places);
+    EXPECT_EQ(narrow.places, big.places);
+}
+
+TEST(SAXInput, ReadsAFileAndNamesItDuringTheParse) {
+    const TempFolder folder;
+    const std::string path = folder.Write("a.adx", "<a>\r\n" + std::string(50000, 'x') + "</a>\r\n");
+    SAXRecorder recorder;
+    SAXParser parser;
+    parser.SetCallback(&recorder);
+    EXPECT_EQ(parser.ParseFile(path.c_str()), 0);
+    EXPECT_EQ(recorder.file, path);
+    EXPECT_STREQ(recorder.filename, "");
+    EXPECT_EQ(recorder.events.size(), 1 + 1 + 25 + 1 + 1U);
+    EXPECT_EQ(recorder.places.back(), "3:0");
+}
+
+TEST(SAXInput, ReadsAFileAsItReadsMemory) {
+    const TempFolder folder;
+    std::string text = "<a>";
+    for (int i = 0; i < 3000; ++i)
+        text += "<b c='" + std::to_string(i) + "'>" + std::to_string(i * i) + "</b>\n";
+    text[9000] = '\0';
+    const std::string path = folder.Write("b.adx", text);
+    SAXRecorder file, memory;
+    SAXParser parser;
+    parser.SetCallback(&file);
+    const std::int32_t result = parser.ParseFile(path.c_str());
+    EXPECT_EQ(memory.Parse(text), result);
+    EXPECT_EQ(memory.events, file.events);
+    EXPECT_EQ(memory.places, file.places);
+}
+
+TEST(SAXInput, ClosesTheFileInEveryCase) {
+    const TempFolder folder;
+    for (const char* text : {"<a/>", "<1/>", "<refused/>", "nothing"}) {
+        const std::string path = folder.Write("c.adx", text);
+        SAXRecorder recorder;
+        recorder.refuse = "<refused";
+        SAXParser parser;
+        parser.SetCallback(&recorder);
+        EXPECT_EQ(parser.ParseFile(path.c_str()) == 0, text == "<a/>"s);
+        // An open file is not removed on Windows.
+        EXPECT_TRUE(std::filesystem::remove(path)) << text;
+    }
+}
+
+TEST(SAXInput, TellsAFileThatDoesNotOpen) {
+    const TempFolder folder;
+    SAXRecorder recorder;
+    SAXParser parser;
+    parser.SetCallback(&recorder);
+    EXPECT_EQ(parser.ParseFile(folder.Path("missing.adx").c_str()), static_cast<std::int32_t>(0x861B0001));
+    EXPECT_EQ(recorder.errorcode, static_cast<std::int32_t>(0x861B0001));
+    EXPECT_EQ(recorder.message, "Error opening file");
+    EXPECT_EQ(recorder.events, Events{"error"});
+}
+
+TEST(SAXInput, TellsAFolderAsAFileThatDoesNotOpen) {
+    const TempFolder folder;
+    SAXRecorder recorder;
+    SAXParser parser;
+    parser.SetCallback(&recorder);
+    EXPECT_EQ(parser.ParseFile(folder.Path("").c_str()), SAXParser::kOpenError);
+    EXPECT_EQ(recorder.message, "Error opening file");
+}
+
+TEST(SAXInput, RefusesAnEmptyFile) {
+    const TempFolder folder;
+    SAXRecorder recorder;
+    SAXParser parser;
+    parser.SetCallback(&recorder);
+    EXPECT_EQ(parser.ParseFile(folder.Write("empty.adx", "").c_str()), SAXParser::kSyntaxError);
+    EXPECT_EQ(recorder.message, "Unrecognized encoding (parser does not support UTF-8 language encodings)");
+}
+
+}  // namespace
+}  // namespace corvex
