@@ -52,32 +52,32 @@ public:
 
     std::string Number() {
         std::string text = std::to_string(Below(Below(2) == 0 ? 10 : 100000));
-        if (Below(2) == 0) text += "." + std::to_string(Below(10000));
+        if (Below(2) == 0) {
+            text += '.';
+            text += std::to_string(Below(10000));
+        }
         return text;
     }
 
     std::string Operand() {
-        const std::string letter(1, "XYZABxyznaif"[Below(12)]);
-        switch (Below(16)) {
-            case 0:
-                return "-" + letter;
-            case 1:
-                return Number() + letter;
-            case 2:
-                return "-" + Number();
-            case 3:
-            case 4:
-            case 5:
-                return Number();
-            default:
-                return letter;
-        }
+        const char letter = "XYZABxyznaif"[Below(12)];
+        const std::size_t kind = Below(16);
+        std::string text;
+        if (kind == 0 || kind == 2) text += '-';
+        if (kind >= 1 && kind <= 5) text += Number();
+        if (kind <= 1 || kind > 5) text += letter;
+        return text;
     }
 
     std::string Expression(int depth) {
         if (depth == 0) return Operand();
-        std::string text = Expression(depth - 1) + "#*/%-+^&|<>"[Below(11)] + Expression(static_cast<int>(Below(2)));
-        if (Below(3) == 0) text = "(" + text + ")";
+        std::string text = Expression(depth - 1);
+        text += "#*/%-+^&|<>"[Below(11)];
+        text += Expression(static_cast<int>(Below(2)));
+        if (Below(3) == 0) {
+            text.insert(text.begin(), '(');
+            text += ')';
+        }
         if (Below(8) == 0) text.insert(Below(text.size()), " ");
         return text;
     }
@@ -126,7 +126,8 @@ TEST(EvaluatorDifferential, AgreesAroundTheEndOfTheText) {
     for (int i = 0; i < 60000; ++i) {
         std::string equation;
         while (equation.size() < source.Below(150)) {
-            equation += source.Operand() + (source.Below(5) == 0 ? " " : std::string(1, "+-*<"[source.Below(4)]));
+            equation += source.Operand();
+            equation += " +-*<"[source.Below(5)];
         }
         equation += source.Operand();
         std::vector<double> values = source.Values();
