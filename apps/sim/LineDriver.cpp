@@ -107,14 +107,17 @@ void LineDriver::Say(std::span<const std::uint8_t> bytes, std::int64_t start, do
 // Nothing to say: the slow stream goes on, or what is said on an idle line.
 void LineDriver::FillIdle(std::int64_t now) {
     if (!talk_.empty()) return;
-    if (builder_.HasStream() && !options_.silent) {
+    if (Streams()) {
         if (streamEnd_ > now) return;  // a packet that was withheld leaves its time empty
         std::vector<std::uint8_t> bits = EncodeStreamPacket(builder_.BuildStreamPacket(engineTime_));
         const double length = static_cast<double>(bits.size()) / kStreamBitsPerSecond;
         engineTime_ += length;
         const std::int64_t from = std::max({streamEnd_, heardEnd_, now - CountsOf(kLongestWait)});
         streamEnd_ = options_.pace ? from + CountsOf(length) : from;
-        if (!faults_.Pass(bits, stats_)) return;
+        if (!faults_.Pass(bits, stats_)) {
+            streamEnd_ = std::max(streamEnd_, now + CountsOf(kLongestWait));
+            return;
+        }
         ++stats_.streamPackets;
         Say(bits, from, 1.0 / kStreamBitsPerSecond);
     } else if (!idle_.IsMute() && now >= nextTalk_) {
@@ -163,7 +166,8 @@ void LineDriver::NoteReplyEnd(const Byte& byte) {
 
 std::int64_t LineDriver::NextMoment(std::int64_t now) const {
     std::int64_t next = now + CountsOf(kLongestWait);
-    if (!idle_.IsMute() && talk_.empty()) next = std::min(next, nextTalk_);
+    if (talk_.empty() && Streams()) next = std::min(next, std::max(streamEnd_, now));
+    if (talk_.empty() && !idle_.IsMute()) next = std::min(next, nextTalk_);
     if (!echo_.empty()) next = std::min(next, echo_.front().due);
     if (!talk_.empty()) next = std::min(next, talk_.front().due);
     // What is due and still here waits for a far end that is full.

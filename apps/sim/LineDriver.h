@@ -47,6 +47,7 @@ private:
     double SecondsOf(std::int64_t counts) const { return static_cast<double>(counts) / frequency_; }
     std::int64_t CountsOf(double seconds) const { return static_cast<std::int64_t>(seconds * frequency_ + 0.5); }
 
+    bool Streams() const { return builder_.HasStream() && !options_.silent; }
     bool Over(std::int64_t now);
     void Hear(std::int64_t now);
     void HearByte(std::uint8_t byte, std::int64_t now);

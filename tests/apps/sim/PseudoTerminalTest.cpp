@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+
+#include "platform/Clock.h"
+#include "platform/ConsoleStop.h"
+#include "platform/PseudoTerminal.h"
+#include "platform/SerialPlatform.h"
+
+namespace corvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+class PseudoTerminalTest : public testing::Test {
+protected:
+    PseudoTerminalTest() {
+        const auto number = SystemClock().Counter();
+        folder = fs::temp_directory_path() / ("corvex-terminal-" + std::to_string(number));
+        fs::create_directory(folder);
+        terminal = PseudoTerminal::Open(error);
+        link = (folder / "port").string();
+    }
+    ~PseudoTerminalTest() override { fs::remove_all(folder); }
+
+    std::string error, link;
+    fs::path folder;
+    std::unique_ptr<PseudoTerminal> terminal;
+};
+
+TEST_F(PseudoTerminalTest, CarriesAllBytesUnchangedBothWays) {
+    ASSERT_TRUE(terminal) << error;
+    const SerialHandle port = SystemSerial().Open(terminal->Name().c_str());
+    ASSERT_NE(port, kInvalidSerialHandle);
+    SystemSerial().SetTimeouts(port, {0, 0, 5000, 0, 1000});
+    std::string all(256, '\0'), there(256, '\0'), back(256, '\0');
+    for (std::size_t i = 0; i < all.size(); ++i)
+        all[i] = static_cast<char>(i);
+    EXPECT_EQ(SystemSerial().Write(port, all.data(), 256), 256U);
+    std::size_t got = 0;
+    while (got < there.size() && terminal->WaitForInput(SystemClock().Counter() + 5 * SystemClock().Frequency())) {
+        got += terminal->Read(there.data() + got, there.size() - got);
+    }
+    EXPECT_EQ(there, all);
+    EXPECT_EQ(terminal->Write(all.data(), 256), 256U);
+    EXPECT_EQ(SystemSerial().Read(port, back.data(), 256), 256U);
+    EXPECT_EQ(back, all);
+    SystemSerial().Close(port);
+}
+
+TEST_F(PseudoTerminalTest, TakesNoMoreThanTheFarEndHolds) {
+    ASSERT_TRUE(terminal) << error;
+    const std::string bytes(1U << 16, 'x');
+    std::size_t taken = 0;
+    for (int i = 0; i < 16; ++i)
+        taken += terminal->Write(bytes.data(), bytes.size());
+    EXPECT_GT(taken, 1000U);
+    EXPECT_LT(taken, bytes.size() * 16);
+    EXPECT_EQ(terminal->Write(bytes.data(), bytes.size()), 0U);
+}
+
+TEST_F(PseudoTerminalTest, WaitsForNothingUntilTheMoment) {
+    ASSERT_TRUE(terminal) << error;
+    const std::int64_t until = SystemClock().Counter() + SystemClock().Frequency() / 100;
+    EXPECT_FALSE(terminal->WaitForInput(until));
+    EXPECT_GE(SystemClock().Counter(), until);
+}
+
+TEST_F(PseudoTerminalTest, ReplacesALinkAndRemovesItAtTheEnd) {
+    ASSERT_TRUE(terminal) << error;
+    fs::create_symlink("/nowhere", link);
+    ASSERT_TRUE(terminal->Link(link, error)) << error;
+    EXPECT_EQ(fs::read_symlink(link), terminal->Name());
+    terminal.reset();
+    EXPECT_FALSE(fs::is_symlink(fs::symlink_status(link)));
+    EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST_F(PseudoTerminalTest, LeavesALinkThatAnotherHasTakenOver) {
+    ASSERT_TRUE(terminal->Link(link, error)) << error;
+    fs::remove(link);
+    fs::create_symlink("/elsewhere", link);
+    terminal.reset();
+    EXPECT_EQ(fs::read_symlink(link), "/elsewhere");
+}
+
+TEST_F(PseudoTerminalTest, RefusesToReplaceAFile) {
+    std::ofstream(link) << "precious";
+    EXPECT_FALSE(terminal->Link(link, error));
+    EXPECT_EQ(error, link + " exists and is not a link");
+    EXPECT_TRUE(fs::is_regular_file(link));
+    EXPECT_FALSE(terminal->Link((folder / "no" / "such").string(), error));
+}
+
+TEST_F(PseudoTerminalTest, IsGoneWhenUnplugged) {
+    ASSERT_TRUE(terminal->Link(link, error)) << error;
+    const std::string name = terminal->Name();
+    terminal->Unplug();
+    EXPECT_FALSE(fs::is_symlink(fs::symlink_status(link)));
+    EXPECT_EQ(SystemSerial().Open(name.c_str()), kInvalidSerialHandle);
+    char byte = 0;
+    EXPECT_EQ(terminal->Read(&byte, 1), 0U);
+    EXPECT_EQ(terminal->Write(&byte, 1), 0U);
+}
+
+TEST(ConsoleStop, TellsOfASignalOnceAndOutsideTheHandler) {
+    std::atomic<int> calls{0};
+    {
+        const ConsoleStop stop([&calls] { ++calls; });
+        EXPECT_FALSE(stop.Requested());
+        std::raise(SIGTERM);
+        const std::int64_t deadline = SystemClock().Counter() + 20 * SystemClock().Frequency();
+        while (calls == 0 && SystemClock().Counter() < deadline) {
+        }
+        EXPECT_TRUE(stop.Requested());
+    }
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(ConsoleStop, PutsTheHandlingBack) {
+    const auto before = std::signal(SIGINT, SIG_IGN);
+    { const ConsoleStop stop; }
+    EXPECT_EQ(std::signal(SIGINT, before), SIG_IGN);
+}
+
+TEST(ConsoleStopDeathTest, LetsASecondRequestEndTheProgram) {
+    EXPECT_EXIT(
+        {
+            const ConsoleStop stop;
+            std::raise(SIGINT);
+            std::raise(SIGINT);
+        },
+        testing::KilledBySignal(SIGINT), "");
+}
+
+}  // namespace
+}  // namespace corvex

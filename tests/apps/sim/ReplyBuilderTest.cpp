@@ -1,0 +1,311 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <numeric>
+
+#include "apps/sim/FieldWriter.h"
+#include "apps/sim/RawCurve.h"
+#include "apps/sim/ReplyBuilder.h"
+#include "definition/ADXLookupTable.h"
+#include "tests/apps/sim/SimTestHelper.h"
+
+namespace corvex {
+namespace {
+
+using test::Bytes;
+
+struct Span {
+    double low = 1e300, high = -1e300;
+    void Add(double number) {
+        low = std::min(low, number);
+        high = std::max(high, number);
+    }
+};
+
+// What the field can make the value show at all.
+Span Reach(const ADXDefinition& definition, ADXValue& value, std::uint32_t options) {
+    const bool lowFirst = (value.flags & ADXValue::kLowByteFirst) != 0;
+    const double words = std::ldexp(1.0, static_cast<int>(FieldBytes(value.sizeinbits) * 8));
+    const double step = std::max(1.0, std::floor(words / 4096));
+    Span reach;
+    Bytes packet(value.packetoffset + 4U);
+    for (double word = 0; word < words; word += step) {
+        for (const double each : {word, words - 1 - word}) {
+            WriteField(packet.data() + value.packetoffset, static_cast<std::uint32_t>(each), value.sizeinbits,
+                       lowFirst);
+            reach.Add(value.Compute(definition, packet.data(), 0, options));
+        }
+    }
+    return reach;
+}
+
+std::uint32_t OptionsFor(const ADXValue& value) {
+    const bool texts = value.lookup != nullptr && value.lookup->GetOutputType() == ADXLookupTable::kText;
+    return texts ? kReadBeforeTable : 0U;
+}
+
+bool HasLinks(const ADXValue& value) {
+    ADXVar var;
+    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
+        if (var.type == 1) return true;
+    }
+    return false;
+}
+
+// Ten minutes of replies through the definition's own readers, one every 300 ms (a stream packet every 1.2 s).
+class Drive {
+public:
+    explicit Drive(ADXDefinition& definition, std::uint64_t seed = 1) : definition_(definition) {
+        const ReplyBuilder builder(definition, seed);
+        const double period = builder.HasStream() ? 1.2 : 0.3;
+        for (double time = 0; time < 600; time += period) {
+            std::size_t index = 0;
+            for (std::uint32_t n = 0; ADXObject* object = definition.GetObject(kTypeSendCommand, n); ++n) {
+                const auto& send = static_cast<const ADXCSendCommand&>(*object);
+                if (send.size() == 0) continue;
+                const Bytes reply = builder.Build(index++, time);
+                if ((send.flags & 1U) == 0) continue;
+                EXPECT_EQ(reply.size(), send.replysize);
+                Take({reply.data() + send.packetoffset, send.packetsize}, send.GetIdHash());
+            }
+            if (builder.HasStream()) {
+                const Bytes packet = builder.BuildStreamPacket(time);
+                const ADXObject* listen = definition.GetObject(kType160BaudListen, 0);
+                Take({packet.data(), static_cast<std::uint32_t>(packet.size())}, listen->GetIdHash());
+            }
+        }
+    }
+
+    void ExpectSweeps() {
+        for (std::uint32_t n = 0; ADXObject* object = definition_.GetObject(kTypeValue, n); ++n) {
+            auto& value = static_cast<ADXValue&>(*object);
+            if (!RawCurve::Applies(value) || HasLinks(value)) continue;
+            const Span reach = Reach(definition_, value, OptionsFor(value));
+            const double low = std::max<double>(reach.low, value.rangelow);
+            const double high = std::min<double>(reach.high, value.rangehigh);
+            const double slack = 0.01 * (high - low) + Resolution(value, reach);
+            EXPECT_LE(seen[&value].low, low + slack) << value.Id();
+            EXPECT_GE(seen[&value].high, high - slack) << value.Id();
+        }
+    }
+
+    void ExpectToggles() {
+        for (std::uint32_t n = 0; const ADXObject* object = definition_.GetObject(kTypeBitmask, n); ++n) {
+            EXPECT_GT(set[object], 0) << object->Id() << " is never set";
+            EXPECT_GT(clear[object], 0) << object->Id() << " is never clear";
+        }
+    }
+
+    std::map<const ADXObject*, Span> seen;
+    std::map<const ADXObject*, int> set, clear;
+
+private:
+    static double Resolution(const ADXValue& value, const Span& reach) {
+        const double words = std::ldexp(1.0, static_cast<int>(FieldBytes(value.sizeinbits) * 8));
+        return (reach.high - reach.low) / (words - 1);
+    }
+
+    void Take(PacketView packet, std::uint32_t command) {
+        definition_.UpdateValues(packet, command);
+        for (std::uint32_t n = 0; ADXObject* object = definition_.GetObject(kTypeValue, n); ++n) {
+            auto& value = static_cast<ADXValue&>(*object);
+            if (value.parentcmdidhash != 0 && value.parentcmdidhash != command) continue;
+            seen[&value].Add(value.Compute(definition_, nullptr, 0, OptionsFor(value)));
+        }
+        for (std::uint32_t n = 0; ADXObject* object = definition_.GetObject(kTypeBitmask, n); ++n) {
+            auto& bit = static_cast<ADXBitmask&>(*object);
+            if (bit.parentcmdidhash != 0 && bit.parentcmdidhash != command) continue;
+            ++(bit.IsSet(definition_, nullptr) != 0 ? set : clear)[&bit];
+        }
+    }
+
+    ADXDefinition& definition_;
+};
+
+class ReplyBuilderOnExample : public testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override {
+        char error[ADXDefinition::kErrorSize] = "";
+        ASSERT_EQ(definition.Load(test::ExamplePath(GetParam()).c_str(), error), 1) << error;
+    }
+    ADXDefinition definition;
+};
+
+TEST_P(ReplyBuilderOnExample, SweepsEveryValueAndTogglesEveryFlagInTenMinutes) {
+    Drive drive(definition);
+    EXPECT_GT(drive.seen.size(), 10U);
+    drive.ExpectSweeps();
+    drive.ExpectToggles();
+}
+
+INSTANTIATE_TEST_SUITE_P(Examples, ReplyBuilderOnExample,
+                         testing::Values("harrier-8192.adx", "merlin-160.adx", "osprey-multi.adx"),
+                         [](const auto& info) { return std::string(info.param, std::strcspn(info.param, "-")); });
+
+TEST(ReplyBuilder, SweepsEveryWidthOrderAndSign) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {1}, 40);
+    std::uint32_t offset = 0;
+    for (const std::uint32_t bits : {8U, 12U, 16U, 24U, 32U}) {
+        for (const std::uint32_t flags : {0U, 1U, 2U, 3U}) {
+            if (bits == 24 && (flags & 1U) != 0) continue;  // reads 0.0 whatever comes
+            const std::string id = "V" + std::to_string(bits) + "F" + std::to_string(flags);
+            auto& value = test::AddValue(definition, id.c_str(), offset, bits);
+            value.flags = flags;
+            value.rangelow = (flags & 1U) != 0 ? -100.0F : 20.0F;
+            value.rangehigh = 110.0F;
+            offset += FieldBytes(bits);
+        }
+    }
+    auto& send = static_cast<ADXCSendCommand&>(*definition.GetObject(kTypeSendCommand, 0));
+    send.replysize = send.packetsize = offset;
+    Drive drive(definition);
+    drive.ExpectSweeps();
+    // And not beyond: the words run over the display range only.
+    for (const auto& [value, span] : drive.seen)
+        EXPECT_LE(span.high, 111.0) << value->Id();
+}
+
+TEST(ReplyBuilder, RunsOverTheWholeFieldWhereTheEquationTurns) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {1}, 2);
+    auto& value = test::AddValue(definition, "PARABOLA", 0, 8, "(X-128)#2");
+    auto& nothing = test::AddValue(definition, "FAROFF", 1, 8);
+    value.rangehigh = 100;
+    nothing.rangelow = 1000;
+    nothing.rangehigh = 2000;
+    const Drive drive(definition);
+    EXPECT_EQ(drive.seen.at(&value).low, 0);
+    EXPECT_EQ(drive.seen.at(&value).high, 128 * 128);
+    EXPECT_EQ(drive.seen.at(&nothing).low, 0);
+    EXPECT_EQ(drive.seen.at(&nothing).high, 255);
+}
+
+TEST(ReplyBuilder, FollowsAReciprocal) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {1}, 2);
+    auto& value = test::AddValue(definition, "PERIOD", 0, 16, "1000000/X");
+    value.rangelow = 400;
+    value.rangehigh = 7000;
+    Drive drive(definition);
+    EXPECT_NEAR(drive.seen.at(&value).low, 400, 60);
+    EXPECT_NEAR(drive.seen.at(&value).high, 7000, 60);
+}
+
+TEST(ReplyBuilder, GivesOverlappingValuesTheirTurns) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {1}, 3);
+    test::AddValue(definition, "WORD", 0, 16).rangehigh = 65535;
+    test::AddValue(definition, "HIGHBYTE", 0, 8);
+    test::AddValue(definition, "LOWBYTE", 1, 8);
+    test::AddValue(definition, "NEXT", 1, 16).rangehigh = 65535;
+    Drive drive(definition);
+    drive.ExpectSweeps();
+}
+
+TEST(ReplyBuilder, MovesTwoValuesOfOneFieldOverBothRanges) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {1}, 1);
+    test::AddValue(definition, "LOWER", 0, 8).rangehigh = 100;
+    test::AddValue(definition, "UPPER", 0, 8).rangelow = 90;
+    Drive drive(definition);
+    drive.ExpectSweeps();
+}
+
+TEST(ReplyBuilder, TogglesSelectorsExclusivesAndFlagsOverValues) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {1}, 8);
+    for (std::uint32_t setting = 0; setting < 4; ++setting) {
+        test::AddBit(definition, ("GEAR" + std::to_string(setting)).c_str(), 0, 3, setting);
+    }
+    test::AddBit(definition, "OTHER", 0, 4, 4);
+    test::AddBit(definition, "NOTSET", 0, 8, 0);
+    auto& exclusive = test::AddBit(definition, "EXCLUSIVE", 1, 0x55, 0xFF);
+    exclusive.bitop = ADXBitmask::kXor;
+    auto& wide = test::AddBit(definition, "WIDE", 2, 0x0102, 0x0002);
+    wide.sizeinbits = 16;
+    auto& little = test::AddBit(definition, "LITTLE", 4, 0x8000, 0x8000);
+    little.sizeinbits = 16;
+    little.flags = ADXBitmask::kLowByteFirst;
+    test::AddValue(definition, "HELD", 6, 8).rangehigh = 40;
+    test::AddBit(definition, "TOPBIT", 6, 0x80, 0x80);
+    Drive drive(definition);
+    drive.ExpectToggles();
+    drive.ExpectSweeps();
+}
+
+TEST(ReplyBuilder, LeavesMasksThatCannotToggleAlone) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {1}, 1);
+    test::AddBit(definition, "ALWAYS", 0, 0, 0);
+    test::AddBit(definition, "NEVER", 0, 1, 2);
+    const ReplyBuilder builder(definition, 1);
+    for (double time = 0; time < 60; time += 1)
+        EXPECT_EQ(builder.Build(0, time), Bytes{0});
+}
+
+TEST(ReplyBuilder, MakesHeaderAndChecksumAroundThePacket) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {0xE4, 0x57, 0x01, 0x00, 0xC4}, 63, 3, 59);
+    test::AddValue(definition, "V", 0, 8);
+    const ReplyBuilder builder(definition, 1);
+    for (double time = 0; time < 30; time += 1) {
+        const Bytes reply = builder.Build(0, time);
+        ASSERT_EQ(reply.size(), 63U);
+        EXPECT_EQ(reply[0], 0xE4);
+        EXPECT_EQ(reply[1], 0x52 + 63);
+        EXPECT_EQ(reply[2], 0x01);
+        EXPECT_EQ(std::accumulate(reply.begin(), reply.end(), 0U) & 0xFFU, 0U);
+    }
+}
+
+TEST(ReplyBuilder, KeepsFieldsOutsideTheReplyAway) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {1}, 4, 2, 2);
+    test::AddValue(definition, "ACROSS", 1, 16);
+    test::AddValue(definition, "FAR", 0xFFFFFFFF, 32);
+    test::AddBit(definition, "FARBIT", 0xFFFFFFFE, 1, 1);
+    test::AddSend(definition, "SHORT", {2}, 4, 9, 2);
+    const ReplyBuilder builder(definition, 1);
+    EXPECT_EQ(builder.Build(0, 20), (Bytes{1, 0x56, 0, 0}));
+    EXPECT_EQ(builder.Build(1, 20).size(), 4U);
+}
+
+TEST(ReplyBuilder, RepeatsForASeedAndDiffersForAnother) {
+    ADXDefinition definition;
+    ASSERT_EQ(definition.Load(test::ExamplePath("harrier-8192.adx").c_str()), 1);
+    const ReplyBuilder first(definition, 7), again(definition, 7), other(definition, 8);
+    int different = 0;
+    for (double time = 0; time < 60; time += 0.7) {
+        EXPECT_EQ(first.Build(0, time), again.Build(0, time));
+        different += first.Build(0, time) != other.Build(0, time) ? 1 : 0;
+    }
+    EXPECT_GT(different, 50);
+}
+
+TEST(ReplyBuilder, LeavesTheDefinitionAsItIs) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {1}, 1);
+    auto& value = test::AddValue(definition, "V", 0, 8);
+    const std::uint8_t byte = 77;
+    definition.UpdateValues(PacketView(&byte, 1), definition.GetObject(kTypeSendCommand, 0)->GetIdHash());
+    const ReplyBuilder builder(definition, 1);
+    builder.Build(0, 30);
+    EXPECT_EQ(value.Compute(definition, nullptr), 77);
+}
+
+TEST(ReplyBuilder, LeavesOutCommandsWithoutBytesAndWithoutReply) {
+    ADXDefinition definition;
+    test::AddSend(definition, "LISTEN", {}, 10);
+    test::AddSend(definition, "MUTE", {8, 9}, 4).flags = 0;
+    test::AddSend(definition, "NOTHING", {8, 10}, 0);
+    const ReplyBuilder builder(definition, 1);
+    ASSERT_EQ(builder.Commands().size(), 2U);
+    EXPECT_FALSE(builder.Commands()[0].answered);
+    EXPECT_FALSE(builder.Commands()[1].answered);
+    EXPECT_FALSE(builder.HasStream());
+}
+
+}  // namespace
+}  // namespace corvex

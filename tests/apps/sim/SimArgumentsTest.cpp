@@ -1,0 +1,66 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "apps/sim/SimArguments.h"
+
+namespace corvex {
+namespace {
+
+struct Outcome {
+    bool run = false;
+    int exitCode = -1;
+    SimArguments arguments;
+};
+
+Outcome Parse(std::vector<const char*> words) {
+    words.insert(words.begin(), "corvex-sim");
+    Outcome outcome;
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    outcome.run = ParseArguments(static_cast<int>(words.size()), words.data(), outcome.arguments, outcome.exitCode);
+    testing::internal::GetCapturedStdout();
+    testing::internal::GetCapturedStderr();
+    return outcome;
+}
+
+TEST(SimArguments, TakeAllFaultsTogether) {
+    const Outcome outcome = Parse({"x.adx", "--pace", "--echo", "--seed", "5", "--drop", "0.1", "--noise", "0.2",
+                                   "--late", "30", "--chatter", "--silent", "--unplug-after", "2.5", "--seconds", "9"});
+    ASSERT_TRUE(outcome.run);
+    const SimOptions& options = outcome.arguments.options;
+    EXPECT_EQ(outcome.arguments.definition, "x.adx");
+    EXPECT_TRUE(options.pace && options.echo && options.chatter && options.silent);
+    EXPECT_EQ(options.seed, 5U);
+    EXPECT_EQ(options.drop, 0.1);
+    EXPECT_EQ(options.noise, 0.2);
+    EXPECT_EQ(options.late, 30U);
+    EXPECT_EQ(options.unplugAfter, 2.5);
+    EXPECT_EQ(options.seconds, 9.0);
+}
+
+TEST(SimArguments, EndWithZeroOnHelpAndVersion) {
+    for (const char* word : {"--help", "--version"}) {
+        const Outcome outcome = Parse({word});
+        EXPECT_FALSE(outcome.run);
+        EXPECT_EQ(outcome.exitCode, 0);
+    }
+}
+
+TEST(SimArguments, EndWithTwoOnWrongUsage) {
+    const std::vector<std::vector<const char*>> cases{{},
+                                                      {"x.adx", "--drop", "1.5"},
+                                                      {"x.adx", "--noise", "-1"},
+                                                      {"x.adx", "--nonsense"},
+                                                      {"x.adx", "--late", "soon"},
+                                                      {"x.adx", "y.adx"},
+                                                      {"x.adx", "--port", "COM1", "--link", "/tmp/x"}};
+    for (const auto& words : cases) {
+        const Outcome outcome = Parse(words);
+        EXPECT_FALSE(outcome.run);
+        EXPECT_EQ(outcome.exitCode, 2);
+    }
+}
+
+}  // namespace
+}  // namespace corvex
