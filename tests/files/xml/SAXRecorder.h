@@ -25,22 +25,28 @@ public:
     std::int32_t EndDocument() override { return Note("end"); }
     std::int32_t StartElement(const char16_t* name, std::uint32_t length, const SAXAttribute* attributes,
                               std::uint32_t count) override {
-        std::string text = "<" + Text(name, length);
+        std::string text = "<";
+        text += Text(name, length);
         for (std::uint32_t i = 0; i < count; ++i) {
-            text += " " + Text(attributes[i].name, attributes[i].nameLength) + "=[" +
-                    Text(attributes[i].value, attributes[i].valueLength) + "]";
+            text += ' ';
+            text += Text(attributes[i].name, attributes[i].nameLength);
+            text += "=[";
+            text += Text(attributes[i].value, attributes[i].valueLength);
+            text += ']';
         }
         return Note(text);
     }
     std::int32_t Characters(const char16_t* text, std::uint32_t length, std::int32_t more) override {
-        return Note("text" + std::to_string(more) + " " + Text(text, length));
+        return NotePiece("text", text, length, more);
     }
     std::int32_t EndElement(const char16_t* name, std::uint32_t length) override {
-        return Note("/" + Text(name, length));
+        std::string event = "/";
+        event += Text(name, length);
+        return Note(event);
     }
     std::int32_t StartCDATA() override { return Note("cdata"); }
     std::int32_t CDATA(const char16_t* text, std::uint32_t length, std::int32_t more) override {
-        return Note("data" + std::to_string(more) + " " + Text(text, length));
+        return NotePiece("data", text, length, more);
     }
     std::int32_t EndCDATA() override { return Note("endcdata"); }
     std::int32_t Error(std::int32_t code, const char* what) override {
@@ -68,6 +74,13 @@ private:
             out += code;
         }
         return out;
+    }
+    std::int32_t NotePiece(const char* kind, const char16_t* text, std::uint32_t length, std::int32_t more) {
+        std::string event = kind;
+        event += std::to_string(more);
+        event += ' ';
+        event += Text(text, length);
+        return Note(event);
     }
     std::int32_t Note(const std::string& event) {
         events.push_back(event);
