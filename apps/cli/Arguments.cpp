@@ -1,0 +1,168 @@
+#include "apps/cli/Arguments.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <charconv>
+#include <ostream>
+
+#include "CorvexVersion.h"
+
+namespace corvex {
+
+namespace {
+
+constexpr double kLongestSeconds = 1e9;
+
+// An equation may begin with a minus sign, which would make it an option: whatever follows "eval" and is no request for
+// help is marked as plain text.
+void ProtectEquation(std::vector<std::string>& args) {
+    if (args.size() < 2 || args[0] != "eval") return;
+    const std::string& first = args[1];
+    if (first != "--help" && first != "-h" && first != "--") args.insert(args.begin() + 1, "--");
+}
+
+std::pair<char, double> ReadLetter(const std::string& text) {
+    const auto letter = static_cast<unsigned char>(text.empty() ? '\0' : text[0] | 0x20);
+    double number = 0.0;
+    const char* const end = text.data() + text.size();
+    const char* begin = text.data() + std::min<std::size_t>(2, text.size());
+    if (begin != end && *begin == '+') ++begin;
+    const auto [rest, error] = std::from_chars(begin, end, number);
+    if (letter < 'a' || letter > 'z' || text.size() < 3 || text[1] != '=' || error != std::errc() || rest != end)
+        throw CLI::ValidationError(text, "a letter is given as LETTER=NUMBER, like X=3.5");
+    return {text[0], number};
+}
+
+class ArgumentReader {
+public:
+    ArgumentReader() {
+        app_.set_version_flag("--version", "corvex-cli " CORVEX_VERSION);
+        app_.require_subcommand(1);
+        app_.footer("Exit codes: 0 success, 1 failure, 2 wrong usage. See corvex-cli COMMAND --help.");
+        AddCheck();
+        AddList();
+        AddHash();
+        AddEval();
+        AddConvert();
+        AddScan();
+    }
+
+    CLI::App& App() { return app_; }
+
+    Options Chosen() {
+        const std::string name = app_.get_subcommands().front()->get_name();
+        if (name == "check") return check_;
+        if (name == "list") return list_;
+        if (name == "hash") return hash_;
+        if (name == "convert") return convert_;
+        if (name == "scan") return scan_;
+        for (const std::string& text : letters_)
+            eval_.letters.push_back(ReadLetter(text));
+        return eval_;
+    }
+
+private:
+    void AddCheck() {
+        CLI::App& command = *app_.add_subcommand("check", "Load a definition and report what its author must know");
+        command.add_option("FILE", check_.file, "The definition (.adx)")->required();
+        command.add_flag("--json", check_.json, "Report as JSON");
+        command.add_flag("--strict", check_.strict, "Fail (exit 1) when there are errors or warnings");
+        command.footer("A definition that loads is a success, whatever is found in it; see --strict.");
+    }
+
+    void AddList() {
+        CLI::App& command = *app_.add_subcommand("list", "List commands, values, bitmasks, tables and views");
+        command.add_option("FILE", list_.file, "The definition (.adx)")->required();
+        command.add_flag("--json", list_.json, "List as JSON");
+    }
+
+    void AddHash() {
+        CLI::App& command = *app_.add_subcommand("hash", "Print the hash of each id text");
+        command.add_option("TEXT", hash_.texts, "An id; its first 15 characters count")->required();
+    }
+
+    void AddEval() {
+        CLI::App& command = *app_.add_subcommand("eval", "Evaluate an equation");
+        command.add_option("EQUATION", eval_.equation, "The equation; it may begin with a minus sign")->required();
+        command.add_option("LETTER", letters_, "Numbers for its letters; a letter not given is 0")
+            ->option_text("LETTER=NUMBER ...");
+        command.footer("Letters carry six decimals. # is the power, ^ the exclusive or.");
+    }
+
+    void AddConvert() {
+        CLI::App& command = *app_.add_subcommand("convert", "Load a definition and save it in the present form");
+        command.add_option("IN", convert_.input, "The definition to read (.adx)")->required();
+        command.add_option("OUT", convert_.output, "The definition to write; replaced only when all is written")
+            ->required();
+    }
+
+    void AddScan() {
+        CLI::App& command = *app_.add_subcommand("scan", "Run the scan of a definition and show its values");
+        command.add_option("--definition,-d", scan_.definition, "The definition (.adx)")->required();
+        CLI::Option* port = command.add_option("--port,-p", scan_.port, "The serial port, like COM1 or /dev/ttyUSB0");
+        command.add_option("--seconds", scan_.seconds, "Stop after so many seconds")
+            ->check(CLI::Range(0.001, kLongestSeconds));
+        command.add_flag("--once", scan_.once, "Stop when every polled command has answered once");
+        CLI::Option* plain = command.add_flag("--plain", scan_.plain, "One line for each reply, no live table");
+        command.add_flag("--json", scan_.json, "One JSON object in a line for each reply")->excludes(plain);
+        command.add_flag("--verbose,-v", scan_.verbose, "The text log on standard error");
+        CLI::Option* simulate = command.add_flag("--simulate", scan_.simulate, "A simulated engine in place of a port");
+        simulate->excludes(port);
+        AddFaults(command, *simulate);
+        command.footer(
+            "Without a terminal, lines as with --plain are written. Ctrl+C stops the scan and runs the disconnect "
+            "command.");
+        command.callback([this] {
+            if (!scan_.simulate && scan_.port.empty()) throw CLI::RequiredError("--port or --simulate");
+        });
+    }
+
+    void AddFaults(CLI::App& command, CLI::Option& simulate) {
+        const std::string group = "The simulated engine";
+        simulate.group(group);
+        const auto with = [&](CLI::Option* option) { option->needs(&simulate)->group(group); };
+        SimOptions& engine = scan_.engine;
+        const auto probability = CLI::Range(0.0, 1.0);
+        with(command.add_option("--seed", engine.seed, "Makes a run repeatable"));
+        with(command.add_flag("--pace,!--no-pace", engine.pace, "Bytes come at the definition's baud (default)"));
+        with(command.add_flag("--echo", engine.echo, "The line gives every byte back to its sender"));
+        with(command.add_option("--drop", engine.drop, "Probability that a reply does not come")->check(probability));
+        with(command.add_option("--noise", engine.noise, "Probability that one byte of a reply is changed or lost")
+                 ->check(probability));
+        with(command.add_option("--late", engine.late, "Milliseconds that each reply starts late")
+                 ->check(CLI::Range(0, 3600000)));
+        with(command.add_flag("--chatter", engine.chatter, "Other modules talk on the line between polls"));
+        with(command.add_flag("--silent", engine.silent, "The engine never says anything"));
+        with(command.add_option("--unplug-after", engine.unplugAfter, "Seconds until the device vanishes")
+                 ->check(CLI::Range(0.0, kLongestSeconds)));
+    }
+
+    CLI::App app_{"Reads, checks and runs definitions of engine controllers.", "corvex-cli"};
+    CheckOptions check_;
+    ListOptions list_;
+    HashOptions hash_;
+    EvalOptions eval_;
+    ConvertOptions convert_;
+    ScanOptions scan_;
+    std::vector<std::string> letters_;
+};
+
+}  // namespace
+
+std::variant<Options, ExitCode> ParseArguments(std::vector<std::string> args, std::ostream& out, std::ostream& err) {
+    ArgumentReader reader;
+    ProtectEquation(args);
+    std::reverse(args.begin(), args.end());  // as the parser takes a list
+    try {
+        reader.App().parse(args);
+        return reader.Chosen();
+    } catch (const CLI::Success& request) {
+        reader.App().exit(request, out, err);
+        return kExitSuccess;
+    } catch (const CLI::Error& error) {
+        err << "corvex-cli: " << error.what() << " (see corvex-cli --help)\n";
+        return kExitUsage;
+    }
+}
+
+}  // namespace corvex

@@ -1,0 +1,45 @@
+#include "apps/cli/Cli.h"
+
+#include <ostream>
+#include <utility>
+#include <variant>
+
+#include "apps/cli/Arguments.h"
+#include "apps/cli/CheckCommand.h"
+#include "apps/cli/ConvertCommand.h"
+#include "apps/cli/EvalCommand.h"
+#include "apps/cli/HashCommand.h"
+#include "apps/cli/ListCommand.h"
+#include "apps/cli/ScanCommand.h"
+
+namespace corvex {
+
+namespace {
+
+// One name for what each command has.
+struct CommandRunner {
+    std::ostream& out;
+    std::ostream& err;
+    ExitCode operator()(const CheckOptions& options) const { return RunCheck(options, out, err); }
+    ExitCode operator()(const ListOptions& options) const { return RunList(options, out, err); }
+    ExitCode operator()(const HashOptions& options) const { return RunHash(options, out, err); }
+    ExitCode operator()(const EvalOptions& options) const { return RunEval(options, out, err); }
+    ExitCode operator()(const ConvertOptions& options) const { return RunConvert(options, out, err); }
+    ExitCode operator()(const ScanOptions& options) const { return RunScan(options, out, err); }
+};
+
+}  // namespace
+
+ExitCode RunCli(std::vector<std::string> args, std::ostream& out, std::ostream& err) {
+    const auto parsed = ParseArguments(std::move(args), out, err);
+    if (const ExitCode* code = std::get_if<ExitCode>(&parsed)) return *code;
+    const ExitCode code = std::visit(CommandRunner{out, err}, std::get<Options>(parsed));
+    out.flush();
+    if (code == kExitSuccess && !out) {
+        err << "corvex-cli: the output cannot be written\n";
+        return kExitFailure;
+    }
+    return code;
+}
+
+}  // namespace corvex

@@ -1,0 +1,59 @@
+// What the arguments of each command ask for.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "apps/sim/SimOptions.h"
+
+namespace corvex {
+
+struct CheckOptions {
+    std::string file;
+    bool json = false;
+    bool strict = false;  // errors and warnings make the command fail
+};
+
+struct ListOptions {
+    std::string file;
+    bool json = false;
+};
+
+struct HashOptions {
+    std::vector<std::string> texts;
+};
+
+struct EvalOptions {
+    std::string equation;
+    std::vector<std::pair<char, double>> letters;
+};
+
+struct ConvertOptions {
+    std::string input, output;
+};
+
+// An engine that keeps the line's time unless told otherwise.
+inline SimOptions PacedEngine() {
+    SimOptions engine;
+    engine.pace = true;
+    return engine;
+}
+
+struct ScanOptions {
+    std::string port;
+    std::string definition;
+    double seconds = 0.0;  // 0: until stopped
+    bool once = false;
+    bool plain = false;
+    bool json = false;
+    bool verbose = false;
+    // The engine inside, in place of a port.
+    bool simulate = false;
+    SimOptions engine = PacedEngine();
+};
+
+using Options = std::variant<CheckOptions, ListOptions, HashOptions, EvalOptions, ConvertOptions, ScanOptions>;
+
+}  // namespace corvex

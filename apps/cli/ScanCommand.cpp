@@ -1,0 +1,11 @@
+#include "apps/cli/ScanCommand.h"
+
+#include "apps/cli/ScanRun.h"
+
+namespace corvex {
+
+ExitCode RunScan(const ScanOptions& options, std::ostream& out, std::ostream& err) {
+    return ScanRun(options, out, err).Run();
+}
+
+}  // namespace corvex

@@ -1,0 +1,142 @@
+#include "apps/cli/ScanRun.h"
+
+#include <chrono>
+#include <cstring>
+#include <ostream>
+#include <utility>
+
+#include "apps/cli/DefinitionFile.h"
+#include "apps/cli/ObjectNames.h"
+#include "apps/cli/PolledCommands.h"
+#include "apps/cli/TextFormat.h"
+#include "platform/ConsoleStop.h"
+#include "platform/Terminal.h"
+
+namespace corvex {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// A line that stays silent must not hold a script for ever.
+constexpr double kOnceSeconds = 10.0;
+constexpr auto kPatience = 50ms;
+
+double LimitOf(const ScanOptions& options) {
+    return options.seconds == 0.0 && options.once ? kOnceSeconds : options.seconds;
+}
+
+}  // namespace
+
+ScanRun::ScanRun(const ScanOptions& options, std::ostream& out, std::ostream& err)
+    : options_(options), out_(out), err_(err), limit_(LimitOf(options)), log_(err), session_(tap_.Calls()) {
+    tap_.Attach(session_);
+}
+
+bool ScanRun::Prepare() {
+    if (!LoadDefinition(session_.definition, options_.definition, err_)) return false;
+    port_ = options_.port;
+    if (options_.simulate) {
+        std::string error;
+        SimOptions engine = options_.engine;
+        // A definition that counts on an echo is meant for a line that has one.
+        engine.echo = engine.echo || (session_.definition.flags & 1) != 0;
+        port_ = simulator_.Start(session_.definition, engine, error);
+        if (port_.empty()) {
+            err_ << "corvex-cli: --simulate: " << error << '\n';
+            return false;
+        }
+    }
+    if (port_.size() >= AppSettings::kPathSize) {
+        err_ << "corvex-cli: the name of the port is too long\n";
+        return false;
+    }
+    std::memcpy(session_.settings.comport, port_.c_str(), port_.size() + 1);
+    if (options_.verbose) session_.debug.edit = &log_;
+    polled_ = PolledCommands(session_.definition);
+    diagnosis_ = LineDiagnosis((session_.definition.flags & 1) != 0);
+    view_ = MakeScanView(options_, session_.definition, port_, OutputIsTerminal(), out_);
+    return true;
+}
+
+ExitCode ScanRun::Run() {
+    if (!Prepare()) return kExitFailure;
+    {
+        const ConsoleStop stop([this] { queue_.Wake(); });
+        session_.ToggleScan();
+        Loop(stop);
+    }
+    simulator_.Stop();
+    log_.Finish();
+    const std::string why = WhyFailed();
+    std::string reason;
+    if (!tap_.PortRefused(reason)) view_->OnEnd(Moment());
+    view_.reset();
+    if (queue_.Dropped() != 0)
+        err_ << "corvex-cli: " << Counted(queue_.Dropped(), "reply") << " not shown: the output was too slow\n";
+    if (why.empty()) return kExitSuccess;
+    out_.flush();
+    err_ << "corvex-cli: " << port_ << ": " << why << '\n';
+    return kExitFailure;
+}
+
+// Ends when no thread of the session runs any more: after a stop, or when the scan has ended by itself.
+void ScanRun::Loop(const ConsoleStop& stop) {
+    bool stopping = false;
+    while (!session_.WaitForThreads(0ms)) {
+        Take(queue_.Take(kPatience));
+        if (!stopping && WantsStop(stop)) {
+            stopping = true;
+            session_.StartStopThread(kStopScan);
+        }
+        if (!stopping) view_->OnTick(Moment());
+    }
+    Take(queue_.Take(0ms));
+}
+
+void ScanRun::Take(std::vector<ReplyEvent> events) {
+    for (const ReplyEvent& event : events) {
+        diagnosis_.Add(event);
+        summary_.Add(event);
+        if (event.sampled) answered_.insert(event.command);
+        view_->OnReply(event);
+    }
+}
+
+bool ScanRun::WantsStop(const ConsoleStop& stop) const {
+    if (stop.Requested() || !tap_.PortLost().empty()) return true;
+    if (options_.once && EveryoneAnswered()) return true;
+    return limit_ > 0.0 && session_.timer.Elapsed() >= limit_;
+}
+
+bool ScanRun::EveryoneAnswered() const {
+    for (const ADXObject* command : polled_) {
+        if (!answered_.contains(command)) return false;
+    }
+    return !polled_.empty();
+}
+
+ScanMoment ScanRun::Moment() const {
+    return {session_.timer.Elapsed(), session_.connectionState.load(std::memory_order_relaxed), summary_, diagnosis_};
+}
+
+std::string ScanRun::WhyFailed() const {
+    std::string reason;
+    if (tap_.PortRefused(reason)) return reason.empty() ? "the port cannot be opened" : reason;
+    if (const std::string lost = tap_.PortLost(); !lost.empty()) return lost;
+    if (!diagnosis_.AnyGood()) {
+        if (polled_.empty()) return "the definition's scan asks for no replies";
+        return diagnosis_.WhyNoReply(session_.timer.Elapsed());
+    }
+    return options_.once && !EveryoneAnswered() ? WhoIsMissing() : std::string();
+}
+
+std::string ScanRun::WhoIsMissing() const {
+    for (const ADXObject* command : polled_) {
+        if (!answered_.contains(command))
+            return Printf("no good reply in %.1f s to the ", session_.timer.Elapsed()) + NameOf(*command);
+    }
+    return "the definition's scan asks for no replies";
+}
+
+}  // namespace corvex

@@ -1,0 +1,15 @@
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "apps/cli/Cli.h"
+
+int main(int argc, char** argv) {
+    try {
+        return corvex::RunCli(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc), std::cout, std::cerr);
+    } catch (const std::exception& error) {
+        std::cerr << "corvex-cli: " << error.what() << '\n';
+        return corvex::kExitFailure;
+    }
+}

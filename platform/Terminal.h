@@ -1,0 +1,35 @@
+// What the program's standard output is, when it is a terminal.
+#pragma once
+
+namespace corvex {
+
+// True when a person watches standard output; false for a file or a pipe, and for a terminal that calls itself dumb.
+bool OutputIsTerminal();
+
+// Columns and rows of that terminal at this moment; both 0 when they cannot be had.
+struct TerminalSize {
+    unsigned columns = 0, rows = 0;
+};
+TerminalSize OutputTerminalSize();
+
+// Makes the terminal obey escape sequences and take text as UTF-8 for the object's lifetime, where the system leaves
+// that to programs, and puts it back. Does nothing without a terminal. One at a time, main thread.
+class TerminalMode {
+public:
+    TerminalMode();
+    ~TerminalMode();
+    TerminalMode(const TerminalMode&) = delete;
+    TerminalMode& operator=(const TerminalMode&) = delete;
+
+    // Whether escape sequences will be obeyed.
+    bool Escapes() const { return escapes_; }
+
+private:
+    bool escapes_ = false;
+    // What there was before, where there is anything to put back.
+    [[maybe_unused]] bool changed_ = false;
+    [[maybe_unused]] unsigned long oldmode_ = 0;
+    [[maybe_unused]] unsigned oldcodepage_ = 0;
+};
+
+}  // namespace corvex

@@ -1,0 +1,42 @@
+#include "platform/Terminal.h"
+#include "platform/WindowsApi.h"
+
+namespace corvex {
+
+namespace {
+
+HANDLE Output() {
+    return GetStdHandle(STD_OUTPUT_HANDLE);
+}
+
+}  // namespace
+
+bool OutputIsTerminal() {
+    DWORD mode = 0;
+    return GetConsoleMode(Output(), &mode) != 0;
+}
+
+TerminalSize OutputTerminalSize() {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    if (GetConsoleScreenBufferInfo(Output(), &info) == 0) return {};
+    return {static_cast<unsigned>(info.srWindow.Right - info.srWindow.Left + 1),
+            static_cast<unsigned>(info.srWindow.Bottom - info.srWindow.Top + 1)};
+}
+
+TerminalMode::TerminalMode() {
+    DWORD mode = 0;
+    if (GetConsoleMode(Output(), &mode) == 0) return;
+    constexpr DWORD wanted = ENABLE_PROCESSED_OUTPUT | ENABLE_VIRTUAL_TERMINAL_PROCESSING;
+    oldmode_ = mode;
+    oldcodepage_ = GetConsoleOutputCP();
+    changed_ = SetConsoleMode(Output(), mode | wanted) != 0;
+    escapes_ = changed_;
+    SetConsoleOutputCP(CP_UTF8);
+}
+
+TerminalMode::~TerminalMode() {
+    if (oldcodepage_ != 0) SetConsoleOutputCP(oldcodepage_);
+    if (changed_) SetConsoleMode(Output(), oldmode_);
+}
+
+}  // namespace corvex
