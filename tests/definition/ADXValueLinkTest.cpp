@@ -1,6 +1,8 @@
 // Values that take their numbers from other values.
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "definition/ADXBitmask.h"
 #include "tests/support/DefinitionTestHelper.h"
 
@@ -80,9 +82,9 @@ TEST_F(ADXValueLink, CutsAChainThatIsTooLong) {
     // Each value adds one to the next; the last one reads 10.
     constexpr unsigned kChain = 40;
     for (unsigned i = 0; i < kChain; ++i) {
-        const std::string id = "V" + std::to_string(i);
+        const std::string id = std::to_string(i);
         auto* value = test::AddValue(definition, id.c_str(), "X+1");
-        const std::string next = "V" + std::to_string(i + 1);
+        const std::string next = std::to_string(i + 1);
         if (i + 1 < kChain) test::Link(*value, 'X', HashId(next.data(), static_cast<std::uint32_t>(next.size())));
     }
     // The value kLinkDepth links down can follow no further one, so its variable reads 0.0.
