@@ -2,8 +2,9 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <functional>
 #include <memory>
 #include <string>
@@ -51,10 +52,11 @@ std::uint32_t LoadWhole(const std::string& text) {
     return definition.GetCount();
 }
 
+// Of the processor, so that what else runs on the machine does not count.
 double Seconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
 double Median(std::vector<double> times) {

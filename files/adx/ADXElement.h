@@ -30,6 +30,7 @@ public:
 
     bool IsEmpty() const { return name_.View().empty(); }
     bool Is(std::string_view name) const { return SameName(name_.View(), name); }
+    bool BeginsWith(std::string_view prefix) const { return SameName(name_.View().substr(0, prefix.size()), prefix); }
 
     // The text inside, ended by a NUL, and what number it is.
     std::string_view Text() const { return text_.View(); }

@@ -102,6 +102,7 @@ void ADXParser::HandleElement() {
 
 // True when the element is the one that the state belongs to.
 bool ADXParser::EnterState() {
+    if (!element_.BeginsWith("ADX")) return false;  // spares most elements the walk
     if (element_.Is("ADXHEADER")) {
         state_ = kHeaderState;
         return true;

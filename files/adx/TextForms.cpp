@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstddef>
 #include <limits>
 #include <system_error>
 
@@ -15,9 +14,6 @@ bool IsSpace(char c) {
 }
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
-}
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
 // Drops leading blanks and one sign; true when it was a minus.
@@ -47,7 +43,7 @@ bool IsHuge(std::string_view number) {
 std::uint32_t HexText(std::string_view text) {
     std::uint32_t word = 0;
     for (const char c : text) {
-        const char lower = Lower(c);
+        const char lower = LowerCase(c);
         if (IsDigit(c)) {
             word = word << 4 | static_cast<std::uint32_t>(c - '0');
         } else if (lower >= 'a' && lower <= 'f') {
@@ -83,16 +79,6 @@ float DecimalFloat(std::string_view text) {
     constexpr double kLimit = std::numeric_limits<float>::max();
     if (std::abs(number) > kLimit) return std::copysign(std::numeric_limits<float>::infinity(), minus ? -1.0F : 1.0F);
     return static_cast<float>(number);
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
-char NarrowCharacter(char16_t c) {
-    const bool isByte = c <= 0xFF || c >= 0xFF80;
-    return isByte ? static_cast<char>(static_cast<unsigned char>(c & 0xFF)) : '?';
 }
 
 }  // namespace corvex

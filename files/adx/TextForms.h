@@ -1,6 +1,7 @@
 // How numbers and names stand in a definition file. Nothing here looks at the locale.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -19,11 +20,23 @@ std::uint32_t DecimalWord(std::string_view text);
 float DecimalFloat(std::string_view text);
 
 // Element and attribute names match without regard to case, in ASCII.
-bool SameName(std::string_view a, std::string_view b);
+constexpr char LowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+constexpr bool SameName(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (LowerCase(a[i]) != LowerCase(b[i])) return false;
+    }
+    return true;
+}
 
 // The byte that a character of the parser came from. A byte at or above 0x80 of a narrow file comes sign-extended and
 // gives its own byte back, so a narrow file keeps its bytes; any other character above 0xFF has no byte and becomes a
 // question mark.
-char NarrowCharacter(char16_t c);
+constexpr char NarrowCharacter(char16_t c) {
+    const bool isByte = c <= 0xFF || c >= 0xFF80;
+    return isByte ? static_cast<char>(static_cast<unsigned char>(c & 0xFF)) : '?';
+}
 
 }  // namespace corvex
