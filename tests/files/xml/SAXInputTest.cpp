@@ -58,6 +58,8 @@ TEST(SAXInput, EndsAtABlockThatBeginsWithAZero) {
     std::string text = "<a/>";
     text.resize(2048, ' ');
     EXPECT_EQ(EventsOf(text + "\0<b/>"s), (Events{"<a", "/a"}));
+    // Nothing behind it is looked at, not even a whole block further on.
+    EXPECT_EQ(EventsOf(text + std::string(2048, '\0') + "<b/>"), (Events{"<a", "/a"}));
     EXPECT_EQ(EventsOf(text + "<b/>"), (Events{"<a", "/a", "<b", "/b"}));
     SAXRecorder recorder;
     text.back() = '<';
