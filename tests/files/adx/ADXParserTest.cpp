@@ -178,6 +178,18 @@ TEST(ADXParser, AnErrorOfTheFileDoesNotStopTheParse) {
     EXPECT_EQ(Get<ADXListView>(definition, 1).GetEntry(0)->item, nullptr) << "links are left unresolved";
 }
 
+TEST(ADXParser, AnErrorBehindAGoodVersionLeavesLinksUnresolvedToo) {
+    ADXDefinition definition;
+    const ParseResult result = ParseText(
+        "<ADXFORMAT version='1'/><ADXFORMAT version='0.1'/><ADXHEADER><connectcmd>A</connectcmd></ADXHEADER>"
+        "<ADXCTRIGGER id='A'/>",
+        definition);
+    EXPECT_EQ(result.ok, 0);
+    EXPECT_EQ(result.error, "File version is out of date.");
+    EXPECT_EQ(definition.GetCount(), 1u);
+    EXPECT_EQ(definition.connectcmd, nullptr);
+}
+
 TEST(ADXParser, ALaterErrorReplacesTheText) {
     ADXDefinition definition;
     const ParseResult result = ParseText("<ADXFORMAT version='0.1'/><a b=c>", definition);
