@@ -150,7 +150,8 @@ TEST(ReplyBuilder, SweepsEveryWidthOrderAndSign) {
     for (const std::uint32_t bits : {8U, 12U, 16U, 24U, 32U}) {
         for (const std::uint32_t flags : {0U, 1U, 2U, 3U}) {
             if (bits == 24 && (flags & 1U) != 0) continue;  // reads 0.0 whatever comes
-            const std::string id = "V" + std::to_string(bits) + "F" + std::to_string(flags);
+            std::string id = std::to_string(bits);
+            id.append("F").append(std::to_string(flags));
             auto& value = test::AddValue(definition, id.c_str(), offset, bits);
             value.flags = flags;
             value.rangelow = (flags & 1U) != 0 ? -100.0F : 20.0F;
@@ -217,7 +218,7 @@ TEST(ReplyBuilder, TogglesSelectorsExclusivesAndFlagsOverValues) {
     ADXDefinition definition;
     test::AddSend(definition, "POLL", {1}, 8);
     for (std::uint32_t setting = 0; setting < 4; ++setting) {
-        test::AddBit(definition, ("GEAR" + std::to_string(setting)).c_str(), 0, 3, setting);
+        test::AddBit(definition, std::to_string(setting).c_str(), 0, 3, setting);
     }
     test::AddBit(definition, "OTHER", 0, 4, 4);
     test::AddBit(definition, "NOTSET", 0, 8, 0);
