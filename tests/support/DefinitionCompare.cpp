@@ -76,14 +76,17 @@ void Description::Link(const std::string& name, const ADXObject* target) {
 void Description::Bytes(const std::uint8_t* bytes, std::uint32_t size) {
     std::string text = std::to_string(size) + ":";
     for (std::uint32_t i = 0; i < size; ++i)
-        text += " " + std::to_string(bytes[i]);
+        text.append(1, ' ').append(std::to_string(bytes[i]));
     Text("bytestring", text);
 }
 
 void Description::Header() {
     where_ = "header: ";
+    // An unset text and an empty one are not the same.
     const auto optional = [](const OwnedText& text) {
-        return text.IsSet() ? "\"" + std::string(text.CStr()) + '"' : "";
+        std::string quoted;
+        if (text.IsSet()) quoted.append(1, '"').append(text.CStr()).append(1, '"');
+        return quoted;
     };
     Word("flags", definition_.flags);
     Word("baud", definition_.baud);
