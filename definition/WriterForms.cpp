@@ -34,8 +34,7 @@ std::string EscapedText(const char* text, std::size_t limit) {
     // Six characters for one at most; the last of them may pass the limit given by five.
     constexpr std::size_t kSlack = 6;
     std::vector<char> buffer(length * 6 + 1 + 2 * kSlack);
-    XMLWriter::Escape(text, static_cast<std::uint32_t>(length), buffer.data(),
-                      static_cast<std::uint32_t>(buffer.size() - kSlack));
+    XMLWriter::Escape(text, length, buffer.data(), buffer.size() - kSlack);
     return buffer.data();
 }
 
