@@ -198,7 +198,7 @@ TEST(ReplyBuilder, GivesOverlappingValuesTheirTurns) {
     ADXDefinition definition;
     test::AddSend(definition, "POLL", {1}, 3);
     test::AddValue(definition, "WORD", 0, 16).rangehigh = 65535;
-    test::AddValue(definition, "HIGHBYTE", 0, 8);
+    test::AddValue(definition, "HIGHBYTE", 0, 8).rangehigh = 50;  // would hold the word down if it were always written
     test::AddValue(definition, "LOWBYTE", 1, 8);
     test::AddValue(definition, "NEXT", 1, 16).rangehigh = 65535;
     Drive drive(definition);
