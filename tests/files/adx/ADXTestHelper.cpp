@@ -24,6 +24,10 @@ void ParseObjects(const std::string& objects, ADXDefinition& definition) {
     EXPECT_EQ(result.error, "");
 }
 
+bool Contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
 TempFile::TempFile() {
     static std::atomic<unsigned> serial{0};
     static const unsigned process = std::random_device()();

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "definition/ADXDefinition.h"
@@ -30,6 +32,18 @@ T& Get(const ADXDefinition& definition, std::uint32_t n = 0) {
     if (object == nullptr || object->GetType() != T().GetType()) throw "no object of the type at this place";
     return static_cast<T&>(*object);
 }
+
+// Appends a new object with the id.
+template <class T>
+T& Add(ADXDefinition& definition, const char* id) {
+    auto object = std::make_unique<T>();
+    T& added = *object;
+    added.SetId(id);
+    definition.InsertAt(std::move(object), 0xFFFFFFFF);
+    return added;
+}
+
+bool Contains(const std::string& text, const std::string& part);
 
 // A file of its own for each instance, deleted at the end.
 class TempFile {

@@ -25,15 +25,6 @@ namespace {
 
 constexpr LocalTime kTime = {2031, 2, 6, 3, 4, 5, 6, 789};
 
-template <class T>
-T& Add(ADXDefinition& definition, const char* id) {
-    auto object = std::make_unique<T>();
-    T& added = *object;
-    added.SetId(id);
-    definition.InsertAt(std::move(object), 0xFFFFFFFF);
-    return added;
-}
-
 void FillHeader(ADXDefinition& definition) {
     definition.flags = 1;
     definition.SetUserVersion("1.2", 3);
