@@ -38,10 +38,7 @@ bool ScanRun::Prepare() {
     port_ = options_.port;
     if (options_.simulate) {
         std::string error;
-        SimOptions engine = options_.engine;
-        // A definition that counts on an echo is meant for a line that has one.
-        engine.echo = engine.echo || (session_.definition.flags & 1) != 0;
-        port_ = simulator_.Start(session_.definition, engine, error);
+        port_ = simulator_.Start(session_.definition, options_.engine, error);
         if (port_.empty()) {
             err_ << "corvex-cli: --simulate: " << error << '\n';
             return false;

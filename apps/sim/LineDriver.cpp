@@ -28,6 +28,7 @@ std::vector<std::vector<std::uint8_t>> RequestsOf(const ReplyBuilder& builder) {
 LineDriver::LineDriver(ISimLine& line, const ADXDefinition& definition, const SimOptions& options)
     : line_(line),
       options_(options),
+      echoes_(options.echo || (definition.flags & 1) != 0),
       frequency_(static_cast<double>(line.Frequency())),
       byteTime_(kBitsPerByte / std::max(definition.baud, 1U)),
       builder_(definition, options.seed),
@@ -75,7 +76,7 @@ void LineDriver::Hear(std::int64_t now) {
 
 void LineDriver::HearByte(std::uint8_t byte, std::int64_t now) {
     heardEnd_ = options_.pace ? std::max(heardEnd_, now) + CountsOf(byteTime_) : now;
-    if (options_.echo) echo_.push_back({heardEnd_, byte});
+    if (echoes_) echo_.push_back({heardEnd_, byte});
     matcher_.Feed(byte);
     while (const auto command = matcher_.Next())
         Answer(*command);

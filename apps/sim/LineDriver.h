@@ -62,6 +62,7 @@ private:
 
     ISimLine& line_;
     const SimOptions options_;
+    const bool echoes_;  // asked for, or counted on by the definition
     const double frequency_;
     const double byteTime_;  // seconds on the line
     const ReplyBuilder builder_;

@@ -34,7 +34,8 @@ bool ParseArguments(int argc, const char* const* argv, SimArguments& arguments, 
         ->excludes(port);
     app.add_option("--seed", arguments.options.seed, "Makes a run repeatable")->capture_default_str();
     app.add_flag("--pace", arguments.options.pace, "Bytes take their time at the definition's baud");
-    app.add_flag("--echo", arguments.options.echo, "The line gives every byte back to its sender");
+    app.add_flag("--echo", arguments.options.echo,
+                 "The line gives every byte back to its sender; a definition that counts on it has it anyway");
     app.add_option("--seconds", arguments.options.seconds, "Ends by itself after this time")
         ->check(CLI::Range(0.0, kLongestSeconds));
     AddFaults(app, arguments.options);

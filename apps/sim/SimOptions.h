@@ -10,7 +10,8 @@ namespace corvex {
 struct SimOptions {
     std::uint64_t seed = 1;
     bool pace = false;  // bytes take their time on the line: 10 bits each at the definition's baud
-    bool echo = false;  // the line gives every byte back to its sender
+    bool echo =
+        false;  // the line gives every byte back to its sender, as it always does when the definition counts on it
 
     // Faults; any of them together.
     double drop = 0.0;       // probability that a reply does not come

@@ -130,6 +130,13 @@ TEST_F(LineDriverTest, LetsANewRequestCutOffTheReply) {
     EXPECT_NEAR(Seconds(line.sent.back().at), 0.13 + 68 * kByte, 1e-6);
 }
 
+TEST_F(LineDriverTest, EchoesUnaskedWhenTheDefinitionCountsOnIt) {
+    definition.flags = 1;
+    line.Type(0.1, kRequest);
+    Run();
+    EXPECT_EQ(line.sent.size(), kRequest.size() + 63U);
+}
+
 TEST_F(LineDriverTest, SaysNothingWhenSilentAndEchoesAllTheSame) {
     options.silent = true;
     options.echo = true;
