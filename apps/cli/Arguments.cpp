@@ -106,7 +106,8 @@ private:
         CLI::Option* plain = command.add_flag("--plain", scan_.plain, "One line for each reply, no live table");
         command.add_flag("--json", scan_.json, "One JSON object in a line for each reply")->excludes(plain);
         command.add_flag("--verbose,-v", scan_.verbose, "The text log on standard error");
-        CLI::Option* simulate = command.add_flag("--simulate", scan_.simulate, "A simulated engine in place of a port");
+        CLI::Option* simulate =
+            command.add_flag("--simulate", scan_.simulate, "A simulated engine in place of a port (Linux only)");
         simulate->excludes(port);
         AddFaults(command, *simulate);
         command.footer(

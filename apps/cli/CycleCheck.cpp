@@ -91,7 +91,7 @@ private:
             if (inside) path += ShortNameOf(*step.object) + " -> ";
         }
         path += ShortNameOf(target);
-        const char* effect = target.GetType() == kTypeMacro ? "it would run without end" : "it is cut when computed";
+        const char* effect = target.GetType() == kTypeMacro ? "it fails when it is run" : "it is cut when computed";
         context_.Error(&target, "cycle", Printf("refers to itself: %s; %s", path.c_str(), effect));
     }
 

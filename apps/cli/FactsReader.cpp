@@ -154,7 +154,8 @@ void FactsReader::BeginObject() {
 void FactsReader::HandleHeaderChild() {
     if (!Holds(kKnownHeader, name_)) facts_.unknown.push_back("<" + name_ + ">");
     if (textlength_ >= ADXElement::kTextSize) facts_.toolong.push_back("<" + name_ + ">");
-    if (element_.Is("objectcount")) facts_.objectcount = element_.Dec();
+    if (element_.Is("objectcount") || element_.Is("commandcount"))
+        facts_.objectcount = facts_.objectcount.value_or(0) + element_.Dec();
     if (element_.Is("connectcmd")) facts_.connectcmd = element_.Text();
     if (element_.Is("monitorcmd")) facts_.monitorcmd = element_.Text();
     if (element_.Is("disconnectcmd")) facts_.disconnectcmd = element_.Text();

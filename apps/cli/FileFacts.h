@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,7 +35,7 @@ struct FileFacts {
 
     std::vector<Object> objects;  // in the order of the file, which is that of a loaded definition
     std::uint32_t headerline = 0;
-    std::uint32_t objectcount = 0;
+    std::optional<std::uint32_t> objectcount;  // with "commandcount"
     std::string connectcmd, monitorcmd, disconnectcmd;
     std::vector<std::string> unknown, toolong;  // of the header and the top level
     std::uint32_t formatline = 0;               // of "ADXFORMAT", 0 when there is none

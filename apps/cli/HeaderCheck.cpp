@@ -20,9 +20,9 @@ void CheckHeaderCommand(CheckContext& context, const char* name, const ADXObject
 }
 
 void CheckFileHeader(CheckContext& context, const FileFacts& facts) {
-    if (facts.objectcount != facts.objects.size() && facts.headerline != 0) {
+    if (facts.objectcount && *facts.objectcount != facts.objects.size()) {
         context.Note(nullptr, "object-count",
-                     Printf("objectcount says %u, the file holds %s", facts.objectcount,
+                     Printf("objectcount says %u, the file holds %s", *facts.objectcount,
                             Counted(facts.objects.size(), "object").c_str()));
     }
     for (const std::string& name : facts.unknown)

@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include "apps/cli/TableLines.h"
+#include "apps/cli/TextFormat.h"
+
+namespace corvex {
+namespace {
+
+LiveRow Row(const std::string& title, const std::string& value) {
+    return {title, value, "rpm", false, 0, 0.5};
+}
+
+TEST(TableLinesTest, AlignsDigitsToTheRight) {
+    const auto lines = TableLines({Row("Speed", "7"), Row("Engine", "1234")}, 60, 10, false);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0], "Speed           7 rpm 0.5s");
+    EXPECT_EQ(lines[1], "Engine       1234 rpm 0.5s");
+}
+
+TEST(TableLinesTest, DrawsAnAlarmInItsColour) {
+    LiveRow row = Row("Speed", "7");
+    row.alarm = true;
+    row.colour = 0x4080FF;
+    EXPECT_EQ(TableLines({row}, 60, 10, true)[0], "Speed \x1b[38;2;255;128;64m!        7\x1b[39m rpm 0.5s");
+    EXPECT_EQ(TableLines({row}, 60, 10, false)[0], "Speed !        7 rpm 0.5s");
+}
+
+TEST(TableLinesTest, SpreadsRowsOverColumnsWhereTheyFit) {
+    const std::vector<LiveRow> rows(6, Row("Speed", "7"));
+    EXPECT_EQ(TableLines(rows, 60, 3, false).size(), 3U);
+    EXPECT_EQ(DisplayWidth(TableLines(rows, 60, 3, false)[0]), 25U + 3 + 25);
+}
+
+TEST(TableLinesTest, CountsWhatFindsNoPlace) {
+    const std::vector<LiveRow> rows(10, Row("Speed", "7"));
+    const auto lines = TableLines(rows, 30, 4, false);
+    ASSERT_EQ(lines.size(), 4U);
+    EXPECT_EQ(lines[3], "7 more; enlarge the window");
+}
+
+TEST(TableLinesTest, NeverLeavesTheScreen) {
+    std::vector<LiveRow> rows(40, Row("A title that is rather long, as they go", "12345678901234567890"));
+    for (std::size_t width = 1; width < 200; ++width) {
+        for (std::size_t height = 1; height < 60; height += 7) {
+            const auto lines = TableLines(rows, width, height, false);
+            ASSERT_LE(lines.size(), height) << width;
+            for (const std::string& line : lines)
+                ASSERT_LE(DisplayWidth(line), width) << line;
+        }
+    }
+}
+
+TEST(TableLinesTest, ShowsAgesInFourColumns) {
+    EXPECT_EQ(AgeText(-1.0), "-");
+    EXPECT_EQ(AgeText(0.0), "0.0s");
+    EXPECT_EQ(AgeText(9.94), "9.9s");
+    EXPECT_EQ(AgeText(9.96), "10s");
+    EXPECT_EQ(AgeText(100.0), "2m");
+    EXPECT_EQ(AgeText(7200.0), "2h");
+}
+
+}  // namespace
+}  // namespace corvex

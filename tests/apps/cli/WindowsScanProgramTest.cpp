@@ -1,0 +1,15 @@
+#include <gtest/gtest.h>
+
+#include "tests/apps/cli/ToolRunner.h"
+
+namespace corvex {
+namespace {
+
+TEST(WindowsScanProgramTest, SaysThatTheSimulatorNeedsAPseudoTerminal) {
+    const ToolResult result = RunTool({"scan", "--simulate", "--definition", Example("harrier-8192.adx")});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.err, "corvex-cli: --simulate: Windows has no pseudo-terminals; name a serial port\n");
+}
+
+}  // namespace
+}  // namespace corvex
