@@ -1,10 +1,13 @@
 // A definition's way to and from its file. These members stand here, above the model, because they need the format.
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
+#include <string>
 
 #include "definition/ADXDefinition.h"
 #include "files/adx/ADXParser.h"
 #include "files/adx/DefinitionSave.h"
+#include "platform/FileReplacement.h"
 
 namespace corvex {
 
@@ -20,14 +23,28 @@ int ADXDefinition::Load(const char* path, char* error, IProgress* progress) {
     return ok;
 }
 
-// Writes straight to the file, which keeps its place, its rights and its links; a disk that fills up in between is told
-// by the result, and the definition in memory is still whole.
-int ADXDefinition::Save(const char* path, IProgress* progress) const {
-    XMLWriter writer;
-    if (writer.Open(path) == 0) return 0;
-    WriteDefinition(*this, writer, CurrentLocalTime(), progress);
+namespace {
+
+bool Finish(const ADXDefinition& definition, XMLWriter& writer, IProgress* progress) {
+    WriteDefinition(definition, writer, CurrentLocalTime(), progress);
     writer.Close();
-    return writer.Failed() ? 0 : 1;
+    return !writer.Failed();
+}
+
+}  // namespace
+
+// The new file is written beside the old one and takes its place when it is whole: a disk that fills up halfway costs
+// nothing. Where there can be no file beside (a device, a folder that lets nobody in) it is written straight.
+int ADXDefinition::Save(const char* path, IProgress* progress) const {
+    if (path == nullptr) return 0;
+    XMLWriter writer;
+    const std::string fresh = FreshNameFor(path);
+    if (fresh.empty() || writer.Open(fresh.c_str()) == 0) {
+        return writer.Open(path) != 0 && Finish(*this, writer, progress) ? 1 : 0;
+    }
+    if (Finish(*this, writer, progress)) return MoveIntoPlace(fresh, path) ? 1 : 0;
+    std::remove(fresh.c_str());
+    return 0;
 }
 
 }  // namespace corvex
