@@ -37,6 +37,8 @@ class ArgumentReader {
 public:
     ArgumentReader() {
         app_.set_version_flag("--version", "corvex-cli " CORVEX_VERSION);
+        // A path may begin with a slash on every system.
+        app_.allow_windows_style_options(false);
         app_.require_subcommand(1);
         app_.footer("Exit codes: 0 success, 1 failure, 2 wrong usage. See corvex-cli COMMAND --help.");
         AddCheck();

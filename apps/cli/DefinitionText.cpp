@@ -160,7 +160,7 @@ void AddPlain(const ADXDefinition& definition, std::uint32_t types, Rows& rows) 
 }
 
 std::string Section(const char* title, const Rows& rows) {
-    const std::string head = "\n" + std::string(title) + " (" + std::to_string(rows.size() - 1) + ")\n";
+    const std::string head = Printf("\n%s (%u)\n", title, static_cast<unsigned>(rows.size() - 1));
     return rows.size() == 1 ? head : head + AlignColumns(rows, "  ");
 }
 

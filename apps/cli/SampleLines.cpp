@@ -40,7 +40,8 @@ std::string PlainSample(const ADXDefinition& definition, const ReplyEvent& event
     std::string line = Printf("%.3f %s:", event.t, IdOrTitle(*event.command).c_str());
     const char* comma = " ";
     ForEachItem(definition, event, [&](const ADXObject& item, const ItemReading& reading) {
-        line += comma + ShortNameOf(item) + (reading.alarm ? " !" : " ") + reading.text;
+        line += comma;
+        line += ShortNameOf(item) + (reading.alarm ? " !" : " ") + reading.text;
         const std::string units = UnitsOf(item);
         if (!units.empty()) line += ' ' + units;
         comma = "; ";

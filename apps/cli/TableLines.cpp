@@ -47,7 +47,8 @@ std::size_t FitColumns(Shape& shape, std::size_t count, std::size_t width, std::
 }
 
 std::string Cell(const LiveRow& row, const Shape& shape, bool colours) {
-    std::string value = (row.alarm ? "!" : " ") + PadLeft(CutToWidth(row.value, shape.value), shape.value);
+    std::string value(1, row.alarm ? '!' : ' ');
+    value += PadLeft(CutToWidth(row.value, shape.value), shape.value);
     if (row.alarm && colours) value = Coloured(value, row.colour);
     return PadRight(CutToWidth(row.title, shape.title), shape.title) + ' ' + value + ' ' +
            PadRight(CutToWidth(row.units, shape.units), shape.units) + ' ' + PadLeft(AgeText(row.age), kAgeWidth);
