@@ -101,7 +101,7 @@ void ScanRun::Take(std::vector<ReplyEvent> events) {
 }
 
 bool ScanRun::WantsStop(const ConsoleStop& stop) const {
-    if (stop.Requested() || !tap_.PortLost().empty()) return true;
+    if (stop.Requested() || !tap_.PortLost().empty() || !out_) return true;
     if (options_.once && EveryoneAnswered()) return true;
     return limit_ > 0.0 && session_.timer.Elapsed() >= limit_;
 }
@@ -120,6 +120,7 @@ ScanMoment ScanRun::Moment() const {
 std::string ScanRun::WhyFailed() const {
     std::string reason;
     if (tap_.PortRefused(reason)) return reason.empty() ? "the port cannot be opened" : reason;
+    if (!out_) return "nobody takes the output any more";
     if (const std::string lost = tap_.PortLost(); !lost.empty()) return lost;
     if (!diagnosis_.AnyGood()) {
         if (polled_.empty()) return "the definition's scan asks for no replies";

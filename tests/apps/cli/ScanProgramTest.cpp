@@ -38,6 +38,13 @@ TEST(ScanProgramTest, ShowsRepliesAsLinesAndASummary) {
     EXPECT_NE(lines.back().find(" Hz; "), std::string::npos) << lines.back();
 }
 
+TEST(ScanProgramTest, EndsAsAStopWouldWhenNobodyReadsItsOutput) {
+    const ToolResult result = RunTool({"scan", "--simulate", "--definition", Example("harrier-8192.adx"), "--plain"},
+                                      "sh -c '\"$@\" | head -n 1' sh ");
+    EXPECT_EQ(LinesOf(result.out).size(), 1U);
+    EXPECT_NE(result.err.find("nobody takes the output any more"), std::string::npos) << result.err;
+}
+
 TEST(ScanProgramTest, ShowsRepliesAsJson) {
     for (const char* example : {"harrier-8192.adx", "osprey-multi.adx", "merlin-160.adx"}) {
         const ToolResult result = Simulate(example, {"--once", "--seconds", "20", "--json"});

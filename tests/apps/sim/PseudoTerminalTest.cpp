@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -120,18 +122,38 @@ TEST(ConsoleStop, TellsOfASignalOnceAndOutsideTheHandler) {
     EXPECT_EQ(calls, 1);
 }
 
+TEST(ConsoleStop, TakesTwoRequestsAtOnceForOne) {
+    std::atomic<int> calls{0};
+    {
+        const ConsoleStop stop([&calls] { ++calls; });
+        std::raise(SIGINT);
+        std::raise(SIGINT);
+    }
+    EXPECT_LE(calls, 1);
+}
+
+TEST(ConsoleStop, LetsAWriteToAClosedPipeFail) {
+    const ConsoleStop stop;
+    int pipe[2] = {};
+    ASSERT_EQ(::pipe(pipe), 0);
+    close(pipe[0]);
+    EXPECT_LT(write(pipe[1], "x", 1), 0);
+    EXPECT_EQ(errno, EPIPE);
+    close(pipe[1]);
+}
+
 TEST(ConsoleStop, PutsTheHandlingBack) {
     const auto before = std::signal(SIGINT, SIG_IGN);
     { const ConsoleStop stop; }
     EXPECT_EQ(std::signal(SIGINT, before), SIG_IGN);
 }
 
-TEST(ConsoleStopDeathTest, LetsASecondRequestEndTheProgram) {
+TEST(ConsoleStopDeathTest, LetsALaterRequestEndTheProgram) {
     EXPECT_EXIT(
         {
             const ConsoleStop stop;
-            std::raise(SIGINT);
-            std::raise(SIGINT);
+            for (;;)
+                std::raise(SIGINT);
         },
         testing::KilledBySignal(SIGINT), "");
 }
