@@ -1,16 +1,4 @@
-# Windows, x86, with the posix-threads flavour of mingw-w64 so that std::thread and std::mutex are there.
-set(CMAKE_SYSTEM_NAME Windows)
+# No emulator: Wine runs 64-bit programs only where we build, so these are built here and run elsewhere.
 set(CMAKE_SYSTEM_PROCESSOR x86)
-set(T i686-w64-mingw32)
-set(CMAKE_C_COMPILER   ${T}-gcc-posix)
-set(CMAKE_CXX_COMPILER ${T}-g++-posix)
-set(CMAKE_RC_COMPILER  ${T}-windres)
-set(CMAKE_RC_FLAGS_INIT "--codepage=65001")
-# Static: a user's machine has no runtime of ours to find.
-set(CMAKE_EXE_LINKER_FLAGS_INIT    "-static")
-set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
-set(CMAKE_FIND_ROOT_PATH /usr/${T})
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(CORVEX_MINGW_TARGET i686-w64-mingw32)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

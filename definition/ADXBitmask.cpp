@@ -23,13 +23,7 @@ void WriteAlarm(XMLWriter& writer, const char* name, std::uint32_t color) {
 }  // namespace
 
 std::uint32_t ADXBitmask::GetRaw(PacketView packet, std::uint32_t offset, std::uint32_t options) {
-    const std::uint32_t place = (options & kReadAtOffset) != 0 ? offset : packetoffset;
-    const std::uint8_t* field = packet.Field(place, sizeinbits / 8);
-    if (field == nullptr) return rawvalue_.load(std::memory_order_relaxed);
-    const bool lowByteFirst = (options & kReadNoSwap) != 0 || (flags & kLowByteFirst) != 0;
-    const std::uint32_t word = ReadField(field, sizeinbits, lowByteFirst);
-    rawvalue_.store(word, std::memory_order_relaxed);
-    return word;
+    return rawvalue_.Take({packetoffset, sizeinbits, flags}, packet, offset, options);
 }
 
 int ADXBitmask::IsSet(const ADXDefinition& /*definition*/, PacketView packet, std::uint32_t offset,

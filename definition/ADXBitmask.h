@@ -1,12 +1,12 @@
 // One flag of a reply: a masked comparison shown as one of two texts.
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 
 #include "definition/ADXObject.h"
 #include "definition/FieldReader.h"
 #include "definition/PacketView.h"
+#include "definition/RawWord.h"
 
 namespace corvex {
 
@@ -58,7 +58,7 @@ public:
 
 private:
     OwnedText truestring_, falsestring_;
-    std::atomic<std::uint32_t> rawvalue_{0};
+    RawWord rawvalue_;
 };
 
 }  // namespace corvex

@@ -1,7 +1,6 @@
 // One number of a reply: where it sits in the packet and how it becomes an engineering value.
 #pragma once
 
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -10,6 +9,7 @@
 #include "definition/EquationEvaluator.h"
 #include "definition/FieldReader.h"
 #include "definition/PacketView.h"
+#include "definition/RawWord.h"
 
 namespace corvex {
 
@@ -96,7 +96,7 @@ private:
     EquationEvaluator equation_;
     std::vector<ADXVar> vars_;
     OwnedText units_;
-    std::atomic<std::uint32_t> rawvalue_{0};
+    RawWord rawvalue_;
 };
 
 }  // namespace corvex

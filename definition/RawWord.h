@@ -1,0 +1,29 @@
+// The raw word of a value or a bitmask: the only thing that changes while a session runs.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include "definition/PacketView.h"
+
+namespace corvex {
+
+// Where a field lies and how it is stored, as its owner has it.
+struct FieldPlace {
+    std::uint32_t packetoffset;
+    std::uint32_t sizeinbits;
+    std::uint32_t flags;
+};
+
+// Starts at 0. May be taken on one thread and read on another at the same time.
+class RawWord {
+public:
+    // Reads the field with the given ReadOptions and keeps the word. Without a packet, or with one that does not hold
+    // the whole field, the last word stands and is returned.
+    std::uint32_t Take(const FieldPlace& field, PacketView packet, std::uint32_t offset, std::uint32_t options);
+
+private:
+    std::atomic<std::uint32_t> word_{0};
+};
+
+}  // namespace corvex

@@ -1,0 +1,44 @@
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "definition/FieldReader.h"
+#include "definition/RawWord.h"
+
+namespace corvex {
+namespace {
+
+constexpr std::array<std::uint8_t, 4> kPacket{0x12, 0x34, 0x56, 0x78};
+
+TEST(RawWordTest, IsZeroBeforeThereWasAPacket) {
+    RawWord word;
+    EXPECT_EQ(word.Take({0, 16, 0}, nullptr, 0, 0), 0U);
+}
+
+TEST(RawWordTest, KeepsTheWordOfTheLastPacket) {
+    RawWord word;
+    EXPECT_EQ(word.Take({1, 16, 0}, kPacket.data(), 0, 0), 0x3456U);
+    EXPECT_EQ(word.Take({1, 16, 0}, nullptr, 0, 0), 0x3456U);
+}
+
+TEST(RawWordTest, KeepsItWhenAPacketDoesNotHoldTheWholeField) {
+    RawWord word;
+    word.Take({0, 16, 0}, kPacket.data(), 0, 0);
+    EXPECT_EQ(word.Take({3, 16, 0}, PacketView(kPacket.data(), kPacket.size()), 0, 0), 0x1234U);
+    EXPECT_EQ(word.Take({0xFFFFFFFF, 16, 0}, PacketView(kPacket.data(), kPacket.size()), 0, 0), 0x1234U);
+}
+
+TEST(RawWordTest, ReadsAtTheOffsetThatIsAskedFor) {
+    RawWord word;
+    EXPECT_EQ(word.Take({0, 8, 0}, kPacket.data(), 2, kReadAtOffset), 0x56U);
+    EXPECT_EQ(word.Take({0, 8, 0}, kPacket.data(), 2, 0), 0x12U);
+}
+
+TEST(RawWordTest, SwapsUnlessFlagOrOptionForbidsIt) {
+    RawWord word;
+    EXPECT_EQ(word.Take({0, 16, kFlagLowByteFirst}, kPacket.data(), 0, 0), 0x3412U);
+    EXPECT_EQ(word.Take({0, 16, 0}, kPacket.data(), 0, kReadNoSwap), 0x3412U);
+}
+
+}  // namespace
+}  // namespace corvex
