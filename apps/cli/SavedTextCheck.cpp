@@ -9,6 +9,7 @@
 #include "definition/ADXHistogram.h"
 #include "definition/ADXListView.h"
 #include "definition/ADXLookupTable.h"
+#include "definition/ADXMacro.h"
 #include "definition/ADXValue.h"
 
 namespace corvex {
@@ -106,6 +107,21 @@ void CheckRowTitles(CheckContext& context, const ADXListView& view) {
         texts.Length(Printf("title of row %u", i + 1).c_str(), TextOf(view.GetEntry(i)->title), kAttributeLimit);
 }
 
+// Ids are escaped where an object tells its own, and written as they stand where others name it.
+void CheckNodeIds(CheckContext& context, const ADXMacro& macro) {
+    SavedTexts texts(context, &macro);
+    ADXMacroNode node;
+    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
+        macro.GetNode(i, &node);
+        if (node.command != nullptr)
+            texts.Unescaped(Printf("commandID of node %u", i + 1).c_str(), node.command->Id(), true);
+    }
+}
+
+void CheckHeaderId(CheckContext& context, const char* name, const ADXObject* command) {
+    if (command != nullptr) SavedTexts(context, nullptr).Unescaped(name, command->Id(), false);
+}
+
 // Measured by the getters, which take a text at its limit for none.
 void CheckMeasured(CheckContext& context, const char* name, const OwnedText& text, std::size_t limit) {
     if (text.Length() >= limit)
@@ -135,6 +151,9 @@ void CheckSavedTexts(CheckContext& context, const ADXObject& object) {
         case kTypeListView:
             CheckRowTitles(context, static_cast<const ADXListView&>(object));
             break;
+        case kTypeMacro:
+            CheckNodeIds(context, static_cast<const ADXMacro&>(object));
+            break;
         case kTypeHistogram: {
             const auto& histogram = static_cast<const ADXHistogram&>(object);
             texts.Number("xmin", histogram.GetXMin());
@@ -154,6 +173,9 @@ void CheckSavedHeader(CheckContext& context) {
     texts.Unescaped("userversion", TextOf(definition.UserVersion()), false);
     texts.Unescaped("author", TextOf(definition.Author()), false);
     texts.Unescaped("desc", TextOf(definition.Desc()), false);
+    CheckHeaderId(context, "connectcmd", definition.connectcmd);
+    CheckHeaderId(context, "monitorcmd", definition.monitorcmd);
+    CheckHeaderId(context, "disconnectcmd", definition.disconnectcmd);
     CheckMeasured(context, "userversion", definition.UserVersion(), 20);
     CheckMeasured(context, "author", definition.Author(), 60);
     CheckMeasured(context, "desc", definition.Desc(), 1024);

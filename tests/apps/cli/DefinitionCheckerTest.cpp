@@ -3,10 +3,14 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "apps/cli/DefinitionChecker.h"
 #include "definition/ADXCListenChatter.h"
+#include "definition/ADXCListenSilence.h"
+#include "definition/ADXCSendCommand.h"
 #include "definition/ADXLookupTable.h"
+#include "definition/ADXMacro.h"
 #include "definition/ADXValue.h"
 #include "tests/apps/cli/CheckTestHelper.h"
 
@@ -229,6 +233,37 @@ TEST(DefinitionCheckerTest, NamesTextsThatASaveDoesNotEscape) {
     EXPECT_TRUE(findings[0].lostonsave);
     EXPECT_NE(findings[0].text.find("units \"a & b\" holds a &"), std::string::npos) << findings[0].text;
     EXPECT_NE(findings[1].text.find("equation \"X<5\" holds a <"), std::string::npos) << findings[1].text;
+}
+
+TEST(DefinitionCheckerTest, NamesIdsThatASaveDoesNotEscape) {
+    ADXDefinition definition;
+    auto silence = std::make_unique<ADXCListenSilence>();
+    silence->SetId("A&B");
+    ADXMacroNode node;
+    node.command = silence.get();
+    auto macro = std::make_unique<ADXMacro>();
+    macro->SetId("M");
+    macro->AddNode(&node);
+    definition.connectcmd = silence.get();
+    definition.InsertAt(std::move(silence), 0xFFFFFFFF);
+    definition.InsertAt(std::move(macro), 0xFFFFFFFF);
+    const auto lost = OfKind(CheckDefinition(definition, nullptr), "lost-on-save");
+    ASSERT_EQ(lost.size(), 2U) << Lines(lost);
+    EXPECT_EQ(lost[0].text.rfind("connectcmd \"A&B\" holds a &", 0), 0U) << lost[0].text;
+    EXPECT_EQ(lost[1].text.rfind("commandID of node 1 \"A&B\" holds a &", 0), 0U) << lost[1].text;
+}
+
+TEST(DefinitionCheckerTest, NamesBytesThatDoNotComeBackFromASave) {
+    ADXDefinition definition;
+    auto send = std::make_unique<ADXCSendCommand>();
+    send->SetId("S");
+    ADXCSendCommand* const stored = send.get();
+    definition.InsertAt(std::move(send), 0xFFFFFFFF);
+    const std::vector<std::uint8_t> bytes(205, 1);
+    stored->SetBytes(bytes.data(), 204);
+    EXPECT_EQ(OfKind(CheckDefinition(definition, nullptr), "lost-on-save").size(), 0U);
+    stored->SetBytes(bytes.data(), 205);
+    EXPECT_EQ(OfKind(CheckDefinition(definition, nullptr), "lost-on-save").size(), 1U);
 }
 
 TEST(DefinitionCheckerTest, NamesEquationsThatASaveCuts) {
