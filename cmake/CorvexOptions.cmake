@@ -22,6 +22,10 @@ if(CORVEX_FUZZ)
   target_compile_options(corvex_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# Tests of several builds run in one ctest,
+# which tells them apart by name alone: properties set for one would hold for all.
+get_filename_component(CORVEX_BUILD_NAME ${PROJECT_BINARY_DIR} NAME)
+
 # corvex_library(NAME [SOURCES ...] [LIBS ...]): one static library per folder; headers are listed to be checked alone.
 function(corvex_library name)
   cmake_parse_arguments(A "" "" "SOURCES;LIBS" ${ARGN})
@@ -37,8 +41,8 @@ function(corvex_test name)
   target_link_libraries(${name} PRIVATE corvex_options ${A_LIBS} GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE CORVEX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   if(WIN32 OR CORVEX_SANITIZE)
-    add_test(NAME ${name} COMMAND ${name} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 300
+    add_test(NAME ${CORVEX_BUILD_NAME}.${name} COMMAND ${name} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    set_tests_properties(${CORVEX_BUILD_NAME}.${name} PROPERTIES TIMEOUT 300
       FAIL_REGULAR_EXPRESSION "Unhandled (page fault|exception|illegal)")
   else()
     include(GoogleTest)
