@@ -179,16 +179,14 @@ std::uint32_t PosixSerial::Read(SerialHandle handle, void* buffer, std::uint32_t
             got += static_cast<std::uint32_t>(moved);
             if (got == count || limits.firstBytesEndIt) return got;
             gapEnd = After(SystemClock().Counter(), limits.gap);
-            // A slow line hands over byte by byte: looking again at once would cost a call for each, for nothing.
-            if (!limits.immediate && !WaitFor(device->descriptor, POLLIN, Earlier(end, gapEnd))) return got;
         } else if (!IsTransient(moved)) {
             if (got == 0 && !limits.immediate) WaitOutDeadLine(end ? end : After(start, kDeadLineWait));
             return got;
         } else if (limits.immediate && errno == EAGAIN) {
             return got;
-        } else if (!WaitFor(device->descriptor, POLLIN, Earlier(end, gapEnd))) {
-            return got;
         }
+        // After bytes too: a slow line hands over one by one, and looking again at once would cost a call for each.
+        if (!limits.immediate && !WaitFor(device->descriptor, POLLIN, Earlier(end, gapEnd))) return got;
     }
 }
 

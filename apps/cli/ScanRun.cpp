@@ -91,7 +91,7 @@ void ScanRun::Loop(const ConsoleStop& stop) {
     Take(queue_.Take(0ms));
 }
 
-void ScanRun::Take(std::vector<ReplyEvent> events) {
+void ScanRun::Take(const std::vector<ReplyEvent>& events) {
     for (const ReplyEvent& event : events) {
         diagnosis_.Add(event);
         summary_.Add(event);
@@ -121,7 +121,7 @@ std::string ScanRun::WhyFailed() const {
     std::string reason;
     if (tap_.PortRefused(reason)) return reason.empty() ? "the port cannot be opened" : reason;
     if (!out_) return "nobody takes the output any more";
-    if (const std::string lost = tap_.PortLost(); !lost.empty()) return lost;
+    if (std::string lost = tap_.PortLost(); !lost.empty()) return lost;
     if (!diagnosis_.AnyGood()) {
         if (polled_.empty()) return "the definition's scan asks for no replies";
         return diagnosis_.WhyNoReply(session_.timer.Elapsed());

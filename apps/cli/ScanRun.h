@@ -35,7 +35,7 @@ public:
 private:
     bool Prepare();
     void Loop(const ConsoleStop& stop);
-    void Take(std::vector<ReplyEvent> events);
+    void Take(const std::vector<ReplyEvent>& events);
     bool WantsStop(const ConsoleStop& stop) const;
     bool EveryoneAnswered() const;
     ScanMoment Moment() const;
