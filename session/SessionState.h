@@ -16,7 +16,7 @@
 #include "session/DAECallback.h"
 #include "session/LastPacket.h"
 #include "session/SessionCalls.h"
-#include "session/WorkerThreads.h"
+#include "session/base/WorkerThreads.h"
 #include "session/base/AutoResetEvent.h"
 #include "session/base/DebugOutput.h"
 #include "session/base/StopWatch.h"

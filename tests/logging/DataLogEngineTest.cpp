@@ -24,19 +24,6 @@ TEST(DataLogEngineTest, SampleNeedsARecording) {
     }
 }
 
-TEST(DataLogEngineTest, SampleOfACommandOutsideTheTableIsRefused) {
-    DataLogEngine log;
-    log.state = kLogRecording;
-    EXPECT_EQ(4U, log.AddSample(1, kReply, 3));
-}
-
-TEST(DataLogEngineTest, RecordingWithoutAFileCannotBeEnded) {
-    DataLogEngine log;
-    log.state = kLogRecording;
-    EXPECT_EQ(1U, log.StopRecording());
-    EXPECT_EQ(kLogRecording, log.State());
-}
-
 TEST(DataLogEngineTest, StopIsRequestedWithoutWaiting) {
     DataLogEngine log;
     log.state = kLogPlaying;

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "session/WorkerThreads.h"
+#include "session/base/WorkerThreads.h"
 #include "session/base/AutoResetEvent.h"
 
 namespace corvex::test {

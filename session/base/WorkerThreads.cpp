@@ -1,4 +1,4 @@
-#include "session/WorkerThreads.h"
+#include "session/base/WorkerThreads.h"
 
 #include <condition_variable>
 #include <mutex>

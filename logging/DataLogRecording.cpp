@@ -1,0 +1,95 @@
+#include <algorithm>
+#include <cmath>
+
+#include "logging/DataLogEngine.h"
+#include "logging/LogBuffers.h"
+
+namespace corvex {
+
+namespace {
+
+// A definition may claim replies of any size; a buffer for the largest is made only where that is sane.
+constexpr std::size_t kSaneReply = 1U << 24U;
+
+}  // namespace
+
+std::uint32_t DataLogEngine::StartRecording() {
+    const std::lock_guard lock(lock_);
+    if (State() != kLogOpenedForWrite) return kLogWrongState;
+    header.startTime = CurrentLocalTime();
+    header.endMark = kNeverEnded;
+    header.sampleCount = 0;
+    // The end of an earlier recording has paused it, and a paused stopwatch would restart at that moment.
+    stopWatch_.Restart();
+    state.store(kLogRecording, std::memory_order_relaxed);
+    return kLogSuccess;
+}
+
+std::uint32_t DataLogEngine::AddSample(std::uint32_t commandId, const std::uint8_t* reply, std::uint32_t count) {
+    if (State() != kLogRecording) return kLogWrongState;
+    const std::lock_guard lock(lock_);
+    if (State() != kLogRecording || !file_) return kLogWrongState;
+    const std::uint32_t index = FindItemLocked(commandId);
+    // A record has one byte for it.
+    if (index > 0xFF) return kLogUnknownItem;
+    return AddSampleLocked((*items_)[index], static_cast<std::uint8_t>(index), reply, count);
+}
+
+std::uint32_t DataLogEngine::AddSampleLocked(const LogItem& item, std::uint8_t index, const std::uint8_t* reply,
+                                             std::uint32_t count) {
+    if (item.packedSize > 0xFFFFFFFF - kLogRecordBytes) return kLogFileError;
+    const std::uint32_t size = kLogRecordBytes + item.packedSize;
+    const std::size_t largest = std::size_t{kLogRecordBytes} + LargestPackedSize(*items_);
+    if (!GrowBuffer(recordBuffer_, largest <= kSaneReply ? largest : size)) return kLogFileError;
+
+    LogRecord record;
+    if (header.sampleCount == 0) {
+        if (WriteHeaderLocked() != kLogSuccess) return kLogFileError;
+        appendAt_ = header.dataOffset;
+        stopWatch_.Restart();
+    } else {
+        record.timeMs =
+            static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(stopWatch_.Elapsed() * 1000.0 + 0.5)));
+    }
+    record.nextOffset = static_cast<std::uint32_t>(appendAt_ + size);
+    record.itemIndex = index;
+    EncodeRecord(record, recordBuffer_.data());
+    std::uint8_t* const data = recordBuffer_.data() + kLogRecordBytes;
+    std::fill(data, data + item.packedSize, std::uint8_t{0});
+    if (reply != nullptr) PackReply(item.mask, reply, count, data, item.packedSize);
+    if (!AppendLocked(recordBuffer_.data(), size)) return kLogFileError;
+    ++header.sampleCount;
+    return kLogSuccess;
+}
+
+// A disk that is full takes a part: left in the file it would be read as the head of the next record.
+bool DataLogEngine::AppendLocked(const std::uint8_t* bytes, std::uint32_t size) {
+    if (file_->Position() != appendAt_ && !file_->Seek(appendAt_)) return false;
+    if (file_->Write(bytes, size)) {
+        appendAt_ += size;
+        return true;
+    }
+    static_cast<void>(file_->Seek(appendAt_) && file_->EndHere());
+    return false;
+}
+
+std::uint32_t DataLogEngine::StopRecording() {
+    const std::lock_guard lock(lock_);
+    return StopRecordingLocked();
+}
+
+// A log without a sample has no bytes yet when its end is marked, so its endMark is 1; readers start at dataOffset
+// then.
+std::uint32_t DataLogEngine::StopRecordingLocked() {
+    if (State() != kLogRecording) return kLogWrongState;
+    stopWatch_.Pause();
+    const std::optional<std::uint64_t> size = file_ ? file_->Size() : std::nullopt;
+    if (!size) return kLogFileError;
+    header.endMark = static_cast<std::uint32_t>(*size + 1);
+    if (WriteHeaderLocked() != kLogSuccess) return kLogFileError;
+    readMode = 1;
+    state.store(kLogReady, std::memory_order_relaxed);
+    return kLogSuccess;
+}
+
+}  // namespace corvex
