@@ -111,7 +111,7 @@ public:
     // kLogFileError leaves it as it is, still recording.
     std::uint32_t StopRecording();
 
-    // Not owned; told by the playback thread.
+    // Not owned; told by the playback thread. A playback that runs goes on telling the one that it began with.
     void SetCallback(IDataLogCallback* told) { callback = told; }
     // From kLogReady. kLogFileError while the thread of an earlier playback has not ended.
     std::uint32_t StartPlayback();

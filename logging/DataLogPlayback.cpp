@@ -20,6 +20,7 @@ void SleepOneMillisecond() {
 }  // namespace
 
 struct DataLogEngine::Playback {
+    IDataLogCallback* told = nullptr;  // the callback when the playback began
     std::uint32_t opens = 0;           // of the log when the playback began
     std::shared_ptr<ItemTable> items;  // keeps `item` alive
     std::uint64_t fileSize = 0;
@@ -45,6 +46,7 @@ std::uint32_t DataLogEngine::StartPlayback() {
         const std::lock_guard lock(lock_);
         if (!file_) return kLogWrongState;
         GoToDataLocked();
+        playback->told = callback;
         playback->opens = opens_;
         playback->items = items_;
         playback->fileSize = FileSizeLocked();
@@ -70,7 +72,7 @@ void DataLogEngine::PlaybackThread(Playback& playback) {
     const bool ready = GrowBuffer(playback.packed, PackedBufferSize(*playback.items, playback.fileSize)) &&
                        GrowBuffer(playback.reply, ExpandedBufferSize(*playback.items, playback.fileSize));
     const std::uint32_t result = ready ? PlayRecords(playback) : std::uint32_t{kLogFileError};
-    if (result == kLogEndOfFile) static_cast<void>(callback->OnLogEnd());
+    if (result == kLogEndOfFile) static_cast<void>(playback.told->OnLogEnd());
     // A log that was closed meanwhile, or opened anew, keeps its state.
     for (std::uint32_t from : {kLogPlaying, kLogStopRequested})
         state.compare_exchange_strong(from, kLogReady, std::memory_order_relaxed);
@@ -89,7 +91,8 @@ std::uint32_t DataLogEngine::PlayRecords(Playback& playback) {
         if (!AwaitMoment(playback)) continue;
         paceBaseMs.store(playback.record.timeMs, std::memory_order_relaxed);
         Deliver(playback);
-        static_cast<void>(callback->OnLogProgress(playback.record.timeMs, sampleIndex.load(std::memory_order_relaxed)));
+        static_cast<void>(
+            playback.told->OnLogProgress(playback.record.timeMs, sampleIndex.load(std::memory_order_relaxed)));
     }
     return kLogSuccess;
 }
@@ -130,11 +133,11 @@ void DataLogEngine::Deliver(Playback& playback) {
         playback.send.flags = 1;
         playback.send.replysize = count;
         status.command = &playback.send;
-        static_cast<void>(callback->OnSendCommandEnd(&status, playback.reply.data(), count));
+        static_cast<void>(playback.told->OnSendCommandEnd(&status, playback.reply.data(), count));
     } else if (item.type == kType160BaudListen) {
         playback.listen.packetsize = count;
         status.command = &playback.listen;
-        static_cast<void>(callback->On160BaudEnd(&status, playback.reply.data(), count));
+        static_cast<void>(playback.told->On160BaudEnd(&status, playback.reply.data(), count));
     }
 }
 
