@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "CorvexVersion.h"
+#include "apps/cli/LogArguments.h"
 
 namespace corvex {
 
@@ -47,6 +48,7 @@ public:
         AddEval();
         AddConvert();
         AddScan();
+        logs_.AddTo(app_);
     }
 
     CLI::App& App() { return app_; }
@@ -58,6 +60,7 @@ public:
         if (name == "hash") return hash_;
         if (name == "convert") return convert_;
         if (name == "scan") return scan_;
+        if (const auto log = logs_.Chosen(name)) return *log;
         for (const std::string& text : letters_)
             eval_.letters.push_back(ReadLetter(text));
         return eval_;
@@ -108,6 +111,9 @@ private:
         CLI::Option* plain = command.add_flag("--plain", scan_.plain, "One line for each reply, no live table");
         command.add_flag("--json", scan_.json, "One JSON object in a line for each reply")->excludes(plain);
         command.add_flag("--verbose,-v", scan_.verbose, "The text log on standard error");
+        CLI::Option* record =
+            command.add_option("--record", scan_.record, "Record every good reply into this log (.xdl)");
+        command.add_flag("--force", scan_.force, "Replace a log that holds something")->needs(record);
         CLI::Option* simulate =
             command.add_flag("--simulate", scan_.simulate, "A simulated engine in place of a port (Linux only)");
         simulate->excludes(port);
@@ -148,6 +154,7 @@ private:
     ConvertOptions convert_;
     ScanOptions scan_;
     std::vector<std::string> letters_;
+    LogArguments logs_;
 };
 
 }  // namespace

@@ -7,9 +7,14 @@
 #include "apps/cli/Arguments.h"
 #include "apps/cli/CheckCommand.h"
 #include "apps/cli/ConvertCommand.h"
+#include "apps/cli/DecodeCommand.h"
 #include "apps/cli/EvalCommand.h"
 #include "apps/cli/HashCommand.h"
+#include "apps/cli/HistogramCommand.h"
+#include "apps/cli/InfoCommand.h"
 #include "apps/cli/ListCommand.h"
+#include "apps/cli/PlayCommand.h"
+#include "apps/cli/RepairCommand.h"
 #include "apps/cli/ScanCommand.h"
 
 namespace corvex {
@@ -26,6 +31,11 @@ struct CommandRunner {
     ExitCode operator()(const EvalOptions& options) const { return RunEval(options, out, err); }
     ExitCode operator()(const ConvertOptions& options) const { return RunConvert(options, out, err); }
     ExitCode operator()(const ScanOptions& options) const { return RunScan(options, out, err); }
+    ExitCode operator()(const InfoOptions& options) const { return RunInfo(options, out, err); }
+    ExitCode operator()(const DecodeOptions& options) const { return RunDecode(options, out, err); }
+    ExitCode operator()(const PlayOptions& options) const { return RunPlay(options, out, err); }
+    ExitCode operator()(const HistogramOptions& options) const { return RunHistogram(options, out, err); }
+    ExitCode operator()(const RepairOptions& options) const { return RunRepair(options, out, err); }
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include "apps/cli/LogOptions.h"
 #include "apps/sim/SimOptions.h"
 
 namespace corvex {
@@ -49,11 +50,14 @@ struct ScanOptions {
     bool plain = false;
     bool json = false;
     bool verbose = false;
+    std::string record;  // the log to record; empty: none
+    bool force = false;  // a log that holds something is replaced
     // The engine inside, in place of a port.
     bool simulate = false;
     SimOptions engine = PacedEngine();
 };
 
-using Options = std::variant<CheckOptions, ListOptions, HashOptions, EvalOptions, ConvertOptions, ScanOptions>;
+using Options = std::variant<CheckOptions, ListOptions, HashOptions, EvalOptions, ConvertOptions, ScanOptions,
+                             InfoOptions, DecodeOptions, PlayOptions, HistogramOptions, RepairOptions>;
 
 }  // namespace corvex

@@ -78,7 +78,8 @@ TEST(ArgumentsTest, CallsWrongUsageByItsCode) {
 }
 
 TEST(ArgumentsTest, HelpsWithEachCommand) {
-    for (const char* command : {"check", "list", "hash", "eval", "convert", "scan"}) {
+    for (const char* command :
+         {"check", "list", "hash", "eval", "convert", "scan", "info", "decode", "play", "histogram", "repair"}) {
         const Outcome outcome = Parse({command, "--help"});
         EXPECT_EQ(outcome.Code(), kExitSuccess);
         EXPECT_NE(outcome.out.find(std::string("corvex-cli ") + command), std::string::npos) << outcome.out;

@@ -1,0 +1,97 @@
+#include "apps/cli/LogArguments.h"
+
+#include <CLI/CLI.hpp>
+#include <iterator>
+
+namespace corvex {
+
+namespace {
+
+constexpr double kLongestSeconds = 1e9;
+
+// As a log's times, which end at 2^32 milliseconds, and beyond.
+CLI::Range Seconds() {
+    return CLI::Range(0.0, kLongestSeconds);
+}
+
+void AddLogAndDefinition(CLI::App& command, std::string& log, std::string& definition) {
+    command.add_option("--definition,-d", definition, "The definition (.adx) that the log was recorded with")
+        ->required();
+    command.add_option("LOG", log, "The log (.xdl); never written to")->required();
+}
+
+}  // namespace
+
+void LogArguments::AddTo(CLI::App& app) {
+    AddInfo(app);
+    AddDecode(app);
+    AddPlay(app);
+    AddHistogram(app);
+    AddRepair(app);
+}
+
+std::optional<Options> LogArguments::Chosen(const std::string& name) const {
+    if (name == "info") return info_;
+    if (name == "decode") return decode_;
+    if (name == "play") return play_;
+    if (name == "histogram") return histogram_;
+    if (name == "repair") return repair_;
+    return std::nullopt;
+}
+
+void LogArguments::AddInfo(CLI::App& app) {
+    CLI::App& command = *app.add_subcommand("info", "Tell what a log holds");
+    command.add_option("LOG", info_.log, "The log (.xdl); never written to")->required();
+    command.add_flag("--human", info_.human, "Duration, rates and gaps in words, not JSON");
+    command.add_option("--definition,-d", info_.definition, "The definition (.adx) that names the commands")
+        ->needs("--human");
+}
+
+void LogArguments::AddDecode(CLI::App& app) {
+    CLI::App& command = *app.add_subcommand("decode", "Write a log's values as CSV, one row for each record");
+    AddLogAndDefinition(command, decode_.log, decode_.definition);
+    command.add_option("--output,-o", decode_.output, "The file to write; - is standard output (default)");
+    command.add_flag("--text", decode_.text, "Values and bits as the program shows them");
+    command.add_option("--items", decode_.items, "Only items whose title or id matches, like \"*temp*\" or RPM");
+    command.add_option("--from", decode_.from, "Only records from this second of the log on")->check(Seconds());
+    command.add_option("--to", decode_.to, "Only records up to this second of the log")->check(Seconds());
+    command.footer(
+        "A pattern counts for the whole title or id, in either case of letters: * stands for any characters, ? for "
+        "one.");
+    command.callback([this] {
+        if (decode_.to < decode_.from) throw CLI::ValidationError("--to", "ends before --from");
+    });
+}
+
+void LogArguments::AddPlay(CLI::App& app) {
+    CLI::App& command = *app.add_subcommand("play", "Play a log and show its values as a scan does");
+    AddLogAndDefinition(command, play_.log, play_.definition);
+    command.add_option("--speed", play_.speed, "Factor on recorded time; 0 plays as fast as it goes")
+        ->check(CLI::Range(0.0, kLongestSeconds));
+    command.add_option("--from", play_.from, "Start at this second of the log")->check(Seconds());
+    CLI::Option* plain = command.add_flag("--plain", play_.plain, "One line for each reply, no live table");
+    command.add_flag("--json", play_.json, "One JSON object in a line for each reply")->excludes(plain);
+    command.add_flag("--verbose,-v", play_.verbose, "The text log on standard error");
+    command.footer("Without a terminal, lines as with --plain are written. Ctrl+C ends the playback.");
+}
+
+void LogArguments::AddHistogram(CLI::App& app) {
+    CLI::App& command = *app.add_subcommand("histogram", "Fill a definition's histograms from a log");
+    AddLogAndDefinition(command, histogram_.log, histogram_.definition);
+    command.add_option("--id", histogram_.id, "Only the histogram of this id");
+    const std::vector<std::string> views(std::begin(kHistogramViews), std::end(kHistogramViews));
+    // One word each time, or the log's name behind it would be taken for a view.
+    command.add_option("--view", histogram_.views, "What each cell shows; may be given more than once")
+        ->allow_extra_args(false)
+        ->check(CLI::IsMember(views));
+    command.add_flag("--csv", histogram_.csv, "As CSV, not as a table");
+}
+
+void LogArguments::AddRepair(CLI::App& app) {
+    CLI::App& command = *app.add_subcommand("repair", "Copy every whole record of a damaged log into a finished one");
+    command.add_option("LOG", repair_.input, "The log (.xdl); never written to")->required();
+    command.add_option("OUT", repair_.output, "The log to write; takes its place only when it is whole")->required();
+    command.add_flag("--force", repair_.force, "Replace an OUT that holds something");
+}
+
+}  // namespace corvex
