@@ -1,5 +1,7 @@
 #include "definition/ADXCSendCommand.h"
 
+#include <algorithm>
+
 #include "definition/WriterForms.h"
 #include "files/xml/XMLWriter.h"
 
@@ -23,6 +25,11 @@ int ADXCSendCommand::Write(XMLWriter* writer) const {
     WriteElementDec(*writer, "packetsize", packetsize);
     writer->EndElement();
     return 1;
+}
+
+PacketView ADXCSendCommand::DecodedPart(PacketView reply) const {
+    const std::uint32_t offset = std::min(packetoffset, reply.Size());
+    return {reply.Bytes() + offset, std::min(packetsize, reply.Size() - offset)};
 }
 
 }  // namespace corvex

@@ -5,6 +5,8 @@
 
 #include "definition/ADXObject.h"
 #include "definition/ByteString.h"
+#include "definition/PacketView.h"
+
 namespace corvex {
 
 // Milliseconds and bytes. The decoded part of a reply is the packetsize bytes from packetoffset on.
@@ -16,6 +18,9 @@ public:
     void SetBytes(const std::uint8_t* bytes, std::uint32_t len) { bytes_.Set(bytes, len); }
     const std::uint8_t* bytestring() const { return bytes_.Data(); }  // null when there is none
     std::uint32_t size() const { return bytes_.Size(); }
+
+    // The decoded part, cut to the bytes of the reply that came. Never "no packet", unless the reply is none.
+    PacketView DecodedPart(PacketView reply) const;
 
     std::uint32_t replysize = 0;
     std::uint32_t replytimeout = 200;

@@ -29,11 +29,6 @@ PacketView Arrived(const std::uint8_t* bytes, std::uint32_t count) {
     return bytes == nullptr ? PacketView(&kNothing, 0) : PacketView(bytes, count);
 }
 
-PacketView DecodedPart(const ADXCSendCommand& command, PacketView reply) {
-    const std::uint32_t offset = std::min(command.packetoffset, reply.Size());
-    return {reply.Bytes() + offset, std::min(command.packetsize, reply.Size() - offset)};
-}
-
 const ADXCSendCommand* AsSendCommand(const ADXObject* command) {
     const bool is = command != nullptr && command->GetType() == kTypeSendCommand;
     return is ? static_cast<const ADXCSendCommand*>(command) : nullptr;
@@ -189,7 +184,7 @@ bool DAECallback::FindSample(const DataAcqStatus& status, std::uint32_t types, S
 }
 
 void DAECallback::TakeReply(const DataAcqStatus& status, const ADXCSendCommand& command, float t, PacketView reply) {
-    const PacketView packet = DecodedPart(command, reply);
+    const PacketView packet = command.DecodedPart(reply);
     session_.StoreLastPacket(LastPacket::Of(packet, status.commandId));
     DebugOutput::Print(&session_.debug, "%.3f: Command/Reply Success", static_cast<double>(t));
     Record(command, reply);

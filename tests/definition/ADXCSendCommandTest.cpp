@@ -72,5 +72,21 @@ TEST(ADXCSendCommand, NeedsAWriter) {
     EXPECT_EQ(ADXCSendCommand().Write(nullptr), 0);
 }
 
+TEST(ADXCSendCommand, CutsItsDecodedPartToTheReply) {
+    ADXCSendCommand command;
+    command.packetoffset = 3;
+    command.packetsize = 4;
+    const std::uint8_t reply[9] = {};
+    EXPECT_EQ(command.DecodedPart({reply, 9}).Bytes(), reply + 3);
+    EXPECT_EQ(command.DecodedPart({reply, 9}).Size(), 4u);
+    EXPECT_EQ(command.DecodedPart({reply, 5}).Size(), 2u);
+    EXPECT_EQ(command.DecodedPart({reply, 2}).Size(), 0u);
+    EXPECT_TRUE(command.DecodedPart({reply, 2}));
+    command.packetoffset = 0xFFFFFFFF;
+    command.packetsize = 0xFFFFFFFF;
+    EXPECT_EQ(command.DecodedPart({reply, 9}).Size(), 0u);
+    EXPECT_FALSE(command.DecodedPart(nullptr));
+}
+
 }  // namespace
 }  // namespace corvex
