@@ -1,10 +1,16 @@
-// What the program's standard output is, when it is a terminal.
+// What the program's standard output is, when it is a terminal, and how it passes bytes on.
 #pragma once
 
 namespace corvex {
 
 // True when a person watches standard output; false for a file or a pipe, and for a terminal that calls itself dumb.
 bool OutputIsTerminal();
+// The same of standard error.
+bool ErrorIsTerminal();
+
+// From now on standard output passes every byte on as it is: nothing is put before a line feed. Before the first
+// output.
+void MakeOutputBinary();
 
 // Columns and rows of that terminal at this moment; both 0 when they cannot be had.
 struct TerminalSize {

@@ -8,11 +8,26 @@
 
 namespace corvex {
 
-bool OutputIsTerminal() {
-    if (isatty(STDOUT_FILENO) == 0) return false;
+namespace {
+
+bool IsTerminal(int descriptor) {
+    if (isatty(descriptor) == 0) return false;
     const char* const kind = std::getenv("TERM");
     return kind != nullptr && *kind != '\0' && std::strcmp(kind, "dumb") != 0;
 }
+
+}  // namespace
+
+bool OutputIsTerminal() {
+    return IsTerminal(STDOUT_FILENO);
+}
+
+bool ErrorIsTerminal() {
+    return IsTerminal(STDERR_FILENO);
+}
+
+// As it is on these systems.
+void MakeOutputBinary() {}
 
 TerminalSize OutputTerminalSize() {
     winsize size{};

@@ -1,3 +1,8 @@
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+
 #include "platform/Terminal.h"
 #include "platform/WindowsApi.h"
 
@@ -14,6 +19,15 @@ HANDLE Output() {
 bool OutputIsTerminal() {
     DWORD mode = 0;
     return GetConsoleMode(Output(), &mode) != 0;
+}
+
+bool ErrorIsTerminal() {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+}
+
+void MakeOutputBinary() {
+    _setmode(_fileno(stdout), _O_BINARY);
 }
 
 TerminalSize OutputTerminalSize() {
