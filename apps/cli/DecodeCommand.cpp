@@ -1,12 +1,11 @@
 #include "apps/cli/DecodeCommand.h"
 
-#include <ostream>
+#include "apps/cli/DecodeRun.h"
 
 namespace corvex {
 
-ExitCode RunDecode(const DecodeOptions&, std::ostream&, std::ostream& err) {
-    err << "corvex-cli: decode is not built yet\n";
-    return kExitFailure;
+ExitCode RunDecode(const DecodeOptions& options, std::ostream& out, std::ostream& err) {
+    return DecodeRun(options, out, err).Run();
 }
 
 }  // namespace corvex

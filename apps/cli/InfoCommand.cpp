@@ -1,12 +1,28 @@
 #include "apps/cli/InfoCommand.h"
 
+#include <nlohmann/json.hpp>
 #include <ostream>
+
+#include "apps/cli/DefinitionFile.h"
+#include "apps/cli/LogFile.h"
+#include "apps/cli/LogSummary.h"
+#include "apps/cli/LogSummaryText.h"
+#include "definition/ADXDefinition.h"
 
 namespace corvex {
 
-ExitCode RunInfo(const InfoOptions&, std::ostream&, std::ostream& err) {
-    err << "corvex-cli: info is not built yet\n";
-    return kExitFailure;
+ExitCode RunInfo(const InfoOptions& options, std::ostream& out, std::ostream& err) {
+    ADXDefinition definition;
+    const bool named = !options.definition.empty();
+    if (named && !LoadDefinition(definition, options.definition, err)) return kExitFailure;
+    DataLogEngine log;
+    if (!OpenLog(log, options.log, err)) return kExitFailure;
+    const LogSummary summary = SummarizeLog(log);
+    if (options.human)
+        out << LogSummaryText(summary, named ? &definition : nullptr);
+    else
+        out << LogSummaryJson(summary).dump(2) << '\n';
+    return kExitSuccess;
 }
 
 }  // namespace corvex

@@ -1,0 +1,28 @@
+// A file that takes another's place only when it is whole.
+#pragma once
+
+#include <string>
+
+namespace corvex {
+
+// Reserves a name beside `path`; whoever writes the content makes the file. What was written goes with the object
+// unless it was moved into place. One thread.
+class FreshFile {
+public:
+    explicit FreshFile(const std::string& path);
+    ~FreshFile();
+    FreshFile(const FreshFile&) = delete;
+    FreshFile& operator=(const FreshFile&) = delete;
+
+    // Empty when what stands at `path` cannot be replaced: a device, a pipe, a folder.
+    const std::string& Name() const { return name_; }
+    // The file is closed by now. False: what stood there still stands.
+    [[nodiscard]] bool MoveIntoPlace();
+
+private:
+    const std::string path_;
+    const std::string name_;
+    bool done_ = false;
+};
+
+}  // namespace corvex

@@ -1,0 +1,20 @@
+// What a log holds, for programs and for people.
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+
+namespace corvex {
+
+class ADXDefinition;
+struct LogSummary;
+
+nlohmann::ordered_json LogSummaryJson(const LogSummary& summary);
+
+// Lines of text. Commands go by their names in `definition`, or by their id hashes where that is null or has none.
+std::string LogSummaryText(const LogSummary& summary, const ADXDefinition* definition);
+
+// "2026-07-01T12:34:56.789": the words as they stand in the header, whatever they are.
+std::string StartTimeText(const LogSummary& summary, char between);
+
+}  // namespace corvex

@@ -1,0 +1,33 @@
+// The text that a command writes, to a file or to standard output.
+#pragma once
+
+#include <fstream>
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+#include "apps/cli/FreshFile.h"
+#include "apps/cli/ITextSink.h"
+
+namespace corvex {
+
+// A file takes its place in one step when all is written, so that a failure leaves what was there. A device or a pipe
+// is written to as it stands. One thread.
+class TextOutput : public ITextSink {
+public:
+    // "-" is `standard`, which outlives this.
+    TextOutput(const std::string& path, std::ostream& standard);
+
+    // False when there is no way to write there.
+    bool IsOpen() const { return target_ != nullptr; }
+    [[nodiscard]] bool Write(const char* bytes, std::size_t count) override;
+    // Everything was written, and has to be there now. False when it could not be.
+    [[nodiscard]] bool Finish();
+
+private:
+    std::unique_ptr<FreshFile> fresh_;
+    std::ofstream file_;
+    std::ostream* target_ = nullptr;
+};
+
+}  // namespace corvex
