@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kWidth = 40;
 // "[", the bar, "] 100 %".
-constexpr std::size_t kLineWidth = kWidth + 7;
+constexpr std::size_t kLineWidth = kWidth + 8;
 
 }  // namespace
 

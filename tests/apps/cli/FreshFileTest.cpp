@@ -1,0 +1,44 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "apps/cli/FreshFile.h"
+#include "tests/apps/cli/LogTestHelper.h"
+
+namespace corvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(FreshFileTest, TakesTheOthersPlace) {
+    const TempFile file("old");
+    FreshFile fresh(file.Path());
+    std::ofstream(fresh.Name()) << "new";
+    EXPECT_EQ(ReadFile(file.Path()), "old");
+    EXPECT_TRUE(fresh.MoveIntoPlace());
+    EXPECT_EQ(ReadFile(file.Path()), "new");
+    EXPECT_FALSE(fs::exists(fresh.Name()));
+}
+
+TEST(FreshFileTest, GoesWithTheObject) {
+    const TempFile file("old");
+    std::string name;
+    {
+        const FreshFile fresh(file.Path());
+        name = fresh.Name();
+        std::ofstream(name) << "new";
+        EXPECT_TRUE(fs::exists(name));
+    }
+    EXPECT_FALSE(fs::exists(name));
+    EXPECT_EQ(ReadFile(file.Path()), "old");
+}
+
+TEST(FreshFileTest, ReplacesNoFolder) {
+    FreshFile fresh(fs::temp_directory_path().string());
+    EXPECT_EQ(fresh.Name(), "");
+    EXPECT_FALSE(fresh.MoveIntoPlace());
+}
+
+}  // namespace
+}  // namespace corvex

@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+#include "apps/cli/LogFile.h"
+#include "tests/apps/cli/LogTestHelper.h"
+
+namespace corvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string FailureOf(const std::string& path) {
+    DataLogEngine log;
+    std::ostringstream err;
+    EXPECT_FALSE(OpenLog(log, path, err));
+    EXPECT_EQ(log.State(), kLogClosed);
+    return err.str();
+}
+
+TEST(LogFileTest, OpensALogForLooking) {
+    const LogTempFile file(BeginLog({kPollHash}));
+    DataLogEngine log;
+    std::ostringstream err;
+    EXPECT_TRUE(OpenLog(log, file.Path(), err));
+    EXPECT_EQ(err.str(), "");
+    EXPECT_EQ(log.ItemCount(), 1U);
+}
+
+TEST(LogFileTest, GivesTheEnginesCode) {
+    test::LogBytes old;
+    old.Header(44, 0, 2).ItemCount(0);
+    const LogTempFile version(old);
+    EXPECT_EQ(FailureOf(version.Path()), "corvex-cli: " + version.Path() + ": error 0xD (no log of version 3)\n");
+    const TempFile empty("", ".xdl");
+    EXPECT_NE(FailureOf(empty.Path()).find(": error 0x1 ("), std::string::npos);
+    EXPECT_NE(FailureOf("no/such/log.xdl").find("no/such/log.xdl: error 0xC (cannot be opened)\n"), std::string::npos);
+    EXPECT_NE(FailureOf("").find("error 0xC"), std::string::npos);
+}
+
+TEST(LogFileTest, KnowsAFileByAnotherName) {
+    const TempFile file("x");
+    const TempFile other("x");
+    const fs::path folder = fs::path(file.Path()).parent_path();
+    const std::string around = (folder / "." / fs::path(file.Path()).filename()).string();
+    EXPECT_TRUE(SameFile(file.Path(), file.Path()));
+    EXPECT_TRUE(SameFile(file.Path(), around));
+    EXPECT_FALSE(SameFile(file.Path(), other.Path()));
+    EXPECT_FALSE(SameFile(file.Path(), file.Path() + ".absent"));
+    EXPECT_FALSE(SameFile("absent", "absent"));
+}
+
+TEST(LogFileTest, KnowsAFileThroughALink) {
+    const TempFile file("x");
+    const std::string link = file.Path() + ".link";
+    fs::create_hard_link(file.Path(), link);
+    EXPECT_TRUE(SameFile(file.Path(), link));
+    fs::remove(link);
+}
+
+}  // namespace
+}  // namespace corvex

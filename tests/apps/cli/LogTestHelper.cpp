@@ -1,0 +1,51 @@
+#include "tests/apps/cli/LogTestHelper.h"
+
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "apps/cli/Cli.h"
+
+namespace corvex {
+
+using test::Bytes;
+using test::LogBytes;
+
+ToolResult RunInside(const std::vector<std::string>& args) {
+    std::ostringstream out, err;
+    ToolResult result;
+    result.code = RunCli(args, out, err);
+    result.out = out.str();
+    result.err = err.str();
+    return result;
+}
+
+LogBytes BeginLog(const std::vector<std::uint32_t>& commandIds) {
+    LogBytes log;
+    log.Header(LogBytes::DataOffsetFor(std::vector<std::uint32_t>(commandIds.size(), 15)), 0);
+    log.ItemCount(static_cast<std::uint32_t>(commandIds.size()));
+    for (const std::uint32_t id : commandIds)
+        log.Item(id, id == kStreamHash ? 0x100000 : 0x20000, 24, 24, Bytes(15, 0xFF));
+    return log;
+}
+
+Bytes PollReply(const Bytes& packet) {
+    Bytes reply(3, 0xEE);
+    reply.insert(reply.end(), packet.begin(), packet.end());
+    reply.resize(24);
+    return reply;
+}
+
+std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string StreamDefinition(const std::string& objects) {
+    return DefinitionWith(
+        "<ADXCLISTEN160BAUD id=\"STREAM\" title=\"Stream\"><packetsize>20</packetsize>"
+        "</ADXCLISTEN160BAUD>\n" +
+        objects);
+}
+
+}  // namespace corvex
