@@ -1,8 +1,12 @@
 #include "apps/cli/ColumnSet.h"
 
+#include <string_view>
+#include <utility>
+
 #include "apps/cli/CsvWriter.h"
 #include "apps/cli/ItemPattern.h"
 #include "apps/cli/ItemReading.h"
+#include "apps/cli/NumberMemo.h"
 #include "apps/cli/ObjectNames.h"
 #include "apps/cli/RecordDecoder.h"
 #include "apps/cli/TextFormat.h"
@@ -22,6 +26,15 @@ PacketView PacketFor(std::uint32_t parent, const DecodedRecord& record) {
     return parent == 0 || parent == record.commandId ? record.packet : PacketView(nullptr);
 }
 
+// A linked value has a raw word of its own.
+bool HangsOnRawWord(const ADXValue& value) {
+    ADXVar var;
+    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
+        if (var.type == ADXVar::kLink) return false;
+    }
+    return true;
+}
+
 std::string HeaderOf(const ADXObject& item, const char* units) {
     const std::string title = Utf8Text(*item.Title() != '\0' ? item.Title() : item.Id());
     return *units == '\0' ? title : title + " (" + Utf8Text(units) + ')';
@@ -33,13 +46,16 @@ ColumnSet::ColumnSet(ADXDefinition& definition, const std::string& pattern) : de
     for (const auto& object : definition.Objects()) {
         if ((object->GetType() & kItemTypes) == 0) continue;
         const bool isValue = object->GetType() == kTypeValue;
-        const Column column{isValue ? static_cast<ADXValue*>(object.get()) : nullptr,
-                            isValue ? nullptr : static_cast<ADXBitmask*>(object.get()), ParentOf(*object),
-                            ItemMatches(pattern, *object)};
-        columns_.push_back(column);
+        Column column{isValue ? static_cast<ADXValue*>(object.get()) : nullptr,
+                      isValue ? nullptr : static_cast<ADXBitmask*>(object.get()), ParentOf(*object),
+                      ItemMatches(pattern, *object), nullptr};
         if (column.chosen) ++chosen_;
+        if (column.chosen && isValue && HangsOnRawWord(*column.value)) column.memo = std::make_unique<NumberMemo>();
+        columns_.push_back(std::move(column));
     }
 }
+
+ColumnSet::~ColumnSet() = default;
 
 void ColumnSet::WriteHeader(CsvWriter& csv) const {
     for (const Column& column : columns_) {
@@ -90,8 +106,20 @@ void ColumnSet::WriteField(CsvWriter& csv, const Column& column, const DecodedRe
         column.value->Format(formatted, sizeof formatted, definition_, packet);
         csv.Text(Utf8Text(formatted));
     } else {
-        csv.Number(column.value->Compute(definition_, packet));
+        WriteNumber(csv, column, packet);
     }
+}
+
+// Most bytes of an engine in traffic were there before.
+void ColumnSet::WriteNumber(CsvWriter& csv, const Column& column, PacketView packet) {
+    const std::uint32_t word = column.memo ? column.value->GetRaw(packet) : 0;
+    const std::string_view known = column.memo ? column.memo->Find(word) : std::string_view();
+    if (!known.empty()) {
+        csv.Plain(known);
+        return;
+    }
+    const std::string_view text = csv.Number(column.value->Compute(definition_, packet));
+    if (column.memo) column.memo->Keep(word, text);
 }
 
 }  // namespace corvex

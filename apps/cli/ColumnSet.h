@@ -3,8 +3,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "definition/PacketView.h"
 
 namespace corvex {
 
@@ -12,6 +15,7 @@ class ADXBitmask;
 class ADXDefinition;
 class ADXValue;
 class CsvWriter;
+class NumberMemo;
 struct DecodedRecord;
 
 // Values and bitmasks in definition order, those that a pattern chooses. What is shown in a row does not depend on
@@ -20,6 +24,9 @@ struct DecodedRecord;
 class ColumnSet {
 public:
     ColumnSet(ADXDefinition& definition, const std::string& pattern);
+    ~ColumnSet();
+    ColumnSet(const ColumnSet&) = delete;
+    ColumnSet& operator=(const ColumnSet&) = delete;
 
     std::size_t Count() const { return chosen_; }
     // "TITLE (UNITS)" or "TITLE" in UTF-8, without the end of the row; an item without a title goes by its id.
@@ -36,7 +43,9 @@ private:
         ADXBitmask* bitmask;
         std::uint32_t parent;  // idhash of its command; 0: any
         bool chosen;
+        std::unique_ptr<NumberMemo> memo;  // of a value whose number hangs on its raw word alone
     };
+    void WriteNumber(CsvWriter& csv, const Column& column, PacketView packet);
     void WriteField(CsvWriter& csv, const Column& column, const DecodedRecord& record, bool text);
     void Look(const Column& column, const DecodedRecord& record);
 

@@ -55,15 +55,19 @@ void CsvWriter::Text(std::string_view text) {
     Append("\"");
 }
 
-void CsvWriter::Number(double number) {
+void CsvWriter::Plain(std::string_view text) {
     Separate();
-    // The sign of a NaN differs between processors.
-    if (std::isnan(number)) {
-        Append("nan");
-        return;
-    }
+    Append(text);
+}
+
+std::string_view CsvWriter::Number(double number) {
+    Separate();
     char* const room = Room(kLongestNumber);
-    used_ = static_cast<std::size_t>(std::to_chars(room, room + kLongestNumber, number).ptr - piece_.data());
+    // The sign of a NaN differs between processors.
+    const double unsignedIfNaN = std::isnan(number) ? std::fabs(number) : number;
+    char* const end = std::to_chars(room, room + kLongestNumber, unsignedIfNaN).ptr;
+    used_ = static_cast<std::size_t>(end - piece_.data());
+    return {room, static_cast<std::size_t>(end - room)};
 }
 
 void CsvWriter::Flag(bool set) {

@@ -22,8 +22,11 @@ public:
 
     // One field each.
     void Text(std::string_view text);
-    // The shortest decimal that reads back to the same double; "nan", "inf" and "-inf".
-    void Number(double number);
+    // The shortest decimal that reads back to the same double; "nan", "inf" and "-inf". Returns what it has written,
+    // until the next call.
+    std::string_view Number(double number);
+    // A text that needs no quotes.
+    void Plain(std::string_view text);
     void Flag(bool set);  // 1 or 0
     // Seconds with three decimals.
     void Milliseconds(std::uint32_t milliseconds);

@@ -31,11 +31,12 @@ std::vector<Sample> RandomSamples(const ADXDefinition& definition, std::mt19937&
         if (object->GetType() == kTypeSendCommand) commands.push_back(static_cast<ADXCSendCommand*>(object.get()));
     }
     std::vector<Sample> samples;
-    for (int i = 0; i < 60; ++i) {
+    for (unsigned i = 0; i < 300; ++i) {
         const auto* const command = commands[random() % commands.size()];
         Bytes reply(command->replysize);
+        // Some words come again and again, and some with their low bytes alone.
         for (std::uint8_t& byte : reply)
-            byte = static_cast<std::uint8_t>(random());
+            byte = static_cast<std::uint8_t>(i % 3 == 0 ? random() : random() % 3);
         samples.push_back({command, reply});
     }
     return samples;
