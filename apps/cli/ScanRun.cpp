@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "apps/cli/DefinitionFile.h"
+#include "apps/cli/LogFile.h"
 #include "apps/cli/ObjectNames.h"
 #include "apps/cli/PolledCommands.h"
 #include "apps/cli/TextFormat.h"
@@ -35,15 +36,9 @@ ScanRun::ScanRun(const ScanOptions& options, std::ostream& out, std::ostream& er
 
 bool ScanRun::Prepare() {
     if (!LoadDefinition(session_.definition, options_.definition, err_)) return false;
+    if (!options_.record.empty() && !PrepareRecording()) return false;
     port_ = options_.port;
-    if (options_.simulate) {
-        std::string error;
-        port_ = simulator_.Start(session_.definition, options_.engine, error);
-        if (port_.empty()) {
-            err_ << "corvex-cli: --simulate: " << error << '\n';
-            return false;
-        }
-    }
+    if (options_.simulate && !PrepareSimulator()) return false;
     if (port_.size() >= AppSettings::kPathSize) {
         err_ << "corvex-cli: the name of the port is too long\n";
         return false;
@@ -54,6 +49,46 @@ bool ScanRun::Prepare() {
     diagnosis_ = LineDiagnosis((session_.definition.flags & 1) != 0);
     view_ = MakeScanView(options_, session_.definition, port_, OutputIsTerminal(), out_);
     return true;
+}
+
+bool ScanRun::PrepareSimulator() {
+    std::string error;
+    port_ = simulator_.Start(session_.definition, options_.engine, error);
+    if (port_.empty()) err_ << "corvex-cli: --simulate: " << error << '\n';
+    return !port_.empty();
+}
+
+bool ScanRun::PrepareRecording() {
+    std::string error = options_.record + ": would be replaced by the recording";
+    if (!SameFile(options_.record, options_.definition) &&
+        recorder_.Begin(options_.record, session_.definition, options_.force, error)) {
+        tap_.RecordTo(&recorder_);
+        return true;
+    }
+    err_ << "corvex-cli: " << error << '\n';
+    return false;
+}
+
+// False when something is not in the log that should be.
+bool ScanRun::ReportRecording() {
+    const bool ended = recorder_.End();
+    ReportLoss();
+    out_.flush();
+    std::ostream& told = options_.json ? err_ : out_;
+    told << recorder_.Path() << ": " << Counted(recorder_.Records(), "record") << '\n';
+    if (recorder_.Failed())
+        err_ << "corvex-cli: " << recorder_.Path() << ": " << Counted(recorder_.Lost(), "sample")
+             << " could not be recorded\n";
+    if (!ended)
+        err_ << "corvex-cli: " << recorder_.Path() << ": the recording could not be ended; what is in it can be read\n";
+    return ended && !recorder_.Failed();
+}
+
+// Once, and not on the connect thread, which has the line to serve.
+void ScanRun::ReportLoss() {
+    if (lossReported_ || !recorder_.Failed()) return;
+    lossReported_ = true;
+    err_ << "corvex-cli: " << recorder_.WhyFailed() << '\n' << std::flush;
 }
 
 ExitCode ScanRun::Run() {
@@ -69,9 +104,10 @@ ExitCode ScanRun::Run() {
     std::string reason;
     if (!tap_.PortRefused(reason)) view_->OnEnd(Moment());
     view_.reset();
+    const bool recorded = options_.record.empty() || ReportRecording();
     if (queue_.Dropped() != 0)
         err_ << "corvex-cli: " << Counted(queue_.Dropped(), "reply") << " not shown: the output was too slow\n";
-    if (why.empty()) return kExitSuccess;
+    if (why.empty()) return recorded ? kExitSuccess : kExitFailure;
     out_.flush();
     err_ << "corvex-cli: " << port_ << ": " << why << '\n';
     return kExitFailure;
@@ -82,6 +118,7 @@ void ScanRun::Loop(const ConsoleStop& stop) {
     bool stopping = false;
     while (!session_.WaitForThreads(0ms)) {
         Take(queue_.Take(kPatience));
+        ReportLoss();
         if (!stopping && WantsStop(stop)) {
             stopping = true;
             session_.StartStopThread(kStopScan);

@@ -11,6 +11,7 @@
 #include "apps/cli/LineDiagnosis.h"
 #include "apps/cli/Options.h"
 #include "apps/cli/ReplyQueue.h"
+#include "apps/cli/ScanRecorder.h"
 #include "apps/cli/ScanSummary.h"
 #include "apps/cli/ScanTap.h"
 #include "apps/cli/ScanView.h"
@@ -34,10 +35,14 @@ public:
 
 private:
     bool Prepare();
+    bool PrepareSimulator();
+    bool PrepareRecording();
+    bool ReportRecording();
     void Loop(const ConsoleStop& stop);
     void Take(const std::vector<ReplyEvent>& events);
     bool WantsStop(const ConsoleStop& stop) const;
     bool EveryoneAnswered() const;
+    void ReportLoss();
     ScanMoment Moment() const;
     std::string WhyFailed() const;
     std::string WhoIsMissing() const;
@@ -49,6 +54,8 @@ private:
     ReplyQueue queue_;
     ScanTap tap_{queue_};
     StreamAppender log_;
+    ScanRecorder recorder_;
+    bool lossReported_ = false;
     SessionState session_;
     SimulatorSession simulator_;
     std::string port_;

@@ -51,6 +51,8 @@ void ScanSummary::Add(const ReplyEvent& event) {
         ++errors_[event.code];
         return;
     }
+    // A command that brings no reply has brought no good one.
+    if (!event.expected) return;
     if (good_++ == 0) first_ = event.t;
     last_ = event.t;
 }

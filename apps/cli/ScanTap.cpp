@@ -2,12 +2,15 @@
 
 #include <utility>
 
+#include "apps/cli/ScanRecorder.h"
 #include "definition/ADXCSendCommand.h"
 #include "session/SessionState.h"
 
 namespace corvex {
 
 namespace {
+
+constexpr std::uint32_t kFromLog = 1;  // source of a status
 
 std::vector<std::uint8_t> Bytes(PacketView view) {
     if (!view) return {};
@@ -39,15 +42,19 @@ void ScanTap::TakeSample(double t, PacketView packet) {
 }
 
 void ScanTap::TakeReply(const DataAcqStatus& status, PacketView reply) {
+    const bool played = status.source == kFromLog;
     ReplyEvent event = std::exchange(pending_, {});
-    if (!event.sampled) event.t = session_->timer.Elapsed();
-    event.command = status.command;
+    event.command = played ? session_->definition.FindByHash(status.commandId) : status.command;
+    // The time of a played sample comes as a 32-bit float, which is too coarse for the end of a long log.
+    if (played) event.t = session_->log.CurrentTime() / 1000.0;
+    if (!played && !event.sampled) event.t = session_->timer.Elapsed();
     event.code = status.code;
-    event.expected = ExpectsReply(status.command);
+    event.expected = ExpectsReply(event.command);
     event.reply = Bytes(reply);
     // Packets of a 160-baud stream are published without the raw words being taken; the table reads raw words.
-    if (event.sampled && status.command != nullptr && status.command->GetType() == kType160BaudListen)
-        session_->definition.UpdateValues(event.Packet(), status.command->GetIdHash());
+    if (event.sampled && event.command != nullptr && status.command->GetType() == kType160BaudListen)
+        session_->definition.UpdateValues(event.Packet(), event.command->GetIdHash());
+    if (recorder_ != nullptr && event.code == kCodeSuccess && event.expected) recorder_->Add(*event.command, reply);
     if (status.code != kCodeSuccess) {
         const std::string lost = session_->engine.port.LastError();
         if (!lost.empty()) {

@@ -1,4 +1,4 @@
-// Listens to a session and hands its replies to a queue.
+// Listens to a session and hands its replies to a queue, and to a recorder before that.
 #pragma once
 
 #include <mutex>
@@ -9,10 +9,12 @@
 
 namespace corvex {
 
+class ScanRecorder;
 class SessionState;
 
-// The calls are made on the connect thread; the rest is for the main thread. The queue outlives the tap, and the tap
-// outlives the session.
+// The calls are made on the connect thread, or on the playback thread of a log; the rest is for the main thread. The
+// queue outlives the tap, and the tap outlives the session. A reply of a log comes with the log's time and the
+// definition's own command.
 class ScanTap {
 public:
     explicit ScanTap(ReplyQueue& queue) : queue_(queue) {}
@@ -21,6 +23,9 @@ public:
     SessionCalls Calls();
     // Before the first scan.
     void Attach(SessionState& session) { session_ = &session; }
+    // Before the first scan. A good reply is recorded before it goes into the queue, so nothing is shown that is not
+    // in the log. The recorder outlives the session.
+    void RecordTo(ScanRecorder* recorder) { recorder_ = recorder; }
 
     // Why the port could not be opened, in words that may be empty; false while it was not refused.
     bool PortRefused(std::string& reason) const;
@@ -34,7 +39,8 @@ private:
 
     ReplyQueue& queue_;
     SessionState* session_ = nullptr;
-    ReplyEvent pending_;  // connect thread: the sample whose reply has not ended yet
+    ScanRecorder* recorder_ = nullptr;
+    ReplyEvent pending_;  // worker: the sample whose reply has not ended yet
     mutable std::mutex lock_;
     bool refused_ = false;
     std::string refusal_, lost_;

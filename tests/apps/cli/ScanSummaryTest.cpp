@@ -12,6 +12,7 @@ ReplyEvent At(double t, std::uint32_t code) {
     ReplyEvent event;
     event.t = t;
     event.code = code;
+    event.expected = true;
     return event;
 }
 
@@ -32,6 +33,15 @@ TEST(ScanSummaryTest, HoldsAStopAgainstNobody) {
     ScanSummary summary;
     summary.Add(At(0.5, kCodeStopped));
     EXPECT_EQ(summary.Text(1.0), "0 good replies in 1.0 s, 0.00 Hz; no errors");
+    EXPECT_LT(summary.LastGood(), 0.0);
+}
+
+TEST(ScanSummaryTest, CountsNoReplyOfACommandThatBringsNone) {
+    ScanSummary summary;
+    ReplyEvent sent = At(0.5, kCodeSuccess);
+    sent.expected = false;
+    summary.Add(sent);
+    EXPECT_EQ(summary.Good(), 0U);
     EXPECT_LT(summary.LastGood(), 0.0);
 }
 
