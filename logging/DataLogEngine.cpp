@@ -132,7 +132,8 @@ std::uint32_t DataLogEngine::ReadHeaderLocked() {
     if (header.version != kLogVersion) return kLogWrongVersion;
     std::uint8_t word[4];
     if (reader_.Read(word, sizeof word) != sizeof word) return kLogFileError;
-    return ReadItemsLocked(word[0] | word[1] << 8U | word[2] << 16U | static_cast<std::uint32_t>(word[3]) << 24U);
+    return ReadItemsLocked(word[0] | std::uint32_t{word[1]} << 8U | std::uint32_t{word[2]} << 16U |
+                           std::uint32_t{word[3]} << 24U);
 }
 
 // The count is taken on trust, but what it allocates comes with the bytes that are there.
@@ -154,35 +155,37 @@ std::uint32_t DataLogEngine::ReadRecord(LogRecord* record, std::uint8_t* buffer,
                                         const LogItem** item) {
     if (record == nullptr || buffer == nullptr || item == nullptr) return kLogNullArgument;
     const std::lock_guard lock(lock_);
-    return ReadRecordLocked(record, buffer, size, item);
+    return ReadRecordLocked(*items_, record, buffer, size, item);
 }
 
-std::uint32_t DataLogEngine::ReadRecordLocked(LogRecord* record, std::uint8_t* buffer, std::uint32_t size,
-                                              const LogItem** item) {
+// A record that could not be read whole is left to be read again, from the file and not from what was read ahead: the
+// file may grow, and a recorder takes out again what a full disk took in part.
+std::uint32_t DataLogEngine::ReadRecordLocked(const ItemTable& items, LogRecord* record, std::uint8_t* buffer,
+                                              std::uint32_t size, const LogItem** item) {
     const std::uint64_t begin = reader_.Position();
     std::uint8_t bytes[kLogRecordBytes];
     const std::optional<std::uint32_t> got = reader_.Read(bytes, kLogRecordBytes);
-    if (!got) return kLogFileError;
-    if (*got < kLogRecordBytes) {
+    if (!got || *got < kLogRecordBytes) {
         reader_.Seek(begin);
-        return kLogEndOfFile;
+        reader_.Discard();
+        return got ? kLogEndOfFile : kLogFileError;
     }
     *record = DecodeRecord(bytes);
-    if (record->itemIndex >= items_->size()) {
+    if (record->itemIndex >= items.size()) {
         reader_.Seek(record->nextOffset);
         return kLogUnknownItem;
     }
-    *item = &(*items_)[record->itemIndex];
+    *item = &items[record->itemIndex];
     const std::uint32_t packedSize = (*item)->packedSize;
     if (size < packedSize) {
         reader_.Seek(begin);
         return kLogBufferTooSmall;
     }
     const std::optional<std::uint32_t> data = reader_.Read(buffer, packedSize);
-    if (!data) return kLogFileError;
-    if (*data < packedSize) {
+    if (!data || *data < packedSize) {
         reader_.Seek(begin);
-        return kLogEndOfFile;
+        reader_.Discard();
+        return data ? kLogEndOfFile : kLogFileError;
     }
     sampleIndex.fetch_add(1, std::memory_order_relaxed);
     currentMs.store(record->timeMs, std::memory_order_relaxed);

@@ -83,7 +83,7 @@ public:
     // The item table. A file can only use the first 256. While recording it stays as it is (kLogWrongState): written
     // longer than it was, it would lie over the first records.
     std::uint32_t SetItemCount(std::uint32_t count);  // keeps what fits; kLogFileError when there is no memory
-    std::uint32_t SetItem(std::uint32_t index, const LogItem& item);  // all but the title; 4 outside the table
+    std::uint32_t SetItem(std::uint32_t index, const LogItem& item);  // all but title and reserved byte; 4 outside it
     std::uint32_t AddItem(const LogItem& item);
     std::uint32_t FindItem(std::uint32_t commandId) const;  // the last of that id, 0xFFFFFFFF for none
     const LogItem* GetItem(std::uint32_t index) const;      // until the table changes; null outside it
@@ -148,7 +148,8 @@ private:
     bool WriteTableLocked();
     std::uint32_t ReadHeaderLocked();
     std::uint32_t ReadItemsLocked(std::uint32_t count);
-    std::uint32_t ReadRecordLocked(LogRecord* record, std::uint8_t* buffer, std::uint32_t size, const LogItem** item);
+    std::uint32_t ReadRecordLocked(const ItemTable& items, LogRecord* record, std::uint8_t* buffer, std::uint32_t size,
+                                   const LogItem** item);
     std::uint32_t FindItemLocked(std::uint32_t commandId) const;
     std::uint32_t ResizeLocked(std::size_t count);
     ItemTable& OwnItemsLocked();
@@ -165,6 +166,7 @@ private:
     std::uint32_t PlayRecords(Playback& playback);
     std::uint32_t NextRecord(Playback& playback);
     bool AwaitMoment(const Playback& playback) const;
+    bool TakeMoment(const Playback& playback);
     void Deliver(Playback& playback);
 
     std::uint32_t SeekChecked(std::uint32_t target, std::uint32_t flags);

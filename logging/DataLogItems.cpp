@@ -37,8 +37,9 @@ std::uint32_t DataLogEngine::SetItem(std::uint32_t index, const LogItem& item) {
     if (index >= items_->size()) return kLogUnknownItem;
     LogItem& place = OwnItemsLocked()[index];
     place = item;
-    // Files carry zeros there; a title that came with the item is dropped.
+    // Files carry zeros there; what came with the item is dropped.
     std::fill(std::begin(place.title), std::end(place.title), '\0');
+    place.reserved = 0;
     return kLogSuccess;
 }
 

@@ -88,8 +88,7 @@ std::uint32_t DataLogEngine::PlayRecords(Playback& playback) {
         const LogItem& item = *playback.item;
         ExpandRecord(item.mask, playback.packed.data(), item.packedSize, playback.reply.data(),
                      ExpandedSize(item, playback.fileSize));
-        if (!AwaitMoment(playback)) continue;
-        paceBaseMs.store(playback.record.timeMs, std::memory_order_relaxed);
+        if (!AwaitMoment(playback) || !TakeMoment(playback)) continue;
         Deliver(playback);
         static_cast<void>(
             playback.told->OnLogProgress(playback.record.timeMs, sampleIndex.load(std::memory_order_relaxed)));
@@ -102,13 +101,15 @@ std::uint32_t DataLogEngine::NextRecord(Playback& playback) {
     // Closed, or closed and opened anew, since the state was looked at.
     if (playback.opens != opens_ || !file_ || State() != kLogPlaying) return kLogWrongState;
     playback.seeks = seeks_.load(std::memory_order_relaxed);
-    const std::uint32_t result = ReadRecordLocked(&playback.record, playback.packed.data(),
+    // With the table that the buffers were made for.
+    const std::uint32_t result = ReadRecordLocked(*playback.items, &playback.record, playback.packed.data(),
                                                   static_cast<std::uint32_t>(playback.packed.size()), &playback.item);
     // The buffer holds what the whole file holds: a record that does not fit is cut short.
     return result == kLogBufferTooSmall ? std::uint32_t{kLogEndOfFile} : result;
 }
 
-// False when the record is not to be delivered: the playback was stopped or paused, or a Seek has left its place.
+// False when the record is not to be delivered: the playback was stopped or paused, or a Seek has left its place. A
+// record whose time has come may go out although a stop was just asked for.
 bool DataLogEngine::AwaitMoment(const Playback& playback) const {
     const float factor = speed.load(std::memory_order_relaxed);
     const std::uint32_t from = paceBaseMs.load(std::memory_order_relaxed), to = playback.record.timeMs;
@@ -119,7 +120,16 @@ bool DataLogEngine::AwaitMoment(const Playback& playback) const {
         if (State() != kLogPlaying || isOver()) return false;
         SleepOneMillisecond();
     }
-    return !isOver();
+    return true;
+}
+
+// Under the lock, as a Seek sets the pace too: the pace of the place that was left would make the next record wait for
+// the whole distance.
+bool DataLogEngine::TakeMoment(const Playback& playback) {
+    const std::lock_guard lock(lock_);
+    if (playback.opens != opens_ || seeks_.load(std::memory_order_relaxed) != playback.seeks) return false;
+    paceBaseMs.store(playback.record.timeMs, std::memory_order_relaxed);
+    return true;
 }
 
 void DataLogEngine::Deliver(Playback& playback) {

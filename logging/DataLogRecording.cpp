@@ -11,6 +11,12 @@ namespace {
 // A definition may claim replies of any size; a buffer for the largest is made only where that is sane.
 constexpr std::size_t kSaneReply = 1U << 24U;
 
+// Halves go up. 0 where the machine has no counter and time is no number.
+std::uint32_t Milliseconds(double seconds) {
+    if (!std::isfinite(seconds)) return 0;
+    return static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(seconds * 1000.0 + 0.5)));
+}
+
 }  // namespace
 
 std::uint32_t DataLogEngine::StartRecording() {
@@ -48,8 +54,7 @@ std::uint32_t DataLogEngine::AddSampleLocked(const LogItem& item, std::uint8_t i
         appendAt_ = header.dataOffset;
         stopWatch_.Restart();
     } else {
-        record.timeMs =
-            static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(stopWatch_.Elapsed() * 1000.0 + 0.5)));
+        record.timeMs = Milliseconds(stopWatch_.Elapsed());
     }
     record.nextOffset = static_cast<std::uint32_t>(appendAt_ + size);
     record.itemIndex = index;
@@ -83,8 +88,10 @@ std::uint32_t DataLogEngine::StopRecording() {
 std::uint32_t DataLogEngine::StopRecordingLocked() {
     if (State() != kLogRecording) return kLogWrongState;
     stopWatch_.Pause();
-    const std::optional<std::uint64_t> size = file_ ? file_->Size() : std::nullopt;
+    std::optional<std::uint64_t> size = file_ ? file_->Size() : std::nullopt;
     if (!size) return kLogFileError;
+    // A part of a sample that could not be taken out when its write failed.
+    if (header.sampleCount != 0 && *size > appendAt_ && file_->Seek(appendAt_) && file_->EndHere()) size = appendAt_;
     header.endMark = static_cast<std::uint32_t>(*size + 1);
     if (WriteHeaderLocked() != kLogSuccess) return kLogFileError;
     readMode = 1;

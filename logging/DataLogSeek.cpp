@@ -42,7 +42,7 @@ std::uint32_t DataLogEngine::WalkToLocked(std::uint32_t target, std::uint32_t fl
     const auto size = static_cast<std::uint32_t>(recordBuffer_.size());
     for (;;) {
         const std::uint64_t before = reader_.Position();
-        std::uint32_t result = ReadRecordLocked(&record, recordBuffer_.data(), size, &item);
+        std::uint32_t result = ReadRecordLocked(*items_, &record, recordBuffer_.data(), size, &item);
         // The buffer holds what the whole file holds: a record that does not fit is cut short.
         if (result == kLogBufferTooSmall) result = kLogEndOfFile;
         if (result == kLogEndOfFile) return result;

@@ -17,8 +17,9 @@ std::uint32_t LargestFullSize(const std::vector<LogItem>& items);
 // At least 1.
 std::uint32_t PackedBufferSize(const std::vector<LogItem>& items, std::uint64_t fileSize);
 
-// Bytes of an item's reply after expansion: its fullSize, but no more than a file of that size and the bytes that a
-// mask can leave out could fill.
+// Bytes of an item's reply after expansion: its fullSize, but no more than 65536 or what its record in a file of that
+// size and the bytes that a mask can leave out could fill, whichever is more. What is cut off are zeros; a log of
+// records without data would cost hours to fill with them.
 std::uint32_t ExpandedSize(const LogItem& item, std::uint64_t fileSize);
 // The largest of them, at least 1.
 std::uint32_t ExpandedBufferSize(const std::vector<LogItem>& items, std::uint64_t fileSize);

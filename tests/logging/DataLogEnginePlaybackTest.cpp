@@ -1,0 +1,189 @@
+// What a playback delivers and how it ends. Its pace, and what disturbs it, have tests of their own.
+#include "tests/logging/PlaybackFixture.h"
+
+namespace corvex::test {
+namespace {
+
+class DataLogEnginePlaybackTest : public PlaybackFixture {};
+
+TEST_F(DataLogEnginePlaybackTest, NeedsACallbackAndAnOpenLog) {
+    EXPECT_EQ(6U, log_.StartPlayback());
+    log_.SetCallback(&told_);
+    EXPECT_EQ(3U, log_.StartPlayback());
+    ASSERT_EQ(0U, log_.Open(kPath, kLogForWriting));
+    EXPECT_EQ(3U, log_.StartPlayback());
+    ASSERT_EQ(0U, log_.StartRecording());
+    EXPECT_EQ(3U, log_.StartPlayback());
+    EXPECT_FALSE(log_.IsPlaying());
+}
+
+TEST_F(DataLogEnginePlaybackTest, TellsEachRecordThenItsProgressThenTheEnd) {
+    PlayAll(SmallLog(3));
+    EXPECT_EQ((std::vector<std::string>{"Send 3", "Progress 0 1", "Send 3", "Progress 80 2", "Send 3", "Progress 160 3",
+                                        "End"}),
+              told_.Words());
+    EXPECT_EQ((std::vector<Bytes>{DataOf(0), DataOf(1), DataOf(2)}), DeliveredData());
+    EXPECT_EQ(kLogReady, log_.State());
+}
+
+TEST_F(DataLogEnginePlaybackTest, StandInsTellCommandAndSize) {
+    LogBytes bytes;
+    bytes.Header(LogBytes::DataOffsetFor({1, 0}), 2).ItemCount(2);
+    bytes.Item(0xAAAA, kTypeSendCommand, 2, 4, Bytes{0x05}).Item(0xBBBB, kType160BaudListen, 3, 3, {});
+    PlayAll(bytes.Record(0, 0, {8, 9}).Record(1, 5, {1, 2, 3}).MarkEnd());
+    const std::vector<LogCallbackRecorder::Delivered> records = told_.Records();
+    ASSERT_EQ(2U, records.size());
+    EXPECT_EQ(1U, records[0].source);
+    EXPECT_EQ(0U, records[0].code);
+    EXPECT_EQ(0xAAAAU, records[0].commandId);
+    EXPECT_EQ(1U, records[0].sampleIndex);
+    EXPECT_EQ(kTypeSendCommand, records[0].type);
+    EXPECT_EQ(1U, records[0].flags);
+    EXPECT_EQ(4U, records[0].size);
+    EXPECT_EQ((Bytes{8, 0, 9, 0}), records[0].bytes);
+    EXPECT_EQ(0xBBBBU, records[1].commandId);
+    EXPECT_EQ(2U, records[1].sampleIndex);
+    EXPECT_EQ(kType160BaudListen, records[1].type);
+    EXPECT_EQ(3U, records[1].size);
+    EXPECT_EQ((Bytes{1, 2, 3}), records[1].bytes);
+}
+
+TEST_F(DataLogEnginePlaybackTest, OtherTypesAreReadAndDropped) {
+    LogBytes bytes;
+    bytes.Header(LogBytes::DataOffsetFor({0, 0}), 2).ItemCount(2);
+    bytes.Item(1, 0x40000, 2, 2, {}).Item(kId, kTypeSendCommand, 3, 3, {});
+    PlayAll(bytes.Record(0, 0, {8, 9}).Record(1, 5, DataOf(1)).MarkEnd());
+    EXPECT_EQ((std::vector<std::string>{"Progress 0 1", "Send 3", "Progress 5 2", "End"}), told_.Words());
+}
+
+TEST_F(DataLogEnginePlaybackTest, ResultOfTheCallbackChangesNothing) {
+    told_.answer = -1;
+    PlayAll(SmallLog(3));
+    EXPECT_EQ(3U, told_.RecordCount());
+    EXPECT_EQ(1U, told_.CountOf("End"));
+}
+
+TEST_F(DataLogEnginePlaybackTest, UnknownItemEndsItWithoutAnEnd) {
+    LogBytes bytes = SmallLogHead();
+    PlayAll(bytes.Record(0, 0, DataOf(0)).Record(1, 80, DataOf(1)).Record(0, 160, DataOf(2)).MarkEnd());
+    EXPECT_EQ((std::vector<Bytes>{DataOf(0)}), DeliveredData());
+    EXPECT_EQ(0U, told_.CountOf("End"));
+    EXPECT_EQ(kLogReady, log_.State());
+}
+
+TEST_F(DataLogEnginePlaybackTest, FailedReadEndsItWithoutAnEnd) {
+    told_.hook = [this](const std::string& word) {
+        if (word == "Progress 0 1") files_.failReads = true;
+    };
+    PlayAll(SmallLog(6000, 1));  // longer than what is read ahead
+    EXPECT_LT(1U, told_.RecordCount());
+    EXPECT_GT(6000U, told_.RecordCount());
+    EXPECT_EQ(0U, told_.CountOf("End"));
+    EXPECT_EQ(kLogReady, log_.State());
+}
+
+TEST_F(DataLogEnginePlaybackTest, FailedReadIsReadAgainByTheNextPlayback) {
+    files_.Put(kPath, SmallLog(6000, 1).bytes);
+    ASSERT_EQ(0U, log_.Open(kPath, kLogForReading));
+    log_.SetCallback(&told_);
+    log_.speed = 0.0F;
+    files_.failReads = true;
+    ASSERT_EQ(0U, log_.StartPlayback());
+    ASSERT_TRUE(Ends());
+    files_.failReads = false;
+    ASSERT_EQ(0U, log_.StartPlayback());
+    ASSERT_TRUE(Ends());
+    const std::vector<Bytes> data = DeliveredData();
+    ASSERT_EQ(6000U, data.size());
+    for (std::uint32_t i = 0; i < 6000; ++i)
+        ASSERT_EQ(DataOf(i), data[i]) << i;
+}
+
+TEST_F(DataLogEnginePlaybackTest, RecordThatIsCutShortIsTheEnd) {
+    LogBytes bytes = SmallLogHead();
+    PlayAll(bytes.Record(0, 0, DataOf(0)).Raw({1, 2, 3, 4, 5, 6, 7, 8, 0, 10, 11, 12, 13}));
+    EXPECT_EQ(1U, told_.RecordCount());
+    EXPECT_EQ(1U, told_.CountOf("End"));
+}
+
+TEST_F(DataLogEnginePlaybackTest, EmptyLogEndsAtOnce) {
+    PlayAll(SmallLog(0));
+    EXPECT_EQ((std::vector<std::string>{"End"}), told_.Words());
+    told_.hook = nullptr;
+    LogBytes none;
+    PlayAll(none.Header(44, 0).ItemCount(0));
+    EXPECT_EQ(2U, told_.CountOf("End"));
+}
+
+TEST_F(DataLogEnginePlaybackTest, RecordingWithoutSamplesPlaysToItsEnd) {
+    ASSERT_EQ(0U, log_.Open(kPath, kLogForWriting));
+    ASSERT_EQ(0U, log_.AddItem(MakeItem(kId, 3)));
+    ASSERT_EQ(0U, log_.StartRecording());
+    ASSERT_NE(0U, log_.Close());
+    LogBytes recorded;
+    recorded.bytes = files_.Get(kPath);
+    PlayAll(recorded);
+    EXPECT_EQ((std::vector<std::string>{"End"}), told_.Words());
+}
+
+TEST_F(DataLogEnginePlaybackTest, PlayedLogIsLeftAsItWas) {
+    LogBytes bytes = SmallLogHead();  // never ended
+    for (std::uint32_t i = 0; i < 10; ++i)
+        bytes.Record(0, i * 80, DataOf(i));
+    PlayAll(bytes.Raw({1, 2, 3}));
+    ASSERT_NE(0U, log_.Close());
+    EXPECT_EQ(bytes.bytes, files_.Get(kPath));
+}
+
+TEST_F(DataLogEnginePlaybackTest, StandsAtItsEndAndEndsAgain) {
+    PlayAll(SmallLog(3));
+    ASSERT_EQ(0U, log_.StartPlayback());
+    ASSERT_TRUE(Ends());
+    EXPECT_EQ(3U, told_.RecordCount());
+    EXPECT_EQ(2U, told_.CountOf("End"));
+}
+
+TEST_F(DataLogEnginePlaybackTest, BeginsAnewFromPastTheEndMark) {
+    PlayAll(SmallLog(3).PutWord32(8, kSmallDataOffset + 45));
+    ASSERT_EQ(0U, log_.StartPlayback());
+    ASSERT_TRUE(Ends());
+    EXPECT_EQ(6U, told_.RecordCount());
+}
+
+TEST_F(DataLogEnginePlaybackTest, EnormousSizesAreCut) {
+    PlayAll(SmallLog(3).PutWord32(44 + 24, 0xFFFFFFFF));
+    EXPECT_EQ((std::vector<std::string>{"End"}), told_.Words());
+    PlayAll(SmallLog(3).PutWord32(44 + 28, 0xFFFFFFFF));
+    ASSERT_EQ(3U, told_.RecordCount());
+    EXPECT_EQ(65536U, told_.Records()[0].size);
+    EXPECT_EQ(65536U, told_.Records()[0].bytes.size());
+}
+
+TEST_F(DataLogEnginePlaybackTest, TableMayChangeWhileItPlays) {
+    bool changed = false;
+    told_.hook = [&](const std::string&) {
+        if (changed) return;
+        changed = true;
+        ASSERT_EQ(0U, log_.SetItem(0, MakeItem(7, 5000)));
+        ASSERT_EQ(0U, log_.SetItem(0, MakeItem(8, 90'000)));
+        ASSERT_EQ(0U, log_.SetItemCount(0));
+    };
+    PlayAll(SmallLog(5));
+    ASSERT_EQ(5U, told_.RecordCount());
+    for (std::uint32_t i = 0; i < 5; ++i) {
+        EXPECT_EQ(kId, told_.Records()[i].commandId);
+        EXPECT_EQ(DataOf(i), told_.Records()[i].bytes);
+    }
+}
+
+TEST_F(DataLogEnginePlaybackTest, GoesOnTellingTheCallbackItBeganWith) {
+    LogCallbackRecorder other;
+    told_.hook = [&](const std::string&) { log_.SetCallback(&other); };
+    PlayAll(SmallLog(3));
+    EXPECT_EQ(3U, told_.RecordCount());
+    EXPECT_EQ(1U, told_.CountOf("End"));
+    EXPECT_TRUE(other.Words().empty());
+}
+
+}  // namespace
+}  // namespace corvex::test

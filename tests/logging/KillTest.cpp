@@ -1,0 +1,244 @@
+// A recording process that is killed at any moment, and one whose disk is full: every sample is accounted for.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+
+#include "logging/LogWalk.h"
+#include "tests/logging/LogTestHelper.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/LogCallbackRecorder.h"
+#include "tests/support/PeerProcess.h"
+
+namespace corvex::test {
+namespace {
+
+constexpr int kKills = 200;
+// The long ones are more than a page, so that a kill can cut a write in two.
+constexpr std::array<std::uint32_t, 5> kSizes = {63, 1, 12, 300, 9000};
+
+std::uint32_t ItemOf(std::uint32_t i) {
+    if (i % 16 == 15) return 4;
+    return i * 7 % 11 % 4;
+}
+
+// Sample i, which begins with its number where it is long enough to hold one.
+Bytes SampleOf(std::uint32_t i) {
+    Bytes data(kSizes[ItemOf(i)]);
+    for (std::size_t at = 0; at < data.size(); ++at)
+        data[at] = static_cast<std::uint8_t>(at < 4 ? i >> (8 * at) : i * 13 + at);
+    return data;
+}
+
+struct Progress {
+    std::atomic<std::uint32_t> finished;  // samples that AddSample has returned 0 for
+    std::atomic<std::uint32_t> mistakes;
+};
+
+bool BeginRecording(DataLogEngine& log, const std::string& path) {
+    if (log.Open(path.c_str(), kLogForWriting) != kLogSuccess) return false;
+    for (std::uint32_t item = 0; item < kSizes.size(); ++item)
+        static_cast<void>(log.AddItem(MakeItem(100 + item, kSizes[item])));
+    return log.StartRecording() == kLogSuccess;
+}
+
+std::uint32_t Add(DataLogEngine& log, std::uint32_t i) {
+    const Bytes sample = SampleOf(i);
+    return log.AddSample(100 + ItemOf(i), sample.data(), static_cast<std::uint32_t>(sample.size()));
+}
+
+int RecordUntilKilled(const std::string& path, Progress& progress) {
+    DataLogEngine log;
+    if (!BeginRecording(log, path)) ++progress.mistakes;
+    for (std::uint32_t i = 0; progress.mistakes == 0; ++i) {
+        if (Add(log, i) != kLogSuccess) ++progress.mistakes;
+        progress.finished.store(i + 1);
+    }
+    return 1;
+}
+
+// Counts, as a log of thousands of records is played two hundred times.
+class CountingCallback final : public LogCallbackRecorder {
+public:
+    std::atomic<std::uint32_t> count{0}, ends{0};
+    std::int32_t OnSendCommandEnd(Status, Packet, std::uint32_t) override {
+        ++count;
+        return 0;
+    }
+    std::int32_t OnLogProgress(std::uint32_t, std::uint32_t) override { return 0; }
+    std::int32_t OnLogEnd() override {
+        ++ends;
+        return 0;
+    }
+};
+
+class KillTest : public ::testing::Test {
+protected:
+    KillTest() {
+        const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
+        folder_ = std::filesystem::temp_directory_path() / ("corvex_kill_" + std::to_string(stamp));
+        std::filesystem::create_directory(folder_);
+        path_ = (folder_ / "drive.xdl").string();
+    }
+    ~KillTest() override {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+
+    std::string Content() const {
+        std::ifstream file(path_, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    // How many records there are; each must be the sample of its number.
+    std::uint32_t CheckRecords() const {
+        DataLogEngine log;
+        EXPECT_EQ(0U, log.Open(path_.c_str(), kLogForLooking));
+        LogWalk walk(log);
+        std::uint32_t i = 0, time = 0;
+        for (; walk.Next(); ++i) {
+            const Bytes expected = SampleOf(i);
+            const bool same = walk.Item().packedSize == expected.size() &&
+                              std::equal(expected.begin(), expected.end(), walk.Packed());
+            EXPECT_TRUE(same) << "record " << i;
+            EXPECT_LE(time, walk.Record().timeMs);
+            if (!same) break;
+            time = walk.Record().timeMs;
+        }
+        EXPECT_EQ(7U, walk.Result());
+        return i;
+    }
+    void CheckThatItPlays(std::uint32_t records) const {
+        const std::string before = Content();
+        CountingCallback told;
+        DataLogEngine log;
+        ASSERT_EQ(0U, log.Open(path_.c_str(), kLogForReading));
+        log.SetCallback(&told);
+        log.speed = 0.0F;
+        ASSERT_EQ(0U, log.StartPlayback());
+        ASSERT_TRUE(Eventually([&] { return !log.IsPlaying(); }));
+        EXPECT_EQ(records, told.count);
+        EXPECT_EQ(1U, told.ends);
+        EXPECT_NE(0U, log.Close());
+        EXPECT_TRUE(before == Content());
+    }
+
+    std::filesystem::path folder_;
+    std::string path_;
+};
+
+// `delay` in counts of the clock, from the first sample on or from the very beginning.
+std::uint32_t RecordAndKill(const std::string& path, std::int64_t delay, bool fromFirstSample) {
+    const SharedMemory<Progress> progress;
+    IClock& clock = SystemClock();
+    PeerProcess peer([&] { return RecordUntilKilled(path, *progress); });
+    while (fromFirstSample && progress->finished == 0 && progress->mistakes == 0) {
+    }
+    SleepUntil(clock.Counter() + delay);
+    peer.Kill();
+    EXPECT_EQ(0U, progress->mistakes);
+    return progress->finished;
+}
+
+TEST_F(KillTest, EverySampleOfAKilledRecordingIsReadBack) {
+    std::mt19937 random(20260701);
+    const std::int64_t frequency = SystemClock().Frequency();
+    std::uint64_t samples = 0, inFlight = 0, beforeFirst = 0;
+    for (int kill = 0; kill < kKills; ++kill) {
+        const bool early = kill % 10 == 0;
+        const std::int64_t longest = early ? frequency / 1000 : frequency / 50;
+        const std::uint32_t finished =
+            RecordAndKill(path_, static_cast<std::int64_t>(random()) % (longest + 1), !early);
+        beforeFirst += finished == 0 ? 1U : 0U;
+        DataLogEngine probe;
+        // Without a finished sample there may be no table yet, or no file.
+        const bool readable = probe.Open(path_.c_str(), kLogForLooking) == kLogSuccess;
+        ASSERT_TRUE(readable || finished == 0) << "kill " << kill;
+        if (readable) {
+            const std::uint32_t records = CheckRecords();
+            ASSERT_LE(finished, records) << "kill " << kill;
+            ASSERT_GE(finished + 1, records) << "kill " << kill;
+            CheckThatItPlays(records);
+            samples += records;
+            inFlight += records - finished;
+        }
+        std::filesystem::remove(path_);
+        ASSERT_FALSE(HasFailure()) << "kill " << kill;
+    }
+    RecordProperty("samples", std::to_string(samples));
+    std::printf("%d kills, %llu samples, %llu of them in flight, %llu kills before the first\n", kKills,
+                static_cast<unsigned long long>(samples), static_cast<unsigned long long>(inFlight),
+                static_cast<unsigned long long>(beforeFirst));
+    EXPECT_LT(1000U, samples);
+}
+
+TEST_F(KillTest, LogIsReadWhileAnotherProcessRecordsIt) {
+    const SharedMemory<Progress> progress;
+    PeerProcess peer([&] { return RecordUntilKilled(path_, *progress); });
+    ASSERT_TRUE(Eventually([&] { return progress->finished != 0; }));
+    for (int look = 0; look < 10; ++look) {
+        const std::uint32_t before = progress->finished;
+        const std::uint32_t records = CheckRecords();
+        const std::uint32_t after = progress->finished;
+        ASSERT_LE(before, records);
+        ASSERT_GE(after + 1, records);
+    }
+    peer.Kill();
+    EXPECT_EQ(0U, progress->mistakes);
+}
+
+struct FullDisk {
+    std::array<std::atomic<std::uint32_t>, 30> results;
+    std::atomic<std::uint64_t> sizeWhenFull;
+    std::atomic<std::uint32_t> stop, close;
+};
+
+constexpr std::uint32_t kSmall = 100 + 2;  // the item of 12 bytes
+const Bytes kTwelve = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
+
+int RecordOntoAFullDisk(const std::string& path, std::uint64_t room, FullDisk& told) {
+    LimitFileSize(room);
+    DataLogEngine log;
+    if (!BeginRecording(log, path)) return 1;
+    for (std::uint32_t i = 0; i < 30; ++i) {
+        if (i == 20) {
+            told.sizeWhenFull = log.FileSize();
+            UnlimitFileSize();
+        }
+        Bytes sample = kTwelve;
+        sample[0] = static_cast<std::uint8_t>(i);
+        told.results[i] = log.AddSample(kSmall, sample.data(), 12);
+    }
+    told.stop = log.StopRecording();
+    told.close = log.Close();
+    return 0;
+}
+
+TEST_F(KillTest, FullDiskLosesWhatDoesNotFitAndNothingElse) {
+    const std::uint32_t dataOffset = LogBytes::DataOffsetFor({15, 15, 15, 15, 15});
+    const SharedMemory<FullDisk> told;
+    // Room for eight records and a piece of the ninth.
+    PeerProcess peer([&] { return RecordOntoAFullDisk(path_, dataOffset + 8 * 24 + 17, *told); });
+    ASSERT_EQ(0, peer.Wait());
+    for (std::uint32_t i = 0; i < 30; ++i)
+        EXPECT_EQ(i < 8 || i >= 20 ? 0U : 1U, told->results[i]) << i;
+    EXPECT_EQ(dataOffset + 8 * 24, told->sizeWhenFull);
+    EXPECT_EQ(0U, told->stop);
+    EXPECT_NE(0U, told->close);
+
+    DataLogEngine log;
+    ASSERT_EQ(0U, log.Open(path_.c_str(), kLogForLooking));
+    EXPECT_EQ(18U, log.header.sampleCount);
+    const std::vector<ReadBack> records = ReadRest(log);
+    ASSERT_EQ(18U, records.size());
+    for (std::uint32_t i = 0; i < 18; ++i)
+        EXPECT_EQ(i < 8 ? i : i + 12, records[i].data[0]);
+    EXPECT_EQ(log.FileSize() + 1, log.header.endMark);
+}
+
+}  // namespace
+}  // namespace corvex::test

@@ -1,0 +1,67 @@
+// Logs that the tests of this folder share, and a reading of them.
+#pragma once
+
+#include <vector>
+
+#include "definition/ADXObject.h"
+#include "logging/DataLogEngine.h"
+#include "tests/support/LogBytes.h"
+
+namespace corvex::test {
+
+constexpr std::uint32_t kId = 0x1234;
+constexpr std::uint32_t kSmallDataOffset = 44 + 33 + 15;  // of a log with one recorded item
+constexpr const char* kPath = "drive.xdl";
+
+inline LogItem MakeItem(std::uint32_t commandId, std::uint32_t size, std::uint32_t type = kTypeSendCommand) {
+    LogItem item;
+    item.commandId = commandId;
+    item.type = type;
+    item.packedSize = item.fullSize = size;
+    item.mask = LogMask::AllSet();
+    return item;
+}
+
+// Record i of the logs below.
+inline Bytes DataOf(std::uint32_t i) {
+    return {static_cast<std::uint8_t>(i & 0xFFU), static_cast<std::uint8_t>(i >> 8U & 0xFFU), 0x77};
+}
+
+// The head of a log with the item kId of three bytes, for records to be added; not marked as ended.
+inline LogBytes SmallLogHead(std::uint32_t sampleCount = 0) {
+    LogBytes log;
+    log.Header(kSmallDataOffset, sampleCount).ItemCount(1).Item(kId, kTypeSendCommand, 3, 3, Bytes(15, 0xFF));
+    return log;
+}
+
+// A finished one, of records `stepMs` apart.
+inline LogBytes SmallLog(std::uint32_t records, std::uint32_t stepMs = 80) {
+    LogBytes log = SmallLogHead(records);
+    for (std::uint32_t i = 0; i < records; ++i)
+        log.Record(0, i * stepMs, DataOf(i));
+    return log.MarkEnd();
+}
+
+struct ReadBack {
+    std::uint32_t timeMs = 0, itemIndex = 0;
+    Bytes data;
+    bool operator==(const ReadBack&) const = default;
+};
+
+// All records from the present position on, by ReadRecord; `last` is the result that ended it.
+inline std::vector<ReadBack> ReadRest(DataLogEngine& log, std::uint32_t* last = nullptr) {
+    std::vector<ReadBack> records;
+    std::uint32_t result = kLogSuccess;
+    Bytes buffer(4096);
+    while (result == kLogSuccess) {
+        LogRecord record;
+        const LogItem* item = nullptr;
+        result = log.ReadRecord(&record, buffer.data(), static_cast<std::uint32_t>(buffer.size()), &item);
+        if (result != kLogSuccess) break;
+        records.push_back({record.timeMs, record.itemIndex, Bytes(buffer.begin(), buffer.begin() + item->packedSize)});
+    }
+    if (last != nullptr) *last = result;
+    return records;
+}
+
+}  // namespace corvex::test

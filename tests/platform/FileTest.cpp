@@ -1,0 +1,120 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+
+#include "platform/File.h"
+
+namespace corvex {
+namespace {
+
+class FileTest : public ::testing::Test {
+protected:
+    FileTest() {
+        const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
+        folder_ = std::filesystem::temp_directory_path() / ("corvex_file_" + std::to_string(stamp));
+        std::filesystem::create_directory(folder_);
+        path_ = (folder_ / "one.bin").string();
+    }
+    ~FileTest() override {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+
+    std::unique_ptr<IFile> Open(FileAccess access) const { return SystemFiles().Open(path_, access); }
+    void Fill(const std::string& text) const {
+        const auto file = Open(FileAccess::kCreate);
+        ASSERT_TRUE(file && file->Write(text.data(), static_cast<std::uint32_t>(text.size())));
+    }
+    std::string Content() const {
+        const auto file = Open(FileAccess::kRead);
+        std::string text(1000, '?');
+        text.resize(file ? file->Read(text.data(), 1000).value_or(0) : 0);
+        return text;
+    }
+
+    std::filesystem::path folder_;
+    std::string path_;
+};
+
+TEST_F(FileTest, CreatesAndEmpties) {
+    Fill("old and longer");
+    Fill("new");
+    EXPECT_EQ("new", Content());
+}
+
+TEST_F(FileTest, OpensOnlyWhatIsThere) {
+    std::string error;
+    EXPECT_FALSE(SystemFiles().Open(path_, FileAccess::kRead, &error));
+    EXPECT_NE("", error);
+    EXPECT_FALSE(Open(FileAccess::kReadWrite));
+    EXPECT_FALSE(std::filesystem::exists(path_));
+    EXPECT_FALSE(SystemFiles().Open((folder_ / "no" / "such").string(), FileAccess::kCreate));
+}
+
+TEST_F(FileTest, FolderIsNoFile) {
+    std::string error;
+    EXPECT_FALSE(SystemFiles().Open(folder_.string(), FileAccess::kRead, &error));
+    EXPECT_NE("", error);
+}
+
+TEST_F(FileTest, PositionFollowsReadsAndWrites) {
+    const auto file = Open(FileAccess::kCreate);
+    ASSERT_TRUE(file);
+    EXPECT_EQ(0U, file->Position());
+    ASSERT_TRUE(file->Write("hello", 5));
+    EXPECT_EQ(5U, file->Position());
+    ASSERT_TRUE(file->Seek(1));
+    char text[3];
+    EXPECT_EQ(3U, file->Read(text, 3));
+    EXPECT_EQ("ell", std::string(text, 3));
+    EXPECT_EQ(4U, file->Position());
+    ASSERT_TRUE(file->Write("0!", 2));
+    EXPECT_EQ(6U, file->Size());
+    ASSERT_TRUE(file->Seek(0));
+    char whole[10];
+    EXPECT_EQ(6U, file->Read(whole, 10));
+    EXPECT_EQ("hell0!", std::string(whole, 6));
+    EXPECT_EQ(0U, file->Read(whole, 10));
+}
+
+TEST_F(FileTest, SeesAtOnceWhatAnotherHandleWrote) {
+    const auto file = Open(FileAccess::kCreate);
+    ASSERT_TRUE(file && file->Write("abc", 3));
+    EXPECT_EQ(3U, std::filesystem::file_size(path_));
+}
+
+TEST_F(FileTest, EndsWhereItStands) {
+    Fill("0123456789");
+    {
+        const auto file = Open(FileAccess::kReadWrite);
+        ASSERT_TRUE(file && file->Seek(4) && file->EndHere());
+    }
+    EXPECT_EQ("0123", Content());
+    {
+        const auto file = Open(FileAccess::kReadWrite);
+        ASSERT_TRUE(file && file->Seek(6) && file->EndHere());
+    }
+    EXPECT_EQ(std::string("0123\0\0", 6), Content());
+}
+
+TEST_F(FileTest, ReadingPastTheEndGivesNothing) {
+    Fill("abc");
+    const auto file = Open(FileAccess::kRead);
+    ASSERT_TRUE(file && file->Seek(0xFFFFFFFF));
+    char byte = 0;
+    EXPECT_EQ(0U, file->Read(&byte, 1));
+}
+
+TEST_F(FileTest, FileToReadTakesNoWrites) {
+    Fill("abc");
+    const auto file = Open(FileAccess::kRead);
+    ASSERT_TRUE(file);
+    EXPECT_FALSE(file->Write("x", 1));
+    EXPECT_FALSE(file->EndHere());
+    EXPECT_EQ("abc", Content());
+}
+
+}  // namespace
+}  // namespace corvex
