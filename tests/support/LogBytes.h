@@ -30,7 +30,7 @@ public:
     // endMark 0xFFFFFFFF; begun on Wednesday, 2026-07-01 12:34:56.789.
     LogBytes& Header(std::uint32_t dataOffset, std::uint32_t sampleCount, std::uint32_t version = 3) {
         Word32(version).Word32(dataOffset).Word32(0xFFFFFFFF);
-        for (const std::uint32_t part : {2026, 7, 3, 1, 12, 34, 56, 789})
+        for (const std::uint32_t part : {2026U, 7U, 3U, 1U, 12U, 34U, 56U, 789U})
             Word16(part);
         return Word32(0).Word32(0).Word32(sampleCount);
     }
