@@ -143,7 +143,7 @@ std::int32_t DAECallback::OnTrigger(const DataAcqStatus* status) {
 }
 
 std::int32_t DAECallback::OnLogEnd() {
-    session_.StopCommand();
+    session_.StopPlayback();
     return kResultOk;
 }
 

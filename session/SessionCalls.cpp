@@ -26,6 +26,12 @@ SessionCalls WithoutGaps(SessionCalls calls) {
     Fill(calls.clearMonitors);
     Fill(calls.setMonitorTime);
     Fill(calls.setLogSlider);
+    Fill(calls.setLogRange);
+    Fill(calls.refreshTitle);
+    Fill(calls.checkSpeed);
+    Fill(calls.askSavePath);
+    Fill(calls.askOpenPath);
+    Fill(calls.showBox);
     Fill(calls.postMain);
     Fill(calls.portRefused);
     Fill(calls.replyEnded);

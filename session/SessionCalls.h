@@ -3,10 +3,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "acquisition/DataAcqStatus.h"
 #include "definition/PacketView.h"
+#include "session/FilePrompt.h"
 
 namespace corvex {
 
@@ -18,7 +20,7 @@ enum SessionMessage : std::uint32_t {
 };
 
 // Handed over when the session is built; the session keeps its own copy for life. A call that is left empty does
-// nothing (and answers false).
+// nothing, and answers false or nothing.
 //
 // Threads: "worker" is the connect thread during a scan, the playback thread during playback, and both at once when a
 // log plays beside a live line. A worker blocks until its call returns, so a slow call slows the serial loop. "Any" is
@@ -49,10 +51,22 @@ struct SessionCalls {
 
     // The charts begin anew at time 0. Main thread.
     std::function<void()> clearMonitors;
-    // The playback cursor of the charts, in seconds. Playback thread.
+    // The playback cursor of the charts, in seconds. Playback and main thread.
     std::function<void(double seconds)> setMonitorTime;
     // The log slider, in records. Playback and main thread.
     std::function<void(std::uint32_t index)> setLogSlider;
+    // It runs from 0 to `last`, both included. Main thread.
+    std::function<void(std::uint32_t last)> setLogRange;
+    // The title, which names the last files and the playback speed, is out of date. Main thread.
+    std::function<void()> refreshTitle;
+    // Of the playback speeds in the menu this one alone has the check mark. Main thread.
+    std::function<void(std::uint32_t command)> checkSpeed;
+
+    // The name that the user gives to a file to save or to open; nothing when he changes his mind. May take its time
+    // and show things meanwhile, as the workers go on. Main thread.
+    std::function<std::optional<std::string>(const FilePrompt&)> askSavePath, askOpenPath;
+    // A box with a stop icon that waits to be closed. Main thread.
+    std::function<void(const char* caption, const char* text)> showBox;
 
     // A SessionMessage, to be handled later on the main thread. Must not block. Stop thread.
     std::function<void(std::uint32_t message)> postMain;

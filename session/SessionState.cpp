@@ -1,5 +1,6 @@
 #include "session/SessionState.h"
 
+#include <thread>
 #include <utility>
 
 namespace corvex {
@@ -10,7 +11,10 @@ SessionState::SessionState(SessionCalls calls, ISerialPlatform& serial)
 SessionState::~SessionState() {
     scanning.store(0, std::memory_order_relaxed);
     engine.RequestStop();
-    if (log.State() == kLogPlaying) log.RequestStop();
+    // The playback thread first: it may still start a stop thread, and it calls what is gone before the log goes.
+    static_cast<void>(log.RequestStop());
+    while (log.IsPlaying())
+        std::this_thread::yield();
     workers_.Wait();
     splash.reset();
 }
@@ -52,13 +56,6 @@ void SessionState::EnterState(ConnectionState state) {
     connectionState.store(state, std::memory_order_relaxed);
     calls_.refreshStatus();
     calls_.refreshButtons();
-}
-
-void SessionState::StopCommand() {
-    const bool paused = connectionState.load(std::memory_order_relaxed) == kLogPaused;
-    if (log.State() == kLogPlaying || paused) StartStopThread(kStopLog);
-    calls_.refreshButtons();
-    calls_.refreshStatus();
 }
 
 void SessionState::PublishSample(double t, PacketView packet, std::uint32_t commandId) {

@@ -1,4 +1,4 @@
-// Everything that lives for the whole run, and the operations that start and end a scan.
+// Everything that lives for the whole run, and the operations that start and end a scan, a recording and a playback.
 #pragma once
 
 #include <atomic>
@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <string>
 
 #include "acquisition/DataAcqEngine.h"
 #include "definition/ADXDefinition.h"
@@ -16,10 +17,10 @@
 #include "session/DAECallback.h"
 #include "session/LastPacket.h"
 #include "session/SessionCalls.h"
-#include "session/base/WorkerThreads.h"
 #include "session/base/AutoResetEvent.h"
 #include "session/base/DebugOutput.h"
 #include "session/base/StopWatch.h"
+#include "session/base/WorkerThreads.h"
 
 namespace corvex {
 
@@ -47,8 +48,8 @@ enum StopFlag : std::uint32_t {
 class SessionState {
 public:
     explicit SessionState(SessionCalls calls = {}, ISerialPlatform& serial = SystemSerial());
-    // Ends the scan and the playback and waits for every worker, which may still call what `calls` holds: with windows,
-    // only after the last of them has gone.
+    // Ends the scan, the playback and the recording, which stays in its scratch file, and waits for every worker, which
+    // may still call what `calls` holds: with windows, only after the last of them has gone.
     ~SessionState();
     SessionState(const SessionState&) = delete;
     SessionState& operator=(const SessionState&) = delete;
@@ -58,8 +59,30 @@ public:
     void ToggleScan();
     // Starts a stop thread with these StopFlags, unwaited. Any thread.
     void StartStopThread(std::uint32_t flags);
-    // The Stop command: ends a playback, paused or not. Main or playback thread.
+
+    // Records good replies into ScratchLogPath(), over what an earlier recording left there. A recording that is on
+    // goes on. A log that cannot be written shows by its state alone. Main thread, like all commands below.
+    void RecordCommand();
+    // Ends a recording and saves it where the user says; else ends a playback, paused or not.
     void StopCommand();
+    // Goes on with a paused log, else opens settings.lastxdlpath, at the speed that was chosen, and plays it.
+    void PlayCommand();
+    void PauseCommand();
+    // Pauses a log that plays, else plays: one key for both.
+    void PlayPauseCommand();
+    // Asks for the log to play next; one that plays is paused first.
+    void LoadLogCommand();
+    // Playback at this multiple of the recorded pace, from the next record on.
+    void SetSpeed(float factor);
+    void JumpForward();
+    void JumpBackward();
+    // In records from the start.
+    void MoveLogSlider(std::uint32_t position);
+    // What kMessageLogStopped asks for.
+    void OnLogStopped();
+    // What ends a playback, but never a recording: the end of the log may be reached just when one was begun. Main or
+    // playback thread.
+    void StopPlayback();
 
     // Blocks until no worker of this session runs, for callers without windows; false when `limit` has passed first.
     // What the workers wrote is visible afterwards.
@@ -106,6 +129,9 @@ public:
     std::uint32_t currentHistogramView = 0;
     std::uint32_t dashChanged = 0;
     AppSettings settings;
+    // Plays logs without ever writing to them, so that one on a write-protected card plays too. Else a log's header is
+    // written back when it is closed. Main thread.
+    bool looksAtLogs = false;
 
 private:
     void ConnectThread();
@@ -115,6 +141,9 @@ private:
     void StopLog();
     bool BeginScan();
     void EndScan();
+    void SaveRecording();
+    void MoveRecordingTo(const std::string& name);
+    void EnterPause();
 
     const SessionCalls calls_;
     mutable std::mutex packetLock_, rateLock_, scanLock_;

@@ -19,6 +19,12 @@ TEST(SessionCallsTest, EmptyCallsDoNothing) {
     calls.clearMonitors();
     calls.setMonitorTime(1.0);
     calls.setLogSlider(1);
+    calls.setLogRange(1);
+    calls.refreshTitle();
+    calls.checkSpeed(1);
+    EXPECT_FALSE(calls.askSavePath(kSaveLogPrompt));
+    EXPECT_FALSE(calls.askOpenPath(kOpenLogPrompt));
+    calls.showBox("", "");
     calls.postMain(kMessageScanStopped);
     calls.portRefused("");
     calls.replyEnded({}, nullptr);

@@ -98,6 +98,7 @@ TEST_F(StopThreadTest, OtherLogStatesAreLeftAlone) {
         EXPECT_EQ((Calls{"post 32770"}), Stop(kStopLog));
         EXPECT_EQ(state, session.log.State());
     }
+    session.log.threadId = 0;
 }
 
 TEST_F(StopThreadTest, RecordingThatCannotBeEndedIsToldAllTheSame) {

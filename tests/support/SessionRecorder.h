@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -43,6 +44,20 @@ public:
         calls.clearMonitors = [this] { Note("clear monitors"); };
         calls.setMonitorTime = [this](double seconds) { Note("monitor time " + Number(seconds)); };
         calls.setLogSlider = [this](std::uint32_t index) { Note("slider " + std::to_string(index)); };
+        calls.setLogRange = [this](std::uint32_t last) { Note("range " + std::to_string(last)); };
+        calls.refreshTitle = [this] { Note("title"); };
+        calls.checkSpeed = [this](std::uint32_t command) { Note("check " + std::to_string(command)); };
+        calls.askSavePath = [this](const FilePrompt& prompt) {
+            Note(std::string("ask save ") + prompt.title);
+            return answer;
+        };
+        calls.askOpenPath = [this](const FilePrompt& prompt) {
+            Note(std::string("ask open ") + prompt.title);
+            return answer;
+        };
+        calls.showBox = [this](const char* caption, const char* message) {
+            Note(std::string("box ") + caption + ": " + message);
+        };
         calls.postMain = [this](std::uint32_t message) { Note("post " + std::to_string(message)); };
         calls.portRefused = [this](const std::string& reason) { Note("port refused " + reason); };
         calls.replyEnded = [this](const DataAcqStatus& status, PacketView reply) {
@@ -73,6 +88,7 @@ public:
     }
 
     std::atomic<bool> dashVisible{false}, listVisible{false};
+    std::optional<std::string> answer;                // to whoever asks for a path; nothing: he is refused
     ReplyHook onReplyEnded;                           // set before a scan
     std::function<void(const std::string&)> onNoted;  // likewise; called on whichever thread calls
 

@@ -1,0 +1,75 @@
+// The Stop command, and what becomes of a recording.
+#include <optional>
+#include <string>
+
+#include "platform/Clock.h"
+#include "platform/FileMove.h"
+#include "session/FilePrompt.h"
+#include "session/ScratchLog.h"
+#include "session/SessionState.h"
+
+namespace corvex {
+
+namespace {
+
+void WaitForTheMove() {
+    IClock& clock = SystemClock();
+    SleepUntil(clock.Counter() + clock.Frequency() * 75 / 1000);
+}
+
+}  // namespace
+
+void SessionState::StopCommand() {
+    if (log.State() == kLogRecording) {
+        SaveRecording();
+        calls_.refreshButtons();
+        calls_.refreshStatus();
+    } else {
+        StopPlayback();
+    }
+}
+
+void SessionState::StopPlayback() {
+    const bool paused = connectionState.load(std::memory_order_relaxed) == kLogPaused;
+    if (log.State() == kLogPlaying || paused) StartStopThread(kStopLog);
+    calls_.refreshButtons();
+    calls_.refreshStatus();
+}
+
+// The user who gives no name has his recording in the scratch file, until the next one.
+void SessionState::SaveRecording() {
+    static_cast<void>(log.StopRecording());  // a log that can't be ended well is saved all the same
+    static_cast<void>(log.Close());
+    DebugOutput::Print(&debug, "Recording stopped");
+    const std::optional<std::string> name = calls_.askSavePath(kSaveLogPrompt);
+    if (!name) return;
+    MoveRecordingTo(*name);
+    calls_.setLogSlider(0);
+}
+
+// Never over another log, although the user was asked whether to: the box says where his recording is.
+void SessionState::MoveRecordingTo(const std::string& name) {
+    const std::uint32_t error = MoveToNewName(ScratchLogPath(), name);
+    if (error != 0) {
+        calls_.showBox("Cannot overwrite", "Log save failed. Log backup saved in install directory as \"temp.xdl\"");
+        DebugOutput::Print(&debug, "Cannot overwrite existing log: %s, error 0x%X", name.c_str(), error);
+        return;
+    }
+    settings.SetLastLog(name);
+    WaitForTheMove();
+    // In whatever folder is the current one, where older logs of that name were left behind; but the user may have
+    // saved this very log there.
+    if (!IsSameFile(kScratchLogName, name)) static_cast<void>(RemoveFile(kScratchLogName));
+    DebugOutput::Print(&debug, "Log saved to %s", name.c_str());
+}
+
+void SessionState::OnLogStopped() {
+    static_cast<void>(log.Close());
+    DebugOutput::Print(&debug, "Playback stopped");  // of a recording that the end of the program has ended, too
+    EnterState(kNotConnected);
+    calls_.setLogSlider(0);
+    calls_.refreshStatus();
+    calls_.refreshButtons();
+}
+
+}  // namespace corvex
