@@ -1,12 +1,11 @@
 #include "apps/cli/PlayCommand.h"
 
-#include <ostream>
+#include "apps/cli/PlayRun.h"
 
 namespace corvex {
 
-ExitCode RunPlay(const PlayOptions&, std::ostream&, std::ostream& err) {
-    err << "corvex-cli: play is not built yet\n";
-    return kExitFailure;
+ExitCode RunPlay(const PlayOptions& options, std::ostream& out, std::ostream& err) {
+    return PlayRun(options, out, err).Run();
 }
 
 }  // namespace corvex

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "apps/cli/DefinitionFile.h"
+#include "apps/cli/LineState.h"
 #include "apps/cli/LogFile.h"
 #include "apps/cli/ObjectNames.h"
 #include "apps/cli/PolledCommands.h"
@@ -47,7 +48,8 @@ bool ScanRun::Prepare() {
     if (options_.verbose) session_.debug.edit = &log_;
     polled_ = PolledCommands(session_.definition);
     diagnosis_ = LineDiagnosis((session_.definition.flags & 1) != 0);
-    view_ = MakeScanView(options_, session_.definition, port_, OutputIsTerminal(), out_);
+    view_ = MakeScanView({options_.plain, options_.json, options_.once}, session_.definition, port_, OutputIsTerminal(),
+                         out_);
     return true;
 }
 
@@ -151,7 +153,9 @@ bool ScanRun::EveryoneAnswered() const {
 }
 
 ScanMoment ScanRun::Moment() const {
-    return {session_.timer.Elapsed(), session_.connectionState.load(std::memory_order_relaxed), summary_, diagnosis_};
+    const double seconds = session_.timer.Elapsed();
+    const std::uint32_t connection = session_.connectionState.load(std::memory_order_relaxed);
+    return {seconds, seconds, summary_, LineStateText(connection, seconds, summary_, diagnosis_), diagnosis_.Doubt()};
 }
 
 std::string ScanRun::WhyFailed() const {

@@ -1,6 +1,7 @@
 #include "apps/cli/ScanView.h"
 
 #include <algorithm>
+#include <chrono>
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <set>
@@ -12,32 +13,30 @@
 #include "apps/cli/TextFormat.h"
 #include "definition/ADXObject.h"
 #include "platform/Terminal.h"
-#include "session/ConnectionState.h"
 
 namespace corvex {
 
 namespace {
 
-// A connected line that is quiet for longer than this is told to be; a 160-baud packet takes 1.2 s.
-constexpr double kQuietSeconds = 3.0;
-constexpr double kRedrawSeconds = 0.1;
+constexpr auto kRedraw = std::chrono::milliseconds(100);
 
 std::string SummaryLine(const ScanMoment& moment) {
     std::string text = moment.summary.Text(moment.seconds);
-    const std::string doubt = moment.diagnosis.Doubt();
-    return doubt.empty() ? text : text + "\nnote: " + doubt;
+    return moment.note.empty() ? text : text + "\nnote: " + moment.note;
 }
 
 class TableView : public IScanView {
 public:
-    TableView(const ADXDefinition& definition, std::string port, std::ostream& out)
-        : table_(definition), port_(std::move(port)), screen_(out, mode_.Escapes()), out_(out) {}
+    TableView(const ADXDefinition& definition, std::string source, std::ostream& out)
+        : table_(definition), source_(std::move(source)), screen_(out, mode_.Escapes()), out_(out) {}
 
     void OnReply(const ReplyEvent& event) override { table_.Add(event); }
 
     void OnTick(const ScanMoment& moment) override {
-        if (moment.seconds - drawn_ < kRedrawSeconds) return;
-        drawn_ = moment.seconds;
+        // By the wall's clock: a log's own time may run at any speed.
+        const auto now = std::chrono::steady_clock::now();
+        if (now - drawn_ < kRedraw) return;
+        drawn_ = now;
         Draw(moment);
     }
 
@@ -53,17 +52,17 @@ private:
         // The last column and row stay free: text there makes a terminal scroll.
         const std::size_t width = std::max(size.columns, 2U) - 1;
         const std::size_t height = size.rows > 3 ? size.rows - 2 : 1;
-        auto lines = TableLines(table_.Rows(moment.seconds), width, height, mode_.Escapes());
-        lines.insert(lines.begin(), CutToWidth(port_ + ": " + StateText(moment), width));
+        auto lines = TableLines(table_.Rows(moment.now), width, height, mode_.Escapes());
+        lines.insert(lines.begin(), CutToWidth(source_ + ": " + moment.state, width));
         screen_.Show(lines);
     }
 
     TerminalMode mode_;
     LiveTable table_;
-    std::string port_;
+    std::string source_;
     ScreenLines screen_;
     std::ostream& out_;
-    double drawn_ = -1.0;
+    std::chrono::steady_clock::time_point drawn_;
 };
 
 class PlainView : public IScanView {
@@ -93,8 +92,7 @@ public:
     void OnTick(const ScanMoment&) override {}
     void OnEnd(const ScanMoment& moment) override {
         nlohmann::ordered_json json{{"summary", moment.summary.Json(moment.seconds)}};
-        const std::string doubt = moment.diagnosis.Doubt();
-        if (!doubt.empty()) json["summary"]["note"] = doubt;
+        if (!moment.note.empty()) json["summary"]["note"] = moment.note;
         out_ << json.dump() << '\n';
     }
 
@@ -114,7 +112,7 @@ public:
     void OnTick(const ScanMoment&) override {}
     void OnEnd(const ScanMoment& moment) override {
         std::vector<std::vector<std::string>> rows;
-        for (const LiveRow& row : table_.Rows(moment.seconds))
+        for (const LiveRow& row : table_.Rows(moment.now))
             rows.push_back({row.title, (row.alarm ? "!" : "") + row.value, row.units});
         out_ << AlignColumns(rows, "") << SummaryLine(moment) << '\n';
     }
@@ -126,28 +124,12 @@ private:
 
 }  // namespace
 
-std::string StateText(const ScanMoment& moment) {
-    const std::string counts = Printf("%.2f Hz, ", moment.summary.Rate()) +
-                               Counted(moment.summary.Good(), "good reply") + ", " +
-                               Counted(moment.summary.Errors(), "error");
-    const double quiet = moment.seconds - moment.summary.LastGood();
-    if (moment.connection == kConnecting) {
-        // The first moments say nothing about a line yet.
-        if (moment.seconds < 1.0) return "Connecting";
-        return "Connecting: " + moment.diagnosis.WhyNoReply(moment.seconds);
-    }
-    if (moment.connection == kConnected && quiet > kQuietSeconds)
-        return Printf("No reply for %.1f s; ", quiet) + counts;
-    if (moment.connection == kConnected) return "Connected, " + counts;
-    return "Not connected, " + counts;
-}
-
-std::unique_ptr<IScanView> MakeScanView(const ScanOptions& options, const ADXDefinition& definition,
-                                        const std::string& port, bool terminal, std::ostream& out) {
+std::unique_ptr<IScanView> MakeScanView(const ViewOptions& options, const ADXDefinition& definition,
+                                        const std::string& source, bool terminal, std::ostream& out) {
     if (options.json) return std::make_unique<JsonView>(definition, options.once, out);
     if (options.once) return std::make_unique<OnceView>(definition, out);
     if (options.plain || !terminal) return std::make_unique<PlainView>(definition, out);
-    return std::make_unique<TableView>(definition, port, out);
+    return std::make_unique<TableView>(definition, source, out);
 }
 
 }  // namespace corvex

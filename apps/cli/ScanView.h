@@ -1,14 +1,11 @@
-// What a scan shows of itself.
+// What a scan, or a log that is played, shows of itself.
 #pragma once
 
-#include <cstdint>
 #include <iosfwd>
 #include <memory>
 #include <string>
 
-#include "apps/cli/LineDiagnosis.h"
 #include "apps/cli/LiveTable.h"
-#include "apps/cli/Options.h"
 #include "apps/cli/ReplyEvent.h"
 #include "apps/cli/ScanSummary.h"
 
@@ -16,15 +13,22 @@ namespace corvex {
 
 class ADXDefinition;
 
-// How the scan stands at a moment.
+// How it stands at a moment.
 struct ScanMoment {
-    double seconds = 0.0;          // since it began
-    std::uint32_t connection = 0;  // a ConnectionState
+    double now = 0.0;      // on the clock of the replies' times
+    double seconds = 0.0;  // since it began
     const ScanSummary& summary;
-    const LineDiagnosis& diagnosis;
+    std::string state;  // in one sentence
+    std::string note;   // a doubt to tell at the end; empty for none
 };
 
-// One of the ways to show a scan. All calls on the main thread.
+struct ViewOptions {
+    bool plain = false;
+    bool json = false;
+    bool once = false;
+};
+
+// One of the ways to show it. All calls on the main thread.
 class IScanView {
 public:
     virtual ~IScanView() = default;
@@ -35,11 +39,9 @@ public:
     virtual void OnEnd(const ScanMoment& moment) = 0;
 };
 
-// The view that the options ask for: a table redrawn in place when `terminal`, else lines. `port` is shown.
-std::unique_ptr<IScanView> MakeScanView(const ScanOptions& options, const ADXDefinition& definition,
-                                        const std::string& port, bool terminal, std::ostream& out);
-
-// The state of the line in one sentence, true at the moment: "Connected, 12.05 Hz, 120 replies, 2 errors".
-std::string StateText(const ScanMoment& moment);
+// The view that the options ask for: a table redrawn in place when `terminal`, else lines. `source` is shown, the port
+// or the log.
+std::unique_ptr<IScanView> MakeScanView(const ViewOptions& options, const ADXDefinition& definition,
+                                        const std::string& source, bool terminal, std::ostream& out);
 
 }  // namespace corvex
