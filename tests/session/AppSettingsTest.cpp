@@ -1,0 +1,229 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+
+#include "session/AppSettings.h"
+#include "tests/support/TestFolder.h"
+
+namespace corvex::test {
+namespace {
+
+constexpr char kFile[] = "Settings.dat";
+constexpr char kWritten[] =
+    "lastadxpath=C:\\cars\\one.adx\n"
+    "comport=COM3\n"
+    "loadlastdef=0\n"
+    "lastxdlpath=C:\\cars\\drive=1.xdl\n"
+    "winposx=-5\n"
+    "winposy=20\n"
+    "winsizex=800\n"
+    "winsizey=600\n";
+
+class AppSettingsTest : public ::testing::Test {
+protected:
+    AppSettingsTest() { SetDefaults(&settings); }
+
+    int Read(const std::string& bytes) {
+        folder.Put(kFile, bytes);
+        return ReadSettings(&settings);
+    }
+    // The file as text mode shows it.
+    std::string Text() const {
+        std::ifstream file(folder.Name(kFile));
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    // Every text ends within its limit.
+    void ExpectSane() const {
+        EXPECT_NE(nullptr, std::memchr(settings.comport, 0, AppSettings::kFilePortLength + 1));
+        EXPECT_NE(nullptr, std::memchr(settings.lastadxpath, 0, sizeof settings.lastadxpath));
+        EXPECT_NE(nullptr, std::memchr(settings.lastxdlpath, 0, sizeof settings.lastxdlpath));
+    }
+
+    TestFolder folder;
+    FixedProgramPlace place{folder};
+    const ScopedProgramPlace scope{place};
+    AppSettings settings;
+};
+
+TEST_F(AppSettingsTest, DefaultsGoByTheScreen) {
+    settings.SetLastLog("old");
+    place.screen = {1365, 767};
+    SetDefaults(&settings);
+    EXPECT_STREQ("COM1", settings.comport);
+    EXPECT_STREQ("", settings.lastadxpath);
+    EXPECT_STREQ("", settings.lastxdlpath);
+    EXPECT_EQ(1, settings.loadlastdef);
+    EXPECT_EQ(1023, settings.winsizex);
+    EXPECT_EQ(750, settings.winsizey);  // of the width
+    EXPECT_EQ(682 - 511, settings.winposx);
+    EXPECT_EQ(383 - 375, settings.winposy);
+}
+
+TEST_F(AppSettingsTest, NarrowScreenBringsTheTopEdgeAboveIt) {
+    place.screen = {2000, 401};
+    SetDefaults(&settings);
+    EXPECT_EQ(1100, settings.winsizey);
+    EXPECT_EQ(200 - 550, settings.winposy);
+}
+
+TEST_F(AppSettingsTest, MissingFileKeepsTheDefaults) {
+    settings.winposx = 77;
+    EXPECT_EQ(0, ReadSettings(&settings));
+    EXPECT_EQ(77, settings.winposx);
+    EXPECT_STREQ("COM1", settings.comport);
+}
+
+TEST_F(AppSettingsTest, WritesWhatItReadInItsOwnOrder) {
+    EXPECT_EQ(1, Read("winsizey=600\nwinsizex=800\nlastxdlpath=C:\\cars\\drive=1.xdl\ncomport=COM3\nunknown=1\n"
+                      "winposy=20\nwinposx=-5\nloadlastdef=0\nlastadxpath=C:\\cars\\one.adx\n"));
+    EXPECT_EQ(0, settings.loadlastdef);
+    EXPECT_STREQ("C:\\cars\\one.adx", settings.lastadxpath);
+    EXPECT_EQ(-5, settings.winposx);
+    EXPECT_EQ(1, WriteSettings(&settings));
+    EXPECT_EQ(kWritten, Text());
+    EXPECT_EQ(1U, folder.FileCount());
+}
+
+TEST_F(AppSettingsTest, PortIsCutToFourCharacters) {
+    EXPECT_EQ(1, Read("comport=COM12\n"));
+    EXPECT_STREQ("COM1", settings.comport);
+    std::strcpy(settings.comport, "/dev/ttyUSB0");
+    EXPECT_EQ(1, WriteSettings(&settings));
+    EXPECT_NE(std::string::npos, Text().find("comport=/dev\n"));
+}
+
+TEST_F(AppSettingsTest, OnlyTheKeyEndsAtTheFirstSign) {
+    EXPECT_EQ(1, Read("lastadxpath=a=b==c=\nlastxdlpath==x\n"));
+    EXPECT_STREQ("a=b==c=", settings.lastadxpath);
+    EXPECT_STREQ("=x", settings.lastxdlpath);
+}
+
+TEST_F(AppSettingsTest, EmptyValuesAndBareKeysLeaveTheDefault) {
+    settings.SetLastLog("kept");
+    EXPECT_EQ(1, Read("lastxdlpath=\ncomport\n\n=\n=COM2\nloadlastdef=\n"));
+    EXPECT_STREQ("kept", settings.lastxdlpath);
+    EXPECT_STREQ("COM1", settings.comport);
+    EXPECT_EQ(1, settings.loadlastdef);
+}
+
+TEST_F(AppSettingsTest, KeysAreComparedExactly) {
+    EXPECT_EQ(1, Read("COMPORT=COM2\ncomport =COM2\n comport=COM2\ncomports=COM2\n"));
+    EXPECT_STREQ("COM1", settings.comport);
+}
+
+TEST_F(AppSettingsTest, BadNumbersAreZeroAndHugeOnesTheLargest) {
+    EXPECT_EQ(1, Read("winposx=left\nwinposy= 12px\nwinsizex=99999999999999999999\nwinsizey=-3000000000\n"));
+    EXPECT_EQ(0, settings.winposx);
+    EXPECT_EQ(12, settings.winposy);
+    EXPECT_EQ(2147483647, settings.winsizex);
+    EXPECT_EQ(-2147483647 - 1, settings.winsizey);
+}
+
+TEST_F(AppSettingsTest, LastLineNeedsNoEnd) {
+    EXPECT_EQ(1, Read("winposx=1\ncomport=COM7"));
+    EXPECT_STREQ("COM7", settings.comport);
+}
+
+TEST_F(AppSettingsTest, LongPathsAreCut) {
+    EXPECT_EQ(1, Read("lastadxpath=" + std::string(300, 'a') + "\n"));
+    EXPECT_EQ(std::string(259, 'a'), settings.lastadxpath);
+    settings.SetLastLog(std::string(300, 'b'));
+    EXPECT_EQ(std::string(259, 'b'), settings.lastxdlpath);
+}
+
+// 511 characters make a line; what is behind them is one more.
+TEST_F(AppSettingsTest, RestOfALongLineIsALine) {
+    const std::string key = "lastadxpath=";
+    EXPECT_EQ(1, Read(key + std::string(511 - key.size(), 'a') + "winposx=7\nwinposy=8\n"));
+    EXPECT_EQ(std::string(259, 'a'), settings.lastadxpath);
+    EXPECT_EQ(7, settings.winposx);
+    EXPECT_EQ(8, settings.winposy);
+    EXPECT_EQ(1, Read(key + std::string(510 - key.size(), 'a') + "winposx=9\n"));
+    EXPECT_EQ(7, settings.winposx);
+}
+
+TEST_F(AppSettingsTest, ProgramWithoutAFolderHasNoSettings) {
+    const ScopedCurrentFolder here(folder);
+    folder.Put(kFile, kWritten);
+    for (const char* file : {"", "corvex.exe"}) {
+        place.file = file;
+        EXPECT_EQ(0, ReadSettings(&settings));
+        EXPECT_EQ(0, WriteSettings(&settings));
+    }
+    EXPECT_STREQ("COM1", settings.comport);
+    EXPECT_EQ(kWritten, folder.Content(kFile));
+}
+
+TEST_F(AppSettingsTest, FolderThatIsGoneTakesNothing) {
+    place.file = folder.Name("gone") + place.separator + "corvex.exe";
+    EXPECT_EQ(0, WriteSettings(&settings));
+    EXPECT_EQ(0U, folder.FileCount());
+}
+
+TEST_F(AppSettingsTest, FolderIsNoSettingsFile) {
+    std::filesystem::create_directory(folder.Path() / kFile);
+    EXPECT_EQ(0, ReadSettings(&settings));
+    EXPECT_EQ(0, WriteSettings(&settings));
+    EXPECT_EQ(1U, folder.FileCount());
+}
+
+TEST_F(AppSettingsTest, ProgramDirectoryEndsWithItsSeparator) {
+    char directory[AppSettings::kPathSize];
+    place.separator = '\\';
+    place.file = "C:\\Program Files\\Corvex\\corvex.exe";
+    place.moduleFile = "D:\\editor.dll";
+    GetProgramDirectory(nullptr, directory);
+    EXPECT_STREQ("C:\\Program Files\\Corvex\\", directory);
+    GetProgramDirectory(directory, directory);
+    EXPECT_STREQ("D:\\", directory);
+    place.file = std::string(300, 'x').replace(200, 1, "\\");
+    GetProgramDirectory(nullptr, directory);
+    EXPECT_EQ(std::string(200, 'x') + "\\", directory);
+    place.file = std::string(300, 'x').replace(270, 1, "\\");
+    GetProgramDirectory(nullptr, directory);
+    EXPECT_STREQ("", directory);
+}
+
+TEST_F(AppSettingsTest, CutAtAnyPlaceItIsReadAsFarAsItGoes) {
+    const std::string whole = kWritten;
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        SetDefaults(&settings);
+        ASSERT_EQ(1, Read(whole.substr(0, length)));
+        ExpectSane();
+    }
+    EXPECT_EQ(600, settings.winsizey);
+}
+
+TEST_F(AppSettingsTest, AnyByteMayBeWrong) {
+    const std::string whole = kWritten;
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+        for (const int bad : {0x00, 0x0A, 0x1A, 0x3D, 0xFF, whole[i] ^ 0x01, whole[i] ^ 0x80}) {
+            std::string bytes = whole;
+            bytes[i] = static_cast<char>(bad);
+            SetDefaults(&settings);
+            ASSERT_EQ(1, Read(bytes));
+            ExpectSane();
+        }
+    }
+}
+
+TEST_F(AppSettingsTest, BinaryRubbishIsPassedOver) {
+    std::mt19937 random(1);
+    for (int round = 0; round < 20; ++round) {
+        std::string bytes;
+        for (int i = 0; i < 20'000; ++i)
+            bytes += static_cast<char>(random());
+        for (int i = 0; i < 20; ++i)
+            bytes.insert(random() % bytes.size(), round % 2 == 0 ? "\ncomport=" : "\nlastadxpath=");
+        ASSERT_EQ(1, Read(bytes));
+        ExpectSane();
+    }
+    ASSERT_EQ(1, Read(std::string(100'000, '\0')));
+    ASSERT_EQ(1, Read("comport=" + std::string(100'000, '9')));
+    ExpectSane();
+    EXPECT_STREQ("9999", settings.comport);
+}
+
+}  // namespace
+}  // namespace corvex::test

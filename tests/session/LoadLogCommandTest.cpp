@@ -1,0 +1,70 @@
+#include "tests/session/LogSessionHelper.h"
+
+namespace corvex::test {
+namespace {
+
+constexpr char kAsked[] = "ask open Select datalog...";
+
+class LoadLogCommandTest : public LogSessionTest {};
+
+TEST_F(LoadLogCommandTest, ChosenLogIsTheOneToPlay) {
+    recorder.answer = folder.Name("gone.xdl");
+    session.LoadLogCommand();
+    EXPECT_EQ(folder.Name("gone.xdl"), session.settings.lastxdlpath);
+    EXPECT_EQ((Calls{kAsked, "buttons", "title"}), recorder.Take());
+    EXPECT_EQ(kLogClosed, session.log.State());
+    EXPECT_EQ("", text.Text());
+}
+
+TEST_F(LoadLogCommandTest, PromptIsTheDialogs) {
+    EXPECT_STREQ("Select datalog...", kOpenLogPrompt.title);
+    EXPECT_STREQ("Datalog (XDL) Files (*.xdl)", kOpenLogPrompt.filter);
+    EXPECT_STREQ("xdl", kOpenLogPrompt.extension);
+    EXPECT_EQ(0x2002U, kOpenLogPrompt.flags);
+}
+
+TEST_F(LoadLogCommandTest, NothingChosenChangesNothing) {
+    Choose("before");
+    session.LoadLogCommand();
+    EXPECT_STREQ("before", session.settings.lastxdlpath);
+    EXPECT_EQ((Calls{kAsked, "buttons"}), recorder.Take());
+}
+
+TEST_F(LoadLogCommandTest, LongNameIsCut) {
+    recorder.answer = std::string(300, 'x');
+    session.LoadLogCommand();
+    EXPECT_EQ(std::string(259, 'x'), session.settings.lastxdlpath);
+}
+
+TEST_F(LoadLogCommandTest, PlaybackIsPausedFirstWithoutALine) {
+    Choose(PutLog("one.xdl", {0, 1'000'000}));
+    session.PlayCommand();
+    ASSERT_TRUE(PlaysUpTo(2));
+    ASSERT_TRUE(recorder.WaitFor("slider 1"));
+    recorder.Take();
+    text.Clear();
+    session.LoadLogCommand();
+    EXPECT_TRUE(Rests(kLogReady));
+    EXPECT_EQ(kLogPaused, session.connectionState);
+    EXPECT_EQ("", text.Text());
+    EXPECT_EQ((Calls{"status", "buttons", kAsked, "buttons"}), recorder.Take());
+}
+
+// It is opened when it is played; until then a paused one goes on.
+TEST_F(LoadLogCommandTest, PausedLogGoesOnAfterAnotherWasChosen) {
+    Choose(PutLog("one.xdl", {0, 1'000'000}));
+    session.PlayCommand();
+    ASSERT_TRUE(PlaysUpTo(2));
+    recorder.answer = PutLog("two.xdl", {0, 0, 0, 0});
+    session.LoadLogCommand();
+    ASSERT_TRUE(Rests(kLogReady));
+    session.PlayCommand();
+    EXPECT_EQ(2U, session.log.header.sampleCount);
+    ASSERT_TRUE(Rests(kLogClosed));
+    session.PlayCommand();
+    EXPECT_EQ(4U, session.log.header.sampleCount);
+    EXPECT_TRUE(Rests(kLogClosed));
+}
+
+}  // namespace
+}  // namespace corvex::test

@@ -1,0 +1,95 @@
+// A session with a folder of its own, whose logs are real files.
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "tests/session/SessionTestHelper.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/LogBytes.h"
+#include "tests/support/TestFolder.h"
+
+namespace corvex::test {
+
+inline const std::string kStoppedPlayback = "post 32770";
+
+// The clock stands still unless the test moves it, so a record with a time is waited for without end.
+class LogSessionTest : public ScanTest {
+protected:
+    struct Read {
+        std::uint32_t timeMs;
+        Bytes data;
+        bool operator==(const Read&) const = default;
+        friend void PrintTo(const Read& read, std::ostream* out) {
+            *out << read.timeMs << " ms " << ::testing::PrintToString(read.data);
+        }
+    };
+
+    // A finished log of replies of the monitor command, one for each time; the reply holds its number.
+    std::string PutLog(const std::string& file, const std::vector<std::uint32_t>& times) const {
+        LogBytes log;
+        log.Header(LogBytes::DataOffsetFor({15}), static_cast<std::uint32_t>(times.size())).ItemCount(1);
+        log.Item(monitor->GetIdHash(), kTypeSendCommand, 2, 2, Bytes(15, 0xFF));
+        for (std::size_t i = 0; i < times.size(); ++i)
+            log.Record(0, times[i], {static_cast<std::uint8_t>(i), 0xEE});
+        log.MarkEnd();
+        folder.Put(file, {log.bytes.begin(), log.bytes.end()});
+        return folder.Name(file);
+    }
+    void Choose(const std::string& log) { session.settings.SetLastLog(log); }
+    // What a log holds, and that it is finished.
+    std::vector<Read> ReadLog(const std::string& path) const {
+        DataLogEngine log;
+        EXPECT_EQ(kLogSuccess, log.Open(path.c_str(), kLogForLooking));
+        EXPECT_EQ(log.FileSize() + 1, log.header.endMark);
+        std::vector<Read> reads;
+        LogRecord record;
+        const LogItem* item = nullptr;
+        std::uint8_t data[100];
+        while (log.ReadRecord(&record, data, sizeof data, &item) == kLogSuccess)
+            reads.push_back({record.timeMs, Bytes(data, data + item->packedSize)});
+        EXPECT_EQ(reads.size(), log.header.sampleCount);
+        return reads;
+    }
+    // A recording of the replies of one scan, all but the first, which comes before the line counts as connected.
+    void RecordScan(int replies) {
+        AnswerAll();
+        session.RecordCommand();
+        EndAfter(replies);
+        Scan();
+    }
+
+    // Does what a message loop would: handles what was posted, until the log has come to rest in this state.
+    bool Rests(std::uint32_t state) {
+        return Eventually([&] {
+            HandlePosts();
+            return session.log.State() == state && !session.log.IsPlaying() &&
+                   session.WaitForThreads(std::chrono::milliseconds(0)) && handled_ == recorder.Count(kStoppedPlayback);
+        });
+    }
+    void HandlePosts() {
+        for (; handled_ < recorder.Count(kStoppedPlayback); ++handled_)
+            session.OnLogStopped();
+    }
+    // With what the recorder has noted.
+    void ForgetPosts() { handled_ = 0; }
+    bool PlaysUpTo(std::uint32_t records) {
+        return Eventually([&] { return session.log.sampleIndex == records; });
+    }
+    std::string NewText() {
+        const std::string all = text.Text();
+        text.Clear();
+        return all;
+    }
+
+    TestFolder folder;
+    FixedProgramPlace place{folder};
+    const ScopedProgramPlace placeScope{place};
+
+private:
+    std::size_t handled_ = 0;
+};
+
+}  // namespace corvex::test

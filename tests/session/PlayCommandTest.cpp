@@ -1,0 +1,239 @@
+#include <algorithm>
+#include <chrono>
+
+#include "session/StatusText.h"
+#include "tests/session/LogSessionHelper.h"
+
+namespace corvex::test {
+namespace {
+
+constexpr std::uint32_t kFarAway = 1'000'000;  // ms: waited for, as the clock stands still
+
+class PlayCommandTest : public LogSessionTest {
+protected:
+    // Plays a log whose second record is waited for.
+    void PlayWaiting() {
+        Choose(PutLog("one.xdl", {0, kFarAway, kFarAway, kFarAway}));
+        session.PlayCommand();
+        ASSERT_TRUE(recorder.WaitFor("reply 0 2"));
+        ASSERT_TRUE(PlaysUpTo(2));
+        recorder.Take();
+        text.Clear();
+    }
+    void PauseAndRest() {
+        session.PauseCommand();
+        ASSERT_TRUE(Rests(kLogReady));
+    }
+    const char* LeftPanel() const { return LeftPanelText(session.log.State(), session.connectionState).text; }
+};
+
+TEST_F(PlayCommandTest, PlaysTheLastLog) {
+    const std::string name = PutLog("one.xdl", {0, kFarAway});
+    Choose(name);
+    recorder.onNoted = [this](const std::string& call) {
+        if (call == "clear monitors") {
+            EXPECT_EQ(kLogReady, session.log.State());
+        }
+    };
+    session.PlayCommand();
+    EXPECT_EQ(kLogPlaying, session.log.State());
+    EXPECT_NE(std::string::npos, text.Text().find("Playing " + name));
+    ASSERT_TRUE(recorder.WaitFor("slider 1"));
+    const Calls noted = recorder.Take();
+    ASSERT_LE(2U, noted.size());
+    EXPECT_EQ("clear monitors", noted[0]);
+    EXPECT_EQ("range 2", noted[1]);
+    EXPECT_EQ(1, std::count(noted.begin(), noted.end(), "buttons"));
+    EXPECT_EQ(1, std::count(noted.begin(), noted.end(), "monitor 0.000 2 " + IdText(*monitor)));
+}
+
+TEST_F(PlayCommandTest, TellsWhatCannotBeOpened) {
+    Choose(folder.Name("gone.xdl"));
+    session.PlayCommand();
+    EXPECT_EQ("Could not open " + folder.Name("gone.xdl") + ", error 0xC", NewText());
+    folder.Put("old.xdl", std::string("\2\0\0\0", 4) + std::string(60, '\0'));
+    Choose(folder.Name("old.xdl"));
+    session.PlayCommand();
+    EXPECT_EQ("Could not open " + folder.Name("old.xdl") + ", error 0xD", NewText());
+    folder.Put("short.xdl", "123");
+    Choose(folder.Name("short.xdl"));
+    session.PlayCommand();
+    EXPECT_EQ("Could not open " + folder.Name("short.xdl") + ", error 0x1", NewText());
+    EXPECT_EQ(kLogClosed, session.log.State());
+    EXPECT_EQ((Calls{}), recorder.Take());
+}
+
+TEST_F(PlayCommandTest, KeepsTheChosenSpeedOverTheOpening) {
+    session.SetSpeed(0.25F);
+    PlayWaiting();
+    EXPECT_EQ(0.25F, session.log.speed);
+    EXPECT_EQ(0U, recorder.Count("title"));
+}
+
+TEST_F(PlayCommandTest, LogThatCannotBeOpenedCostsTheSpeed) {
+    session.SetSpeed(0.25F);
+    session.PlayCommand();
+    EXPECT_EQ(1.0F, session.log.speed);
+}
+
+TEST_F(PlayCommandTest, EndOfTheLogClosesIt) {
+    Choose(PutLog("one.xdl", {0, 0, 0}));
+    session.PlayCommand();
+    ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback));
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ(3U, recorder.Count("reply 0 2"));
+    recorder.Take();
+    text.Clear();
+    session.OnLogStopped();
+    EXPECT_EQ(kLogClosed, session.log.State());
+    EXPECT_EQ(kNotConnected, session.connectionState);
+    EXPECT_STREQ("ALDL: Not Connected", LeftPanel());
+    EXPECT_EQ("Playback stopped", text.Text());
+    EXPECT_EQ((Calls{"status", "buttons", "slider 0", "status", "buttons"}), recorder.Take());
+}
+
+TEST_F(PlayCommandTest, PlayedLogCanBePlayedAgain) {
+    Choose(PutLog("one.xdl", {0, 0, 0}));
+    for (std::size_t round = 1; round <= 3; ++round) {
+        session.PlayCommand();
+        ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback, round));
+        ASSERT_TRUE(Rests(kLogClosed));
+        EXPECT_EQ(3 * round, recorder.Count("reply 0 2"));
+    }
+}
+
+TEST_F(PlayCommandTest, PauseHoldsTheLog) {
+    PlayWaiting();
+    PauseAndRest();
+    EXPECT_EQ(kLogPaused, session.connectionState);
+    EXPECT_STREQ("Log Paused", LeftPanel());
+    EXPECT_EQ("Playback paused", text.Text());
+    EXPECT_EQ((Calls{"status", "buttons", "buttons"}), recorder.Take());
+}
+
+TEST_F(PlayCommandTest, PauseOfNothingRefreshesTheButtons) {
+    session.PauseCommand();
+    EXPECT_EQ(kNotConnected, session.connectionState);
+    EXPECT_EQ("", text.Text());
+    EXPECT_EQ((Calls{"buttons"}), recorder.Take());
+}
+
+// The one that was waited for is lost to the views; those after it are paced from its time.
+TEST_F(PlayCommandTest, PlayGoesOnBehindTheRecordThatAPauseDropped) {
+    PlayWaiting();
+    PauseAndRest();
+    recorder.Take();
+    text.Clear();
+    session.PlayCommand();
+    EXPECT_EQ("Playback unpaused", NewText().substr(0, 17));
+    ASSERT_TRUE(recorder.WaitFor("reply 0 2", 2));
+    EXPECT_EQ(3, session.CopyLastPacket().bytes[0]);
+    EXPECT_EQ(0U, recorder.Count("clear monitors"));
+    EXPECT_TRUE(Rests(kLogClosed));
+    EXPECT_EQ(2U, recorder.Count("reply 0 2"));
+}
+
+TEST_F(PlayCommandTest, UnpausedLogIsStillPausedForTheConnection) {
+    PlayWaiting();
+    PauseAndRest();
+    static_cast<void>(session.log.Seek(1, kSeekFromStart));
+    session.PlayCommand();
+    EXPECT_EQ(kLogPlaying, session.log.State());
+    EXPECT_EQ(kLogPaused, session.connectionState);
+    EXPECT_STREQ("Log Playing", LeftPanel());
+}
+
+TEST_F(PlayCommandTest, OneKeyPlaysAndPauses) {
+    Choose(PutLog("one.xdl", {0, kFarAway}));
+    session.PlayPauseCommand();
+    EXPECT_EQ(kLogPlaying, session.log.State());
+    ASSERT_TRUE(PlaysUpTo(2));
+    session.PlayPauseCommand();
+    ASSERT_TRUE(Rests(kLogReady));
+    EXPECT_EQ(kLogPaused, session.connectionState);
+    static_cast<void>(session.log.Seek(1, kSeekFromStart));
+    session.PlayPauseCommand();
+    EXPECT_EQ(kLogPlaying, session.log.State());
+}
+
+TEST_F(PlayCommandTest, StopEndsAPlayback) {
+    PlayWaiting();
+    session.StopCommand();
+    ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback));
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_FALSE(session.log.IsPlaying());
+    EXPECT_TRUE(Rests(kLogClosed));
+    EXPECT_EQ(0U, recorder.Count("ask save Select/Create file to save..."));
+}
+
+TEST_F(PlayCommandTest, StopWhilePausedClosesTheLogAndResetsTheSlider) {
+    PlayWaiting();
+    PauseAndRest();
+    recorder.Take();
+    session.StopCommand();
+    ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback));
+    session.OnLogStopped();
+    EXPECT_EQ(kLogClosed, session.log.State());
+    EXPECT_EQ(kNotConnected, session.connectionState);
+    EXPECT_EQ(1U, recorder.Count("slider 0"));
+    EXPECT_NE(std::string::npos, text.Text().find("Playback stopped"));
+}
+
+// Else the header is written back, and a log that may not be written to cannot be opened.
+TEST_F(PlayCommandTest, LogThatIsOnlyLookedAtIsNotWrittenTo) {
+    using std::filesystem::last_write_time;
+    for (const bool looks : {true, false}) {
+        const std::string name = PutLog("one.xdl", {0, 0});
+        const std::string before = folder.Content("one.xdl");
+        const auto then = std::filesystem::file_time_type::clock::now() - std::chrono::hours(48);
+        last_write_time(name, then);
+        const auto stamp = last_write_time(name);
+        Choose(name);
+        session.looksAtLogs = looks;
+        session.PlayCommand();
+        ASSERT_TRUE(Rests(kLogClosed));
+        EXPECT_EQ(looks, stamp == last_write_time(name));
+        EXPECT_EQ(before, folder.Content("one.xdl"));
+    }
+    EXPECT_EQ(4U, recorder.Count("reply 0 2"));
+}
+
+TEST_F(PlayCommandTest, UnknownRecordEndsPlaybackWithoutAWord) {
+    PutLog("one.xdl", {0, 0});
+    std::string bytes = folder.Content("one.xdl");
+    bytes[bytes.size() - 6] = 9;  // the item of the last record
+    folder.Put("one.xdl", bytes);
+    Choose(folder.Name("one.xdl"));
+    session.PlayCommand();
+    ASSERT_TRUE(Rests(kLogReady));
+    EXPECT_EQ(0U, recorder.Count(kStoppedPlayback));
+    EXPECT_EQ(1U, recorder.Count("reply 0 2"));
+}
+
+TEST_F(PlayCommandTest, LogOfAnotherDefinitionPlaysOnWithALineForEachRecord) {
+    Choose(PutLog("one.xdl", {0, 0}));
+    session.definition.connectcmd = session.definition.monitorcmd = session.definition.disconnectcmd = nullptr;
+    session.definition.Clear();
+    session.PlayCommand();
+    ASSERT_TRUE(Rests(kLogClosed));
+    const std::string line = "Log playback: Command not found in def. Wrong definition?";
+    const std::size_t first = text.Text().find(line);
+    ASSERT_NE(std::string::npos, first);
+    EXPECT_NE(std::string::npos, text.Text().find(line, first + 1));
+    EXPECT_EQ(2U, recorder.Count("slider 2") + recorder.Count("slider 1"));
+}
+
+TEST_F(PlayCommandTest, SessionThatGoesEndsItsPlaybackFirst) {
+    for (const bool atItsEnd : {false, true}) {
+        auto brief = std::make_unique<SessionState>(recorder.Calls(), serial);
+        brief->settings.SetLastLog(PutLog("one.xdl", atItsEnd ? std::vector<std::uint32_t>{0} :  //
+                                                         std::vector<std::uint32_t>{0, kFarAway}));
+        brief->PlayCommand();
+        ASSERT_TRUE(recorder.WaitFor("slider 1"));
+        brief.reset();
+        recorder.Take();
+    }
+}
+
+}  // namespace
+}  // namespace corvex::test

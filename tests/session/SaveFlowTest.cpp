@@ -1,0 +1,153 @@
+#include "platform/FileMove.h"
+#include "tests/session/LogSessionHelper.h"
+
+namespace corvex::test {
+namespace {
+
+constexpr char kAsked[] = "ask save Select/Create file to save...";
+
+class SaveFlowTest : public LogSessionTest {
+protected:
+    // A recording of two replies, stopped; the user answers with the name.
+    void Save(const std::optional<std::string>& name) {
+        recorder.answer = name;
+        RecordScan(2);
+        recorder.Take();
+        text.Clear();
+        session.StopCommand();
+    }
+    static std::string Lines(const std::string& second) { return "Recording stopped\r\n" + second; }
+    const std::vector<Read> kRecorded{{0, {3, 4}}, {10, {5, 6}}};
+
+    TestFolder elsewhere;
+    const ScopedCurrentFolder here{elsewhere};
+};
+
+TEST_F(SaveFlowTest, MovesTheRecordingToANewName) {
+    const std::string name = folder.Name("drive.xdl");
+    Save(name);
+    EXPECT_FALSE(folder.Has("temp.xdl"));
+    EXPECT_EQ(kRecorded, ReadLog(name));
+    EXPECT_EQ(name, session.settings.lastxdlpath);
+    EXPECT_EQ(kLogClosed, session.log.State());
+    EXPECT_EQ(Lines("Log saved to " + name), text.Text());
+    EXPECT_EQ((Calls{kAsked, "slider 0", "buttons", "status"}), recorder.Take());
+}
+
+TEST_F(SaveFlowTest, PromptIsTheDialogs) {
+    EXPECT_STREQ("Select/Create file to save...", kSaveLogPrompt.title);
+    EXPECT_STREQ("Datalog (XDL) Files (*.xdl)", kSaveLogPrompt.filter);
+    EXPECT_STREQ("xdl", kSaveLogPrompt.extension);
+    EXPECT_EQ(0x2002U, kSaveLogPrompt.flags);
+}
+
+TEST_F(SaveFlowTest, SavedLogIsTheOneToPlay) {
+    Save(folder.Name("drive.xdl"));
+    session.PlayCommand();
+    clock.SetStep(1000);
+    EXPECT_TRUE(recorder.WaitFor("reply 0 2", 2));
+    EXPECT_TRUE(Rests(kLogClosed));
+}
+
+// The dialog has asked whether to replace it, but a log is never lost.
+TEST_F(SaveFlowTest, ExistingFileAndRecordingAreBothKept) {
+    const std::string name = folder.Name("drive.xdl");
+    folder.Put("drive.xdl", "precious");
+    session.settings.SetLastLog("before");
+    Save(name);
+    EXPECT_EQ("precious", folder.Content("drive.xdl"));
+    EXPECT_EQ(kRecorded, ReadLog(folder.Name("temp.xdl")));
+    EXPECT_STREQ("before", session.settings.lastxdlpath);
+    char line[600];
+    std::snprintf(line, sizeof line, "Cannot overwrite existing log: %s, error 0x%X", name.c_str(),
+                  static_cast<unsigned>(MoveToNewName(folder.Name("temp.xdl"), name)));
+    EXPECT_EQ(Lines(line), text.Text());
+    EXPECT_EQ(
+        (Calls{kAsked, "box Cannot overwrite: Log save failed. Log backup saved in install directory as \"temp.xdl\"",
+               "slider 0", "buttons", "status"}),
+        recorder.Take());
+}
+
+TEST_F(SaveFlowTest, FolderThatIsNotThereKeepsTheRecording) {
+    Save(folder.Name("gone") + "/drive.xdl");
+    EXPECT_EQ(kRecorded, ReadLog(folder.Name("temp.xdl")));
+    EXPECT_STREQ("", session.settings.lastxdlpath);
+}
+
+TEST_F(SaveFlowTest, CancellingKeepsTheRecordingInTheScratchFile) {
+    session.settings.SetLastLog("before");
+    elsewhere.Put("temp.xdl", "not ours");
+    Save(std::nullopt);
+    EXPECT_EQ(kRecorded, ReadLog(folder.Name("temp.xdl")));
+    EXPECT_STREQ("before", session.settings.lastxdlpath);
+    EXPECT_EQ(kLogClosed, session.log.State());
+    EXPECT_EQ("Recording stopped", text.Text());
+    EXPECT_EQ((Calls{kAsked, "buttons", "status"}), recorder.Take());
+    EXPECT_TRUE(elsewhere.Has("temp.xdl"));
+}
+
+TEST_F(SaveFlowTest, SavingRemovesTheBareNameFromTheCurrentFolder) {
+    elsewhere.Put("temp.xdl", "left behind");
+    Save(folder.Name("drive.xdl"));
+    EXPECT_FALSE(elsewhere.Has("temp.xdl"));
+}
+
+TEST_F(SaveFlowTest, LogSavedUnderTheBareNameStays) {
+    Save("temp.xdl");
+    EXPECT_EQ(kRecorded, ReadLog(elsewhere.Name("temp.xdl")));
+    EXPECT_FALSE(folder.Has("temp.xdl"));
+    Save(folder.Name("drive.xdl"));
+    Save(elsewhere.Name("temp.xdl"));
+    EXPECT_EQ(kRecorded, ReadLog(elsewhere.Name("temp.xdl")));
+}
+
+TEST_F(SaveFlowTest, ScratchFileItselfMayBeChosen) {
+    const ScopedCurrentFolder home(folder);
+    Save(folder.Name("temp.xdl"));
+    EXPECT_EQ(kRecorded, ReadLog(folder.Name("temp.xdl")));
+    EXPECT_EQ(folder.Name("temp.xdl"), session.settings.lastxdlpath);
+    EXPECT_EQ(0U, recorder.Count("box"));
+}
+
+TEST_F(SaveFlowTest, RecordingWithoutASampleIsALog) {
+    recorder.answer = folder.Name("empty.xdl");
+    session.RecordCommand();
+    session.StopCommand();
+    DataLogEngine log;
+    EXPECT_EQ(kLogSuccess, log.Open(recorder.answer->c_str(), kLogForLooking));
+    EXPECT_EQ(3U, log.ItemCount());
+    EXPECT_EQ(0U, log.header.sampleCount);
+}
+
+// The end of a log may come just when a recording was begun. On the playback thread nobody may be asked anything.
+TEST_F(SaveFlowTest, EndOfAPlaybackLeavesARecordingAlone) {
+    session.RecordCommand();
+    recorder.Take();
+    session.callback.OnLogEnd();
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ(kLogRecording, session.log.State());
+    EXPECT_EQ((Calls{"buttons", "status"}), recorder.Take());
+}
+
+// What closing the program does.
+TEST_F(SaveFlowTest, RecordingEndedByTheProgramsEndStaysInTheScratchFile) {
+    recorder.answer = folder.Name("drive.xdl");
+    RecordScan(2);
+    session.StartStopThread(kStopScan | kStopLog | kStopWindow);
+    text.Clear();
+    ASSERT_TRUE(Rests(kLogClosed));
+    EXPECT_EQ("Playback stopped", text.Text());
+    EXPECT_EQ(kRecorded, ReadLog(folder.Name("temp.xdl")));
+    EXPECT_FALSE(folder.Has("drive.xdl"));
+}
+
+TEST_F(SaveFlowTest, SessionThatGoesFinishesItsRecording) {
+    auto brief = std::make_unique<SessionState>(recorder.Calls(), serial);
+    brief->RecordCommand();
+    brief.reset();
+    DataLogEngine log;
+    EXPECT_EQ(kLogSuccess, log.Open(folder.Name("temp.xdl").c_str(), kLogForLooking));
+}
+
+}  // namespace
+}  // namespace corvex::test
