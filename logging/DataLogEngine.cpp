@@ -158,8 +158,8 @@ std::uint32_t DataLogEngine::ReadRecord(LogRecord* record, std::uint8_t* buffer,
     return ReadRecordLocked(*items_, record, buffer, size, item);
 }
 
-// A record that could not be read whole is left to be read again, from the file and not from what was read ahead: the
-// file may grow, and a recorder takes out again what a full disk took in part.
+// A record that could not be read whole is left to be read again, and then from the file: it may grow, and a recorder
+// takes out again what a full disk took in part.
 std::uint32_t DataLogEngine::ReadRecordLocked(const ItemTable& items, LogRecord* record, std::uint8_t* buffer,
                                               std::uint32_t size, const LogItem** item) {
     const std::uint64_t begin = reader_.Position();
@@ -167,7 +167,6 @@ std::uint32_t DataLogEngine::ReadRecordLocked(const ItemTable& items, LogRecord*
     const std::optional<std::uint32_t> got = reader_.Read(bytes, kLogRecordBytes);
     if (!got || *got < kLogRecordBytes) {
         reader_.Seek(begin);
-        reader_.Discard();
         return got ? kLogEndOfFile : kLogFileError;
     }
     *record = DecodeRecord(bytes);
@@ -184,7 +183,6 @@ std::uint32_t DataLogEngine::ReadRecordLocked(const ItemTable& items, LogRecord*
     const std::optional<std::uint32_t> data = reader_.Read(buffer, packedSize);
     if (!data || *data < packedSize) {
         reader_.Seek(begin);
-        reader_.Discard();
         return data ? kLogEndOfFile : kLogFileError;
     }
     sampleIndex.fetch_add(1, std::memory_order_relaxed);

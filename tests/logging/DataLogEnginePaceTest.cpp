@@ -150,6 +150,17 @@ TEST_F(DataLogEnginePaceTest, CloseDoesNotWaitForTheThread) {
     EXPECT_EQ(0U, told_.CountOf("End"));
 }
 
+TEST_F(DataLogEnginePaceTest, CloseThatFailsHasStoppedThePlayback) {
+    Play(SmallLog(3, 100));
+    ASSERT_TRUE(Waits(1));
+    files_.FailWriteAfter(0);
+    EXPECT_EQ(0U, log_.Close());
+    ASSERT_TRUE(Ends());
+    EXPECT_EQ(kLogReady, log_.State());
+    EXPECT_EQ(1U, told_.RecordCount());
+    EXPECT_NE(0U, log_.Close());
+}
+
 TEST_F(DataLogEnginePaceTest, RecordInHandOfAClosedLogIsDropped) {
     Play(SmallLog(3, 100));
     ASSERT_TRUE(Waits(1));
