@@ -133,6 +133,7 @@ private:
         SimOptions& engine = scan_.engine;
         const auto probability = CLI::Range(0.0, 1.0);
         with(command.add_option("--seed", engine.seed, "Makes a run repeatable"));
+        with(command.add_option("--replay", scan_.replay, "Answer with the replies of this log (.xdl)"));
         with(command.add_flag("--pace,!--no-pace", engine.pace, "Bytes come at the definition's baud (default)"));
         with(command.add_flag("--echo", engine.echo, "The line gives every byte back to its sender"));
         with(command.add_option("--drop", engine.drop, "Probability that a reply does not come")->check(probability));

@@ -55,6 +55,7 @@ struct ScanOptions {
     // The engine inside, in place of a port.
     bool simulate = false;
     SimOptions engine = PacedEngine();
+    std::string replay;  // the log that it repeats; empty: none
 };
 
 using Options = std::variant<CheckOptions, ListOptions, HashOptions, EvalOptions, ConvertOptions, ScanOptions,

@@ -11,6 +11,7 @@
 #include "apps/cli/ObjectNames.h"
 #include "apps/cli/PolledCommands.h"
 #include "apps/cli/TextFormat.h"
+#include "apps/sim/RecordedReplies.h"
 #include "platform/ConsoleStop.h"
 #include "platform/Terminal.h"
 
@@ -55,14 +56,16 @@ bool ScanRun::Prepare() {
 
 bool ScanRun::PrepareSimulator() {
     std::string error;
-    port_ = simulator_.Start(session_.definition, options_.engine, error);
+    SimOptions engine = options_.engine;
+    const bool loaded = options_.replay.empty() || LoadRecording(options_.replay, session_.definition, engine, error);
+    if (loaded) port_ = simulator_.Start(session_.definition, engine, error);
     if (port_.empty()) err_ << "corvex-cli: --simulate: " << error << '\n';
     return !port_.empty();
 }
 
 bool ScanRun::PrepareRecording() {
     std::string error = options_.record + ": would be replaced by the recording";
-    if (!SameFile(options_.record, options_.definition) &&
+    if (!SameFile(options_.record, options_.definition) && !SameFile(options_.record, options_.replay) &&
         recorder_.Begin(options_.record, session_.definition, options_.force, error)) {
         tap_.RecordTo(&recorder_);
         return true;

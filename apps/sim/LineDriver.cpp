@@ -16,9 +16,9 @@ constexpr double kPause = 0.025;
 constexpr double kLongestWait = 0.02;  // so that a stop is seen
 constexpr double kFullLineWait = 0.001;
 
-std::vector<std::vector<std::uint8_t>> RequestsOf(const ReplyBuilder& builder) {
+std::vector<std::vector<std::uint8_t>> RequestsOf(const ReplySource& source) {
     std::vector<std::vector<std::uint8_t>> requests;
-    for (const ReplyBuilder::Command& command : builder.Commands())
+    for (const ReplyBuilder::Command& command : source.Commands())
         requests.push_back(command.request);
     return requests;
 }
@@ -31,8 +31,8 @@ LineDriver::LineDriver(ISimLine& line, const ADXDefinition& definition, const Si
       echoes_(options.echo || (definition.flags & 1) != 0),
       frequency_(static_cast<double>(line.Frequency())),
       byteTime_(kBitsPerByte / std::max(definition.baud, 1U)),
-      builder_(definition, options.seed),
-      matcher_(RequestsOf(builder_)),
+      source_(definition, options.seed, options.recording),
+      matcher_(RequestsOf(source_)),
       faults_(options),
       idle_(definition, options) {}
 
@@ -83,13 +83,13 @@ void LineDriver::HearByte(std::uint8_t byte, std::int64_t now) {
 }
 
 void LineDriver::Answer(std::size_t index) {
-    const ReplyBuilder::Command& command = builder_.Commands()[index];
+    const ReplyBuilder::Command& command = source_.Commands()[index];
     ++stats_.requests;
     talk_.clear();
     const std::size_t exchanged = command.request.size() + (command.answered ? command.replysize : 0U);
     engineTime_ += static_cast<double>(exchanged) * byteTime_;
     if (!command.answered || options_.silent) return;
-    std::vector<std::uint8_t> reply = builder_.Build(index, engineTime_);
+    std::vector<std::uint8_t> reply = source_.Next(index, engineTime_);
     if (!faults_.Pass(reply, stats_)) return;
     ++stats_.replies;
     if (reply.empty()) return;
@@ -110,7 +110,7 @@ void LineDriver::FillIdle(std::int64_t now) {
     if (!talk_.empty()) return;
     if (Streams()) {
         if (streamEnd_ > now) return;  // a packet that was withheld leaves its time empty
-        std::vector<std::uint8_t> bits = EncodeStreamPacket(builder_.BuildStreamPacket(engineTime_));
+        std::vector<std::uint8_t> bits = EncodeStreamPacket(source_.NextStreamPacket(engineTime_));
         const double length = static_cast<double>(bits.size()) / kStreamBitsPerSecond;
         engineTime_ += length;
         const std::int64_t from = std::max({streamEnd_, heardEnd_, now - CountsOf(kLongestWait)});

@@ -11,7 +11,7 @@
 #include "apps/sim/IdleTalk.h"
 #include "apps/sim/LineFaults.h"
 #include "apps/sim/PaceMeter.h"
-#include "apps/sim/ReplyBuilder.h"
+#include "apps/sim/ReplySource.h"
 #include "apps/sim/SimLine.h"
 #include "apps/sim/SimOptions.h"
 
@@ -47,7 +47,7 @@ private:
     double SecondsOf(std::int64_t counts) const { return static_cast<double>(counts) / frequency_; }
     std::int64_t CountsOf(double seconds) const { return static_cast<std::int64_t>(seconds * frequency_ + 0.5); }
 
-    bool Streams() const { return builder_.HasStream() && !options_.silent; }
+    bool Streams() const { return source_.HasStream() && !options_.silent; }
     bool Over(std::int64_t now);
     void Hear(std::int64_t now);
     void HearByte(std::uint8_t byte, std::int64_t now);
@@ -65,7 +65,7 @@ private:
     const bool echoes_;  // asked for, or counted on by the definition
     const double frequency_;
     const double byteTime_;  // seconds on the line
-    const ReplyBuilder builder_;
+    ReplySource source_;
     CommandMatcher matcher_;
     LineFaults faults_;
     IdleTalk idle_;

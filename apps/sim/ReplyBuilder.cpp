@@ -31,7 +31,8 @@ ReplyBuilder::ReplyBuilder(const ADXDefinition& definition, std::uint64_t seed) 
         } else if (object->GetType() == kType160BaudListen && !stream_) {
             const auto& listen = static_cast<const ADXC160BaudListen&>(*object);
             if (listen.packetsize == 0 || listen.packetsize > kLongest) continue;
-            stream_ = MakePlan(definition, listen.GetIdHash(), 0, listen.packetsize);
+            streamId_ = listen.GetIdHash();
+            stream_ = MakePlan(definition, streamId_, 0, listen.packetsize);
         }
     }
 }
@@ -46,6 +47,7 @@ ReplyBuilder::Plan ReplyBuilder::MakePlan(const ADXDefinition& definition, std::
 void ReplyBuilder::AddCommand(const ADXDefinition& definition, const ADXCSendCommand& send) {
     if (send.size() == 0) return;
     Command command;
+    command.id = send.GetIdHash();
     command.request.assign(send.bytestring(), send.bytestring() + send.size());
     command.replysize = send.replysize;
     command.answered = (send.flags & 1U) != 0 && send.replysize != 0 && send.replysize <= kLongest;

@@ -28,6 +28,7 @@ public:
 
     // The requests, in list order: index n here is command n in Build. Commands without bytes are left out.
     struct Command {
+        std::uint32_t id = 0;  // its hash
         std::vector<std::uint8_t> request;
         std::uint32_t replysize = 0;
         bool answered = false;  // a reply is expected
@@ -39,6 +40,8 @@ public:
     // Whether the definition listens to a 160-baud stream, and the stream's packet. The first such command counts.
     bool HasStream() const { return stream_.has_value(); }
     std::vector<std::uint8_t> BuildStreamPacket(double seconds) const;
+    // The id hash of that command.
+    std::uint32_t StreamId() const { return streamId_; }
 
 private:
     struct Plan {
@@ -57,6 +60,7 @@ private:
     std::vector<Command> commands_;
     std::vector<Plan> plans_;  // one per command
     std::optional<Plan> stream_;
+    std::uint32_t streamId_ = 0;
 };
 
 }  // namespace corvex

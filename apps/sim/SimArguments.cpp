@@ -33,6 +33,9 @@ bool ParseArguments(int argc, const char* const* argv, SimArguments& arguments, 
     app.add_option("--link", arguments.link, "Symbolic link to the pseudo-terminal, removed at the end")
         ->excludes(port);
     app.add_option("--seed", arguments.options.seed, "Makes a run repeatable")->capture_default_str();
+    app.add_option("--replay", arguments.replay,
+                   "Answer with the replies of this log (.xdl), which begins anew at its end; what it has none of is "
+                   "simulated");
     app.add_flag("--pace", arguments.options.pace, "Bytes take their time at the definition's baud");
     app.add_flag("--echo", arguments.options.echo,
                  "The line gives every byte back to its sender; a definition that counts on it has it anyway");

@@ -8,7 +8,7 @@
 namespace corvex {
 
 struct SimArguments {
-    std::string definition, port, link;
+    std::string definition, port, link, replay;
     SimOptions options;
     bool stats = false, json = false;
 };

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 
 namespace corvex {
+
+class RecordedReplies;
 
 struct SimOptions {
     std::uint64_t seed = 1;
@@ -22,6 +25,8 @@ struct SimOptions {
     std::optional<double> unplugAfter;  // seconds until the device vanishes
 
     std::optional<double> seconds;  // ends by itself then
+
+    std::shared_ptr<const RecordedReplies> recording;  // repeated where it has something; null for none
 };
 
 struct SimStats {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "apps/sim/LineDriver.h"
+#include "apps/sim/RecordedReplies.h"
 #include "apps/sim/SimArguments.h"
 #include "apps/sim/SimLine.h"
 #include "definition/ADXDefinition.h"
@@ -25,13 +26,15 @@ int Simulate(const SimArguments& arguments) {
     if (definition.Load(arguments.definition.c_str(), error.data()) == 0) {
         return Fail(arguments.definition + ": " + error.c_str());
     }
+    SimOptions options = arguments.options;
+    if (!arguments.replay.empty() && !LoadRecording(arguments.replay, definition, options, error)) return Fail(error);
     std::atomic<bool> stop{false};
     const ConsoleStop console([&stop] { stop = true; });
     const std::unique_ptr<ISimLine> line = arguments.port.empty()
                                                ? OpenTerminalLine(arguments.link, error)
                                                : OpenPortLine(arguments.port, definition.baud, error);
     if (!line) return Fail(error);
-    LineDriver driver(*line, definition, arguments.options);
+    LineDriver driver(*line, definition, options);
     // Whoever started the program waits for this line before opening the port.
     std::printf("%s\n", line->Name().c_str());
     std::fflush(stdout);

@@ -39,6 +39,13 @@ TEST(SimArguments, TakeAllFaultsTogether) {
     EXPECT_EQ(options.seconds, 9.0);
 }
 
+TEST(SimArguments, NameALogToRepeat) {
+    const Outcome outcome = Parse({"x.adx", "--replay", "drive.xdl", "--pace"});
+    ASSERT_TRUE(outcome.run);
+    EXPECT_EQ(outcome.arguments.replay, "drive.xdl");
+    EXPECT_EQ(Parse({"x.adx"}).arguments.replay, "");
+}
+
 TEST(SimArguments, EndWithZeroOnHelpAndVersion) {
     for (const char* word : {"--help", "--version"}) {
         const Outcome outcome = Parse({word});

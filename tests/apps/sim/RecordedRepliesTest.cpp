@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "apps/sim/RecordedReplies.h"
+#include "apps/sim/SimOptions.h"
+#include "platform/Clock.h"
+#include "tests/apps/sim/SimTestHelper.h"
+#include "tests/support/LogBytes.h"
+
+namespace corvex {
+namespace {
+
+namespace fs = std::filesystem;
+using test::Bytes;
+using test::LogBytes;
+
+class RecordedRepliesTest : public ::testing::Test {
+protected:
+    RecordedRepliesTest()
+        : path((fs::temp_directory_path() / ("corvex-replies-" + std::to_string(SystemClock().Counter()) + ".xdl"))
+                   .string()) {}
+    ~RecordedRepliesTest() override {
+        std::error_code ignored;
+        fs::remove(path, ignored);
+    }
+
+    void Write(const LogBytes& log) {
+        std::ofstream file(path, std::ios::binary);
+        file.write(reinterpret_cast<const char*>(log.bytes.data()), static_cast<std::streamsize>(log.bytes.size()));
+    }
+    bool Read(const LogBytes& log) {
+        Write(log);
+        return replies.Read(path, error);
+    }
+    // Items of three bytes; the second leaves the middle one out.
+    static LogBytes Begin() {
+        LogBytes log;
+        log.Header(LogBytes::DataOffsetFor({15, 1}), 0).ItemCount(2);
+        return log.Item(0x11, 0x20000, 3, 3, Bytes(15, 0xFF)).Item(0x22, 0x20000, 2, 3, {0x05});
+    }
+
+    const std::string path;
+    std::string error;
+    RecordedReplies replies;
+};
+
+TEST_F(RecordedRepliesTest, KeepsEachCommandsRepliesInTheOrderOfTheLog) {
+    ASSERT_TRUE(Read(Begin().Record(0, 0, {1, 2, 3}).Record(1, 5, {7, 9}).Record(0, 10, {4, 5, 6}))) << error;
+    ASSERT_EQ(replies.Count(0x11), 2U);
+    EXPECT_EQ(replies.Reply(0x11, 0), (Bytes{1, 2, 3}));
+    EXPECT_EQ(replies.Reply(0x11, 1), (Bytes{4, 5, 6}));
+    ASSERT_EQ(replies.Count(0x22), 1U);
+    EXPECT_EQ(replies.Reply(0x22, 0), (Bytes{7, 0, 9}));
+    EXPECT_EQ(replies.Count(0x33), 0U);
+}
+
+TEST_F(RecordedRepliesTest, LeavesOutALastRecordThatIsCutShort) {
+    ASSERT_TRUE(Read(Begin().Record(0, 0, {1, 2, 3}).Record(0, 1, {4, 5}))) << error;
+    EXPECT_EQ(replies.Count(0x11), 1U);
+}
+
+TEST_F(RecordedRepliesTest, NamesTheEnginesCode) {
+    LogBytes old;
+    old.Header(44, 0, 2).ItemCount(0);
+    EXPECT_FALSE(Read(old));
+    EXPECT_EQ(error, path + ": error 0xD");
+    EXPECT_FALSE(replies.Read("/no/such.xdl", error));
+    EXPECT_EQ(error, "/no/such.xdl: error 0xC");
+}
+
+TEST_F(RecordedRepliesTest, RefusesALogThatHasNothingToRepeat) {
+    EXPECT_FALSE(Read(Begin()));
+    EXPECT_EQ(error, path + ": holds no records");
+}
+
+TEST_F(RecordedRepliesTest, RefusesALogOfAnotherDefinition) {
+    Write(Begin().Record(0, 0, {1, 2, 3}));
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {0xF4}, 3);
+    SimOptions options;
+    EXPECT_FALSE(LoadRecording(path, definition, options, error));
+    EXPECT_EQ(error, path + ": holds no records of the definition's commands");
+    EXPECT_EQ(options.recording, nullptr);
+}
+
+// A file is as large as it is, whatever its table says of sizes.
+TEST_F(RecordedRepliesTest, IsNotDeceivedByTheSizesOfATable) {
+    LogBytes log;
+    log.Header(LogBytes::DataOffsetFor({0, 0}), 0).ItemCount(2);
+    log.Item(0x11, 0x20000, 0xFFFFFFFF, 0xFFFFFFFF, {}).Item(0x22, 0x20000, 1, 0xFFFFFFFF, {});
+    ASSERT_TRUE(Read(log.Record(1, 0, {9}))) << error;
+    EXPECT_LE(replies.Reply(0x22, 0).size(), 100000U);
+    EXPECT_EQ(replies.Reply(0x22, 0)[0], 9);
+}
+
+}  // namespace
+}  // namespace corvex

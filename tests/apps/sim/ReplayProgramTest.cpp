@@ -1,0 +1,51 @@
+// corvex-sim as a program, repeating logs.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <string>
+
+#include "tests/apps/sim/SimTestHelper.h"
+
+namespace corvex {
+namespace {
+
+struct Outcome {
+    int status = -1;
+    std::string text;  // of both outputs
+};
+
+Outcome RunSimulator(const std::string& arguments) {
+    const std::string line = std::string("\"") + CORVEX_SIM + "\" " + arguments + " 2>&1";
+    Outcome outcome;
+    std::FILE* const pipe = popen(line.c_str(), "r");
+    if (pipe == nullptr) return outcome;
+    std::array<char, 512> piece{};
+    while (std::fgets(piece.data(), static_cast<int>(piece.size()), pipe) != nullptr)
+        outcome.text += piece.data();
+    outcome.status = pclose(pipe);
+    return outcome;
+}
+
+TEST(ReplayProgramTest, FailsWithTheEnginesCodeOnABadLog) {
+    const std::string definition = test::ExamplePath("harrier-8192.adx");
+    const Outcome missing = RunSimulator(definition + " --replay /no/such.xdl --seconds 0.01");
+    EXPECT_EQ(missing.status, 1 << 8);
+    EXPECT_EQ(missing.text, "corvex-sim: /no/such.xdl: error 0xC\n");
+    const Outcome nolog = RunSimulator(definition + " --replay " + definition + " --seconds 0.01");
+    EXPECT_EQ(nolog.status, 1 << 8);
+    EXPECT_EQ(nolog.text, "corvex-sim: " + definition + ": error 0xD\n");
+}
+
+TEST(ReplayProgramTest, RepeatsTheExample) {
+    const Outcome good = RunSimulator(test::ExamplePath("harrier-8192.adx") + " --replay " +
+                                      test::ExamplePath("harrier-8192.xdl") + " --seconds 0.01");
+    EXPECT_EQ(good.status, 0) << good.text;
+    const Outcome other = RunSimulator(test::ExamplePath("osprey-multi.adx") + " --replay " +
+                                       test::ExamplePath("harrier-8192.xdl") + " --seconds 0.01");
+    EXPECT_EQ(other.status, 1 << 8);
+    EXPECT_NE(other.text.find(": holds no records of the definition's commands\n"), std::string::npos) << other.text;
+}
+
+}  // namespace
+}  // namespace corvex
