@@ -70,8 +70,16 @@ bool LogPlayer::Runs() const {
     return session_.log.IsPlaying() || !session_.WaitForThreads(std::chrono::milliseconds(0));
 }
 
-bool LogPlayer::Finish(std::ostream& err) {
-    session_.log.Close();
+// A playback that ended for another reason than its end or a stop has sent no message.
+void LogPlayer::Close() {
+    if (stopped_.load(std::memory_order_relaxed)) {
+        session_.OnLogStopped();
+    } else {
+        static_cast<void>(session_.log.Close());
+    }
+}
+
+bool LogPlayer::Report(std::ostream& err) const {
     const std::string begin = "corvex-cli: " + path_ + ": ";
     const std::uint32_t strange = played_.load(std::memory_order_relaxed) - answered_.load(std::memory_order_relaxed);
     if (strange != 0) err << begin << Counted(strange, "record") << " of commands that the definition does not have\n";
@@ -87,7 +95,9 @@ std::string LogPlayer::WhyEndedEarly() const {
     std::uint64_t offset = 0;
     if (result == kLogSuccess) {
         LogWalk walk(log);
-        while (walk.Unknown() == 0 && walk.Next())
+        offset = log.Position();
+        // A walk passes over the record that ends a playback.
+        while (walk.Next() && walk.Unknown() == 0)
             offset = walk.Offset() + kLogRecordBytes + walk.Item().packedSize;
         result = walk.Unknown() != 0 ? std::uint32_t{kLogUnknownItem} : walk.Result();
     }

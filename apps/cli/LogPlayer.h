@@ -30,8 +30,11 @@ public:
     bool Runs() const;
     // Asks it to end.
     void Stop() { session_.StopCommand(); }
-    // Closes the log. False also when the playback ended before the log did. Tells of records that no command was for.
-    bool Finish(std::ostream& err);
+    // Closes the log, once it runs no more.
+    void Close();
+    // Of the playback that was closed: true when it ended with the log, or as asked. Tells of records that no command
+    // was for.
+    bool Report(std::ostream& err) const;
 
     // Of the record played last, in seconds of the log, and its number from 1 on.
     double Time() const { return time_.load(std::memory_order_relaxed); }

@@ -50,12 +50,13 @@ ExitCode PlayRun::Run() {
         }
         Loop(stop);
     }
+    player_.Close();
     log_.Finish();
     ended_ = true;
     view_->OnEnd(Moment());
     view_.reset();
     out_.flush();
-    const bool whole = player_.Finish(err_);
+    const bool whole = player_.Report(err_);
     if (!out_) err_ << "corvex-cli: nobody takes the output any more\n";
     return whole && out_ ? kExitSuccess : kExitFailure;
 }

@@ -4,10 +4,9 @@
 #include <system_error>
 
 #include "apps/cli/LogFile.h"
-#include "definition/ADXC160BaudListen.h"
-#include "definition/ADXCSendCommand.h"
 #include "definition/ADXDefinition.h"
 #include "logging/LogWalk.h"
+#include "session/RecordingItems.h"
 
 namespace corvex {
 
@@ -22,28 +21,6 @@ bool HoldsSomething(const std::string& path) {
     if (log.Open(path.c_str(), kLogForLooking) != kLogSuccess) return true;
     LogWalk walk(log);
     return walk.Next() || walk.Unknown() != 0 || walk.Left() != 0;
-}
-
-LogItem ItemOf(const ADXObject& command, std::uint32_t size) {
-    LogItem item;
-    item.commandId = command.GetIdHash();
-    item.type = command.GetType();
-    item.packedSize = item.fullSize = size;
-    item.mask = LogMask::AllSet();
-    return item;
-}
-
-// A send command without an expected reply brings nothing that is worth keeping.
-void AddRecordingItems(DataLogEngine& log, const ADXDefinition& definition) {
-    for (const auto& object : definition.Objects()) {
-        if (object->GetType() == kTypeSendCommand) {
-            const auto& send = static_cast<const ADXCSendCommand&>(*object);
-            if ((send.flags & 1) != 0) static_cast<void>(log.AddItem(ItemOf(send, send.replysize)));
-        } else if (object->GetType() == kType160BaudListen) {
-            const auto& listen = static_cast<const ADXC160BaudListen&>(*object);
-            static_cast<void>(log.AddItem(ItemOf(listen, listen.packetsize)));
-        }
-    }
 }
 
 bool IsFull(const std::string& path) {

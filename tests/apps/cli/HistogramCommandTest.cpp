@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include "apps/cli/HistogramText.h"
+#include "apps/cli/LogOptions.h"
+#include "apps/cli/TextFormat.h"
+#include "definition/ADXHistogram.h"
+#include "definition/ADXValue.h"
+#include "tests/apps/cli/LogTestHelper.h"
+
+namespace corvex {
+namespace {
+
+using test::Bytes;
+using test::LogBytes;
+
+std::string HashOf(const std::string& id) {
+    ADXValue value;
+    value.SetId(id.c_str());
+    return HashText(value.GetIdHash());
+}
+
+std::string At(int offset, const std::string& id) {
+    return "<ADXVALUE id=\"" + id + "\" title=\"" + id + " title\"><units>u" + id + "</units><packetoffset>" +
+           std::to_string(offset) + "</packetoffset><MATH equation=\"X\" /></ADXVALUE>\n";
+}
+
+// Keys 0, 50 and 100 across, 0 and 2.5 down.
+std::string HistogramOf(const std::string& id, const std::string& command, const std::string& more = "") {
+    return "<ADXHISTOGRAM id=\"" + id + "\" title=\"" + id + " title\"><parentcmdidhash>" + command +
+           "</parentcmdidhash><rows>2</rows><cols>3</cols><xmin>0</xmin><xmax>100</xmax><ymin>0</ymin><ymax>2.5</ymax>"
+           "<historysize>10</historysize><xidhash>" +
+           HashOf("X") + "</xidhash><yidhash>" + HashOf("Y") + "</yidhash><zidhash>" + HashOf("Z") + "</zidhash>" +
+           more + "</ADXHISTOGRAM>\n";
+}
+
+class HistogramCommandTest : public ::testing::Test {
+protected:
+    ToolResult Run(const LogBytes& log, std::vector<std::string> more) {
+        const TempFile definition(StreamDefinition(At(0, "X") + At(1, "Y") + At(2, "Z") + histograms));
+        const LogTempFile file(log);
+        path = file.Path();
+        std::vector<std::string> args{"histogram", "-d", definition.Path(), path};
+        args.insert(args.end(), more.begin(), more.end());
+        return RunInside(args);
+    }
+
+    static LogBytes FourPolls() {
+        LogBytes log = BeginLog({kPollHash, kStreamHash});
+        return log.Record(0, 0, PollReply({0, 0, 5}))
+            .Record(0, 100, PollReply({100, 0, 7}))
+            .Record(0, 200, PollReply({100, 0, 10}))
+            .Record(0, 300, PollReply({50, 3, 1}));
+    }
+
+    std::string histograms = HistogramOf("MAP", "0xA6607299");
+    std::string path;
+};
+
+TEST_F(HistogramCommandTest, ShowsTheLastSamplesAsATable) {
+    const ToolResult result = Run(FourPolls(), {});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out,
+              "MAP title - X title vs Y title vs Z title\n"
+              "Most Recent Sample (uZ); 4 samples, 0 outside the grid\n"
+              "x: X title (uX), across; y: Y title (uY), down\n"
+              "           0     50    100\n"
+              "    0      5            10\n"
+              "2.500             1\n");
+}
+
+TEST_F(HistogramCommandTest, WritesTheCellsAsCsv) {
+    const ToolResult result = Run(FourPolls(), {"--csv", "--view", "average"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.out, ",0,50,100\n0,5,,8.500\n2.500,,1,\n");
+}
+
+TEST_F(HistogramCommandTest, KnowsEveryView) {
+    const auto cells = [&](const char* view) {
+        const std::string out = Run(FourPolls(), {"--csv", "--view", view}).out;
+        return out.substr(out.find('\n') + 1);
+    };
+    EXPECT_EQ(cells("last"), "0,5,,10\n2.500,,1,\n");
+    EXPECT_EQ(cells("deviation"), "0,0,,2.121\n2.500,,0,\n");
+    EXPECT_EQ(cells("count"), "0,1,,2\n2.500,,1,\n");
+    EXPECT_EQ(cells("average-total"), "0,5,,8.500\n2.500,,1,\n");
+    EXPECT_EQ(cells("count-total"), "0,1,,2\n2.500,,1,\n");
+    EXPECT_EQ(cells("maximum"), "0,5,,10\n2.500,,1,\n");
+    // A lone positive sample is a highest one and no lowest one.
+    EXPECT_EQ(cells("minimum").substr(0, 14), "0,-2147483648,");
+    EXPECT_NE(cells("range"), cells("maximum"));
+    for (const char* name : kHistogramViews)
+        EXPECT_NE(FindHistogramView(name), nullptr) << name;
+}
+
+TEST_F(HistogramCommandTest, ShowsAllHistogramsUnlessOneIsChosen) {
+    histograms += HistogramOf("OTHER", "0x00000000");
+    const ToolResult all = Run(FourPolls(), {"--csv", "--view", "last", "--view", "count"});
+    EXPECT_EQ(all.out,
+              "MAP title - X title vs Y title vs Z title,Most Recent Sample\n,0,50,100\n0,5,,10\n2.500,,1,\n"
+              "MAP title - X title vs Y title vs Z title,History Sample Count\n,0,50,100\n0,1,,2\n2.500,,1,\n"
+              "OTHER title - X title vs Y title vs Z title,Most Recent Sample\n,0,50,100\n0,5,,10\n2.500,,1,\n"
+              "OTHER title - X title vs Y title vs Z title,History Sample Count\n,0,50,100\n0,1,,2\n2.500,,1,\n");
+    EXPECT_EQ(Run(FourPolls(), {"--csv", "--id", "OTHER"}).out, ",0,50,100\n0,5,,10\n2.500,,1,\n");
+}
+
+TEST_F(HistogramCommandTest, RefusesAnIdThatNoHistogramHas) {
+    const ToolResult result = Run(FourPolls(), {"--id", "X"});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_NE(result.err.find(": no histogram has the id \"X\"\n"), std::string::npos) << result.err;
+    histograms.clear();
+    EXPECT_NE(Run(FourPolls(), {}).err.find(": no histogram\n"), std::string::npos);
+}
+
+TEST_F(HistogramCommandTest, FeedsAHistogramFromItsOwnCommandAlone) {
+    histograms = HistogramOf("MAP", "0xFE43497D");
+    EXPECT_NE(Run(FourPolls(), {}).out.find("; 0 samples, 0 outside the grid\n"), std::string::npos);
+}
+
+TEST_F(HistogramCommandTest, CountsWhatFellIntoNoCell) {
+    histograms = HistogramOf("MAP", "0xA6607299", "<rows>0</rows>");
+    EXPECT_NE(Run(FourPolls(), {}).out.find("; 4 samples, 4 outside the grid\n"), std::string::npos);
+}
+
+// As on a live line: the sample of a slow stream is taken before its packet is kept.
+TEST_F(HistogramCommandTest, TakesThePacketBeforeTheLastOfASlowStream) {
+    histograms = HistogramOf("MAP", "0xFE43497D");
+    LogBytes log = BeginLog({kStreamHash});
+    const auto packet = [](std::uint8_t x, std::uint8_t z) {
+        Bytes bytes(24, 0);
+        bytes[0] = x;
+        bytes[2] = z;
+        return bytes;
+    };
+    log.Record(0, 0, packet(50, 11)).Record(0, 1200, packet(100, 12)).Record(0, 2400, packet(50, 13));
+    EXPECT_EQ(Run(log, {"--csv"}).out, ",0,50,100\n0,0,11,12\n2.500,,,\n");
+}
+
+TEST_F(HistogramCommandTest, ShowsWhatADamagedLogHasBrought) {
+    LogBytes log = FourPolls();
+    log.Record(9, 400, PollReply({1}));
+    const ToolResult result = Run(log, {"--csv"});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.out, ",0,50,100\n0,5,,10\n2.500,,1,\n");
+    EXPECT_NE(result.err.find(" with error 0x4"), std::string::npos) << result.err;
+}
+
+}  // namespace
+}  // namespace corvex

@@ -1,0 +1,160 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "apps/cli/ScanRecorder.h"
+#include "definition/ADXCSendCommand.h"
+#include "definition/ADXDefinition.h"
+#include "logging/LogWalk.h"
+#include "tests/apps/cli/LogTestHelper.h"
+#include "tests/support/MemoryFiles.h"
+
+namespace corvex {
+namespace {
+
+using test::Bytes;
+using test::MemoryFiles;
+
+class ScanRecorderTest : public ::testing::Test {
+protected:
+    ScanRecorderTest() {
+        const TempFile file(StreamDefinition(""));
+        char error[ADXDefinition::kErrorSize] = {};
+        EXPECT_NE(definition.Load(file.Path().c_str(), error), 0) << error;
+        poll = definition.FindByHash(kPollHash);
+        stream = definition.FindByHash(kStreamHash);
+    }
+
+    bool Begin(ScanRecorder& recorder, const std::string& path = "drive.xdl") {
+        std::string error;
+        const bool begun = recorder.Begin(path, definition, false, error);
+        EXPECT_TRUE(begun) << error;
+        return begun;
+    }
+    void Add(ScanRecorder& recorder, std::uint8_t byte) {
+        const Bytes reply(24, byte);
+        recorder.Add(*poll, {reply.data(), 24});
+    }
+    std::uint32_t RecordsIn(const std::string& path) {
+        DataLogEngine log(files);
+        EXPECT_EQ(log.Open(path.c_str(), kLogForLooking), kLogSuccess);
+        LogWalk walk(log);
+        while (walk.Next()) {
+        }
+        EXPECT_EQ(walk.Result(), kLogEndOfFile);
+        EXPECT_EQ(walk.Left(), 0U);
+        return walk.Records();
+    }
+
+    ADXDefinition definition;
+    const ADXObject *poll, *stream;
+    MemoryFiles files;
+};
+
+TEST_F(ScanRecorderTest, KeepsWholeRepliesUnderTheirCommands) {
+    ScanRecorder recorder(files);
+    ASSERT_TRUE(Begin(recorder));
+    Add(recorder, 0x11);
+    const Bytes packet(20, 0x22);
+    recorder.Add(*stream, {packet.data(), 20});
+    EXPECT_TRUE(recorder.End());
+    EXPECT_EQ(recorder.Records(), 2U);
+
+    DataLogEngine log(files);
+    ASSERT_EQ(log.Open("drive.xdl", kLogForLooking), kLogSuccess);
+    EXPECT_EQ(log.header.sampleCount, 2U);
+    EXPECT_EQ(log.header.endMark, files.Get("drive.xdl").size() + 1);
+    LogWalk walk(log);
+    ASSERT_TRUE(walk.Next());
+    EXPECT_EQ(walk.Item().commandId, kPollHash);
+    EXPECT_EQ(walk.Item().type, kTypeSendCommand);
+    EXPECT_EQ(Bytes(walk.Packed(), walk.Packed() + 24), Bytes(24, 0x11));
+    ASSERT_TRUE(walk.Next());
+    EXPECT_EQ(walk.Item().commandId, kStreamHash);
+    EXPECT_EQ(walk.Item().type, kType160BaudListen);
+    EXPECT_EQ(Bytes(walk.Packed(), walk.Packed() + 20), packet);
+    EXPECT_FALSE(walk.Next());
+}
+
+TEST_F(ScanRecorderTest, IsALogThatCanBeReadAtAnyMoment) {
+    ScanRecorder recorder(files);
+    ASSERT_TRUE(Begin(recorder));
+    for (std::uint32_t count = 0; count < 5; ++count) {
+        EXPECT_EQ(RecordsIn("drive.xdl"), count);
+        Add(recorder, 1);
+    }
+}
+
+TEST_F(ScanRecorderTest, GoesOnBehindASampleThatCouldNotBeWritten) {
+    ScanRecorder recorder(files);
+    ASSERT_TRUE(Begin(recorder));
+    Add(recorder, 1);
+    EXPECT_FALSE(recorder.Failed());
+    files.room = files.Get("drive.xdl").size() + 10;  // less than a record
+    Add(recorder, 2);
+    Add(recorder, 3);
+    EXPECT_TRUE(recorder.Failed());
+    EXPECT_EQ(recorder.WhyFailed(), "drive.xdl: the recording cannot be written");
+    EXPECT_EQ(RecordsIn("drive.xdl"), 1U);
+    files.room = MemoryFiles::kNoLimit;
+    Add(recorder, 4);
+    EXPECT_TRUE(recorder.End());
+    EXPECT_EQ(recorder.Records(), 2U);
+    EXPECT_EQ(recorder.Lost(), 2U);
+    EXPECT_EQ(RecordsIn("drive.xdl"), 2U);
+}
+
+TEST_F(ScanRecorderTest, SaysThatTheFileCannotBeMade) {
+    ScanRecorder recorder(files);
+    files.failOpen = true;
+    std::string error;
+    EXPECT_FALSE(recorder.Begin("drive.xdl", definition, false, error));
+    EXPECT_EQ(error, "drive.xdl: error 0xC (cannot be opened)");
+}
+
+TEST_F(ScanRecorderTest, SaysThatNotEvenTheTableFits) {
+    ScanRecorder recorder(files);
+    files.room = 20;
+    std::string error;
+    EXPECT_FALSE(recorder.Begin("drive.xdl", definition, false, error));
+    EXPECT_EQ(error, "drive.xdl: the recording cannot be written");
+}
+
+TEST_F(ScanRecorderTest, KeepsAFileThatHoldsSomethingUnlessForced) {
+    for (const std::string& text : {std::string("precious"), std::string(1, '\0')}) {
+        const TempFile old(text, ".xdl");
+        std::string error;
+        {
+            ScanRecorder recorder;
+            EXPECT_FALSE(recorder.Begin(old.Path(), definition, false, error));
+            EXPECT_EQ(error, old.Path() + ": exists and is not empty; --force replaces it");
+            EXPECT_EQ(ReadFile(old.Path()), text);
+        }
+        ScanRecorder recorder;
+        EXPECT_TRUE(recorder.Begin(old.Path(), definition, true, error)) << error;
+        Add(recorder, 1);
+        EXPECT_TRUE(recorder.End());
+    }
+}
+
+TEST_F(ScanRecorderTest, KeepsALogWithARecordAndReplacesOneWithout) {
+    const TempFile file("", ".xdl");
+    for (int scan = 0; scan < 2; ++scan) {
+        ScanRecorder recorder;
+        ASSERT_TRUE(Begin(recorder, file.Path()));  // nothing, then a table alone
+        EXPECT_TRUE(recorder.End());
+        EXPECT_EQ(std::filesystem::file_size(file.Path()), 44U + 2 * 48);
+    }
+    {
+        ScanRecorder recorder;
+        ASSERT_TRUE(Begin(recorder, file.Path()));
+        Add(recorder, 1);
+    }
+    ScanRecorder recorder;
+    std::string error;
+    EXPECT_FALSE(recorder.Begin(file.Path(), definition, false, error));
+    EXPECT_EQ(std::filesystem::file_size(file.Path()), 44U + 2 * 48 + 36);
+}
+
+}  // namespace
+}  // namespace corvex
