@@ -85,6 +85,7 @@ void LogArguments::AddHistogram(CLI::App& app) {
         ->allow_extra_args(false)
         ->check(CLI::IsMember(views));
     command.add_flag("--csv", histogram_.csv, "As CSV, not as a table");
+    command.footer("As CSV, several histograms or views are told apart by a row in front of each that names it.");
 }
 
 void LogArguments::AddRepair(CLI::App& app) {
