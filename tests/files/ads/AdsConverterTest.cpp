@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include "definition/ADXC160BaudListen.h"
+#include "definition/ADXCSendCommand.h"
+#include "files/ads/AdsConverter.h"
+#include "tests/files/ads/AdsTestHelper.h"
+
+namespace corvex {
+namespace {
+
+std::vector<std::uint8_t> SentBytes(const AdsTexts& record) {
+    const AdsImport file(AdsHeaderBlock("1.2", "8192", "1", record));
+    const auto& command = file.Get<ADXCSendCommand>("COMMAND0");
+    return {command.bytestring(), command.bytestring() + command.size()};
+}
+
+using Bytes = std::vector<std::uint8_t>;
+
+TEST(AdsConverter, NullArgumentsGiveZero) {
+    ADXDefinition definition;
+    definition.baud = 1;
+    AdsReader reader;
+    EXPECT_EQ(ConvertAds(nullptr, &reader), 0);
+    EXPECT_EQ(ConvertAds(&definition, nullptr), 0);
+    EXPECT_EQ(definition.baud, 1u);
+}
+
+TEST(AdsConverter, AnEmptyFileGivesAnEmptyDefinition) {
+    const AdsImport file("");
+    EXPECT_EQ(file.definition.GetCount(), 0u);
+    EXPECT_EQ(file.definition.baud, 8192u);
+    EXPECT_EQ(file.definition.monitorcmd, nullptr);
+    EXPECT_FALSE(file.definition.Author().IsSet());
+}
+
+TEST(AdsConverter, ClearsTheDefinitionFirst) {
+    AdsImport file(WholeAdsFile());
+    file.definition.flags = 1;
+    AdsReader empty;
+    EXPECT_EQ(ConvertAds(&file.definition, &empty), 1);
+    EXPECT_EQ(file.definition.GetCount(), 0u);
+    EXPECT_EQ(file.definition.flags, 0u);
+    EXPECT_EQ(file.definition.monitorcmd, nullptr);
+}
+
+TEST(AdsConverter, TakesTheHeader) {
+    const AdsImport file(AdsHeaderBlock("1.2", "9600"));
+    EXPECT_STREQ(file.definition.Author().CStr(), "Author");
+    EXPECT_STREQ(file.definition.Desc().CStr(), "Comments");
+    EXPECT_EQ(file.definition.baud, 9600u);
+}
+
+TEST(AdsConverter, AFileOfVersion10Has8192Baud) {
+    EXPECT_EQ(AdsImport(AdsHeaderBlock("1.0", "160")).definition.baud, 8192u);
+}
+
+TEST(AdsConverter, A160BaudFileMakesOneListenCommandAt4800Baud) {
+    AdsTexts records = AdsRecord("Stream", "F4", "1", "0");
+    for (const std::string& field : AdsRecord("Second", "F4", "1", "0", "1"))
+        records.push_back(field);
+    const AdsImport file(AdsHeaderBlock("1.2", "160", "2", records));
+    EXPECT_EQ(file.definition.baud, 4800u);
+    ASSERT_EQ(file.definition.GetCount(), 1u);
+    const auto& listen = file.Get<ADXC160BaudListen>("160BAUD");
+    EXPECT_STREQ(listen.Title(), "Stream");
+    EXPECT_EQ(listen.packetsize, 20u);
+    EXPECT_EQ(file.definition.monitorcmd, &listen);
+}
+
+TEST(AdsConverter, A160BaudFileWithoutRecordsListensByTheDefaults) {
+    const AdsImport file(AdsHeaderBlock("1.2", "160"));
+    const auto& listen = file.Get<ADXC160BaudListen>("160BAUD");
+    EXPECT_STREQ(listen.Title(), "New ALDL Data Command");
+    EXPECT_EQ(listen.packetsize, 63u);
+    EXPECT_EQ(file.definition.monitorcmd, &listen);
+}
+
+TEST(AdsConverter, A160BaudFileWithoutAPayloadHasNoCommand) {
+    const AdsImport file(AdsHeaderBlock("1.2", "160", "1", {"Stream", "", "0", "0", "0"}));
+    EXPECT_EQ(file.definition.GetCount(), 0u);
+    EXPECT_EQ(file.definition.baud, 4800u);
+    EXPECT_EQ(file.definition.monitorcmd, nullptr);
+}
+
+TEST(AdsConverter, ARecordMakesASendCommand) {
+    const AdsImport file(AdsHeaderBlock("1.2", "8192", "1", AdsRecord("Poll", "F4,57,01,00", "5", "1")));
+    const auto& command = file.Get<ADXCSendCommand>("COMMAND0");
+    EXPECT_STREQ(command.Title(), "Poll");
+    EXPECT_EQ(command.replysize, 23u);
+    EXPECT_EQ(command.packetoffset, 3u);
+    EXPECT_EQ(command.packetsize, 20u);
+    EXPECT_EQ(command.flags, 1u);
+    EXPECT_EQ(file.definition.monitorcmd, nullptr);
+}
+
+TEST(AdsConverter, TheChecksumIsTheTwosComplementOfTheSum) {
+    EXPECT_EQ(SentBytes(AdsRecord("N", "F4,57,01,00", "5", "1")), (Bytes{0xF4, 0x57, 0x01, 0x00, 0xB4}));
+    EXPECT_EQ(SentBytes(AdsRecord("N", "80,80", "3", "1")), (Bytes{0x80, 0x80, 0x00}));
+    EXPECT_EQ(SentBytes(AdsRecord("N", "F4,57,01", "2", "-1")), (Bytes{0xF4, 0x0C}));
+}
+
+TEST(AdsConverter, WithoutAChecksumTheBytesGoAsTheyStand) {
+    EXPECT_EQ(SentBytes(AdsRecord("N", "F4,57,01,00", "4", "0")), (Bytes{0xF4, 0x57, 0x01, 0x00}));
+    EXPECT_EQ(SentBytes(AdsRecord("N", "F4", "3", "0")), (Bytes{0xF4, 0x00, 0x00}));
+}
+
+TEST(AdsConverter, ALengthIsCutToTheBytesThatThereAre) {
+    EXPECT_EQ(SentBytes(AdsRecord("N", "F4", "0", "1")), Bytes{});
+    EXPECT_EQ(SentBytes(AdsRecord("N", "F4", "1", "1")), Bytes{0x00});
+    EXPECT_EQ(SentBytes(AdsRecord("N", "F4", "4294967295", "0")).size(), 10u);
+    EXPECT_EQ(SentBytes(AdsRecord("N", "F4", "2147483648", "1")).size(), 11u);
+    EXPECT_EQ(SentBytes(AdsRecord("N", "1,1,1,1,1,1,1,1,1,1", "-1", "1")).back(), 0xF6);
+}
+
+TEST(AdsConverter, TheLastMasterWins) {
+    AdsTexts records;
+    for (const char* master : {"1", "7", "0"}) {
+        for (const std::string& field : AdsRecord("N", "F4", "1", "0", master))
+            records.push_back(field);
+    }
+    const AdsImport file(AdsHeaderBlock("1.2", "8192", "3", records));
+    EXPECT_EQ(file.definition.monitorcmd, file.definition.FindById("COMMAND1"));
+    EXPECT_EQ(file.definition.GetCount(), 3u);
+}
+
+}  // namespace
+}  // namespace corvex

@@ -1,0 +1,121 @@
+// The legacy example of the source tree, read from its file and converted.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "definition/ADXBitmask.h"
+#include "definition/ADXCSendCommand.h"
+#include "definition/ADXDefinition.h"
+#include "definition/ADXLookupTable.h"
+#include "definition/ADXValue.h"
+#include "files/ads/AdsConverter.h"
+#include "files/ads/AdsReader.h"
+
+namespace corvex {
+namespace {
+
+class AdsExample : public ::testing::Test {
+protected:
+    AdsExample() {
+        EXPECT_EQ(ReadAds(CORVEX_SOURCE_DIR "/examples/kestrel-legacy.ads", &reader), 1);
+        EXPECT_EQ(ConvertAds(&definition, &reader), 1);
+    }
+
+    ADXValue& Value(const char* id) {
+        ADXObject* object = definition.FindById(id);
+        if (object == nullptr || object->GetType() != kTypeValue) throw "no value of that id";
+        return static_cast<ADXValue&>(*object);
+    }
+    double Compute(const char* id) { return Value(id).Compute(definition, {packet, sizeof packet}); }
+    std::string Shown(const char* id) {
+        char text[40] = "";
+        Value(id).Format(text, sizeof text, definition, {packet, sizeof packet});
+        return text;
+    }
+
+    AdsReader reader;
+    ADXDefinition definition;
+    const std::uint8_t packet[21] = {0x19, 0x00, 88, 160, 100, 0x12, 0xAB, 3, 120, 66, 65, 0x81};
+};
+
+TEST_F(AdsExample, LosesNothingButItsDash) {
+    EXPECT_TRUE(reader.Losses().header);
+    EXPECT_EQ(reader.Dashes().size(), 1u);
+    EXPECT_EQ(reader.Losses().extracommands, 0u);
+    EXPECT_EQ(reader.Losses().otheritems, 2u);
+    EXPECT_EQ(reader.Losses().renumbered, 0u);
+    EXPECT_EQ(reader.Losses().cutfields, 0u);
+    EXPECT_EQ(reader.Losses().cuttables, 0u);
+    EXPECT_EQ(reader.Losses().tablelines, 0u);
+}
+
+TEST_F(AdsExample, HasEveryOperationAndEveryType) {
+    std::set<std::uint32_t> operations;
+    for (const auto& value : reader.Values()) {
+        if (value->bSeparator == 0) operations.insert(value->dwOperation);
+    }
+    EXPECT_EQ(operations, (std::set<std::uint32_t>{0, 1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(reader.Bits().size(), 3u);
+    EXPECT_EQ(reader.Tables().size(), 1u);
+    // Three commands, a table, nine values, three bits and the view.
+    EXPECT_EQ(definition.GetCount(), 17u);
+}
+
+TEST_F(AdsExample, PollsItsMasterCommand) {
+    EXPECT_EQ(definition.baud, 8192u);
+    EXPECT_STREQ(definition.Author().CStr(), "The Corvex authors");
+    const auto& master = static_cast<const ADXCSendCommand&>(*definition.FindById("COMMAND0"));
+    EXPECT_EQ(definition.monitorcmd, &master);
+    ASSERT_EQ(master.size(), 5u);
+    EXPECT_EQ(master.bytestring()[4], 0xB4);
+    EXPECT_EQ(master.replysize, 24u);
+    const auto& last = static_cast<const ADXCSendCommand&>(*definition.FindById("COMMAND2"));
+    ASSERT_EQ(last.size(), 4u);
+    EXPECT_EQ(last.bytestring()[3], 0xAE);
+}
+
+TEST_F(AdsExample, ComputesItsValues) {
+    EXPECT_EQ(Compute("10"), 800.0);
+    EXPECT_EQ(Compute("11"), 88.0);
+    EXPECT_EQ(Compute("12"), 80.0);
+    EXPECT_EQ(Compute("13"), 12.5);
+    EXPECT_EQ(Shown("14"), "12AB");
+    EXPECT_EQ(Shown("15"), "08");
+    EXPECT_EQ(Compute("16"), 120.0);
+    EXPECT_EQ(Compute("17"), 66.0);
+    EXPECT_EQ(Compute("19"), 70.0);  // raw 65 is key 65, the table's second line
+}
+
+TEST_F(AdsExample, ConvertsItsLimits) {
+    EXPECT_EQ(Value("10").alarmhigh, 6200.0F);
+    EXPECT_EQ(Value("10").rangehigh, 7000.0F);
+    EXPECT_EQ(Value("12").flags, 0xCu);
+    EXPECT_EQ(Value("12").alarmlow, -25.0F);
+    EXPECT_EQ(Value("13").rangehigh, 120.5F);
+    EXPECT_EQ(Value("13").rangelow, 5.5F);
+    EXPECT_EQ(Value("16").rangehigh, 100.0F);
+    EXPECT_EQ(Value("16").alarmhigh, 80.0F);
+    EXPECT_EQ(Value("17").alarmhigh, 9.0F);
+    EXPECT_EQ(Value("19").rangelow, 150.0F);
+    EXPECT_EQ(Value("19").rangehigh, -40.0F);
+}
+
+TEST_F(AdsExample, KeepsTheGapsOfItsTable) {
+    const auto& table = static_cast<const ADXLookupTable&>(*definition.FindById("40"));
+    EXPECT_EQ(table.GetEntryCount(), 5u);
+    EXPECT_EQ(table.Convert(33.0F), 110.0F);
+}
+
+TEST_F(AdsExample, ReadsItsBits) {
+    definition.UpdateValues({packet, sizeof packet}, 0);
+    auto& loop = static_cast<ADXBitmask&>(*definition.FindById("30"));
+    auto& knock = static_cast<ADXBitmask&>(*definition.FindById("31"));
+    char text[20] = "";
+    loop.GetText(text, sizeof text, definition, nullptr);
+    EXPECT_STREQ(text, "Closed");
+    knock.GetText(text, sizeof text, definition, nullptr);
+    EXPECT_STREQ(text, "None");
+}
+
+}  // namespace
+}  // namespace corvex

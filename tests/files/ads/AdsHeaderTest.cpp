@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include "files/ads/AdsHeader.h"
+#include "tests/files/ads/AdsTestHelper.h"
+
+namespace corvex {
+namespace {
+
+TEST(AdsHeader, ReadsEveryField) {
+    const AdsImport file(AdsHeaderBlock("1.2", "9600", "1", AdsRecord("Name", "F4, 0x57,1,AB", "5", "0", "1")));
+    const AdsHeader& header = file.reader.Header();
+    EXPECT_EQ(header.strDefVersion, "V 1");
+    EXPECT_EQ(header.strDefTitle, "Title");
+    EXPECT_EQ(header.strAuthor, "Author");
+    EXPECT_EQ(header.strCodeMask, "MASK");
+    EXPECT_EQ(header.strComments, "Comments");
+    EXPECT_EQ(header.iBaud, 9600u);
+    EXPECT_EQ(header.dwFlags, 0xABCDu);
+    EXPECT_EQ(header.dwCSID, 0x12u);
+    ASSERT_EQ(header.CommandCount(), 1u);
+    const AdsCommand& command = header.commands[0];
+    EXPECT_EQ(command.strCommandName, "Name");
+    EXPECT_EQ(command.rgbtCommand, (std::array<std::uint8_t, 10>{0xF4, 0x57, 0x01, 0xAB}));
+    EXPECT_EQ(command.iTotalBytesInCommand, 5u);
+    EXPECT_EQ(command.bChecksumCommand, 0);
+    EXPECT_EQ(command.iNumBytesInPayload, 20u);
+    EXPECT_EQ(command.iNumBytesBeforePayload, 3u);
+    EXPECT_EQ(command.bMaster, 1);
+    EXPECT_EQ(command.iChainTo, -1);
+}
+
+TEST(AdsHeader, AFileOfVersion10KeepsTheBaudAndFlagsOfNewerOnes) {
+    const AdsHeader header = AdsImport(AdsHeaderBlock("1.0", "9600", "1")).reader.Header();
+    EXPECT_EQ(header.iBaud, 8192u);
+    EXPECT_EQ(header.dwFlags, 0u);
+    EXPECT_EQ(header.dwCSID, 0x12u);
+    EXPECT_EQ(header.btNumDumpRequests, 1u);
+}
+
+TEST(AdsHeader, AFileOfVersion11HasABaudButNoFlags) {
+    const AdsHeader header = AdsImport(AdsHeaderBlock("1.1", "9600")).reader.Header();
+    EXPECT_EQ(header.iBaud, 9600u);
+    EXPECT_EQ(header.dwFlags, 0u);
+}
+
+TEST(AdsHeader, AFileWithoutAVersionKeepsAllDefaults) {
+    const AdsHeader header = AdsImport(AdsHeaderBlock("old", "9600", "3")).reader.Header();
+    EXPECT_EQ(header.fDefFrmtVers, 0.0F);
+    EXPECT_EQ(header.strDefTitle, "New ALDL Datastream Definition");
+    EXPECT_EQ(header.strAuthor, "");
+    EXPECT_EQ(header.btNumDumpRequests, 0u);
+}
+
+TEST(AdsHeader, TheEndOfTheBlockLeavesTheRestAtDefaults) {
+    const AdsHeader header = AdsImport("{=1.2;=V;=Mine;}{=9;}").reader.Header();
+    EXPECT_EQ(header.strDefTitle, "Mine");
+    EXPECT_EQ(header.strAuthor, "");
+    EXPECT_EQ(header.iBaud, 8192u);
+}
+
+TEST(AdsHeader, TextsKeepOneCharacterLessThanTheirSize) {
+    const std::string text(300, 'x');
+    const AdsImport file(
+        AdsBlock({"1.2", text, text, text, text, text, text, text, text, "8192", "0", "0", "1", text}));
+    const AdsHeader& header = file.reader.Header();
+    EXPECT_EQ(header.strDefVersion.size(), 14u);
+    EXPECT_EQ(header.strDefTitle.size(), 99u);
+    EXPECT_EQ(header.strAuthor.size(), 49u);
+    EXPECT_EQ(header.strEngine.size(), 49u);
+    EXPECT_EQ(header.strYear.size(), 255u);
+    EXPECT_EQ(header.strComments.size(), 255u);
+    EXPECT_EQ(header.commands[0].strCommandName.size(), 99u);
+}
+
+TEST(AdsHeader, RecordsBeyondTheTenthAreReadAndDropped) {
+    AdsTexts records;
+    for (int i = 0; i < 12; ++i) {
+        for (const std::string& field : AdsRecord("R" + std::to_string(i), "F4", "1", "0"))
+            records.push_back(field);
+    }
+    const AdsImport file(AdsHeaderBlock("1.2", "8192", "12", records) +
+                         AdsItem(2, "7", {"1", "1", "0", "Bit", "0", "0", "1", "0"}));
+    EXPECT_EQ(file.reader.Header().CommandCount(), 10u);
+    EXPECT_EQ(file.reader.Header().commands[9].strCommandName, "R9");
+    EXPECT_EQ(file.reader.Losses().extracommands, 2u);
+    EXPECT_EQ(file.definition.GetObject(kTypeAny, 9)->GetType(), kTypeSendCommand);
+    EXPECT_EQ(file.definition.GetObject(kTypeAny, 10)->GetType(), kTypeBitmask);
+}
+
+TEST(AdsHeader, AHugeCountOfRecordsEndsWithTheBlock) {
+    for (const char* count : {"2147483648", "4294967295", "99999999999999", "-1"}) {
+        const AdsImport file(AdsHeaderBlock("1.2", "8192", count, AdsRecord("One", "F4", "1", "0")));
+        EXPECT_EQ(file.reader.Header().CommandCount(), 10u) << count;
+        EXPECT_EQ(file.reader.Header().commands[0].strCommandName, "One");
+        EXPECT_EQ(file.reader.Header().commands[1].strCommandName, "New ALDL Data Command");
+        EXPECT_EQ(file.reader.Losses().extracommands, 0u);
+    }
+}
+
+TEST(AdsHeader, ACommandHoldsTenBytes) {
+    const AdsImport file(AdsHeaderBlock("1.2", "8192", "1", AdsRecord("N", "1,2,3,4,5,6,7,8,9,A,B,C", "12", "0")));
+    EXPECT_EQ(file.reader.Header().commands[0].rgbtCommand,
+              (std::array<std::uint8_t, 10>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
+}
+
+}  // namespace
+}  // namespace corvex

@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "files/ads/AdsInput.h"
+
+namespace corvex {
+namespace {
+
+std::string Drain(AdsInput& input) {
+    std::string text;
+    for (int c = input.Next(); c != AdsInput::kEnd; c = input.Next())
+        text.push_back(static_cast<char>(c));
+    return text;
+}
+
+std::string Read(const std::string& bytes) {
+    AdsInput input(bytes.data(), bytes.size());
+    return Drain(input);
+}
+
+TEST(AdsInput, GivesEveryCharacterOnce) {
+    EXPECT_EQ(Read("a\tb\xFE\x80"), "a\tb\xFE\x80");
+    EXPECT_EQ(Read(""), "");
+}
+
+TEST(AdsInput, TakesALineEndOfTwoCharactersForOne) {
+    EXPECT_EQ(Read("a\r\nb\rc\r"), "a\nb\rc\r");
+}
+
+TEST(AdsInput, EndsAtAByte255AndStaysThere) {
+    const std::string bytes =
+        "ab\xFF"
+        "cd";
+    AdsInput input(bytes.data(), bytes.size());
+    EXPECT_EQ(Drain(input), "ab");
+    EXPECT_EQ(input.Next(), AdsInput::kEnd);
+    EXPECT_EQ(input.Next(), AdsInput::kEnd);
+}
+
+TEST(AdsInput, NullIsAnEmptyText) {
+    AdsInput input(nullptr, 5);
+    EXPECT_EQ(input.Next(), AdsInput::kEnd);
+}
+
+TEST(AdsInput, FindsALineEndThatTwoBlocksOfAFileShare) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::tmpfile(), std::fclose);
+    ASSERT_NE(file, nullptr);
+    const std::string bytes = std::string(4095, 'x') + "\r\n" + std::string(5000, 'y');
+    ASSERT_EQ(std::fwrite(bytes.data(), 1, bytes.size(), file.get()), bytes.size());
+    std::rewind(file.get());
+    AdsInput input(file.get());
+    EXPECT_EQ(Drain(input), std::string(4095, 'x') + "\n" + std::string(5000, 'y'));
+    EXPECT_FALSE(input.Failed());
+}
+
+}  // namespace
+}  // namespace corvex

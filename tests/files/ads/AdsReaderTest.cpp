@@ -1,0 +1,220 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "files/ads/AdsReader.h"
+#include "tests/files/ads/AdsTestHelper.h"
+
+namespace corvex {
+namespace {
+
+const AdsTexts kBit = {"3", "2", "5", "Lamp", "1", "0", "On", "Off"};
+
+TEST(AdsReader, ReadsEveryFieldOfAValue) {
+    const AdsImport file(AdsHeaderBlock() + AdsItem(1, "12",
+                                                    {"4", "2", "16", "3", "0.5", "-1e1", "Title", "rpm", "200", "1",
+                                                     "20", "2", "-7", "-8", "40"}));
+    ASSERT_EQ(file.reader.Values().size(), 1u);
+    const ALDLValue& value = *file.reader.Values()[0];
+    EXPECT_EQ(value.dwItemType, 1u);
+    EXPECT_EQ(value.strItemComments, "comment");
+    EXPECT_EQ(value.bVisible, 1);
+    EXPECT_EQ(value.dwUniqueID, 12u);
+    EXPECT_EQ(value.btByteNumber, 4u);
+    EXPECT_EQ(value.btMessageNumber, 2u);
+    EXPECT_EQ(value.dwItemSizeBits, 16u);
+    EXPECT_EQ(value.dwOperation, 3u);
+    EXPECT_EQ(value.dFactor, 0.5);
+    EXPECT_EQ(value.dOffset, -10.0);
+    EXPECT_EQ(value.strUnitLabel, "rpm");
+    EXPECT_EQ(value.dwAlarmHigh, 200u);
+    EXPECT_EQ(value.bAlarmHighENable, 1);
+    EXPECT_EQ(value.dwAlarmLow, 20u);
+    EXPECT_EQ(value.bAlarmLowEnable, 2);
+    EXPECT_EQ(value.iRangeHigh, -7);
+    EXPECT_EQ(value.iRangeLow, -8);
+    EXPECT_EQ(value.iLookupTableIndex, 40);
+}
+
+TEST(AdsReader, ReadsEveryFieldOfABitADashAndATable) {
+    const AdsImport file(AdsHeaderBlock() + AdsItem(2, "1", kBit) + AdsItem(6, "2", {"4", "1,2", "1", "3"}) +
+                         AdsItem(5, "3", {"1", "300", "2", "Map", "ignored", "ignored", "0,5\n"}));
+    const ALDLBit& bit = *file.reader.Bits().at(0);
+    EXPECT_EQ(bit.btByteNumber, 3u);
+    EXPECT_EQ(bit.btMessageNumber, 2u);
+    EXPECT_EQ(bit.btBitNumber, 5u);
+    EXPECT_EQ(bit.bAlarmSetEnable, 1);
+    EXPECT_EQ(bit.bAlarmNotSetEnable, 0);
+    EXPECT_EQ(bit.strBitSetTitle, "On");
+    EXPECT_EQ(bit.strBitClearTitle, "Off");
+    const ALDLDash& dash = *file.reader.Dashes().at(0);
+    EXPECT_EQ(dash.btNumGauges, 4u);
+    EXPECT_EQ(dash.strIDsDisplayed, "1,2");
+    EXPECT_EQ(dash.btNumMonitors, 1u);
+    EXPECT_EQ(dash.strMonsDisplayed, "3");
+    const ALDLLookupTable& table = *file.reader.Tables().at(0);
+    EXPECT_EQ(table.btDataType, 1u);
+    EXPECT_EQ(table.wTableSize, 300u);
+    EXPECT_EQ(table.wIndexSize, 2u);
+    EXPECT_EQ(table.pbtData, "0,5\n");
+    EXPECT_EQ(table.slots.count, 300u);
+    EXPECT_EQ(table.slots.At(0), 5.0F);
+}
+
+TEST(AdsReader, EachItemTellsItsTitle) {
+    const AdsImport file(AdsHeaderBlock() + AdsItem(2, "1", kBit) + AdsItem(6, "2", {}) + AdsItem(1, "3", {}) +
+                         AdsItem(5, "4", AdsTable("")));
+    EXPECT_EQ(file.reader.Bits()[0]->GetTitle(), "Lamp");
+    EXPECT_EQ(file.reader.Dashes()[0]->GetTitle(), "ALDL Dash");
+    EXPECT_EQ(file.reader.Values()[0]->GetTitle(), "New ALDL Value");
+    EXPECT_EQ(file.reader.Tables()[0]->GetTitle(), "Table");
+    EXPECT_EQ(ALDLItem().GetTitle(), "");
+}
+
+TEST(AdsReader, DefaultsStandUntilTheFileSaysOtherwise) {
+    const AdsImport file(AdsHeaderBlock() + AdsItem(1, "1", {}) + AdsItem(2, "2", {"9"}) + AdsItem(5, "3", {}));
+    const ALDLValue& value = *file.reader.Values()[0];
+    EXPECT_EQ(value.btMessageNumber, 1u);
+    EXPECT_EQ(value.dwItemSizeBits, 8u);
+    EXPECT_EQ(value.dFactor, 0.0);
+    EXPECT_EQ(value.strUnitLabel, "Units");
+    EXPECT_EQ(value.dwAlarmHigh, 255u);
+    EXPECT_EQ(value.iRangeHigh, 255);
+    EXPECT_EQ(value.iLookupTableIndex, -1);
+    const ALDLBit& bit = *file.reader.Bits()[0];
+    EXPECT_EQ(bit.btByteNumber, 9u);
+    EXPECT_EQ(bit.strItemTitle, "New ALDL Bit");
+    EXPECT_EQ(bit.strBitSetTitle, "1");
+    EXPECT_EQ(bit.strBitClearTitle, "0");
+    const ALDLLookupTable& table = *file.reader.Tables()[0];
+    EXPECT_EQ(table.btDataType, 2u);
+    EXPECT_EQ(table.slots.count, 256u);
+    EXPECT_EQ(table.strTableName, "New Lookup Table");
+}
+
+TEST(AdsReader, AnItemThatEndsInItsCommonFieldsTakesNothingFromTheNext) {
+    const AdsImport file(AdsHeaderBlock() + "{=1;=comment;}" + AdsItem(2, "7", kBit));
+    ASSERT_EQ(file.reader.Values().size(), 1u);
+    EXPECT_EQ(file.reader.Values()[0]->btByteNumber, 0u);
+    ASSERT_EQ(file.reader.Bits().size(), 1u);
+    EXPECT_EQ(file.reader.Bits()[0]->dwUniqueID, 7u);
+}
+
+TEST(AdsReader, PassesOverTypesThatBecomeNothing) {
+    const AdsImport file(AdsHeaderBlock() + AdsItem(3, "7", {}) + AdsItem(4, "8", {}) + AdsItem(0, "9", {}) +
+                         AdsItem(2, "7", kBit));
+    EXPECT_EQ(file.reader.Losses().otheritems, 3u);
+    ASSERT_EQ(file.reader.Bits().size(), 1u);
+    // A number that only a passed-over item has is free.
+    EXPECT_EQ(file.reader.Bits()[0]->dwUniqueID, 7u);
+    EXPECT_EQ(file.reader.Losses().renumbered, 0u);
+}
+
+TEST(AdsReader, SkipsBannersAndNotes) {
+    const AdsImport file(
+        "// Created by Tarvex. Hand editing is *not* recommended or supported.\n//---- HEADER ----\n} ;\n" +
+        AdsHeaderBlock() + "// a } note; of no account\n" + AdsItem(2, "7", kBit) + "trailing }");
+    EXPECT_EQ(file.reader.Header().strDefTitle, "Title");
+    EXPECT_EQ(file.reader.Bits().size(), 1u);
+}
+
+TEST(AdsReader, ASignOfEqualityInANoteShiftsTheFieldsBehindIt) {
+    const std::string item = "{ =2; =comment; =0; =1; =7; // half = full;\n =3; =1; =5; =Lamp; }";
+    const AdsImport file(AdsHeaderBlock() + item);
+    EXPECT_EQ(file.reader.Bits()[0]->btByteNumber, 0u);  // " full" is no number
+    EXPECT_EQ(file.reader.Bits()[0]->btMessageNumber, 3u);
+    EXPECT_EQ(file.reader.Bits()[0]->btBitNumber, 1u);
+    EXPECT_EQ(file.reader.Bits()[0]->strItemTitle, "5");
+}
+
+TEST(AdsReader, TwoItemsOfOneNumberBothSurviveTheLaterUnderANewOne) {
+    const AdsImport file(AdsHeaderBlock() + AdsItem(2, "7", kBit) + AdsItem(1, "7", {}) +
+                         AdsItem(5, "7", AdsTable("")) + AdsItem(6, "7", {}) + AdsItem(1, "8", {}));
+    EXPECT_EQ(file.reader.Bits()[0]->dwUniqueID, 7u);
+    EXPECT_EQ(file.reader.Bits()[0]->itemflags, 0u);
+    EXPECT_EQ(file.reader.Values()[0]->itemflags, 1u);
+    EXPECT_EQ(file.reader.Values()[1]->dwUniqueID, 8u);
+    const std::set<std::uint32_t> numbers = {file.reader.Bits()[0]->dwUniqueID, file.reader.Values()[0]->dwUniqueID,
+                                             file.reader.Values()[1]->dwUniqueID, file.reader.Tables()[0]->dwUniqueID,
+                                             file.reader.Dashes()[0]->dwUniqueID};
+    EXPECT_EQ(numbers.size(), 5u);
+    EXPECT_EQ(file.reader.Losses().renumbered, 3u);
+    EXPECT_NE(file.definition.GetObject(kTypeValue | kTypeBitmask | kTypeLookupTable, 3), nullptr);
+}
+
+TEST(AdsReader, ASeparatorTakesItsNumber) {
+    const AdsImport file(AdsHeaderBlock() + AdsItem(1, "7", {}, 1) + AdsItem(2, "7", kBit));
+    EXPECT_EQ(file.reader.Values()[0]->dwUniqueID, 7u);
+    EXPECT_NE(file.reader.Bits()[0]->dwUniqueID, 7u);
+    EXPECT_EQ(file.definition.FindById("7"), nullptr);
+    EXPECT_EQ(file.definition.GetCount(), 2u);  // the bit and the view
+}
+
+TEST(AdsReader, FindsFreeNumbersAroundTheEndOfTheirRange) {
+    const AdsImport file(AdsHeaderBlock() + AdsItem(2, "2147483647", kBit) + AdsItem(2, "2147483647", kBit) +
+                         AdsItem(2, "-1", kBit) + AdsItem(2, "4294967295", kBit) + AdsItem(2, "-2147483648", kBit));
+    std::set<std::uint32_t> numbers;
+    for (const auto& bit : file.reader.Bits())
+        numbers.insert(bit->dwUniqueID);
+    EXPECT_EQ(numbers.size(), 5u);
+}
+
+TEST(AdsReader, LinksValuesOfOperation6ToTheirTable) {
+    const AdsImport file(AdsHeaderBlock() + AdsItem(1, "1", AdsValueText{.operation = "6", .table = "40"}.Fields()) +
+                         AdsItem(1, "2", AdsValueText{.operation = "0", .table = "40"}.Fields()) +
+                         AdsItem(1, "3", AdsValueText{.operation = "6", .table = "4"}.Fields()) +
+                         AdsItem(5, "39", AdsTable("")) + AdsItem(5, "40", AdsTable("")) +
+                         AdsItem(5, "40", AdsTable("")));
+    EXPECT_EQ(file.reader.Values()[0]->table, file.reader.Tables()[1].get());
+    EXPECT_EQ(file.reader.Values()[1]->table, nullptr);
+    EXPECT_EQ(file.reader.Values()[2]->table, nullptr);
+}
+
+TEST(AdsReader, ReadsAgainFromNothing) {
+    AdsReader reader;
+    const std::string text = WholeAdsFile();
+    reader.ReadMemory(text.data(), text.size());
+    EXPECT_TRUE(reader.Losses().header);
+    EXPECT_EQ(reader.Losses().renumbered, 1u);
+    reader.ReadMemory("", 0);
+    EXPECT_FALSE(reader.Losses().header);
+    EXPECT_EQ(reader.Losses().renumbered, 0u);
+    EXPECT_TRUE(reader.Values().empty() && reader.Bits().empty() && reader.Tables().empty() && reader.Dashes().empty());
+    EXPECT_EQ(reader.Header().strAuthor, "");
+    reader.ReadMemory(text.data(), text.size());
+    EXPECT_EQ(reader.Tables()[0]->dwUniqueID, 40u);
+    EXPECT_EQ(reader.Tables()[0]->slots.count, 302u);
+}
+
+TEST(AdsReader, GivesZeroForAFileThatCantBeOpened) {
+    AdsReader reader;
+    const std::string text = WholeAdsFile();
+    reader.ReadMemory(text.data(), text.size());
+    EXPECT_EQ(ReadAds("no/such/file.ads", &reader), 0);
+    EXPECT_TRUE(reader.Values().empty());
+    EXPECT_EQ(ReadAds("", &reader), 0);
+    EXPECT_EQ(ReadAds(nullptr, &reader), 0);
+    EXPECT_EQ(ReadAds("examples/kestrel-legacy.ads", nullptr), 0);
+}
+
+TEST(AdsReader, GivesZeroForAFolder) {
+    AdsReader reader;
+    EXPECT_EQ(ReadAds(::testing::TempDir().c_str(), &reader), 0);
+}
+
+TEST(AdsReader, ReadsAFileAsItReadsMemory) {
+    const std::filesystem::path path = std::filesystem::path(::testing::TempDir()) / "corvex_ads_reader_test.ads";
+    std::ofstream(path, std::ios::binary) << WholeAdsFile();
+    AdsReader reader;
+    EXPECT_EQ(ReadAds(path.string().c_str(), &reader), 1);
+    std::filesystem::remove(path);
+    EXPECT_EQ(reader.Values().size(), 2u);
+    EXPECT_EQ(reader.Tables().size(), 2u);
+    EXPECT_EQ(reader.Header().CommandCount(), 2u);
+}
+
+}  // namespace
+}  // namespace corvex
