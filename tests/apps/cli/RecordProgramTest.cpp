@@ -120,8 +120,8 @@ TEST_F(RecordProgramTest, KeepsAnOldLog) {
 
 TEST_F(RecordProgramTest, NeverReplacesItsDefinition) {
     const TempFile definition(ReadFile(Example("harrier-8192.adx")));
-    const ToolResult scan =
-        RunTool({"scan", "--simulate", "-d", definition.Path(), "--record", definition.Path(), "--force"});
+    const ToolResult scan = RunTool(
+        {"scan", "--simulate", "-d", definition.Path(), "--record", definition.Path(), "--force", "--seconds", "1"});
     EXPECT_EQ(scan.code, 1);
     EXPECT_EQ(scan.err, "corvex-cli: " + definition.Path() + ": would be replaced by the recording\n");
     EXPECT_EQ(ReadFile(definition.Path()), ReadFile(Example("harrier-8192.adx")));
@@ -180,15 +180,15 @@ TEST_F(RecordProgramTest, DoesNotRecordOverTheLogThatItReplays) {
     const std::string before = ReadFile(Example("harrier-8192.xdl"));
     const TempFile old(before, ".xdl");
     const ToolResult scan = RunTool({"scan", "--simulate", "-d", Example("harrier-8192.adx"), "--replay", old.Path(),
-                                     "--record", old.Path(), "--force"});
+                                     "--record", old.Path(), "--force", "--seconds", "1"});
     EXPECT_EQ(scan.code, 1);
     EXPECT_EQ(scan.err, "corvex-cli: " + old.Path() + ": would be replaced by the recording\n");
     EXPECT_EQ(ReadFile(old.Path()), before);
 }
 
 TEST_F(RecordProgramTest, SaysThatALogCannotBeReplayed) {
-    const ToolResult scan =
-        RunTool({"scan", "--simulate", "-d", Example("harrier-8192.adx"), "--replay", "/no/such.xdl"});
+    const ToolResult scan = RunTool(
+        {"scan", "--simulate", "-d", Example("harrier-8192.adx"), "--replay", "/no/such.xdl", "--seconds", "1"});
     EXPECT_EQ(scan.code, 1);
     EXPECT_EQ(scan.err, "corvex-cli: --simulate: /no/such.xdl: error 0xC\n");
 }
