@@ -1,5 +1,8 @@
 #include <algorithm>
 #include <chrono>
+#include <memory>
+#include <thread>
+#include <utility>
 
 #include "session/StatusText.h"
 #include "tests/session/LogSessionHelper.h"
@@ -233,6 +236,32 @@ TEST_F(PlayCommandTest, SessionThatGoesEndsItsPlaybackFirst) {
         brief.reset();
         recorder.Take();
     }
+}
+
+// A record is just being shown when the session goes.
+TEST_F(PlayCommandTest, CallsOutliveThePlaybackOfASessionThatGoes) {
+    AutoResetEvent showing(false), shown(false);
+    auto token = std::make_shared<int>();
+    const std::weak_ptr<int> calls = token;
+    SessionCalls given;
+    given.setLogSlider = [&showing, &shown, token](std::uint32_t) {
+        AutoResetEvent& end = shown;
+        showing.Set();
+        end.Wait();
+    };
+    token.reset();
+    auto brief = std::make_unique<SessionState>(std::move(given), serial);
+    given = {};
+    const DataLogEngine& log = brief->log;  // the last to go of what the playback needs
+    brief->settings.SetLastLog(PutLog("one.xdl", {0, kFarAway}));
+    brief->PlayCommand();
+    showing.Wait();
+    std::thread closer([&] { brief.reset(); });
+    EXPECT_TRUE(Eventually([&] { return log.State() == kLogStopRequested; }));
+    EXPECT_FALSE(calls.expired());
+    shown.Set();
+    closer.join();
+    EXPECT_TRUE(calls.expired());
 }
 
 }  // namespace

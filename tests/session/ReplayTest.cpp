@@ -1,4 +1,6 @@
 // What the views are told live and from the log is the same.
+#include <sstream>
+
 #include "tests/session/LogSessionHelper.h"
 
 namespace corvex::test {
@@ -17,14 +19,15 @@ protected:
     // The reply and all that can be read from the session when it has been taken.
     void KeepSample(const DataAcqStatus& status, PacketView reply) {
         const LastPacket last = session.CopyLastPacket();
-        std::string sample =
-            IdText(*session.definition.FindByHash(status.commandId)) + " " + std::to_string(status.code) + " reply";
+        std::ostringstream sample;
+        sample << IdText(*session.definition.FindByHash(status.commandId)) << ' ' << status.code << " reply";
         for (std::uint32_t i = 0; i < reply.Size(); ++i)
-            sample += " " + std::to_string(reply.Bytes()[i]);
-        sample += " packet";
+            sample << ' ' << unsigned{reply.Bytes()[i]};
+        sample << " packet";
         for (std::uint32_t i = 0; i < last.size; ++i)
-            sample += " " + std::to_string(last.bytes[i]);
-        samples_.push_back(sample + " value " + std::to_string(value->GetRaw(nullptr)));
+            sample << ' ' << unsigned{last.bytes[i]};
+        sample << " value " << value->GetRaw(nullptr);
+        samples_.push_back(sample.str());
     }
     // The calls of the views alone, without the charts' times.
     Calls TakeViews() {
