@@ -96,7 +96,7 @@ private:
 
     void AddConvert() {
         CLI::App& command = *app_.add_subcommand("convert", "Load a definition and save it in the present form");
-        command.add_option("IN", convert_.input, "The definition to read (.adx)")->required();
+        command.add_option("IN", convert_.input, "The definition to read (.adx, or a legacy .ads)")->required();
         command.add_option("OUT", convert_.output, "The definition to write; replaced only when all is written")
             ->required();
     }

@@ -1,4 +1,4 @@
-// corvex-cli convert: loads a definition and saves it in the present form.
+// corvex-cli convert: loads a definition, also a legacy one (.ads), and saves it in the present form.
 #pragma once
 
 #include <iosfwd>
