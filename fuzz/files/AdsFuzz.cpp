@@ -1,0 +1,17 @@
+// Any bytes as a legacy definition; what was converted is computed, saved, and read again.
+#include "files/ads/AdsConverter.h"
+#include "files/ads/AdsReader.h"
+#include "fuzz/files/DefinitionExerciser.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    corvex::AdsReader reader;
+    if (reader.ReadMemory(data, size) != 1) std::abort();
+    corvex::ADXDefinition definition;
+    if (corvex::ConvertAds(&definition, &reader) != 1) std::abort();
+    corvex::ExerciseDefinition(definition);
+    const std::string saved = corvex::SaveDefinition(definition, 1 << 16);
+    corvex::ADXDefinition again;
+    corvex::LoadDefinition(saved.data(), saved.size(), again);
+    corvex::ExerciseDefinition(again);
+    return 0;
+}
