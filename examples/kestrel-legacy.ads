@@ -162,7 +162,8 @@
 	iLookupTableIndex               =-1;
 }
 
-// Operation 2, hexadecimal.
+// Operation 2, hexadecimal. Its limits come out as the digits read in tens, so that
+// raw 153, in hexadecimal 0099, is a limit of 99.
 {
 	dwItemType                      =1;
 	strItemComments                 =;
@@ -177,11 +178,11 @@
 	dOffset                         =0.000000;
 	strItemTitle                    =Calibration;
 	strUnitLabel                    =hex;
-	dwAlarmHigh                     =255;
+	dwAlarmHigh                     =153;
 	bAlarmHighENable                =0;
 	dwAlarmLow                      =0;
 	bAlarmLowEnable                 =0;
-	iRangeHigh                      =255;
+	iRangeHigh                      =153;
 	iRangeLow                       =0;
 	iLookupTableIndex               =-1;
 }
@@ -210,7 +211,7 @@
 	iLookupTableIndex               =-1;
 }
 
-// Operation 4, the part of the range; the table of the engine is in percent already.
+// Operation 4, the raw number itself; its limits become percents of the range.
 {
 	dwItemType                      =1;
 	strItemComments                 =;
@@ -301,8 +302,8 @@
 	bAlarmHighENable                =1;
 	dwAlarmLow                      =0;
 	bAlarmLowEnable                 =0;
-	iRangeHigh                      =255;
-	iRangeLow                       =0;
+	iRangeHigh                      =0;
+	iRangeLow                       =255;
 	iLookupTableIndex               =40;
 }
 

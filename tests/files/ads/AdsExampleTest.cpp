@@ -96,8 +96,9 @@ TEST_F(AdsExample, ConvertsItsLimits) {
     EXPECT_EQ(Value("16").rangehigh, 100.0F);
     EXPECT_EQ(Value("16").alarmhigh, 80.0F);
     EXPECT_EQ(Value("17").alarmhigh, 9.0F);
-    EXPECT_EQ(Value("19").rangelow, 150.0F);
-    EXPECT_EQ(Value("19").rangehigh, -40.0F);
+    EXPECT_EQ(Value("14").rangehigh, 99.0F);  // "0099"
+    EXPECT_EQ(Value("19").rangelow, -40.0F);
+    EXPECT_EQ(Value("19").rangehigh, 150.0F);
 }
 
 TEST_F(AdsExample, KeepsTheGapsOfItsTable) {
