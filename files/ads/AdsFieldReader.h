@@ -40,6 +40,8 @@ public:
     void Double(double& out);
     void Float(float& out, float minimum = kFirstVersion);
 
+    // Bytes of the file read so far.
+    std::uint64_t Position() const { return input_.Position(); }
     std::uint32_t FieldsTaken() const { return taken_; }
     std::uint32_t FieldsCut() const { return cut_; }
 

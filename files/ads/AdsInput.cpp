@@ -23,9 +23,9 @@ int AdsInput::Peek() {
 int AdsInput::Next() {
     const int c = Peek();
     if (c == kEnd) return kEnd;
-    ++at_;
+    Step();
     if (c != '\r' || Peek() != '\n') return c;
-    ++at_;
+    Step();
     return '\n';
 }
 

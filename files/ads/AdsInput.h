@@ -22,16 +22,23 @@ public:
 
     // The next character, 0 to 254, or kEnd.
     int Next();
+    // Bytes read so far.
+    std::uint64_t Position() const { return position_; }
     // True when the file could not be read to its end.
     bool Failed() const { return failed_; }
 
 private:
     int Peek();
+    void Step() {
+        ++at_;
+        ++position_;
+    }
 
     std::FILE* file_ = nullptr;
     std::array<std::uint8_t, 4096> block_{};
     const std::uint8_t* at_ = nullptr;
     const std::uint8_t* stop_ = nullptr;
+    std::uint64_t position_ = 0;
     bool ended_ = false;
     bool failed_ = false;
 };

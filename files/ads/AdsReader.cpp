@@ -98,7 +98,7 @@ void AdsReader::Reset() {
     dashes_.clear();
     numbers_.clear();
     flagged_.clear();
-    slotreserve_ = kSlotReserve;
+    moreslots_ = 0;
 }
 
 void AdsReader::ReadBlocks(AdsInput& input) {
@@ -147,8 +147,11 @@ void AdsReader::ReadItem(AdsFieldReader& fields) {
 void AdsReader::ReadTable(AdsFieldReader& fields, ALDLLookupTable& table) {
     ReadTableFields(fields, table);
     const std::uint32_t base = std::min(table.wTableSize, AdsSlots::kMaskBits);
-    const std::uint32_t more = std::min(table.wTableSize - base, slotreserve_);
-    slotreserve_ -= more;
+    const auto justified =
+        static_cast<std::uint32_t>(std::min<std::uint64_t>(kSlotReserve, fields.Position() * kSlotsPerByte));
+    // What is justified only grows, so the difference is never negative.
+    const std::uint32_t more = std::min(table.wTableSize - base, justified - moreslots_);
+    moreslots_ += more;
     table.slots.count = base + more;
     if (table.slots.count < table.wTableSize) ++losses_.cuttables;
     ReadTableText(table.pbtData, table.btDataType == ALDLLookupTable::kIntegers, table.slots);

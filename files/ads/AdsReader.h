@@ -28,12 +28,14 @@ struct AdsLosses {
 
 // Blocks follow one another in no nesting: every "{" outside of a block begins one, the first of the file the header,
 // each later one an item. There are no errors: a damaged file gives fields in wrong places, or defaults. Memory stays
-// in proportion to the file: tables keep 256 slots each and kSlotReserve more among all of them.
+// in proportion to the file: tables keep 256 slots each, and what they have above that is limited, over all of
+// them, to kSlotsPerByte for each byte of the file so far and to kSlotReserve.
 //
 // Built for one import and used by one thread. May be used again; a new read drops what the last one left.
 class AdsReader {
 public:
     static constexpr std::uint32_t kSlotReserve = 65536;
+    static constexpr std::uint32_t kSlotsPerByte = 16;
 
     AdsReader() = default;
     AdsReader(const AdsReader&) = delete;
@@ -68,7 +70,7 @@ private:
     std::vector<std::unique_ptr<ALDLDash>> dashes_;
     std::unordered_set<std::uint32_t> numbers_;  // of all items in the lists
     std::vector<ALDLItem*> flagged_;             // items with kNumberTaken, in the order of the file
-    std::uint32_t slotreserve_ = kSlotReserve;
+    std::uint32_t moreslots_ = 0;                // above the first 256 of each table
 };
 
 // The steps of an import. 1 or 0, as AdsReader::Read; 0 for a null reader.

@@ -76,10 +76,19 @@ TEST(AdsHostileFile, DamagedBytesAreRead) {
 TEST(AdsHostileFile, ATableIsNoLargerThanTheFileJustifies) {
     for (const char* size : {"2147483648", "4294967295", "-1", "65536"}) {
         const AdsImport file(AdsHeaderBlock() + AdsItem(5, "1", AdsTable("0,1\n2147483647,2\n-5,3\n", size)));
-        EXPECT_LE(file.reader.Tables()[0]->slots.count, AdsReader::kSlotReserve + 256) << size;
+        EXPECT_LE(file.reader.Tables()[0]->slots.count, 256 + 16 * 400u) << size;
         EXPECT_EQ(file.reader.Tables()[0]->slots.numbers.size(), 1u) << size;
         EXPECT_EQ(file.reader.Losses().tablelines, 2u) << size;
     }
+}
+
+TEST(AdsHostileFile, ALargeTableOfALargeFileIsWhole) {
+    const AdsImport file(AdsHeaderBlock() + std::string(8000, '-') +
+                         AdsItem(5, "1", AdsTable("0,1\n65534,2\n", "65535")));
+    EXPECT_EQ(file.reader.Tables()[0]->slots.count, 65535u);
+    EXPECT_EQ(file.reader.Tables()[0]->slots.At(65534), 2.0F);
+    EXPECT_EQ(file.reader.Losses().cuttables, 0u);
+    EXPECT_EQ(static_cast<ADXLookupTable&>(*file.definition.Objects()[0]).GetEntryCount(), 65535u - 255u);
 }
 
 TEST(AdsHostileFile, ManyHugeTablesShareOneReserve) {
@@ -94,8 +103,7 @@ TEST(AdsHostileFile, ManyHugeTablesShareOneReserve) {
         entries += static_cast<ADXLookupTable&>(*object).GetEntryCount();
     EXPECT_EQ(slots, 500u * 256u + AdsReader::kSlotReserve);
     EXPECT_LE(entries, 500u * 3u + AdsReader::kSlotReserve);
-    EXPECT_EQ(file.reader.Losses().cuttables, 499u);
-    EXPECT_EQ(file.reader.Tables()[0]->slots.count, 65535u);
+    EXPECT_EQ(file.reader.Losses().cuttables, 500u);
 }
 
 TEST(AdsHostileFile, ManyItemsOfOneNumberGetNumbersOfTheirOwn) {

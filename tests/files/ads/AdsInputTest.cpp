@@ -27,6 +27,9 @@ TEST(AdsInput, GivesEveryCharacterOnce) {
 
 TEST(AdsInput, TakesALineEndOfTwoCharactersForOne) {
     EXPECT_EQ(Read("a\r\nb\rc\r"), "a\nb\rc\r");
+    AdsInput input("a\r\nb", 4);
+    Drain(input);
+    EXPECT_EQ(input.Position(), 4u);
 }
 
 TEST(AdsInput, EndsAtAByte255AndStaysThere) {
