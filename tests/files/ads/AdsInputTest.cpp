@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -48,14 +50,16 @@ TEST(AdsInput, NullIsAnEmptyText) {
 }
 
 TEST(AdsInput, FindsALineEndThatTwoBlocksOfAFileShare) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::tmpfile(), std::fclose);
-    ASSERT_NE(file, nullptr);
     const std::string bytes = std::string(4095, 'x') + "\r\n" + std::string(5000, 'y');
-    ASSERT_EQ(std::fwrite(bytes.data(), 1, bytes.size(), file.get()), bytes.size());
-    std::rewind(file.get());
+    const std::string path = ::testing::TempDir() + "corvex_ads_input_test.ads";
+    std::ofstream(path, std::ios::binary) << bytes;
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+    ASSERT_NE(file, nullptr);
     AdsInput input(file.get());
     EXPECT_EQ(Drain(input), std::string(4095, 'x') + "\n" + std::string(5000, 'y'));
     EXPECT_FALSE(input.Failed());
+    file.reset();
+    std::remove(path.c_str());
 }
 
 }  // namespace
