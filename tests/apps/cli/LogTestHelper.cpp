@@ -1,5 +1,6 @@
 #include "tests/apps/cli/LogTestHelper.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -30,9 +31,9 @@ LogBytes BeginLog(const std::vector<std::uint32_t>& commandIds) {
 }
 
 Bytes PollReply(const Bytes& packet) {
-    Bytes reply(3, 0xEE);
-    reply.insert(reply.end(), packet.begin(), packet.end());
-    reply.resize(24);
+    Bytes reply(24);
+    std::fill_n(reply.begin(), 3, std::uint8_t{0xEE});
+    std::copy_n(packet.begin(), std::min<std::size_t>(packet.size(), 21), reply.begin() + 3);
     return reply;
 }
 

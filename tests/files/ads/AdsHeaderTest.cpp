@@ -75,7 +75,7 @@ TEST(AdsHeader, TextsKeepOneCharacterLessThanTheirSize) {
 TEST(AdsHeader, RecordsBeyondTheTenthAreReadAndDropped) {
     AdsTexts records;
     for (int i = 0; i < 12; ++i) {
-        for (const std::string& field : AdsRecord("R" + std::to_string(i), "F4", "1", "0"))
+        for (const std::string& field : AdsRecord(std::string("R").append(std::to_string(i)), "F4", "1", "0"))
             records.push_back(field);
     }
     const AdsImport file(AdsHeaderBlock("1.2", "8192", "12", records) +
