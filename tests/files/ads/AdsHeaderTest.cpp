@@ -81,6 +81,7 @@ TEST(AdsHeader, RecordsBeyondTheTenthAreReadAndDropped) {
     const AdsImport file(AdsHeaderBlock("1.2", "8192", "12", records) +
                          AdsItem(2, "7", {"1", "1", "0", "Bit", "0", "0", "1", "0"}));
     EXPECT_EQ(file.reader.Header().CommandCount(), 10u);
+    EXPECT_EQ(file.reader.Header().commands[0].strCommandName, "R0");
     EXPECT_EQ(file.reader.Header().commands[9].strCommandName, "R9");
     EXPECT_EQ(file.reader.Losses().extracommands, 2u);
     EXPECT_EQ(file.definition.GetObject(kTypeAny, 9)->GetType(), kTypeSendCommand);
