@@ -14,27 +14,32 @@ bool AdsFieldReader::SkipToField() {
     return false;
 }
 
-std::optional<std::string_view> AdsFieldReader::Next(float minimum) {
+std::optional<std::string_view> AdsFieldReader::Next(float minimum, std::size_t limit) {
     if (!SkipToField()) return std::nullopt;
-    std::size_t length = 0;
+    field_.clear();
+    bool cut = false;
     for (int c = input_.Next(); c != ';'; c = input_.Next()) {
         if (c == AdsInput::kEnd) {
             ended_ = true;
             return std::nullopt;
         }
-        if (length < kFieldLength) field_[length] = static_cast<char>(c);
-        ++length;
+        cut = field_.size() >= limit;
+        if (!cut) field_.push_back(static_cast<char>(c));
     }
     ++taken_;
-    if (length > kFieldLength) ++cut_;
+    if (cut) ++cut_;
     if (version_ < minimum) return std::nullopt;
-    const std::string_view text(field_.data(), length < kFieldLength ? length : kFieldLength);
+    const std::string_view text(field_);
     // Texts end at their first NUL.
     return text.substr(0, text.find('\0'));
 }
 
 void AdsFieldReader::Text(std::string& out, std::size_t size, float minimum) {
     if (const auto text = Next(minimum)) out = text->substr(0, size - 1);
+}
+
+void AdsFieldReader::WholeText(std::string& out) {
+    if (const auto text = Next(kFirstVersion, std::string::npos)) out = *text;
 }
 
 void AdsFieldReader::Integer(std::int32_t& out, float minimum) {

@@ -1,7 +1,6 @@
 // The fields of one block of a legacy text definition, taken by their order.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -33,6 +32,8 @@ public:
     void Skip(float minimum = kFirstVersion) { Next(minimum); }
     // Keeps at most size - 1 characters.
     void Text(std::string& out, std::size_t size = kFieldLength + 1, float minimum = kFirstVersion);
+    // However long it is: the text of a table is nothing without its end.
+    void WholeText(std::string& out);
     void Integer(std::int32_t& out, float minimum = kFirstVersion);
     // Numbers of up to 32 bits, signed or not, read alike.
     void Word(std::uint32_t& out, float minimum = kFirstVersion);
@@ -49,11 +50,11 @@ private:
     static constexpr float kFirstVersion = 1.0F;
 
     // The view lasts until the next field.
-    std::optional<std::string_view> Next(float minimum);
+    std::optional<std::string_view> Next(float minimum, std::size_t limit = kFieldLength);
     bool SkipToField();
 
     AdsInput& input_;
-    std::array<char, kFieldLength> field_{};
+    std::string field_;
     float version_ = 0.0F;
     bool ended_ = false;
     std::uint32_t taken_ = 0;

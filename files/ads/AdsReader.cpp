@@ -65,7 +65,7 @@ void ReadTableFields(AdsFieldReader& fields, ALDLLookupTable& table) {
     fields.Text(table.strTableName, 100);
     fields.Skip();  // dwReserved, twice
     fields.Skip();
-    fields.Text(table.pbtData);
+    fields.WholeText(table.pbtData);
 }
 
 }  // namespace

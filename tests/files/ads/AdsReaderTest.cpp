@@ -173,6 +173,16 @@ TEST(AdsReader, LinksValuesOfOperation6ToTheirTable) {
     EXPECT_EQ(file.reader.Values()[2]->table, nullptr);
 }
 
+TEST(AdsReader, ReadsTheTextOfATableWhole) {
+    std::string data;
+    for (int i = 0; i < 256; ++i)
+        data.append(std::to_string(i)).append(",").append(std::to_string(1000 + i)).append("\n");
+    const AdsImport file(AdsHeaderBlock() + AdsItem(5, "7", AdsTable(data)));
+    ASSERT_EQ(file.reader.Tables().size(), 1u);
+    EXPECT_EQ(file.reader.Tables()[0]->slots.At(255), 1255.0F);
+    EXPECT_EQ(file.reader.Losses().cutfields, 0u);
+}
+
 TEST(AdsReader, ReadsAgainFromNothing) {
     AdsReader reader;
     const std::string text = WholeAdsFile();
