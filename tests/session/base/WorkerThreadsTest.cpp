@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "session/base/WorkerThreads.h"
 #include "session/base/AutoResetEvent.h"
+#include "session/base/WorkerThreads.h"
 
 namespace corvex::test {
 namespace {
