@@ -33,7 +33,7 @@ TEST_F(ProgressBarTest, DrawsTheShareDone) {
     ProgressBar bar(err_, true, clock_);
     clock_.AdvanceMilliseconds(500);
     bar.Update(1, 2);
-    EXPECT_EQ(Drawn(), "\r[" + std::string(20, '#') + std::string(20, ' ') + "]  50 %");
+    EXPECT_EQ(Drawn(), std::string("\r[").append(20, '#').append(20, ' ').append("]  50 %"));
 }
 
 TEST_F(ProgressBarTest, DrawsTenTimesASecond) {
@@ -67,7 +67,7 @@ TEST_F(ProgressBarTest, LeavesTheLineEmpty) {
         bar.Update(4, 4);
         line = Drawn();
     }
-    EXPECT_EQ(Drawn(), "\r" + std::string(line.size() - 1, ' ') + "\r");
+    EXPECT_EQ(Drawn(), std::string("\r").append(line.size() - 1, ' ').append("\r"));
 }
 
 TEST_F(ProgressBarTest, ShowsNothingWhereNobodyLooks) {
