@@ -1,9 +1,13 @@
-// Starts threads that nobody joins, and knows how many still run.
+// Starts threads that nobody waits for one by one, and knows how many still run.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <functional>
+#include <list>
 #include <memory>
+#include <mutex>
+#include <thread>
 
 namespace corvex {
 
@@ -27,7 +31,14 @@ public:
 private:
     // Shared with the threads, whose last act is on it and not on the owner.
     struct Count;
+    struct Worker {
+        std::thread thread;
+        std::shared_ptr<std::atomic<bool>> done;
+    };
+
     std::shared_ptr<Count> count_;
+    std::mutex lock_;
+    std::list<Worker> workers_;  // under lock_; those that are done go with the next start
 };
 
 }  // namespace corvex
