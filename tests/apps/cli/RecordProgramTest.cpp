@@ -131,7 +131,7 @@ TEST_F(RecordProgramTest, NeverReplacesItsDefinition) {
 // No file may grow beyond two blocks of 512 bytes for the scan, as if the disk were full.
 TEST_F(RecordProgramTest, ScansOnWhenTheDiskIsFull) {
     const ToolResult scan =
-        RunTool(Args("harrier-8192.adx", {"--no-pace", "--seconds", "1", "--json"}),
+        RunTool(Args("harrier-8192.adx", {"--seconds", "2", "--json"}),
                 "sh -c '{ (trap \"\" XFSZ; ulimit -f 2; exec \"$@\"); echo code $? >&2; } | cat' sh ");
     EXPECT_NE(scan.err.find("\ncode 1\n"), std::string::npos) << scan.err;
     const nlohmann::json summary = SummaryOf(scan);
