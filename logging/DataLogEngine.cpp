@@ -1,8 +1,5 @@
 #include "logging/DataLogEngine.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace corvex {
 
 namespace {
@@ -99,19 +96,7 @@ std::uint32_t DataLogEngine::WriteHeaderLocked() {
 
 // In one write, so that a process that dies leaves either no table or a whole one.
 bool DataLogEngine::WriteTableLocked() {
-    const auto count = static_cast<std::uint32_t>(items_->size());
-    std::vector<std::uint8_t> table;
-    for (const unsigned shift : {0U, 8U, 16U, 24U})
-        table.push_back(static_cast<std::uint8_t>(count >> shift & 0xFFU));
-    for (const LogItem& item : *items_) {
-        LogItemFields fields = item;
-        const std::vector<std::uint8_t>& mask = item.mask.Bytes();
-        fields.maskLength = static_cast<std::uint8_t>(mask.size());
-        std::uint8_t bytes[kLogItemBytes];
-        EncodeItem(fields, bytes);
-        table.insert(table.end(), std::begin(bytes), std::end(bytes));
-        table.insert(table.end(), mask.begin(), mask.end());
-    }
+    const std::vector<std::uint8_t> table = EncodeItemTable(*items_);
     if (!file_->Seek(kLogHeaderBytes)) return false;
     if (file_->Size().value_or(0) < kLogHeaderBytes && !file_->EndHere()) return false;
     if (!file_->Write(table.data(), static_cast<std::uint32_t>(table.size()))) return false;

@@ -1,7 +1,6 @@
 #include "logging/LogCopy.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace corvex {
 
@@ -36,22 +35,10 @@ bool LogCopy::Begin(const LocalTime& startTime, const std::vector<LogItem>& item
     // Its place; a file with zeros there is refused by every reader.
     const std::uint8_t nothing[kLogHeaderBytes] = {};
     Gather(nothing, kLogHeaderBytes);
-    const auto count = static_cast<std::uint32_t>(items.size());
-    const std::uint8_t word[4] = {static_cast<std::uint8_t>(count), static_cast<std::uint8_t>(count >> 8U),
-                                  static_cast<std::uint8_t>(count >> 16U), static_cast<std::uint8_t>(count >> 24U)};
-    Gather(word, sizeof word);
-    for (const LogItem& item : items) {
-        LogItemFields fields = item;
-        std::fill(std::begin(fields.title), std::end(fields.title), '\0');
-        fields.reserved = 0;
-        const std::vector<std::uint8_t>& mask = item.mask.Bytes();
-        fields.maskLength = static_cast<std::uint8_t>(mask.size());
-        std::uint8_t bytes[kLogItemBytes];
-        EncodeItem(fields, bytes);
-        Gather(bytes, kLogItemBytes);
-        Gather(mask.data(), fields.maskLength);
+    const std::vector<std::uint8_t> table = EncodeItemTable(items);
+    Gather(table.data(), static_cast<std::uint32_t>(table.size()));
+    for (const LogItem& item : items)
         sizes_.push_back(item.packedSize);
-    }
     header_.dataOffset = static_cast<std::uint32_t>(end_);
     return good_;
 }

@@ -29,6 +29,9 @@ struct LogItem : LogItemFields {
     LogMask mask;
 };
 
+// The table as it stands in a file, its count first. Titles and reserved bytes are written as zeros.
+std::vector<std::uint8_t> EncodeItemTable(const std::vector<LogItem>& items);
+
 // Fills a record's data from a reply: a stored byte goes to its own place, one that is not stored leaves a gap. Walks
 // no more than `packedSize` bytes of either. This is not the inverse of ExpandRecord when bits are clear; both are as
 // files and their readers expect.
