@@ -1,9 +1,15 @@
 # Compiles every header of the project alone, so that no header leans on what another happens to include.
 function(corvex_header_check target)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
-    platform/*.h session/*.h files/*.h definition/*.h acquisition/*.h logging/*.h apps/*.h)
+    platform/*.h session/*.h files/*.h definition/*.h acquisition/*.h logging/*.h controls/*.h views/*.h apps/*.h)
   if(NOT WIN32)
     list(FILTER headers EXCLUDE REGEX "_win32\\.h$|/WindowsApi\\.h$")
+    # Of the desktop only the models are portable.
+    set(models ${headers})
+    list(FILTER models INCLUDE REGEX "Model\\.h$")
+    list(FILTER headers EXCLUDE REGEX "^(controls|views|session/window|apps/desktop|apps/editor)/")
+    list(APPEND headers ${models})
+    list(REMOVE_DUPLICATES headers)
   else()
     list(FILTER headers EXCLUDE REGEX "_posix\\.h$")
   endif()

@@ -1,0 +1,31 @@
+#include "controls/window/GdiObjects.h"
+
+namespace corvex {
+
+std::atomic<std::size_t> gdi_detail::live{0};
+
+std::size_t LiveGdiObjects() {
+    return gdi_detail::live.load(std::memory_order_relaxed);
+}
+
+MemoryDc::MemoryDc(HDC like) : dc_(::CreateCompatibleDC(like)) {
+    if (dc_ != nullptr) gdi_detail::live.fetch_add(1, std::memory_order_relaxed);
+}
+
+MemoryDc::~MemoryDc() {
+    if (dc_ == nullptr) return;
+    gdi_detail::live.fetch_sub(1, std::memory_order_relaxed);
+    ::DeleteDC(dc_);
+}
+
+ClientDc::ClientDc(HWND window) : window_(window), dc_(::GetDC(window)) {
+    if (dc_ != nullptr) gdi_detail::live.fetch_add(1, std::memory_order_relaxed);
+}
+
+ClientDc::~ClientDc() {
+    if (dc_ == nullptr) return;
+    gdi_detail::live.fetch_sub(1, std::memory_order_relaxed);
+    ::ReleaseDC(window_, dc_);
+}
+
+}  // namespace corvex
