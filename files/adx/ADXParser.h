@@ -32,6 +32,8 @@ public:
 
     // The message of the last error of the last parse; a later error replaces an earlier one.
     const char* GetError() const { return error_; }
+    // What the last parse read of the header, with the ids of commands that name no object.
+    const HeaderWords& Header() const { return header_; }
 
     std::int32_t StartDocument() override { return 0; }
     std::int32_t EndDocument() override;
