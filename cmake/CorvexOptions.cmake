@@ -50,3 +50,12 @@ function(corvex_test name)
       PROPERTIES TIMEOUT 120)
   endif()
 endfunction()
+
+# corvex_resources(NAME SCRIPT DEPENDS ...): a resource script as objects to link, $<TARGET_OBJECTS:NAME>.
+# Apart from the programs' own sources, as the compiler's options mean nothing to windres, which tells Ninja of no dependency either.
+function(corvex_resources name script)
+  cmake_parse_arguments(A "" "" "DEPENDS" ${ARGN})
+  add_library(${name} OBJECT ${script})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/generated)
+  set_source_files_properties(${script} PROPERTIES OBJECT_DEPENDS "${A_DEPENDS};${PROJECT_SOURCE_DIR}/cmake/Version.rc")
+endfunction()
