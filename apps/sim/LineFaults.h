@@ -19,7 +19,7 @@ public:
 
 private:
     double Chance(std::uint64_t purpose) const;
-    void Damage(std::vector<std::uint8_t>& reply) const;
+    void Damage(std::vector<std::uint8_t>& reply, SimStats& stats) const;
 
     const SimOptions options_;
     std::uint64_t number_ = 0;

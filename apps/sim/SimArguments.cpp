@@ -15,6 +15,7 @@ void AddFaults(CLI::App& app, SimOptions& options) {
     app.add_option("--drop", options.drop, "Probability that a reply does not come")->check(probability);
     app.add_option("--noise", options.noise, "Probability that one byte of a reply is changed or lost")
         ->check(probability);
+    app.add_option("--faulty-replies", options.faultyReplies, "Drop and noise end after so many replies");
     app.add_option("--late", options.late, "Milliseconds that each reply starts late")->check(CLI::Range(0, 3600000));
     app.add_flag("--chatter", options.chatter, "Other modules talk on the line between polls");
     app.add_flag("--silent", options.silent, "The engine never says anything");

@@ -10,8 +10,8 @@ std::string Describe(const SimStats& stats) {
     const auto number = [](std::uint64_t count) { return std::to_string(count); };
     std::string text = "requests: " + number(stats.requests) + " replies: " + number(stats.replies) +
                        " drops: " + number(stats.drops) + " noise: " + number(stats.noise) +
-                       " packets: " + number(stats.streamPackets) + " frames: " + number(stats.idleFrames) +
-                       " unread: " + number(stats.unread);
+                       " cut: " + number(stats.cut) + " packets: " + number(stats.streamPackets) +
+                       " frames: " + number(stats.idleFrames) + " unread: " + number(stats.unread);
     if (stats.pacedReplies == 0) return text;
     std::array<char, 160> pace{};
     std::snprintf(pace.data(), pace.size(),
@@ -21,9 +21,10 @@ std::string Describe(const SimStats& stats) {
 }
 
 std::string DescribeAsJson(const SimStats& stats) {
-    nlohmann::ordered_json json{
-        {"requests", stats.requests},     {"replies", stats.replies},   {"drops", stats.drops},  {"noise", stats.noise},
-        {"packets", stats.streamPackets}, {"frames", stats.idleFrames}, {"unread", stats.unread}};
+    nlohmann::ordered_json json{{"requests", stats.requests}, {"replies", stats.replies},
+                                {"drops", stats.drops},       {"noise", stats.noise},
+                                {"cut", stats.cut},           {"packets", stats.streamPackets},
+                                {"frames", stats.idleFrames}, {"unread", stats.unread}};
     if (stats.pacedReplies != 0) {
         json["pacedReplies"] = stats.pacedReplies;
         json["meanErrorPercent"] = stats.meanErrorPercent;

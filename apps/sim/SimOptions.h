@@ -17,11 +17,13 @@ struct SimOptions {
         false;  // the line gives every byte back to its sender, as it always does when the definition counts on it
 
     // Faults; any of them together.
-    double drop = 0.0;       // probability that a reply does not come
-    double noise = 0.0;      // probability that one byte of a reply (or stream packet) is changed or lost, half each
-    std::uint32_t late = 0;  // milliseconds that each reply starts late
-    bool chatter = false;    // other modules talk on the line
-    bool silent = false;     // the engine never says anything
+    double drop = 0.0;   // probability that a reply does not come
+    double noise = 0.0;  // probability that one byte of a reply (or stream packet) is changed or lost, half each
+    std::optional<std::uint64_t>
+        faultyReplies;                  // only so many replies are open to drop and noise, the later ones whole
+    std::uint32_t late = 0;             // milliseconds that each reply starts late
+    bool chatter = false;               // other modules talk on the line
+    bool silent = false;                // the engine never says anything
     std::optional<double> unplugAfter;  // seconds until the device vanishes
 
     std::optional<double> seconds;  // ends by itself then
@@ -34,6 +36,7 @@ struct SimStats {
     std::uint64_t replies = 0;        // begun, damaged ones among them
     std::uint64_t drops = 0;          // replies and stream packets withheld
     std::uint64_t noise = 0;          // replies and stream packets damaged
+    std::uint64_t cut = 0;            // of the damaged ones, those that lost a byte: a reader can't miss that
     std::uint64_t streamPackets = 0;  // begun, damaged ones among them
     std::uint64_t idleFrames = 0;     // other modules' frames and wake-up patterns
     std::uint64_t unread = 0;         // bytes that nobody took off the line

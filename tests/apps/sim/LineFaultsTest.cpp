@@ -40,6 +40,7 @@ TEST(LineFaults, DamagesExactlyOneByteOfEveryReplyItCounts) {
         ASSERT_EQ(changed, 1);
     }
     EXPECT_EQ(stats.noise, 1000U);
+    EXPECT_EQ(stats.cut, static_cast<std::uint64_t>(lost));
     EXPECT_NEAR(lost, 500, 80);
 }
 
@@ -54,6 +55,18 @@ TEST(LineFaults, DropsEverythingAtProbabilityOne) {
         EXPECT_FALSE(faults.Pass(reply, stats));
     EXPECT_EQ(stats.drops, 50U);
     EXPECT_EQ(stats.noise, 0U);
+}
+
+TEST(LineFaults, EndAfterSoManyReplies) {
+    SimOptions options;
+    options.drop = 1.0;
+    options.faultyReplies = 3;
+    LineFaults faults(options);
+    SimStats stats;
+    Bytes reply{1};
+    for (int i = 0; i < 10; ++i)
+        EXPECT_EQ(faults.Pass(reply, stats), i >= 3) << i;
+    EXPECT_EQ(stats.drops, 3U);
 }
 
 TEST(PaceMeter, ReportsMeanErrorAndNinetyNinthPercentile) {
@@ -76,9 +89,9 @@ TEST(SimStats, AreTextAndJson) {
     stats.replies = 7;
     stats.drops = 2;
     stats.noise = 1;
-    EXPECT_EQ(Describe(stats), "requests: 9 replies: 7 drops: 2 noise: 1 packets: 0 frames: 0 unread: 0");
+    EXPECT_EQ(Describe(stats), "requests: 9 replies: 7 drops: 2 noise: 1 cut: 0 packets: 0 frames: 0 unread: 0");
     EXPECT_EQ(DescribeAsJson(stats),
-              R"({"requests":9,"replies":7,"drops":2,"noise":1,"packets":0,"frames":0,"unread":0})");
+              R"({"requests":9,"replies":7,"drops":2,"noise":1,"cut":0,"packets":0,"frames":0,"unread":0})");
     stats.pacedReplies = 7;
     EXPECT_NE(Describe(stats).find("\npaced replies: 7 mean error: +0.0000 %"), std::string::npos);
 }

@@ -25,8 +25,9 @@ Outcome Parse(std::vector<const char*> words) {
 }
 
 TEST(SimArguments, TakeAllFaultsTogether) {
-    const Outcome outcome = Parse({"x.adx", "--pace", "--echo", "--seed", "5", "--drop", "0.1", "--noise", "0.2",
-                                   "--late", "30", "--chatter", "--silent", "--unplug-after", "2.5", "--seconds", "9"});
+    const Outcome outcome =
+        Parse({"x.adx", "--pace", "--echo", "--seed", "5", "--drop", "0.1", "--noise", "0.2", "--faulty-replies", "7",
+               "--late", "30", "--chatter", "--silent", "--unplug-after", "2.5", "--seconds", "9"});
     ASSERT_TRUE(outcome.run);
     const SimOptions& options = outcome.arguments.options;
     EXPECT_EQ(outcome.arguments.definition, "x.adx");
@@ -34,6 +35,7 @@ TEST(SimArguments, TakeAllFaultsTogether) {
     EXPECT_EQ(options.seed, 5U);
     EXPECT_EQ(options.drop, 0.1);
     EXPECT_EQ(options.noise, 0.2);
+    EXPECT_EQ(options.faultyReplies, 7U);
     EXPECT_EQ(options.late, 30U);
     EXPECT_EQ(options.unplugAfter, 2.5);
     EXPECT_EQ(options.seconds, 9.0);
