@@ -1,0 +1,33 @@
+// The "Dash" tab: one dashboard of the definition as a free layout of gauges.
+#pragma once
+
+#include <vector>
+
+#include "definition/ADXDashboard.h"
+#include "platform/WindowsApi.h"
+#include "session/SessionState.h"
+
+namespace corvex {
+
+// The page's state, which belongs to its window. Main thread.
+struct DashPage {
+    ADXDashboard* dashboard = nullptr;  // on show; not owned
+    HWND window = nullptr;
+    RECT area{};               // for the gauges, in client coordinates
+    std::vector<HWND> gauges;  // at position i the window of entry i
+    SessionState* session = nullptr;
+};
+
+// Adds the page to session.tabSheet, with the first dashboard on show. Once. Main thread, like all below.
+void CreateDashPage(SessionState& session);
+// After every change of the definition, before a message is waited for: offers its dashboards, and shows the first.
+void RefreshDashPage(SessionState& session);
+void ShowDashboard(ADXDashboard* dashboard, HWND page);
+
+// Null for any other window.
+DashPage* DashPageOf(HWND page);
+
+// Is it worth while to bring the gauges up to date? Any thread, while the page lives.
+bool IsDashVisible(const SessionState& session);
+
+}  // namespace corvex
