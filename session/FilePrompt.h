@@ -23,4 +23,12 @@ inline constexpr FilePrompt kSaveLogPrompt{"Select/Create file to save...", kLog
                                            kPromptOverwrite | kPromptCreate};
 inline constexpr FilePrompt kOpenLogPrompt{"Select datalog...", kLogFilter, "xdl", kPromptOverwrite | kPromptCreate};
 
+inline constexpr char kDefinitionFilter[] = "ADX Files (*.adx)";
+inline constexpr FilePrompt kLoadDefinitionPrompt{"Select ADX...", kDefinitionFilter, "adx",
+                                                  kPromptOverwrite | kPromptCreate};
+inline constexpr FilePrompt kSaveDefinitionPrompt{"Choose file to save to...", kDefinitionFilter, "adx",
+                                                  kPromptOverwrite | kPromptCreate};
+inline constexpr FilePrompt kImportDefinitionPrompt{"Select file to import...", "ADS Files (*.ads)", "ads",
+                                                    kPromptOverwrite | kPromptCreate};
+
 }  // namespace corvex

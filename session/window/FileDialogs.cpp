@@ -1,0 +1,47 @@
+#include "session/window/FileDialogs.h"
+
+#include <commdlg.h>
+
+#include "platform/WindowsApi.h"
+#include "session/AppSettings.h"
+
+namespace corvex {
+
+namespace {
+
+// Pairs of text and pattern, each with its terminator, and one more terminator at the end.
+std::string FilterOf(const FilePrompt& prompt) {
+    std::string filter = prompt.filter;
+    filter.append(1, '\0').append("*.").append(prompt.extension).append(2, '\0');
+    return filter;
+}
+
+// `dialog` is one of the system's two, which take the same words.
+std::optional<std::string> Ask(BOOL(WINAPI* dialog)(OPENFILENAMEA*), HWND owner, const FilePrompt& prompt) {
+    char path[AppSettings::kPathSize] = "";
+    const std::string filter = FilterOf(prompt);
+    OPENFILENAMEA words{};
+    words.lStructSize = sizeof words;
+    words.hwndOwner = owner;
+    words.lpstrFilter = filter.c_str();
+    words.lpstrFile = path;
+    words.nMaxFile = sizeof path;
+    words.lpstrTitle = prompt.title;
+    words.lpstrDefExt = prompt.extension;
+    // The scratch log and the settings are found by the program's folder, but a name given without one is not.
+    words.Flags = prompt.flags | OFN_NOCHANGEDIR;
+    if (dialog(&words) == FALSE) return std::nullopt;
+    return std::string(path);
+}
+
+}  // namespace
+
+std::optional<std::string> AskOpenPath(HWND owner, const FilePrompt& prompt) {
+    return Ask(&::GetOpenFileNameA, owner, prompt);
+}
+
+std::optional<std::string> AskSavePath(HWND owner, const FilePrompt& prompt) {
+    return Ask(&::GetSaveFileNameA, owner, prompt);
+}
+
+}  // namespace corvex
