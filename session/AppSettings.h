@@ -6,8 +6,7 @@
 
 namespace corvex {
 
-// A plain structure of terminated texts and pixels. Main thread only, but for comport, which the connect thread reads
-// when it starts: it is not to be changed while a scan is on.
+// A plain structure of terminated texts and pixels. Main thread only.
 struct AppSettings {
     // A settings file carries only the first kFilePortLength characters of a port name; a caller with longer names
     // (a pseudo-terminal, "\\.\COM12") stores them here whole.

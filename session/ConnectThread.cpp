@@ -5,7 +5,7 @@ namespace corvex {
 
 // One scan, from the opening of the port to its closing. The order of the last acts is relied upon: waiters are woken
 // first, then the state is shown, and only after that may a new scan begin.
-void SessionState::ConnectThread() {
+void SessionState::ConnectThread(const std::string& portName) {
     threadDone.Reset();
     // Only ever set, so that it outlives the loading of a definition without the bit.
     if ((definition.flags & 1) != 0) engine.flags = 1;
@@ -14,12 +14,12 @@ void SessionState::ConnectThread() {
     const ADXObject* const monitor = definition.monitorcmd;
     const ADXObject* const disconnect = definition.disconnectcmd;
     engine.callback = &callback;
-    if (engine.OpenPort(settings.comport, baud)) {
+    if (engine.OpenPort(portName.c_str(), baud)) {
         EnterState(kConnecting);
         RunScan(connect, monitor, disconnect);
         engine.port.Close();
     } else {
-        DebugOutput::Print(&debug, "Unable to open port (%s)!", settings.comport);
+        DebugOutput::Print(&debug, "Unable to open port (%s)!", portName.c_str());
         calls_.portRefused(engine.port.LastError());
     }
     threadDone.Set();

@@ -30,7 +30,7 @@ void SessionState::ToggleScan() {
     calls_.clearMonitors();
     // The connect thread resets the event as well; done here, a stop that comes before the thread is awake waits too.
     threadDone.Reset();
-    if (workers_.Start([this] { ConnectThread(); })) return;
+    if (workers_.Start([this, port = std::string(settings.comport)] { ConnectThread(port); })) return;
     DebugOutput::Print(&debug, "Unable to start a thread for the scan!");
     threadDone.Set();
     EndScan();

@@ -41,10 +41,10 @@ enum StopFlag : std::uint32_t {
 //
 // Threads: the main thread builds it, toggles it and destroys it. The connect thread runs one scan and drives the
 // engine, its port and the callback. Stop threads are short-lived and do all the waiting, so that the main thread never
-// waits for a worker while it has windows: a worker that shows something waits for it. The definition and the port's
-// name are not to be changed between ToggleScan and the end of the scan. connectionState, scanning, errorCount and the
-// log's words may be polled from anywhere; connectionState being kNotConnected again does not yet mean that a new scan
-// can start: `scanning` 0, read with acquire order, does, unless a stop has cleared it.
+// waits for a worker while it has windows: a worker that shows something waits for it. The definition is not to be
+// changed between ToggleScan and the end of the scan; of the port's name a scan has its own copy. connectionState,
+// scanning, errorCount and the log's words may be polled from anywhere; connectionState being kNotConnected again does
+// not yet mean that a new scan can start: `scanning` 0, read with acquire order, does, unless a stop has cleared it.
 class SessionState {
 public:
     explicit SessionState(SessionCalls calls = {}, ISerialPlatform& serial = SystemSerial());
@@ -134,7 +134,7 @@ public:
     bool looksAtLogs = false;
 
 private:
-    void ConnectThread();
+    void ConnectThread(const std::string& portName);
     void RunScan(const ADXObject* connect, const ADXObject* monitor, const ADXObject* disconnect);
     void StopThread(std::uint32_t flags);
     void StopScan();

@@ -1,0 +1,15 @@
+#include "controls/RegisterControlClasses.h"
+
+#include "controls/proptree/PropTreeContainer.h"
+#include "controls/richstatic/RichStatic.h"
+#include "controls/tabsheet/TabSheet.h"
+#include "controls/textprogress/TextProgress.h"
+
+namespace corvex {
+
+bool RegisterControlClasses(HINSTANCE instance) {
+    return TextProgress::Register(instance) && RichStatic::Register(instance) && TabSheet::Register(instance) &&
+           PropTreeContainer::Register(instance);
+}
+
+}  // namespace corvex

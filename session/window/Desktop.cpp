@@ -1,0 +1,57 @@
+#include "session/window/Desktop.h"
+
+#include "controls/richstatic/RichStatic.h"
+#include "session/window/FileDialogs.h"
+#include "session/window/LogBar.h"
+#include "session/window/SpeedMenu.h"
+#include "session/window/TitleBar.h"
+#include "views/DashPage.h"
+#include "views/ItemListPage.h"
+
+namespace corvex {
+
+Desktop::Desktop(HINSTANCE instance, ISerialPlatform& serial) : session(Calls(), serial) {
+    session.instance = instance;
+}
+
+bool Desktop::IsQuiet() const {
+    return session.WaitForThreads(std::chrono::milliseconds(0)) && !session.log.IsPlaying();
+}
+
+// A worker may be in the middle of a message to a window that is gone: it comes back only when this thread looks at its
+// messages.
+void Desktop::Drain() {
+    session.StartStopThread(kStopScan | kStopLog);
+    while (!IsQuiet()) {
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
+        MSG message;
+        while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0)
+            ::DispatchMessageA(&message);
+    }
+}
+
+// The views take up their calls here: updateDash, repaintList, updateHistograms, addMonitorSample, clearMonitors and
+// setMonitorTime.
+SessionCalls Desktop::Calls() {
+    SessionCalls calls;
+    calls.refreshStatus = [this] { ::SendMessageA(MainWindow(), kMessageRefreshStatus, 0, 0); };
+    calls.refreshButtons = [this] { ::SendMessageA(MainWindow(), kMessageRefreshButtons, 0, 0); };
+    calls.dashVisible = [this] { return IsDashVisible(session); };
+    calls.listVisible = [this] { return IsItemListVisible(session); };
+    calls.flash = [this](const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t ms) {
+        RichStatic::flash(AsWindow(session.statusLeft), text, textColour, backColour, ms);
+    };
+    calls.setLogSlider = [this](std::uint32_t index) { LogBar::SetPosition(session, index); };
+    calls.setLogRange = [this](std::uint32_t last) { LogBar::SetRange(session, last); };
+    calls.refreshTitle = [this] { RefreshTitle(session); };
+    calls.checkSpeed = [this](std::uint32_t command) { CheckSpeed(MainWindow(), command); };
+    calls.askSavePath = [this](const FilePrompt& prompt) { return AskSavePath(MainWindow(), prompt); };
+    calls.askOpenPath = [this](const FilePrompt& prompt) { return AskOpenPath(MainWindow(), prompt); };
+    calls.showBox = [this](const char* caption, const char* text) {
+        ::MessageBoxA(MainWindow(), text, caption, MB_OK | MB_ICONSTOP);
+    };
+    calls.postMain = [this](std::uint32_t message) { ::PostMessageA(MainWindow(), message, 0, 0); };
+    return calls;
+}
+
+}  // namespace corvex

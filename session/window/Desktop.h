@@ -1,0 +1,43 @@
+// The session with windows around it.
+#pragma once
+
+#include "platform/WindowsApi.h"
+#include "session/SessionState.h"
+#include "session/window/OutputText.h"
+
+namespace corvex {
+
+// What the session's calls send to the main window, so that what a worker wants to show is shown by the main thread.
+// Beyond the numbers that the session posts.
+enum MainWindowMessage : UINT {
+    kMessageRefreshStatus = WM_APP + 0x100,
+    kMessageRefreshButtons,
+};
+
+// One for the process: the session state, its calls filled with window work, and the text control's adapter. Built
+// before the first window and torn down after the last, on the main thread; before that, Drain must have returned.
+class Desktop {
+public:
+    explicit Desktop(HINSTANCE instance, ISerialPlatform& serial = SystemSerial());
+
+    HINSTANCE Instance() const { return static_cast<HINSTANCE>(session.instance); }
+    HWND MainWindow() const { return static_cast<HWND>(session.mainWindow); }
+
+    // True when no connect, playback or stop thread runs. Main thread.
+    bool IsQuiet() const;
+    // Ends what still runs after the last window is gone, and goes on answering what workers send meanwhile.
+    void Drain();
+
+    OutputText output;
+    SessionState session;
+
+private:
+    SessionCalls Calls();
+};
+
+// A window handle out of one of the session's opaque words.
+inline HWND AsWindow(void* word) {
+    return static_cast<HWND>(word);
+}
+
+}  // namespace corvex

@@ -1,0 +1,52 @@
+// Numbers that the resource script and the main window share.
+#pragma once
+
+#define IDS_TITLE 103
+#define IDS_WINDOW_CLASS 109
+
+#define IDI_CORVEX 107
+#define IDI_CORVEX_SMALL 108
+#define IDR_MAIN 109  // menu and accelerators
+#define IDB_SPLASH 130
+#define IDB_TOOLBAR 136
+#define IDD_LOG_BAR 141
+
+#define IDM_ABOUT 104
+#define IDM_EXIT 105
+#define IDM_LOAD_DEFINITION 32772
+#define IDM_SCAN 32774
+#define IDM_IMPORT_DEFINITION 32779
+#define IDM_SAVE_DEFINITION 32780
+#define IDM_SAVE_DEFINITION_AS 32781
+#define IDM_PREFERENCES 32783
+#define IDM_EDIT_DEFINITION 32785
+#define IDM_NEW_DEFINITION 32792
+#define IDM_RECORD 32804
+#define IDM_PLAY 32805
+#define IDM_STOP 32806
+#define IDM_PAUSE 32807
+#define IDM_LOAD_LOG 32808
+#define IDM_SPEED_400 32809
+#define IDM_SPEED_200 32810
+#define IDM_SPEED_100 32811
+#define IDM_SPEED_50 32812
+#define IDM_SPEED_25 32813
+#define IDM_SPEED_CUSTOM 32815
+// The two say the opposite of what they do, in the menu alone: users go by the keys.
+#define IDM_JUMP_BACKWARD_TEXT 32832
+#define IDM_JUMP_FORWARD_TEXT 32833
+
+#define IDC_OUTPUT 100
+#define IDC_LOG_SLIDER 1008
+#define IDC_TOOL_BAND 10000
+#define IDC_FILE_TOOLBAR 10001
+#define IDC_LOG_BAND 10007
+#define IDC_LOG_TOOLBAR 10008
+#define IDC_SCAN_TOOLBAR 10010
+#define IDC_STATUS_BAR 50000
+
+#define IDC_LOG_PLAY 20000
+#define IDC_LOG_RECORD 20001
+#define IDC_LOG_STOP 20002
+#define IDC_LOG_PAUSE 20003
+#define IDC_LOG_LOAD 20004
