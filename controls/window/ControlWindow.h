@@ -30,9 +30,27 @@ protected:
 
 private:
     friend LRESULT DispatchToControl(HWND, UINT, WPARAM, LPARAM, std::unique_ptr<ControlWindow> (*)(HWND, void*));
+    friend class ControlHold;
     const HWND window_;
     unsigned depth_ = 0;  // handlers on the stack
     bool gone_ = false;   // the window is; the object waits for them
+};
+
+// Keeps the object of a window, though not the window, for its lifetime: for an operation that no message carries and in
+// which a handler of somebody else's may destroy the window. Null is kept too.
+class ControlHold {
+public:
+    explicit ControlHold(ControlWindow* control) : control_(control) {
+        if (control_ != nullptr) ++control_->depth_;
+    }
+    ~ControlHold() {
+        if (control_ != nullptr && --control_->depth_ == 0 && control_->gone_) delete control_;
+    }
+    ControlHold(const ControlHold&) = delete;
+    ControlHold& operator=(const ControlHold&) = delete;
+
+private:
+    ControlWindow* const control_;
 };
 
 struct ControlClass {
