@@ -4,8 +4,8 @@
 #include "definition/ADXHistogram.h"
 #include "platform/WindowsApi.h"
 #include "views/PageCombo.h"
+#include "views/PageDialog.h"
 #include "views/PageResources.h"
-#include "views/PageWindow.h"
 
 namespace corvex {
 

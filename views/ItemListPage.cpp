@@ -1,15 +1,11 @@
 #include "views/ItemListPage.h"
 
-#include "platform/WindowsApi.h"
-// clang-format off: commctrl.h leans on what WindowsApi.h brings.
-#include <commctrl.h>
-// clang-format on
-
 #include "controls/tabsheet/TabSheet.h"
+#include "controls/window/CommonControls.h"
 #include "definition/ADXListView.h"
 #include "views/PageCombo.h"
+#include "views/PageDialog.h"
 #include "views/PageResources.h"
-#include "views/PageWindow.h"
 
 namespace corvex {
 

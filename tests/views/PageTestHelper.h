@@ -1,0 +1,93 @@
+// A session with a tab sheet, one page in it, under a window, for the tests of the pages.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "controls/tabsheet/TabSheet.h"
+#include "platform/WindowsApi.h"
+#include "session/SessionState.h"
+#include "tests/support/DefinitionTestHelper.h"
+
+namespace corvex::test {
+
+template <class T>
+T* AddTitled(ADXDefinition& definition, const char* id, const std::string& title) {
+    T* object = Add<T>(definition, id);
+    object->SetTitle(title.c_str(), static_cast<std::uint32_t>(title.size()));
+    return object;
+}
+
+inline std::string RowText(HWND combo, int row) {
+    const LRESULT length = ::SendMessageA(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(row), 0);
+    if (length == CB_ERR) return "no such row";
+    std::string text(static_cast<std::size_t>(length) + 1, '\0');
+    ::SendMessageA(combo, CB_GETLBTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+inline std::vector<std::string> Rows(HWND combo) {
+    std::vector<std::string> rows;
+    for (int i = 0; i < static_cast<int>(::SendMessageA(combo, CB_GETCOUNT, 0, 0)); ++i)
+        rows.push_back(RowText(combo, i));
+    return rows;
+}
+
+// As a click on the row does.
+inline void Choose(HWND page, int comboId, int row) {
+    const HWND combo = ::GetDlgItem(page, comboId);
+    ::SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+    ::SendMessageA(page, WM_COMMAND, MAKEWPARAM(comboId, CBN_SELCHANGE), reinterpret_cast<LPARAM>(combo));
+}
+
+inline RECT PlaceInParent(HWND window) {
+    RECT place{};
+    ::GetWindowRect(window, &place);
+    ::MapWindowPoints(nullptr, ::GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+inline RECT ClientOf(HWND window) {
+    RECT client{};
+    ::GetClientRect(window, &client);
+    return client;
+}
+
+class PageTest : public ::testing::Test {
+protected:
+    PageTest() {
+        session.instance = ::GetModuleHandleA(nullptr);
+        const auto instance = static_cast<HINSTANCE>(session.instance);
+        EXPECT_TRUE(TabSheet::Register(instance));
+        frame = ::CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_CLIPCHILDREN, 0, 0, 650, 400, nullptr, nullptr,
+                                  instance, nullptr);
+        sheet = ::CreateWindowExA(0, kTabSheetClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 650, 400, frame,
+                                  nullptr, instance, nullptr);
+        EXPECT_NE(nullptr, sheet);
+        session.tabSheet = sheet;
+        // What the sheet shows at first.
+        const HWND output =
+            ::CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, instance, nullptr);
+        EXPECT_TRUE(TabSheet::addWindowPage(sheet, output, "Output", -1));
+    }
+    ~PageTest() override {
+        if (frame != nullptr) ::DestroyWindow(frame);
+    }
+
+    HWND Page(int index) const { return TabSheet::getPage(sheet, index); }
+    std::string Title(int index) const {
+        char title[64] = "";
+        TabSheet::getTitle(sheet, index, title, sizeof title);
+        return title;
+    }
+    HWND Item(void* page, int id) const { return ::GetDlgItem(static_cast<HWND>(page), id); }
+    void Resize(int width, int height) const { ::MoveWindow(sheet, 0, 0, width, height, FALSE); }
+
+    SessionState session;
+    HWND frame = nullptr, sheet = nullptr;
+};
+
+}  // namespace corvex::test

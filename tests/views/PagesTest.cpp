@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+
+#include "files/adx/ADXParser.h"
+#include "tests/views/PageTestHelper.h"
+#include "tests/views/WindowPicture.h"
+#include "views/DashPage.h"
+#include "views/HistogramPage.h"
+#include "views/ItemListPage.h"
+#include "views/MonitorPage.h"
+
+namespace corvex::test {
+namespace {
+
+class PagesTest : public PageTest {
+protected:
+    PagesTest() {
+        CreateDashPage(session);
+        CreateItemListPage(session);
+        CreateHistogramPage(session);
+        CreateMonitorPage(session);
+    }
+    void LoadExample() {
+        ASSERT_EQ(1, session.definition.Load(CORVEX_SOURCE_DIR "/examples/harrier-8192.adx"));
+        RefreshDashPage(session);
+        RefreshItemListPage(session);
+        RefreshHistogramPage(session);
+        RefreshMonitorPage(session);
+    }
+};
+
+// The visible controls of a page, with their places in it.
+std::vector<RECT> Places(HWND page) {
+    std::vector<RECT> places;
+    for (HWND child = ::GetWindow(page, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
+        if (::IsWindowVisible(child) != FALSE) places.push_back(PlaceInParent(child));
+    }
+    return places;
+}
+
+void ExpectNothingOverlapsOrSticksOut(HWND page) {
+    const RECT client = ClientOf(page);
+    const std::vector<RECT> places = Places(page);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        RECT common{};
+        ::IntersectRect(&common, &client, &places[i]);
+        EXPECT_TRUE(::EqualRect(&common, &places[i])) << "control " << i << " sticks out";
+        for (std::size_t other = i + 1; other < places.size(); ++other)
+            EXPECT_FALSE(::IntersectRect(&common, &places[i], &places[other])) << i << " overlaps " << other;
+    }
+}
+
+TEST_F(PagesTest, StandInTheOrderOfTheirCreation) {
+    ASSERT_EQ(5, TabSheet::pageCount(sheet));
+    const char* const titles[] = {"Output", "Dash", "Item Lists", "Histograms", "Monitors"};
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(titles[i], Title(i));
+    for (int i = 1; i < 5; ++i)
+        EXPECT_FALSE(::IsWindowVisible(Page(i)));
+}
+
+TEST_F(PagesTest, HaveRoomForTheirControlsInSmallAndLargeWindows) {
+    LoadExample();
+    ::ShowWindow(frame, SW_SHOWNOACTIVATE);
+    for (const auto& [width, height] : {std::pair{634, 400}, std::pair{1584, 800}}) {
+        ::MoveWindow(frame, 0, 0, width, height, FALSE);
+        Resize(width, height);
+        for (int i = 1; i < 5; ++i) {
+            TabSheet::selectPage(sheet, i);
+            SavePicture(frame, Title(i).append(" ").append(std::to_string(width)));
+            ExpectNothingOverlapsOrSticksOut(Page(i));
+        }
+    }
+}
+
+TEST_F(PagesTest, TakeAnyOtherSizeToo) {
+    LoadExample();
+    for (const auto& [width, height] : {std::pair{0, 0}, std::pair{1, 1}, std::pair{60, 30}, std::pair{3000, 2000}}) {
+        Resize(width, height);
+        for (int i = 0; i < 5; ++i)
+            EXPECT_TRUE(TabSheet::selectPage(sheet, i));
+    }
+}
+
+TEST_F(PagesTest, DefinitionsComeAndGo) {
+    for (int round = 0; round < 3; ++round) {
+        LoadExample();
+        EXPECT_NE(nullptr, session.currentDashboard);
+        EXPECT_NE(nullptr, session.currentListView);
+        EXPECT_NE(nullptr, session.currentHistogram);
+        session.definition.Clear();
+        RefreshDashPage(session);
+        RefreshItemListPage(session);
+        RefreshHistogramPage(session);
+        RefreshMonitorPage(session);
+        EXPECT_EQ(nullptr, session.currentDashboard);
+        EXPECT_EQ(nullptr, session.currentListView);
+        EXPECT_EQ(nullptr, session.currentHistogram);
+    }
+}
+
+TEST(PagesWithoutSheetTest, CreatingThemWithoutASheetLeavesNothing) {
+    SessionState session;
+    CreateDashPage(session);
+    CreateItemListPage(session);
+    CreateHistogramPage(session);
+    CreateMonitorPage(session);
+    EXPECT_EQ(nullptr, session.dashPage);
+    EXPECT_EQ(nullptr, session.listPage);
+    EXPECT_EQ(nullptr, session.histogramPage);
+    EXPECT_EQ(nullptr, session.monitorPage);
+}
+
+}  // namespace
+}  // namespace corvex::test
