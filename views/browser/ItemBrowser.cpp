@@ -2,7 +2,8 @@
 
 #include <vector>
 
-// clang-format off: commctrl.h leans on what WindowsApi.h brings.
+// commctrl.h leans on what WindowsApi.h brings.
+// clang-format off
 #include <commctrl.h>
 // clang-format on
 

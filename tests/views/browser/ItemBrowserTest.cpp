@@ -1,0 +1,249 @@
+// The real dialog, with somebody at it.
+// commctrl.h leans on what WindowsApi.h brings.
+// clang-format off
+#include "views/browser/ItemBrowser.h"
+
+#include <commctrl.h>
+// clang-format on
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "definition/ADXBitmask.h"
+#include "definition/ADXMacro.h"
+#include "definition/ADXValue.h"
+#include "tests/support/DefinitionTestHelper.h"
+#include "tests/views/browser/DialogPerson.h"
+
+namespace corvex {
+namespace {
+
+using test::Add;
+using test::DialogPerson;
+
+constexpr int kList = 1001;
+constexpr test::DialogLook kBrowser = {"ADX Item Browser", kList};
+
+std::string RowText(HWND list, int row) {
+    char text[300] = {};
+    LVITEMA item{};
+    item.pszText = text;
+    item.cchTextMax = sizeof text;
+    ::SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    return text;
+}
+
+std::vector<std::string> Rows(HWND list) {
+    std::vector<std::string> rows;
+    const auto count = static_cast<int>(::SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+    for (int row = 0; row < count; ++row)
+        rows.push_back(RowText(list, row));
+    return rows;
+}
+
+void Select(HWND list, int row) {
+    LVITEMA item{};
+    item.state = LVIS_SELECTED | LVIS_FOCUSED;
+    item.stateMask = item.state;
+    ::SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+void Click(HWND list, UINT message, POINT at) {
+    ::PostMessageA(list, message, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+    ::PostMessageA(list, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+}
+
+void DoubleClick(HWND list, POINT at) {
+    Click(list, WM_LBUTTONDOWN, at);
+    Click(list, WM_LBUTTONDBLCLK, at);
+}
+
+POINT MiddleOfRow(HWND list, int row) {
+    RECT place{LVIR_LABEL, 0, 0, 0};
+    ::SendMessageA(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    return {place.left + 20, (place.top + place.bottom) / 2};
+}
+
+class ItemBrowserTest : public ::testing::Test {
+protected:
+    ItemBrowserTest() {
+        rpm_ = Titled(Add<ADXValue>(definition_, "RPM"), "Engine speed");
+        loop_ = Titled(Add<ADXMacro>(definition_, "LOOP"), "Loop");
+        fan_ = Titled(Add<ADXBitmask>(definition_, "FAN"), "Fan");
+        untitled_ = Add<ADXValue>(definition_, "NONAME");
+        tps_ = Titled(Add<ADXValue>(definition_, "TPS"), "Throttle");
+    }
+    template <class T>
+    static T* Titled(T* object, const char* title) {
+        object->SetTitle(title, test::Length(title));
+        return object;
+    }
+    bool Browse(std::uint32_t mask, std::uint32_t options, std::function<void(HWND dialog, HWND list)> acts) {
+        const DialogPerson person([acts = std::move(acts)] {
+            if (const HWND dialog = DialogPerson::Await(kBrowser)) acts(dialog, ::GetDlgItem(dialog, kList));
+        });
+        return BrowseItems(parent_, definition_, mask, options, items_, count_);
+    }
+    std::vector<ADXObject*> Items() const { return {items_.get(), items_.get() + count_}; }
+
+    HWND parent_ = nullptr;
+    ADXDefinition definition_;
+    ADXObject *rpm_, *loop_, *fan_, *untitled_, *tps_;
+    std::unique_ptr<ADXObject*[]> items_;
+    std::uint32_t count_ = 99;
+};
+
+TEST_F(ItemBrowserTest, ListsTheTitlesOfTheMaskInTheirOrder) {
+    std::vector<std::string> rows;
+    EXPECT_FALSE(Browse(kTypeValue, 0, [&](HWND dialog, HWND list) {
+        rows = Rows(list);
+        DialogPerson::Press(dialog, IDCANCEL);
+    }));
+    EXPECT_EQ(rows, (std::vector<std::string>{"Engine speed", "", "Throttle"}));
+    EXPECT_FALSE(Browse(kTypeMacro | kTypeBitmask, 0, [&](HWND dialog, HWND list) {
+        rows = Rows(list);
+        DialogPerson::Press(dialog, IDCANCEL);
+    }));
+    EXPECT_EQ(rows, (std::vector<std::string>{"Loop", "Fan"}));
+    EXPECT_FALSE(Browse(kTypeAny, 0, [&](HWND dialog, HWND list) {
+        rows = Rows(list);
+        DialogPerson::Press(dialog, IDCANCEL);
+    }));
+    EXPECT_EQ(rows.size(), 5U);
+}
+
+TEST_F(ItemBrowserTest, HasOneWideColumnFullRowsAndGridLines) {
+    Browse(kTypeAny, 0, [](HWND dialog, HWND list) {
+        char text[32] = {}, name[32] = {};
+        LVCOLUMNA column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH;
+        column.pszText = text;
+        column.cchTextMax = sizeof text;
+        EXPECT_NE(::SendMessageA(list, LVM_GETCOLUMNA, 0, reinterpret_cast<LPARAM>(&column)), 0);
+        EXPECT_STREQ(text, "Item");
+        EXPECT_EQ(column.cx, 500);
+        EXPECT_EQ(::SendMessageA(list, LVM_GETCOLUMNA, 1, reinterpret_cast<LPARAM>(&column)), 0);
+        EXPECT_EQ(::SendMessageA(list, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0), LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
+        ::GetClassNameA(list, name, sizeof name);
+        EXPECT_STREQ(name, "SysListView32");
+        EXPECT_EQ(DialogPerson::Text(dialog, IDOK), "OK");
+        EXPECT_EQ(DialogPerson::Text(dialog, IDCANCEL), "Cancel");
+        DialogPerson::Press(dialog, IDCANCEL);
+    });
+}
+
+TEST_F(ItemBrowserTest, GivesAllThatIsSelectedInTheOrderOfTheList) {
+    EXPECT_TRUE(Browse(kTypeAny, 0, [](HWND dialog, HWND list) {
+        Select(list, 4);
+        Select(list, 1);
+        DialogPerson::Press(dialog, IDOK);
+    }));
+    EXPECT_EQ(Items(), (std::vector<ADXObject*>{loop_, tps_}));
+}
+
+TEST_F(ItemBrowserTest, GivesOneWhenAskedForOne) {
+    EXPECT_TRUE(Browse(kTypeAny, kBrowseSingle, [](HWND dialog, HWND list) {
+        Select(list, 1);
+        Select(list, 2);
+        EXPECT_EQ(::SendMessageA(list, LVM_GETSELECTEDCOUNT, 0, 0), 1);
+        DialogPerson::Press(dialog, IDOK);
+    }));
+    EXPECT_EQ(Items(), std::vector<ADXObject*>{fan_});
+}
+
+TEST_F(ItemBrowserTest, OnlyTheLowestBitOfTheOptionsCounts) {
+    EXPECT_TRUE(Browse(kTypeAny, 0xFFFFFFFE, [](HWND dialog, HWND list) {
+        Select(list, 0);
+        Select(list, 3);
+        DialogPerson::Press(dialog, IDOK);
+    }));
+    EXPECT_EQ(Items(), (std::vector<ADXObject*>{rpm_, untitled_}));
+}
+
+TEST_F(ItemBrowserTest, GivesAnEmptyArrayWhenNothingIsSelected) {
+    EXPECT_TRUE(Browse(kTypeAny, 0, [](HWND dialog, HWND) { DialogPerson::Press(dialog, IDOK); }));
+    EXPECT_EQ(count_, 0U);
+    EXPECT_NE(items_, nullptr);
+}
+
+TEST_F(ItemBrowserTest, CancelLeavesTheResultsAlone) {
+    EXPECT_FALSE(Browse(kTypeAny, 0, [](HWND dialog, HWND list) {
+        Select(list, 2);
+        DialogPerson::Press(dialog, IDCANCEL);
+    }));
+    EXPECT_EQ(count_, 99U);
+    EXPECT_EQ(items_, nullptr);
+    EXPECT_FALSE(Browse(kTypeAny, 0, [](HWND dialog, HWND) { ::PostMessageA(dialog, WM_CLOSE, 0, 0); }));
+    EXPECT_EQ(count_, 99U);
+}
+
+TEST_F(ItemBrowserTest, ADoubleClickOnARowIsOk) {
+    EXPECT_TRUE(Browse(kTypeAny, 0, [](HWND, HWND list) { DoubleClick(list, MiddleOfRow(list, 2)); }));
+    EXPECT_EQ(Items(), std::vector<ADXObject*>{fan_});
+}
+
+TEST_F(ItemBrowserTest, ADoubleClickBesideTheRowsIsNone) {
+    EXPECT_FALSE(Browse(kTypeMacro, 0, [](HWND dialog, HWND list) {
+        RECT area{};
+        ::GetClientRect(list, &area);
+        DoubleClick(list, {area.right / 2, area.bottom - 20});
+        DialogPerson::Press(dialog, IDCANCEL);
+    }));
+    EXPECT_EQ(count_, 99U);
+}
+
+TEST_F(ItemBrowserTest, OpensCentredAtItsSmallestSize) {
+    parent_ = ::CreateWindowExA(0, "Static", "", WS_POPUP | WS_VISIBLE, 301, 101, 400, 351, nullptr, nullptr, nullptr,
+                                nullptr);
+    RECT place{}, smaller{}, larger{};
+    MINMAXINFO limits{};
+    BOOL parentEnabled = TRUE;
+    Browse(kTypeAny, 0, [&](HWND dialog, HWND) {
+        ::GetWindowRect(dialog, &place);
+        parentEnabled = ::IsWindowEnabled(parent_);
+        ::SendMessageA(dialog, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+        ::SetWindowPos(dialog, nullptr, 0, 0, 90, 90, SWP_NOMOVE | SWP_NOZORDER);
+        ::GetWindowRect(dialog, &smaller);
+        ::SetWindowPos(dialog, nullptr, 0, 0, 390, 410, SWP_NOMOVE | SWP_NOZORDER);
+        ::GetWindowRect(dialog, &larger);
+        DialogPerson::Press(dialog, IDCANCEL);
+    });
+    ::DestroyWindow(parent_);
+    EXPECT_EQ(place.right - place.left, 200);
+    EXPECT_EQ(place.bottom - place.top, 300);
+    EXPECT_EQ(place.left, 401);
+    EXPECT_EQ(place.top, 126);
+    EXPECT_FALSE(parentEnabled);
+    EXPECT_EQ(limits.ptMinTrackSize.x, 200);
+    EXPECT_EQ(limits.ptMinTrackSize.y, 300);
+    EXPECT_EQ(smaller.right - smaller.left, 200);
+    EXPECT_EQ(smaller.bottom - smaller.top, 300);
+    EXPECT_EQ(larger.right - larger.left, 390);
+}
+
+TEST_F(ItemBrowserTest, ItsControlsStayInsideAndApartAtAnySize) {
+    Browse(kTypeAny, 0, [](HWND dialog, HWND) {
+        for (const int width : {200, 260, 777}) {
+            ::SetWindowPos(dialog, nullptr, 0, 0, width, width + 100, SWP_NOMOVE | SWP_NOZORDER);
+            RECT client{}, places[3], both{};
+            ::GetClientRect(dialog, &client);
+            const int controls[] = {kList, IDOK, IDCANCEL};
+            for (int i = 0; i < 3; ++i) {
+                ::GetWindowRect(::GetDlgItem(dialog, controls[i]), &places[i]);
+                ::MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&places[i]), 2);
+                ::UnionRect(&both, &client, &places[i]);
+                EXPECT_TRUE(::EqualRect(&both, &client)) << width << ": control " << controls[i];
+                EXPECT_FALSE(::IsRectEmpty(&places[i]));
+                for (int j = 0; j < i; ++j)
+                    EXPECT_FALSE(::IntersectRect(&both, &places[i], &places[j])) << width << ": " << controls[i];
+            }
+            EXPECT_GT(places[0].bottom - places[0].top, client.bottom / 2);
+        }
+        DialogPerson::Press(dialog, IDCANCEL);
+    });
+}
+
+}  // namespace
+}  // namespace corvex
