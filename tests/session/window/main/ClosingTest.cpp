@@ -1,0 +1,134 @@
+// The window ends by way of a stop thread, and comes back where it was.
+#include "tests/session/window/main/MainWindowHelper.h"
+
+namespace corvex::test {
+namespace {
+
+class ClosingTest : public MainWindowTest {
+protected:
+    RECT Place() const {
+        RECT place{};
+        ::GetWindowRect(window, &place);
+        return place;
+    }
+    std::string Line(const std::string& key) const {
+        const std::string text = folder.Content("Settings.dat");
+        const std::size_t at = text.find(key + "=");
+        if (at == std::string::npos) return "none";
+        const std::size_t from = at + key.size() + 1;
+        return text.substr(from, text.find_first_of("\r\n", from) - from);
+    }
+};
+
+TEST_F(ClosingTest, TheWindowStaysUntilItsMessageComes) {
+    Start();
+    EXPECT_EQ(0, ::SendMessageA(window, WM_CLOSE, 0, 0));
+    EXPECT_NE(FALSE, ::IsWindow(window));
+    ASSERT_TRUE(Pumps([&] { return ::IsWindow(window) == FALSE; }));
+}
+
+TEST_F(ClosingTest, ExitIsTheSame) {
+    Start();
+    Command(IDM_EXIT);
+    EXPECT_NE(FALSE, ::IsWindow(window));
+    ASSERT_TRUE(Pumps([&] { return ::IsWindow(window) == FALSE; }));
+}
+
+TEST_F(ClosingTest, SavesThePlaceThatItHadLast) {
+    Start();
+    ::SetWindowPos(window, nullptr, 40, 50, 700, 520, SWP_NOZORDER);
+    ASSERT_TRUE(Close());
+    EXPECT_EQ("40", Line("winposx"));
+    EXPECT_EQ("50", Line("winposy"));
+    EXPECT_EQ("700", Line("winsizex"));
+    EXPECT_EQ("520", Line("winsizey"));
+}
+
+TEST_F(ClosingTest, ComesBackWhereItWas) {
+    folder.Put("Settings.dat", "winposx=40\nwinposy=50\nwinsizex=700\nwinsizey=520\n");
+    Start();
+    EXPECT_EQ(40, Place().left);
+    EXPECT_EQ(50, Place().top);
+    EXPECT_EQ(740, Place().right);
+    EXPECT_EQ(570, Place().bottom);
+}
+
+TEST_F(ClosingTest, APlaceThatNoScreenShowsIsNotTaken) {
+    for (const char* settings :
+         {"winposx=40000\nwinposy=50\nwinsizex=700\nwinsizey=520\n",
+          "winposx=-5000\nwinposy=50\nwinsizex=700\nwinsizey=520\n",
+          "winposx=40\nwinposy=50\nwinsizex=0\nwinsizey=520\n", "winposx=40\nwinposy=50\nwinsizex=700\nwinsizey=-1\n",
+          "winposx=2147483647\nwinposy=50\nwinsizex=2147483647\nwinsizey=520\n"}) {
+        folder.Put("Settings.dat", settings);
+        Start();
+        // By the screen of 1280 by 1024 that the folder's program stands on.
+        EXPECT_EQ(960, Place().right - Place().left) << settings;
+        EXPECT_EQ(704, Place().bottom - Place().top) << settings;
+        ASSERT_TRUE(Close());
+    }
+}
+
+TEST_F(ClosingTest, AMinimisedWindowComesBackWhereItWasBefore) {
+    Start();
+    ::ShowWindow(window, SW_SHOWNORMAL);
+    ::SetWindowPos(window, nullptr, 40, 50, 700, 520, SWP_NOZORDER);
+    ::ShowWindow(window, SW_MINIMIZE);
+    ASSERT_TRUE(Close());
+    EXPECT_EQ("700", Line("winsizex"));
+    EXPECT_EQ("520", Line("winsizey"));
+}
+
+TEST_F(ClosingTest, ClosesDuringASilentScan) {
+    UseDefinition();
+    Start();
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnecting; }));
+    EXPECT_TRUE(Close());
+    EXPECT_FALSE(serial.IsOpen());
+}
+
+TEST_F(ClosingTest, ClosesDuringARecordingThatStaysInItsScratchFile) {
+    UseDefinition();
+    serial.Answer({0xA0}, {3, 4}, 5);
+    Start();
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    Command(IDM_RECORD);
+    ASSERT_TRUE(Pumps([&] { return session.log.header.sampleCount > 2; }));
+    EXPECT_TRUE(Close());
+    EXPECT_TRUE(folder.Has("temp.xdl"));
+    EXPECT_EQ(kLogClosed, session.log.State());
+}
+
+TEST_F(ClosingTest, ClosesDuringAPlayback) {
+    UseDefinition();
+    Start();
+    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
+    Command(IDM_PLAY);
+    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
+    EXPECT_TRUE(Close());
+    EXPECT_EQ(folder.Name("long.xdl"), Line("lastxdlpath"));
+}
+
+TEST_F(ClosingTest, ClosesWhileALoadWaits) {
+    UseDefinition();
+    serial.Answer({0xA0}, {3, 4}, 5);
+    Start();
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    {
+        DialogAnswer answer("Select ADX...", IDCANCEL);
+        Command(IDM_LOAD_DEFINITION);
+    }
+    EXPECT_TRUE(Close());
+}
+
+TEST_F(ClosingTest, ManyClosesAreOne) {
+    Start();
+    for (int i = 0; i < 5; ++i)
+        ::SendMessageA(window, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(Close());
+}
+
+}  // namespace
+}  // namespace corvex::test

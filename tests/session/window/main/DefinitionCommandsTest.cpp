@@ -1,0 +1,210 @@
+#include "session/window/DefinitionCommands.h"
+#include "tests/session/window/main/MainWindowHelper.h"
+
+namespace corvex::test {
+namespace {
+
+class DefinitionCommandsTest : public MainWindowTest {
+protected:
+    void Load(const std::string& path) { commands().LoadDefinition(path); }
+    DefinitionCommands& commands() {
+        if (!commands_) commands_.emplace(desktop);
+        return *commands_;
+    }
+    void TearDown() override {
+        // Their timer is the window's.
+        commands_.reset();
+    }
+
+private:
+    std::optional<DefinitionCommands> commands_;
+};
+
+TEST_F(DefinitionCommandsTest, LoadsTheLastOneAtStart) {
+    UseDefinition();
+    Start();
+    EXPECT_EQ("Loaded " + folder.Name("one.adx"), Output());
+    EXPECT_EQ(2U, session.definition.GetCount());
+    EXPECT_NE(std::string::npos, Title().find("one.adx"));
+}
+
+TEST_F(DefinitionCommandsTest, LeavesTheLastOneWhenTheSettingsSaySo) {
+    const std::string path = PutDefinition("one.adx");
+    folder.Put("Settings.dat", "lastadxpath=" + path + "\nloadlastdef=0\n");
+    Start();
+    EXPECT_EQ("", Output());
+    EXPECT_EQ(0U, session.definition.GetCount());
+    EXPECT_EQ(path, session.settings.lastadxpath);
+}
+
+TEST_F(DefinitionCommandsTest, AFirstStartSaysThatThereIsNone) {
+    Start();
+    EXPECT_EQ(0U, Output().find("FAILED to Load "));
+}
+
+TEST_F(DefinitionCommandsTest, ABrokenOneIsToldWithItsReason) {
+    UseDefinition();
+    Start();
+    folder.Put("broken.adx", "<ADXFORMAT version=\"0.50\" />\n<ADXVALUE id=\"a\" id></>");
+    Load(folder.Name("broken.adx"));
+    const std::string failed = "\r\nFAILED to Load " + folder.Name("broken.adx") + "\r\n";
+    ASSERT_TRUE(Says(failed));
+    EXPECT_GT(Output().size(), Output().find(failed) + failed.size());
+    EXPECT_EQ(folder.Name("one.adx"), session.settings.lastadxpath);
+}
+
+TEST_F(DefinitionCommandsTest, AReasonWithAPercentSignIsShownAsItIs) {
+    Start();
+    folder.Put("percent.adx", "<ADXFORMAT version=\"0.50\" />\n<%n%s%n></%d>");
+    Load(folder.Name("percent.adx"));
+    EXPECT_TRUE(Says("FAILED to Load"));
+}
+
+TEST_F(DefinitionCommandsTest, APathIsCutWhereTheSettingsEnd) {
+    Start();
+    Load(std::string(400, 'x'));
+    EXPECT_TRUE(Says("FAILED to Load xxx"));
+    EXPECT_EQ('\0', session.settings.lastadxpath[0]);
+}
+
+TEST_F(DefinitionCommandsTest, TheProgressIsPutBack) {
+    UseDefinition();
+    Start();
+    EXPECT_EQ(0, ::SendMessageA(AsWindow(session.statusRight), WM_USER + 8, 0, 0));
+}
+
+TEST_F(DefinitionCommandsTest, AnImportForgetsTheNameButNotTheTitle) {
+    UseDefinition();
+    Start();
+    const std::string title = Title();
+    commands().ImportDefinition(std::string(CORVEX_SOURCE_DIR) + "/examples/kestrel-legacy.ads");
+    EXPECT_GT(session.definition.GetCount(), 2U);
+    EXPECT_EQ('\0', session.settings.lastadxpath[0]);
+    EXPECT_EQ(title, Title());
+}
+
+TEST_F(DefinitionCommandsTest, SoDoesAnImportThatFails) {
+    UseDefinition();
+    Start();
+    commands().ImportDefinition(folder.Name("none.ads"));
+    EXPECT_TRUE(Says("FAILED to Import"));
+    EXPECT_EQ('\0', session.settings.lastadxpath[0]);
+    EXPECT_EQ(2U, session.definition.GetCount());
+}
+
+TEST_F(DefinitionCommandsTest, SaveWritesWhereItCameFrom) {
+    UseDefinition();
+    Start();
+    folder.Put("one.adx", "");
+    Command(IDM_SAVE_DEFINITION);
+    EXPECT_NE(std::string::npos, folder.Content("one.adx").find("ADXMACRO"));
+}
+
+TEST_F(DefinitionCommandsTest, SaveWithoutANameAsksForOne) {
+    Start();
+    DialogAnswer answer("Choose file to save to...", IDCANCEL);
+    Command(IDM_SAVE_DEFINITION);
+    EXPECT_TRUE(answer.Came());
+    EXPECT_EQ('\0', session.settings.lastadxpath[0]);
+}
+
+TEST_F(DefinitionCommandsTest, TheOtherTwoPromptsHaveTheirTitles) {
+    Start();
+    {
+        DialogAnswer answer("Select ADX...", IDCANCEL);
+        Command(IDM_LOAD_DEFINITION);
+        EXPECT_TRUE(answer.Came());
+    }
+    DialogAnswer answer("Select file to import...", IDCANCEL);
+    Command(IDM_IMPORT_DEFINITION);
+    EXPECT_TRUE(answer.Came());
+}
+
+TEST_F(DefinitionCommandsTest, ALoadDuringAScanEndsItFirst) {
+    UseDefinition();
+    serial.Answer({0xA0}, {3, 4}, 5);
+    Start();
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    const std::string other = PutDefinition("other.adx");
+    Load(other);
+    EXPECT_FALSE(Says("Loaded " + other));  // the main thread has not waited for it
+    ASSERT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
+    EXPECT_TRUE(desktop.IsQuiet());
+    EXPECT_EQ(kNotConnected, session.connectionState);
+    EXPECT_EQ(other, session.settings.lastadxpath);
+}
+
+TEST_F(DefinitionCommandsTest, ALoadDuringAPlaybackEndsItFirst) {
+    UseDefinition();
+    Start();
+    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
+    Command(IDM_PLAY);
+    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
+    const std::string other = PutDefinition("other.adx");
+    Load(other);
+    ASSERT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
+    EXPECT_TRUE(desktop.IsQuiet());
+}
+
+TEST_F(DefinitionCommandsTest, ALoadDuringARecordingOffersToSaveIt) {
+    UseDefinition();
+    serial.Answer({0xA0}, {3, 4}, 5);
+    Start();
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    Command(IDM_RECORD);
+    ASSERT_TRUE(Pumps([&] { return session.log.header.sampleCount > 2; }));
+    const std::string other = PutDefinition("other.adx");
+    {
+        DialogAnswer answer("Select/Create file to save...", IDCANCEL);
+        Load(other);
+        EXPECT_TRUE(answer.Came());
+    }
+    ASSERT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
+    EXPECT_TRUE(folder.Has("temp.xdl"));
+}
+
+TEST_F(DefinitionCommandsTest, TwoLoadsInARowComeInTheirOrder) {
+    UseDefinition();
+    serial.Answer({0xA0}, {3, 4}, 5);
+    Start();
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    const std::string first = PutDefinition("first.adx"), second = PutDefinition("second.adx");
+    Load(first);
+    Load(second);
+    ASSERT_TRUE(Pumps([&] { return Says("Loaded " + second); }));
+    EXPECT_LT(Output().find("Loaded " + first), Output().find("Loaded " + second));
+    EXPECT_EQ(second, session.settings.lastadxpath);
+}
+
+TEST_F(DefinitionCommandsTest, AScanBegunWhileALoadWaitsEndsToo) {
+    UseDefinition();
+    serial.Answer({0xA0}, {3, 4}, 5);
+    Start();
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    const std::string other = PutDefinition("other.adx");
+    Load(other);
+    int more = 2;
+    ASSERT_TRUE(Pumps([&] {
+        if (session.scanning == 0 && more-- > 0) Command(IDM_SCAN);
+        return Says("Loaded " + other);
+    }));
+}
+
+TEST_F(DefinitionCommandsTest, ManyLoadsDuringAPlaybackLeaveNothingBehind) {
+    UseDefinition();
+    Start();
+    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
+    for (int i = 0; i < 30; ++i) {
+        Command(IDM_PLAY);
+        Load(folder.Name("one.adx"));
+        ASSERT_TRUE(Pumps([&] { return desktop.IsQuiet() && session.log.State() == kLogClosed; }));
+    }
+    EXPECT_EQ(2U, session.definition.GetCount());
+}
+
+}  // namespace
+}  // namespace corvex::test

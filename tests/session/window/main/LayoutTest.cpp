@@ -1,0 +1,166 @@
+// The window tree and its places.
+#include "controls/tabsheet/TabSheet.h"
+#include "controls/textprogress/TextProgress.h"
+#include "tests/session/window/main/MainWindowHelper.h"
+
+namespace corvex::test {
+namespace {
+
+std::string ClassName(HWND window) {
+    char name[100] = {};
+    ::GetClassNameA(window, name, sizeof name);
+    return name;
+}
+
+class LayoutTest : public MainWindowTest {
+protected:
+    // In client coordinates of the main window.
+    RECT PlaceOf(void* word) const {
+        RECT place{};
+        ::GetWindowRect(AsWindow(word), &place);
+        ::MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+        return place;
+    }
+    RECT Client() const {
+        RECT client{};
+        ::GetClientRect(window, &client);
+        return client;
+    }
+    void Resize(int width, int height) {
+        ::SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOMOVE);
+        Pumps([] { return ::GetQueueStatus(QS_POSTMESSAGE) == 0; });
+    }
+    void ExpectFullHouse() const {
+        const RECT client = Client();
+        const RECT band = PlaceOf(desktop.session.rebar), sheet = PlaceOf(desktop.session.tabSheet);
+        const RECT bar = PlaceOf(desktop.session.statusBar);
+        EXPECT_EQ(0, band.top);
+        EXPECT_EQ(client.right, band.right - band.left);
+        EXPECT_EQ(band.bottom, sheet.top);
+        EXPECT_EQ(0, sheet.left);
+        EXPECT_EQ(client.right, sheet.right);
+        EXPECT_EQ(bar.top, sheet.bottom);
+        EXPECT_EQ(client.bottom, bar.bottom);
+    }
+};
+
+TEST_F(LayoutTest, HasTheWindowsThatAreTold) {
+    Start();
+    EXPECT_EQ("CORVEX", ClassName(window));
+    EXPECT_EQ("ReBarWindow32", ClassName(AsWindow(session.rebar)));
+    EXPECT_EQ(10000, ::GetDlgCtrlID(AsWindow(session.rebar)));
+    EXPECT_EQ(10001, ::GetDlgCtrlID(AsWindow(session.fileToolbar)));
+    EXPECT_EQ(10010, ::GetDlgCtrlID(AsWindow(session.scanToolbar)));
+    EXPECT_EQ(10008, ::GetDlgCtrlID(AsWindow(session.logBar)));
+    EXPECT_EQ(50000, ::GetDlgCtrlID(AsWindow(session.statusBar)));
+    EXPECT_EQ("QZRICHSTATIC", ClassName(AsWindow(session.statusLeft)));
+    EXPECT_EQ("QZTEXTPROGRESS", ClassName(AsWindow(session.statusRight)));
+    EXPECT_EQ("QZTABSHEET", ClassName(AsWindow(session.tabSheet)));
+    EXPECT_EQ(100, ::GetDlgCtrlID(AsWindow(session.outputEdit)));
+}
+
+TEST_F(LayoutTest, PagesComeInOrder) {
+    Start();
+    const HWND sheet = AsWindow(session.tabSheet);
+    ASSERT_EQ(5, TabSheet::pageCount(sheet));
+    const char* const titles[] = {"Output", "Dash", "Item Lists", "Histograms", "Monitors"};
+    for (int i = 0; i < 5; ++i) {
+        char title[100] = {};
+        TabSheet::getTitle(sheet, i, title, sizeof title);
+        EXPECT_STREQ(titles[i], title);
+    }
+    EXPECT_EQ(session.outputEdit, TabSheet::getPage(sheet, 0));
+    EXPECT_EQ(session.dashPage, TabSheet::getPage(sheet, 1));
+    EXPECT_EQ(session.monitorPage, TabSheet::getPage(sheet, 4));
+}
+
+TEST_F(LayoutTest, FillsTheWindowAtAnySize) {
+    Start();
+    for (const SIZE size : {SIZE{650, 500}, SIZE{1600, 900}, SIZE{300, 200}, SIZE{700, 520}}) {
+        Resize(static_cast<int>(size.cx), static_cast<int>(size.cy));
+        ExpectFullHouse();
+    }
+}
+
+TEST_F(LayoutTest, AWindowOfNoHeightLeavesTheSheetNone) {
+    Start();
+    Resize(650, 10);
+    const RECT sheet = PlaceOf(session.tabSheet);
+    EXPECT_EQ(sheet.top, sheet.bottom);
+}
+
+TEST_F(LayoutTest, TheStatusBarHasFourParts) {
+    Start();
+    Resize(650, 500);
+    int ends[8] = {};
+    ASSERT_EQ(4, ::SendMessageA(AsWindow(session.statusBar), SB_GETPARTS, 8, reinterpret_cast<LPARAM>(ends)));
+    EXPECT_EQ(130, ends[0]);
+    EXPECT_EQ(260, ends[1]);
+    EXPECT_EQ(390, ends[2]);
+    EXPECT_EQ(-1, ends[3]);
+    RECT part{}, panel{};
+    for (int i = 0; i < 2; ++i) {
+        ::SendMessageA(AsWindow(session.statusBar), SB_GETRECT, static_cast<WPARAM>(i),
+                       reinterpret_cast<LPARAM>(&part));
+        ::GetWindowRect(AsWindow(i == 0 ? session.statusLeft : session.statusRight), &panel);
+        ::MapWindowPoints(nullptr, AsWindow(session.statusBar), reinterpret_cast<POINT*>(&panel), 2);
+        EXPECT_TRUE(::EqualRect(&part, &panel)) << i;
+    }
+}
+
+TEST_F(LayoutTest, TheRightPanelRunsTo1024) {
+    Start();
+    EXPECT_EQ(1024, ::SendMessageA(AsWindow(session.statusRight), TPM_GETRANGE, 0, 0));
+    EXPECT_EQ(0, ::SendMessageA(AsWindow(session.statusRight), TPM_GETPOS, 0, 0));
+}
+
+TEST_F(LayoutTest, BandsHoldToolbarsAndLogBar) {
+    Start();
+    const HWND rebar = AsWindow(session.rebar);
+    ASSERT_EQ(3, ::SendMessageA(rebar, RB_GETBANDCOUNT, 0, 0));
+    const UINT ids[] = {10001, 10010, 10007};
+    void* const children[] = {session.fileToolbar, session.scanToolbar, session.logBarDialog};
+    for (UINT i = 0; i < 3; ++i) {
+        REBARBANDINFOA band{};
+        band.cbSize = REBARBANDINFOA_V3_SIZE;
+        band.fMask = RBBIM_ID | RBBIM_CHILD;
+        ::SendMessageA(rebar, RB_GETBANDINFOA, i, reinterpret_cast<LPARAM>(&band));
+        EXPECT_EQ(ids[i], band.wID);
+        EXPECT_EQ(children[i], band.hwndChild);
+    }
+}
+
+TEST_F(LayoutTest, TheSliderStandsBesideTheToolbar) {
+    Start();
+    const HWND dialog = AsWindow(session.logBarDialog);
+    for (const int width : {200, 295, 518, 521, 522, 900, 100}) {
+        ::SetWindowPos(dialog, nullptr, 0, 0, width, 21, SWP_NOZORDER | SWP_NOMOVE);
+        RECT slider{};
+        ::GetWindowRect(Slider(), &slider);
+        ::MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&slider), 2);
+        EXPECT_EQ(119, slider.left);
+        const int room = width - 119 - 2;
+        EXPECT_EQ(room < 0 ? 0 : room > 400 ? 400 : room, slider.right - slider.left) << width;
+    }
+}
+
+TEST_F(LayoutTest, ABandThatGrowsMovesThePages) {
+    Start();
+    Resize(650, 500);
+    ::SendMessageA(AsWindow(session.rebar), RB_SETBANDINFOA, 0, 0);
+    REBARBANDINFOA band{};
+    band.cbSize = REBARBANDINFOA_V3_SIZE;
+    band.fMask = RBBIM_CHILDSIZE;
+    band.cyMinChild = 60;
+    ::SendMessageA(AsWindow(session.rebar), RB_SETBANDINFOA, 2, reinterpret_cast<LPARAM>(&band));
+    ASSERT_TRUE(Pumps([&] { return PlaceOf(session.tabSheet).top >= 60; }));
+    ExpectFullHouse();
+}
+
+TEST_F(LayoutTest, ErasesNothing) {
+    Start();
+    EXPECT_EQ(1, ::SendMessageA(window, WM_ERASEBKGND, 0, 0));
+}
+
+}  // namespace
+}  // namespace corvex::test

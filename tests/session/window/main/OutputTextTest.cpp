@@ -1,0 +1,91 @@
+#include <thread>
+
+#include "session/window/OutputText.h"
+#include "tests/session/window/main/MainWindowHelper.h"
+
+namespace corvex::test {
+namespace {
+
+class OutputTextTest : public MainWindowTest {
+protected:
+    void Start() {
+        folder.Put("Settings.dat", "loadlastdef=0\n");
+        MainWindowTest::Start();
+    }
+};
+
+TEST_F(OutputTextTest, IsAnEditControlThatCanBeWrittenIn) {
+    Start();
+    const LONG style = ::GetWindowLongA(AsWindow(session.outputEdit), GWL_STYLE);
+    EXPECT_EQ(0, style & ES_READONLY);
+    for (const LONG bit : {WS_CHILD, WS_VSCROLL, ES_MULTILINE, ES_AUTOVSCROLL})
+        EXPECT_NE(0, style & bit) << bit;
+}
+
+TEST_F(OutputTextTest, HasTheSmallFont) {
+    Start();
+    const auto font = reinterpret_cast<HFONT>(::SendMessageA(AsWindow(session.outputEdit), WM_GETFONT, 0, 0));
+    LOGFONTA words{};
+    ASSERT_NE(0, ::GetObjectA(font, sizeof words, &words));
+    EXPECT_EQ(6, words.lfHeight);
+    EXPECT_EQ(100, words.lfWeight);
+    EXPECT_EQ(PROOF_QUALITY, words.lfQuality);
+    EXPECT_EQ(FIXED_PITCH | FF_MODERN, words.lfPitchAndFamily);
+    EXPECT_STREQ("Courier", words.lfFaceName);
+}
+
+TEST_F(OutputTextTest, BreaksStandBeforeLinesButTheFirst) {
+    Start();
+    DebugOutput::Print(&session.debug, "one");
+    DebugOutput::Print(&session.debug, "two");
+    EXPECT_EQ("one\r\ntwo", Output());
+}
+
+TEST_F(OutputTextTest, HasNoLimitOfItsOwn) {
+    Start();
+    const std::string line(4000, 'x');
+    for (int i = 0; i < 15; ++i)
+        DebugOutput::Print(&session.debug, "%s", line.c_str());
+    EXPECT_EQ(15U * 4000 + 14 * 2, desktop.output.TextLength());
+}
+
+TEST_F(OutputTextTest, AppendsAtTheEndWhereverTheCaretIs) {
+    Start();
+    DebugOutput::Print(&session.debug, "one");
+    ::SendMessageA(AsWindow(session.outputEdit), EM_SETSEL, 0, 2);
+    DebugOutput::Print(&session.debug, "two");
+    EXPECT_EQ("one\r\ntwo", Output());
+}
+
+TEST_F(OutputTextTest, LinesOfSeveralThreadsStayWhole) {
+    Start();
+    std::atomic<int> done{0};
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 3; ++t) {
+        threads.emplace_back([&] {
+            for (int i = 0; i < 40; ++i)
+                DebugOutput::Print(&session.debug, "a line of twenty-six signs");
+            ++done;
+        });
+    }
+    ASSERT_TRUE(Pumps([&] { return done == 3; }));
+    for (std::thread& thread : threads)
+        thread.join();
+    std::string text = Output();
+    std::size_t lines = 1;
+    for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at + 2))
+        ++lines;
+    EXPECT_GE(lines, 118U);  // two threads that find it empty write their first lines side by side
+    EXPECT_EQ(120U * 26, text.size() - (lines - 1) * 2);
+}
+
+TEST_F(OutputTextTest, IsDeafOnceItsWindowIsGone) {
+    Start();
+    ASSERT_TRUE(Close());
+    desktop.output.Append("late");
+    desktop.output.Clear();
+    EXPECT_EQ(0U, desktop.output.TextLength());
+}
+
+}  // namespace
+}  // namespace corvex::test

@@ -1,0 +1,230 @@
+// Status, title and buttons as the session moves through its states.
+#include "controls/richstatic/RichStatic.h"
+#include "tests/session/window/main/MainWindowHelper.h"
+
+namespace corvex::test {
+namespace {
+
+class StatusTest : public MainWindowTest {
+protected:
+    // Asked by setting it, which gives the one before.
+    std::uint32_t LeftColour(UINT message) const {
+        const HWND panel = AsWindow(desktop.session.statusLeft);
+        const LRESULT old = ::SendMessageA(panel, message, 0, 0);
+        ::SendMessageA(panel, message, 0, static_cast<LPARAM>(old));
+        return static_cast<std::uint32_t>(old);
+    }
+    void ExpectLeft(const char* text, std::uint32_t textColour, std::uint32_t backColour) const {
+        EXPECT_EQ(text, LeftText());
+        EXPECT_EQ(textColour, LeftColour(RSM_SETTEXTCOLOR)) << text;
+        EXPECT_EQ(backColour, LeftColour(RSM_SETBACKCOLOR)) << text;
+    }
+};
+
+TEST_F(StatusTest, StartsNotConnected) {
+    Start();
+    ExpectLeft("ALDL: Not Connected", 0x000000, 0x00FFFF);
+    EXPECT_EQ("", RightText());
+    EXPECT_EQ("-x---x", Buttons());
+    EXPECT_EQ("Corvex - ADX:   XDL:  (Speed: 100%)", Title());
+}
+
+TEST_F(StatusTest, AScanGoesFromConnectingToConnectedAndBack) {
+    UseDefinition();
+    Start();
+    ::SendMessageA(window, WM_COMMAND, IDM_SCAN, 0);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnecting; }));
+    ASSERT_TRUE(Pumps([&] { return LeftText() == "ALDL: Connecting..."; }));
+    ExpectLeft("ALDL: Connecting...", 0x000000, 0x82AAFF);
+    EXPECT_EQ("-x---x", Buttons());
+    serial.Answer({0xA0}, {3, 4}, 5);
+    ASSERT_TRUE(Pumps([&] { return LeftText() == "ALDL: Connected"; }));
+    ExpectLeft("ALDL: Connected", 0xFFFFFF, 0xFF0000);
+    ASSERT_TRUE(Pumps([&] { return Buttons() == "-xx--x"; }));
+    ASSERT_TRUE(Pumps([&] { return RightText().find(" Hz   Errors: 0") != std::string::npos; }));
+    ::SendMessageA(window, WM_COMMAND, IDM_SCAN, 0);
+    ASSERT_TRUE(Pumps([&] { return desktop.IsQuiet() && LeftText() == "ALDL: Not Connected"; }));
+    EXPECT_EQ("", RightText());
+    EXPECT_EQ("-x---x", Buttons());
+}
+
+TEST_F(StatusTest, AScanBeginsOnAnEmptyPage) {
+    UseDefinition();
+    serial.failOpen = true;
+    Start();
+    ASSERT_TRUE(Says("Loaded "));
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return desktop.IsQuiet(); }));
+    EXPECT_FALSE(Says("Loaded "));
+    EXPECT_EQ(0U, Output().find("Unable to open port (COM1)!"));
+    ExpectLeft("ALDL: Not Connected", 0x000000, 0x00FFFF);
+}
+
+TEST_F(StatusTest, ARecordingShowsWhileItRuns) {
+    UseDefinition();
+    serial.Answer({0xA0}, {3, 4}, 5);
+    Start();
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    Command(IDM_RECORD);
+    ASSERT_TRUE(Pumps([&] { return LeftText() == "Log Recording"; }));
+    ExpectLeft("Log Recording", 0xFFFFFF, 0x787878);
+    EXPECT_EQ("---x--", Buttons());
+    EXPECT_NE(std::string::npos, RightText().find("Errors: "));  // the line comes first
+}
+
+TEST_F(StatusTest, PlaybackShowsTimeAndSlider) {
+    UseDefinition();
+    Start();
+    session.settings.SetLastLog(PutLog("long.xdl", {0, 1000, 60000}));
+    Command(IDM_PLAY);
+    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0 && LeftText() == "Log Playing"; }));
+    ExpectLeft("Log Playing", 0xFFFFFF, 0xFF0000);
+    EXPECT_EQ("S--xx-", Buttons());
+    EXPECT_NE(std::string::npos, RightText().find("Hz  0:0:00:000"));
+    EXPECT_EQ(3, ::SendMessageA(Slider(), TBM_GETRANGEMAX, 0, 0));
+    EXPECT_TRUE(Says("Playing "));
+
+    Command(IDM_PAUSE);
+    ASSERT_TRUE(Pumps([&] { return LeftText() == "Log Paused" && !session.log.IsPlaying(); }));
+    ExpectLeft("Log Paused", 0x000000, 0x2873FF);
+    ASSERT_TRUE(Rests(kLogReady));
+    ::SendMessageA(window, kMessageRefreshButtons, 0, 0);
+    EXPECT_EQ("Sx-x--", Buttons());
+
+    Command(IDM_STOP);
+    ASSERT_TRUE(Rests(kLogClosed));
+    ASSERT_TRUE(Pumps([&] { return LeftText() == "ALDL: Not Connected"; }));
+    EXPECT_EQ(0, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    EXPECT_TRUE(Says("Playback stopped"));
+    EXPECT_EQ("-x---x", Buttons());
+}
+
+TEST_F(StatusTest, ALogPlaysToItsEndAndCloses) {
+    UseDefinition();
+    Start();
+    session.settings.SetLastLog(PutLog("short.xdl", {0, 10, 20}));
+    Command(IDM_PLAY);
+    ASSERT_TRUE(Pumps([&] { return Says("Playback stopped"); }));
+    ASSERT_TRUE(Rests(kLogClosed));
+    EXPECT_EQ("ALDL: Not Connected", LeftText());
+    EXPECT_EQ(0, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+}
+
+TEST_F(StatusTest, BlinksGreenAndRed) {
+    Start();
+    ::SendMessageA(window, WM_TIMER, 1, 0);
+    EXPECT_EQ(0x00FF00U, LeftColour(RSM_SETBACKCOLOR));
+    ::SendMessageA(window, WM_TIMER, 1, 0);
+    EXPECT_EQ(0x0000FFU, LeftColour(RSM_SETBACKCOLOR));
+    EXPECT_EQ(2U, session.blinkCount);
+}
+
+TEST_F(StatusTest, SpeedsAreCheckedAndNamed) {
+    Start();
+    struct Row {
+        unsigned command;
+        float speed;
+        const char* title;
+    };
+    for (const Row& row : {Row{32809, 4.0F, "400"}, Row{32810, 2.0F, "200"}, Row{32812, 0.5F, "50"},
+                           Row{32813, 0.25F, "25"}, Row{32811, 1.0F, "100"}}) {
+        Command(row.command);
+        EXPECT_EQ(row.speed, session.log.speed);
+        EXPECT_EQ("Corvex - ADX:   XDL:  (Speed: " + std::string(row.title) + "%)", Title());
+        for (const unsigned id : {32809U, 32810U, 32811U, 32812U, 32813U, 32815U}) {
+            const UINT state = ::GetMenuState(::GetMenu(window), id, MF_BYCOMMAND);
+            EXPECT_EQ(id == row.command, (state & MF_CHECKED) != 0) << id;
+        }
+    }
+    session.SetSpeed(3.0F);
+    EXPECT_NE(0U, ::GetMenuState(::GetMenu(window), 32815, MF_BYCOMMAND) & MF_CHECKED);
+    Command(32815);
+    EXPECT_EQ(3.0F, session.log.speed);
+}
+
+TEST_F(StatusTest, TheChosenSpeedOutlivesTheOpeningOfALog) {
+    UseDefinition();
+    Start();
+    Command(IDM_SPEED_25);
+    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
+    Command(IDM_PLAY);
+    EXPECT_EQ(0.25F, session.log.speed);
+    EXPECT_NE(std::string::npos, Title().find("(Speed: 25%)"));
+}
+
+TEST_F(StatusTest, SpacePlaysAndPauses) {
+    UseDefinition();
+    Start();
+    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
+    Command(IDM_PAUSE);  // what the key sends
+    ASSERT_TRUE(Pumps([&] { return session.log.State() == kLogPlaying; }));
+    Command(IDM_PAUSE);
+    EXPECT_EQ(kLogPaused, session.connectionState);
+    ASSERT_TRUE(Rests(kLogReady));
+    Command(IDM_PLAY);
+    ASSERT_TRUE(Pumps([&] { return session.log.State() == kLogPlaying; }));
+}
+
+TEST_F(StatusTest, JumpKeysGoWhereTheyPoint) {
+    UseDefinition();
+    Start();
+    std::vector<std::uint32_t> times;
+    for (std::uint32_t i = 0; i < 40; ++i)
+        times.push_back(i * 60000);
+    session.settings.SetLastLog(PutLog("long.xdl", times));
+    Command(IDM_PLAY);
+    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
+    Command(32832);  // "]"
+    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex >= 10; }));
+    ::SendMessageA(Slider(), TBM_SETPOS, TRUE, 30);
+    ::SendMessageA(AsWindow(session.logBarDialog), WM_HSCROLL, TB_THUMBPOSITION, reinterpret_cast<LPARAM>(Slider()));
+    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex >= 30; }));
+    Command(32833);  // "["
+    EXPECT_LE(session.log.sampleIndex, 22U);
+    EXPECT_GE(session.log.sampleIndex, 20U);
+}
+
+TEST_F(StatusTest, ADraggedSliderIsLeftToTheHand) {
+    UseDefinition();
+    Start();
+    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000, 120000, 180000}));
+    Command(IDM_PLAY);
+    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
+    ::SendMessageA(Slider(), TBM_SETPOS, TRUE, 2);
+    ::SendMessageA(AsWindow(session.logBarDialog), WM_HSCROLL, TB_THUMBTRACK, reinterpret_cast<LPARAM>(Slider()));
+    session.Calls().setLogSlider(1);
+    EXPECT_EQ(2, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    ::SendMessageA(AsWindow(session.logBarDialog), WM_HSCROLL, TB_ENDTRACK, reinterpret_cast<LPARAM>(Slider()));
+    session.Calls().setLogSlider(1);
+    EXPECT_EQ(1, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+}
+
+TEST_F(StatusTest, ASliderThatIsSwitchedOffHandsTheKeysBack) {
+    UseDefinition();
+    Start();
+    ::ShowWindow(window, SW_SHOW);
+    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
+    Command(IDM_PLAY);
+    ASSERT_TRUE(Pumps([&] { return ::IsWindowEnabled(Slider()) != FALSE; }));
+    ::SetFocus(Slider());
+    Command(IDM_STOP);
+    ASSERT_TRUE(Rests(kLogClosed));
+    ASSERT_TRUE(Pumps([&] { return ::IsWindowEnabled(Slider()) == FALSE; }));
+    EXPECT_EQ(window, ::GetFocus());
+}
+
+TEST_F(StatusTest, AFailingLineFlashesWhenConnected) {
+    UseDefinition();
+    serial.Answer({0xA0}, {3, 4}, 5);
+    Start();
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    serial.Vanish();
+    ASSERT_TRUE(Pumps([&] { return LeftText() == "ALDL Data Error!"; }));
+    ASSERT_TRUE(Pumps([&] { return session.errorCount > 0; }));
+    ASSERT_TRUE(Pumps([&] { return RightText().find("Errors: 0") == std::string::npos; }));
+}
+
+}  // namespace
+}  // namespace corvex::test
