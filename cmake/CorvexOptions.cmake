@@ -8,6 +8,10 @@ target_compile_options(corvex_options INTERFACE -ffp-contract=off)
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86")
   target_compile_options(corvex_options INTERFACE -msse2 -mfpmath=sse)
 endif()
+if(WIN32)
+  # The same sources give the same bytes.
+  target_link_options(corvex_options INTERFACE -Wl,--no-insert-timestamp)
+endif()
 find_package(Threads REQUIRED)
 target_link_libraries(corvex_options INTERFACE Threads::Threads)
 
