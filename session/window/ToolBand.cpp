@@ -13,6 +13,8 @@ namespace {
 constexpr int kImageSize = 16, kImageCount = 45;
 constexpr COLORREF kMaskColour = RGB(255, 0, 255);
 constexpr int kBandHeight = 21;
+constexpr int kFileWidth = 70, kScanWidth = 24, kLogWidth = 295;
+constexpr int kLogSmallest = 200;  // the toolbar, and a slider that can still be used
 
 constexpr ToolButton kFileButtons[] = {
     {0, IDM_LOAD_DEFINITION},
@@ -29,7 +31,8 @@ HWND MakeBand(const SessionState& session) {
                              static_cast<HINSTANCE>(session.instance), nullptr);
 }
 
-void AddBand(HWND rebar, HWND child, UINT id, int width) {
+// A band's own width counts its grip in; its child is never narrower than the band was meant to be.
+void AddBand(HWND rebar, HWND child, UINT id, int width, int smallestChild) {
     REBARBANDINFOA band{};
     // The size that every version of the library takes.
     band.cbSize = REBARBANDINFOA_V3_SIZE;
@@ -37,7 +40,7 @@ void AddBand(HWND rebar, HWND child, UINT id, int width) {
     band.fStyle = RBBS_CHILDEDGE;
     band.hwndChild = child;
     band.wID = id;
-    band.cxMinChild = 0;
+    band.cxMinChild = static_cast<UINT>(smallestChild);
     band.cyMinChild = kBandHeight;
     band.cx = static_cast<UINT>(width);
     ::SendMessageA(rebar, RB_INSERTBANDA, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&band));
@@ -65,9 +68,9 @@ void ToolBand::Create(Desktop& desktop, const ToolImages& images) {
     session.fileToolbar = MakeToolbar(rebar, desktop.Instance(), IDC_FILE_TOOLBAR, images.Get(), kFileButtons, 3);
     session.scanToolbar = MakeToolbar(rebar, desktop.Instance(), IDC_SCAN_TOOLBAR, images.Get(), kScanButtons, 1);
     LogBar::Create(desktop, rebar, images.Get());
-    AddBand(rebar, AsWindow(session.fileToolbar), IDC_FILE_TOOLBAR, 70);
-    AddBand(rebar, AsWindow(session.scanToolbar), IDC_SCAN_TOOLBAR, 24);
-    AddBand(rebar, AsWindow(session.logBarDialog), IDC_LOG_BAND, 295);
+    AddBand(rebar, AsWindow(session.fileToolbar), IDC_FILE_TOOLBAR, kFileWidth, kFileWidth);
+    AddBand(rebar, AsWindow(session.scanToolbar), IDC_SCAN_TOOLBAR, kScanWidth, kScanWidth);
+    AddBand(rebar, AsWindow(session.logBarDialog), IDC_LOG_BAND, kLogWidth, kLogSmallest);
 }
 
 void ToolBand::Layout(SessionState& session, int width) {

@@ -130,6 +130,22 @@ TEST_F(LayoutTest, BandsHoldToolbarsAndLogBar) {
     }
 }
 
+TEST_F(LayoutTest, NoButtonIsCutAtTheFirstSize) {
+    Start();
+    Resize(650, 500);
+    for (void* const word : {session.fileToolbar, session.scanToolbar, session.logBar}) {
+        const HWND bar = AsWindow(word);
+        RECT client{}, button{};
+        ::GetClientRect(bar, &client);
+        const auto last = ::SendMessageA(bar, TB_BUTTONCOUNT, 0, 0) - 1;
+        ::SendMessageA(bar, TB_GETITEMRECT, static_cast<WPARAM>(last), reinterpret_cast<LPARAM>(&button));
+        EXPECT_LE(button.right, client.right) << ::GetDlgCtrlID(bar);
+    }
+    RECT slider{};
+    ::GetClientRect(Slider(), &slider);
+    EXPECT_GE(slider.right, 80);
+}
+
 TEST_F(LayoutTest, TheSliderStandsBesideTheToolbar) {
     Start();
     const HWND dialog = AsWindow(session.logBarDialog);
