@@ -41,10 +41,6 @@ int TabAfterRemoval(int removed, int remaining) {
     return std::min(std::max(removed, 0), remaining - 1);
 }
 
-std::string KeptTitle(std::string_view title) {
-    return std::string(title.substr(0, kTabTitleCapacity - 1));
-}
-
 PageBox BoxOfEdges(int left, int top, int right, int bottom) {
     return {left, top, std::max(right - left, 0), std::max(bottom - top, 0)};
 }

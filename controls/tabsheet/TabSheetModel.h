@@ -1,9 +1,7 @@
-// What a tab sheet decides without a window: locked parts of the frame, places of tabs, titles, rectangles.
+// What a tab sheet decides without a window: locked parts of the frame, places of tabs, rectangles.
 #pragma once
 
 #include <cstddef>
-#include <string>
-#include <string_view>
 
 namespace corvex {
 
@@ -18,9 +16,6 @@ int LockedHit(int hit, unsigned locks);
 int TabPlace(int wanted, int count);
 // The tab to be shown after the shown one, at `removed`, went and `remaining` are left. -1 when none is.
 int TabAfterRemoval(int removed, int remaining);
-
-// A title as the sheet keeps it.
-std::string KeptTitle(std::string_view title);
 
 struct PageBox {
     int x, y, width, height;

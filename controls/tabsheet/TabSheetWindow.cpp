@@ -203,9 +203,16 @@ void TabSheetWindow::PutBack() {
     const LONG_PTR style = ::GetWindowLongPtrA(page, GWL_STYLE);
     ::SetWindowLongPtrA(page, GWL_STYLE,
                         style & ~static_cast<LONG_PTR>(WS_MAXIMIZE));  // or it would stay so as a child
-    if (closing_ || !BecomePage(page, tabs_.Control())) return ShowAnotherLater(detachedIndex_);
+    if (closing_ || !BecomePage(page, tabs_.Control())) return Orphaned(page);
     tabs_.Insert(detachedIndex_, detachedTitle_.c_str(), page);
     Fit(page);
+}
+
+// On its way back a page lost its sheet, or itself.
+void TabSheetWindow::Orphaned(HWND page) {
+    if (!closing_) return ShowAnotherLater(detachedIndex_);
+    UnsubclassPage(page);
+    ::DestroyWindow(page);
 }
 
 void TabSheetWindow::Close() {

@@ -42,6 +42,7 @@ private:
     bool StillShows(HWND page) const { return !closing_ && current_ == page; }
     void Fit(HWND page);
     void PutBack();
+    void Orphaned(HWND page);
     void ShowAnother(int index);
     void ShowAnotherLater(int index);
     void Tell(UINT code);
