@@ -73,7 +73,7 @@ LRESULT PropTreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnDestroy();
             return 0;
         case WM_NCDESTROY:
-            TellParent(parent_, Window(), PTN_CLOSED);
+            TellParent(std::exchange(parent_, nullptr), Window(), PTN_CLOSED);
             break;
     }
     return Default(message, wParam, lParam);
@@ -223,7 +223,7 @@ void PropTreeWindow::DeleteItem(HTREEITEM item) {
 }
 
 void PropTreeWindow::OnDestroy() {
-    closing_ = true;
+    if (std::exchange(closing_, true)) return;  // a handler that destroys the window once more makes it come again
     parent_ = ParentToTell(Window());
     current_ = nullptr;
     DeleteItem(TVI_ROOT);

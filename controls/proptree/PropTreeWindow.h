@@ -53,7 +53,7 @@ private:
     // Pages whose items went, to be told of and destroyed once the tree control is done with the item.
     std::vector<HWND> dropped_;
     HWND dying_ = nullptr;   // a page that somebody else is destroying right now
-    HWND parent_ = nullptr;  // who hears of the end; only once closing
+    HWND parent_ = nullptr;  // who hears of the end; from the beginning of it until it is told
     bool deleting_ = false;  // the tree's items, by ourselves
     bool settled_ = false;   // shown for a while: the user may have moved it
     bool closing_ = false;

@@ -71,7 +71,7 @@ LRESULT TabSheetWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnDestroy();
             return 0;
         case WM_NCDESTROY:
-            TellParent(parent_, Window(), TSN_DESTROYED);
+            TellParent(std::exchange(parent_, nullptr), Window(), TSN_DESTROYED);
             break;
     }
     return Default(message, wParam, lParam);
@@ -256,7 +256,7 @@ void TabSheetWindow::OnPageGone(HWND page) {
 }
 
 void TabSheetWindow::OnDestroy() {
-    closing_ = true;
+    if (std::exchange(closing_, true)) return;  // a handler that destroys the window once more makes it come again
     parent_ = ParentToTell(Window());
     current_ = nullptr;
     tabs_.Forget();

@@ -54,7 +54,7 @@ private:
     HWND detached_ = nullptr;
     int detachedIndex_ = -1;
     std::string detachedTitle_;
-    HWND parent_ = nullptr;  // who heard of the end; only once closing
+    HWND parent_ = nullptr;  // who heard of the end; from the beginning of it until it is told
     unsigned locks_ = 0;
     bool movable_ = true;
     bool closing_ = false;

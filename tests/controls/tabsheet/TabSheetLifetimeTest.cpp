@@ -131,11 +131,13 @@ TEST_F(TabSheetLifetimeTest, AnyNotificationMayDestroyTheSheet) {
             if (notice.code == code) ::DestroyWindow(notice.from);
             return LRESULT{0};
         };
-        Pump();
+        parent_.notices.clear();
+        if (code == TSN_READY) ::SendMessageA(sheet_, 0x8000, 0, 0);
         if (code == TSN_RESIZED) ::MoveWindow(sheet_, 0, 0, 77, 77, FALSE);
         if (code == TSN_DESTROYED) DestroySheet();
         parent_.answer = nullptr;
         EXPECT_FALSE(::IsWindow(sheet_)) << code;
+        EXPECT_EQ(parent_.CountOf(TSN_DESTROYED), 1) << code;
     }
 }
 

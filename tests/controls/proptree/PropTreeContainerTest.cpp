@@ -1,0 +1,285 @@
+#include "controls/proptree/PropTreeContainer.h"
+#include "tests/controls/proptree/PropTreeFixture.h"
+
+namespace corvex {
+namespace {
+
+using PropTreeContainerTest = PropTreeFixture;
+using Codes = std::vector<UINT>;
+
+bool IsRect(const RECT& is, const RECT& wanted) {
+    return ::EqualRect(&is, &wanted) != FALSE;
+}
+
+TEST_F(PropTreeContainerTest, ItsClassHasNoStyleAndTheButtonFace) {
+    WNDCLASSEXA words{};
+    words.cbSize = sizeof words;
+    ASSERT_TRUE(::GetClassInfoExA(Instance(), "QZPROPTREECONTAINER", &words));
+    EXPECT_EQ(words.style, 0u);
+    EXPECT_EQ(reinterpret_cast<UINT_PTR>(words.hbrBackground), 16u);
+    EXPECT_EQ(words.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+}
+
+TEST_F(PropTreeContainerTest, ItIsAVisibleFrameOwnedByItsParent) {
+    ASSERT_TRUE(::IsWindow(window_));
+    EXPECT_TRUE(::IsWindowVisible(window_));
+    EXPECT_EQ(TextOfWindow(window_), "Preferences");
+    EXPECT_EQ(::GetWindow(window_, GW_OWNER), parent_.Window());
+    EXPECT_EQ(StyleOfWindow(window_) & (WS_CAPTION | WS_SYSMENU), static_cast<DWORD>(WS_CAPTION | WS_SYSMENU));
+}
+
+TEST_F(PropTreeContainerTest, TellsThatItIsReadyWhenTheQueueComesToIt) {
+    EXPECT_EQ(parent_.CountOf(1), 0);
+    Pump();
+    EXPECT_EQ(parent_.Codes(), Codes{1});
+    EXPECT_EQ(parent_.notices[0].from, window_);
+}
+
+TEST_F(PropTreeContainerTest, HoldsATreeAndTwoButtons) {
+    EXPECT_EQ(StyleOfWindow(Tree()), 0x50808037u);
+    EXPECT_EQ(TextOfWindow(Button(1000)), "OK");
+    EXPECT_EQ(TextOfWindow(Button(1001)), "Cancel");
+    EXPECT_EQ(StyleOfWindow(Button(1000)) & BS_TYPEMASK, static_cast<DWORD>(BS_DEFPUSHBUTTON));
+    EXPECT_EQ(StyleOfWindow(Button(1001)) & BS_TYPEMASK, static_cast<DWORD>(BS_PUSHBUTTON));
+    LOGFONTA font{};
+    ::GetObjectA(reinterpret_cast<HFONT>(::SendMessageA(Tree(), WM_GETFONT, 0, 0)), sizeof font, &font);
+    EXPECT_STREQ(font.lfFaceName, "MS Shell Dlg");
+    const HWND plain =
+        ::CreateWindowExA(0, WC_TREEVIEWA, "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, Instance(), nullptr);
+    LOGFONTA own{};
+    ::GetObjectA(reinterpret_cast<HFONT>(::SendMessageA(plain, WM_GETFONT, 0, 0)), sizeof own, &own);
+    ::DestroyWindow(plain);
+    EXPECT_NE(font.lfHeight, 0);
+    EXPECT_EQ(font.lfHeight, own.lfHeight);
+}
+
+TEST_F(PropTreeContainerTest, PartsStandToThePixelAtAnySize) {
+    const HWND page = Add(kWide, "General");
+    PropTreeContainer::selectByTitle(window_, "General");
+    const LONG wide = SizeOf(page).cx;
+    for (const SIZE size : {SIZE{640, 480}, SIZE{900, 333}}) {
+        ::SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
+        const SIZE client = ClientSize();
+        const RECT tree = PlaceOf(Tree()), ok = PlaceOf(Button(1000)), cancel = PlaceOf(Button(1001));
+        EXPECT_TRUE(IsRect(tree, {0, 0, client.cx - wide, client.cy}));
+        EXPECT_TRUE(IsRect(ok, {client.cx - 70, client.cy - 27, client.cx - 5, client.cy - 5}));
+        EXPECT_TRUE(IsRect(cancel, {client.cx - 143, client.cy - 27, client.cx - 78, client.cy - 5}));
+        EXPECT_EQ(PlaceOf(page).left, tree.right + 2);
+        EXPECT_EQ(PlaceOf(page).top, 0);
+        EXPECT_EQ(SizeOf(page).cx, wide);
+    }
+}
+
+TEST_F(PropTreeContainerTest, APageIsAHiddenChildOfTheWindow) {
+    const HWND page = Add(kFramed, "Keys");
+    ASSERT_TRUE(::IsWindow(page));
+    EXPECT_EQ(StyleOfWindow(page) & (WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_CHILD | WS_VISIBLE),
+              static_cast<DWORD>(WS_CHILD));
+    EXPECT_EQ(::GetAncestor(page, GA_PARENT), window_);
+}
+
+TEST_F(PropTreeContainerTest, ItGrowsWithItsPagesAndNeverShrinks) {
+    const HWND wide = Add(kWide, "Wide");
+    EXPECT_EQ(ClientSize().cx, 150 + SizeOf(wide).cx);
+    const HWND tall = Add(kTall, "Tall");
+    const SIZE grown = ClientSize();
+    EXPECT_EQ(grown.cx, 150 + SizeOf(wide).cx);
+    EXPECT_EQ(grown.cy, SizeOf(tall).cy + 32);
+    Add(kFramed, "Small");
+    EXPECT_EQ(ClientSize().cy, grown.cy);
+    ::SetWindowPos(window_, nullptr, 0, 0, 900, 700, SWP_NOMOVE | SWP_NOZORDER);
+    Add(kFramed, "Another");
+    EXPECT_EQ(SizeOf(window_).cx, 900);
+    EXPECT_EQ(SizeOf(window_).cy, 700);
+}
+
+TEST_F(PropTreeContainerTest, ItStandsInTheMiddleOfItsParentUntilItIsReady) {
+    Add(kTall, "Tall");
+    RECT owner{}, window{};
+    ::GetWindowRect(parent_.Window(), &owner);
+    ::GetWindowRect(window_, &window);
+    EXPECT_NEAR(window.left + window.right, owner.left + owner.right, 1);
+    EXPECT_NEAR(window.top + window.bottom, owner.top + owner.bottom, 1);
+    Pump();
+    ::SetWindowPos(window_, nullptr, 3, 4, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    Add(kWide, "Wide");
+    ::GetWindowRect(window_, &window);
+    EXPECT_EQ(window.left, 3);
+    EXPECT_EQ(window.top, 4);
+}
+
+TEST_F(PropTreeContainerTest, ItsLeastSizeIsTreeAndWidestByTallest) {
+    MINMAXINFO limits{};
+    ::SendMessageA(window_, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+    EXPECT_EQ(limits.ptMinTrackSize.x, 150);
+    EXPECT_EQ(limits.ptMinTrackSize.y, 100);
+    const HWND wide = Add(kWide, "Wide");
+    const HWND tall = Add(kTall, "Tall");
+    ::SendMessageA(window_, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+    EXPECT_EQ(limits.ptMinTrackSize.x, 150 + SizeOf(wide).cx);
+    EXPECT_EQ(limits.ptMinTrackSize.y, SizeOf(tall).cy);
+}
+
+TEST_F(PropTreeContainerTest, PagesFindParentAndNeighbourByTitle) {
+    Add(kWide, "General");
+    Add(kTall, "Keys");
+    Add(kTall, "COM Setup", "General");
+    EXPECT_EQ(Shape(), "General COM Setup Keys");
+    Add(kTall, "Speed", nullptr, "COM Setup");
+    Add(kTall, "Deep", nullptr, "Speed");
+    Add(kTall, "Port", "Speed", "COM Setup");
+    Add(kTall, "Echo", "Speed", "COM Setup");
+    EXPECT_EQ(Shape(), "General COM Setup(Speed(Deep) Echo Port) Keys");
+}
+
+TEST_F(PropTreeContainerTest, AnUnknownParentMeansTheRootAndAnUnknownNeighbourTheEnd) {
+    Add(kWide, "General");
+    Add(kTall, "Keys");
+    Add(kTall, "COM Setup", "nobody", "no one");
+    EXPECT_EQ(Shape(), "General Keys COM Setup");
+    Add(kTall, "Speed", "Keys", "General");  // a neighbour elsewhere
+    EXPECT_EQ(Shape(), "General(Speed) Keys COM Setup");
+    Add(kTall, "keys", nullptr, "general");  // titles differ by case
+    EXPECT_EQ(Shape(), "General(Speed) Keys COM Setup keys");
+}
+
+TEST_F(PropTreeContainerTest, ATemplateThatIsMissingAddsNothing) {
+    EXPECT_EQ(Add(999, "General"), nullptr);
+    EXPECT_EQ(Shape(), "");
+}
+
+TEST_F(PropTreeContainerTest, SelectingATitleShowsItsPageAlone) {
+    const HWND general = Add(kWide, "General");
+    const HWND com = Add(kTall, "COM Setup", nullptr, "General");
+    EXPECT_TRUE(PropTreeContainer::selectByTitle(window_, "COM Setup"));
+    EXPECT_EQ(PropTreeContainer::currentPage(window_), com);
+    EXPECT_TRUE(HasShownStyle(com));
+    EXPECT_FALSE(HasShownStyle(general));
+    EXPECT_EQ(PlaceOf(com).left, PlaceOf(Tree()).right + 2);
+    EXPECT_TRUE(PropTreeContainer::selectByTitle(window_, "General"));
+    EXPECT_TRUE(HasShownStyle(general));
+    EXPECT_FALSE(HasShownStyle(com));
+    EXPECT_FALSE(PropTreeContainer::selectByTitle(window_, "COM"));
+    EXPECT_FALSE(PropTreeContainer::selectByTitle(window_, "COM Setup 2"));
+    EXPECT_FALSE(PropTreeContainer::selectByTitle(window_, nullptr));
+    EXPECT_EQ(PropTreeContainer::currentPage(window_), general);
+}
+
+TEST_F(PropTreeContainerTest, TheArrowKeysChangeThePageAndStayInTheTree) {
+    const HWND general = Add(kWide, "General");
+    const HWND keys = Add(kTall, "Keys");
+    PropTreeContainer::selectByTitle(window_, "General");
+    ::SetFocus(Tree());
+    ::SendMessageA(Tree(), WM_KEYDOWN, VK_DOWN, 0);
+    EXPECT_EQ(PropTreeContainer::currentPage(window_), keys);
+    EXPECT_FALSE(HasShownStyle(general));
+    EXPECT_EQ(::GetFocus(), Tree());
+}
+
+TEST_F(PropTreeContainerTest, TheButtonsAskTheParent) {
+    const struct {
+        int id;
+        UINT code;
+    } buttons[] = {{1000, 4}, {1001, 5}, {IDOK, 4}, {IDCANCEL, 5}};
+    for (const auto& button : buttons) {
+        if (!::IsWindow(window_)) Open();
+        Pump();
+        parent_.notices.clear();
+        parent_.answer = nullptr;
+        ::SendMessageA(window_, WM_COMMAND, MAKEWPARAM(button.id, BN_CLICKED), 0);
+        EXPECT_EQ(parent_.Codes(), Codes{button.code});
+        EXPECT_TRUE(::IsWindow(window_)) << button.id;  // 0 keeps it open
+        parent_.answer = [](const Notice& notice) { return LRESULT{notice.code == 4 || notice.code == 5}; };
+        ::SendMessageA(window_, WM_COMMAND, MAKEWPARAM(button.id, BN_CLICKED), 0);
+        EXPECT_FALSE(::IsWindow(window_)) << button.id;
+    }
+}
+
+TEST_F(PropTreeContainerTest, ReturningNothingFromOkLeavesItOpen) {
+    Pump();
+    Press(1000);
+    EXPECT_EQ(parent_.Codes(), (Codes{1, 4}));
+    EXPECT_TRUE(::IsWindow(window_));
+    parent_.answer = [](const Notice&) { return LRESULT{1}; };
+    Press(1000);
+    EXPECT_FALSE(::IsWindow(window_));
+    EXPECT_EQ(parent_.Codes(), (Codes{1, 4, 4, 2}));
+}
+
+TEST_F(PropTreeContainerTest, OnlyAClickOnAButtonCounts) {
+    Pump();
+    ::SendMessageA(window_, WM_COMMAND, MAKEWPARAM(1000, BN_SETFOCUS), 0);
+    ::SendMessageA(window_, WM_COMMAND, MAKEWPARAM(1002, BN_CLICKED), 0);
+    EXPECT_EQ(parent_.Codes(), Codes{1});
+}
+
+TEST_F(PropTreeContainerTest, ClosingIsToldWithEachPageAndThenTheEnd) {
+    const HWND general = Add(kWide, "General");
+    const HWND com = Add(kTall, "COM Setup", nullptr, "General");
+    PropTreeContainer::selectByTitle(window_, "COM Setup");
+    Pump();
+    parent_.notices.clear();
+    const HWND window = window_;
+    ::SendMessageA(window_, WM_CLOSE, 0, 0);
+    EXPECT_EQ(parent_.Codes(), (Codes{3, 6, 6, 2}));
+    for (const Notice& notice : parent_.notices)
+        EXPECT_EQ(notice.from, window);
+    EXPECT_FALSE(::IsWindow(general));
+    EXPECT_FALSE(::IsWindow(com));
+    EXPECT_FALSE(::IsWindow(window));
+}
+
+TEST_F(PropTreeContainerTest, TheDialogKeysReachTheButtons) {
+    Add(kWide, "General");
+    PropTreeContainer::selectByTitle(window_, "General");
+    EXPECT_EQ(::SendMessageA(window_, DM_GETDEFID, 0, 0), MAKELRESULT(1000, DC_HASDEFID));
+    Pump();
+    parent_.notices.clear();
+    MSG key{};
+    key.hwnd = Tree();
+    key.message = WM_KEYDOWN;
+    key.wParam = VK_RETURN;
+    EXPECT_TRUE(::IsDialogMessageA(window_, &key));
+    Pump();
+    EXPECT_EQ(parent_.Codes(), Codes{4});
+    key.wParam = VK_ESCAPE;
+    EXPECT_TRUE(::IsDialogMessageA(window_, &key));
+    Pump();
+    EXPECT_EQ(parent_.Codes(), (Codes{4, 5}));
+}
+
+TEST_F(PropTreeContainerTest, TheTabKeyWalksThroughButtonsAndPage) {
+    const HWND page = Add(kWide, "General");
+    PropTreeContainer::selectByTitle(window_, "General");
+    ::SetFocus(window_);
+    EXPECT_EQ(::GetFocus(), Tree());
+    std::vector<HWND> order;
+    for (int i = 0; i < 4; ++i) {
+        MSG key{};
+        key.hwnd = ::GetFocus();
+        key.message = WM_KEYDOWN;
+        key.wParam = VK_TAB;
+        ::IsDialogMessageA(window_, &key);
+        order.push_back(::GetFocus());
+    }
+    EXPECT_EQ(order, (std::vector<HWND>{Button(1000), Button(1001), ::GetDlgItem(page, 40), ::GetDlgItem(page, 41)}));
+}
+
+TEST_F(PropTreeContainerTest, OtherWindowsAnswerNothing) {
+    for (const HWND other : {HWND{}, parent_.Window(), Tree()}) {
+        EXPECT_EQ(PropTreeContainer::addPage(other, nullptr, Instance(), kWide, "x", nullptr, nullptr), nullptr);
+        EXPECT_FALSE(PropTreeContainer::selectByTitle(other, "x"));
+        EXPECT_EQ(PropTreeContainer::currentPage(other), nullptr);
+    }
+}
+
+TEST_F(PropTreeContainerTest, WithoutAParentItStaysOpenUntilItIsClosed) {
+    const HWND alone = PropTreeContainer::create(nullptr, Instance(), "Alone", 10, 10);
+    ::SendMessageA(alone, WM_COMMAND, 1000, 0);
+    EXPECT_TRUE(::IsWindow(alone));
+    ::SendMessageA(alone, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(::IsWindow(alone));
+}
+
+}  // namespace
+}  // namespace corvex

@@ -1,0 +1,77 @@
+// A property tree with its parent, and how a user gets at it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "controls/proptree/PropTreeContainer.h"
+#include "tests/controls/window/ControlTestHelper.h"
+// After windows.h, which it leans on.
+#include <commctrl.h>
+
+namespace corvex {
+
+inline constexpr int kWide = 201, kTall = 202, kFramed = 203;
+
+class PropTreeFixture : public ::testing::Test {
+protected:
+    PropTreeFixture() {
+        PropTreeContainer::Register(Instance());
+        ::MoveWindow(parent_.Window(), 100, 80, 700, 600, FALSE);
+        Open();
+    }
+    ~PropTreeFixture() override {
+        if (::IsWindow(window_)) ::DestroyWindow(window_);
+    }
+
+    static HINSTANCE Instance() { return ::GetModuleHandleA(nullptr); }
+    void Open() { window_ = PropTreeContainer::create(parent_.Window(), Instance(), "Preferences", 150, 100); }
+    HWND Add(int templateId, const char* title, const char* after = nullptr, const char* parent = nullptr) {
+        return PropTreeContainer::addPage(window_, nullptr, Instance(), templateId, title, after, parent);
+    }
+    HWND Tree() const { return ::FindWindowExA(window_, nullptr, WC_TREEVIEWA, nullptr); }
+    HWND Button(int id) const { return ::GetDlgItem(window_, id); }
+    void Press(int id) { ::SendMessageA(Button(id), BM_CLICK, 0, 0); }
+
+    HTREEITEM Next(UINT relation, HTREEITEM item) const {
+        return reinterpret_cast<HTREEITEM>(
+            ::SendMessageA(Tree(), TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+    }
+    HTREEITEM FirstRoot() const { return Next(TVGN_ROOT, nullptr); }
+    // The titles below an item, each with its children in brackets.
+    std::string Shape(HTREEITEM first) const {
+        std::string shape;
+        for (HTREEITEM item = first; item != nullptr; item = Next(TVGN_NEXT, item)) {
+            if (item != first) shape += " ";
+            char title[64] = "";
+            TVITEMA words{};
+            words.mask = TVIF_TEXT | TVIF_HANDLE;
+            words.hItem = item;
+            words.pszText = title;
+            words.cchTextMax = sizeof title;
+            ::SendMessageA(Tree(), TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&words));
+            shape += title;
+            const HTREEITEM child = Next(TVGN_CHILD, item);
+            if (child != nullptr) shape.append("(").append(Shape(child)).append(")");
+        }
+        return shape;
+    }
+    std::string Shape() const { return Shape(FirstRoot()); }
+    SIZE ClientSize() const {
+        RECT client{};
+        ::GetClientRect(window_, &client);
+        return {client.right, client.bottom};
+    }
+    static SIZE SizeOf(HWND window) {
+        RECT area{};
+        ::GetWindowRect(window, &area);
+        return {area.right - area.left, area.bottom - area.top};
+    }
+
+    TestParent parent_;
+    HWND window_ = nullptr;
+};
+
+}  // namespace corvex
