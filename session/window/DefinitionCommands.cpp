@@ -79,12 +79,14 @@ void DefinitionCommands::RefreshPages() {
 }
 
 void DefinitionCommands::LoadCommand() {
-    const std::optional<std::string> path = AskOpenPath(desktop_.MainWindow(), kLoadDefinitionPrompt);
+    const std::optional<std::string> path =
+        AskOpenPath(desktop_.MainWindow(), kLoadDefinitionPrompt, &desktop_.session.debug);
     if (path) LoadDefinition(*path);
 }
 
 void DefinitionCommands::ImportCommand() {
-    const std::optional<std::string> path = AskOpenPath(desktop_.MainWindow(), kImportDefinitionPrompt);
+    const std::optional<std::string> path =
+        AskOpenPath(desktop_.MainWindow(), kImportDefinitionPrompt, &desktop_.session.debug);
     if (path) ImportDefinition(*path);
 }
 
@@ -98,7 +100,8 @@ void DefinitionCommands::SaveCommand() {
 }
 
 void DefinitionCommands::SaveAsCommand() {
-    const std::optional<std::string> path = AskSavePath(desktop_.MainWindow(), kSaveDefinitionPrompt);
+    const std::optional<std::string> path =
+        AskSavePath(desktop_.MainWindow(), kSaveDefinitionPrompt, &desktop_.session.debug);
     if (path && Write(*path)) SetPath(desktop_.session.settings.lastadxpath, *path);
 }
 

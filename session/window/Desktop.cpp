@@ -45,8 +45,8 @@ SessionCalls Desktop::Calls() {
     calls.setLogRange = [this](std::uint32_t last) { LogBar::SetRange(session, last); };
     calls.refreshTitle = [this] { RefreshTitle(session); };
     calls.checkSpeed = [this](std::uint32_t command) { CheckSpeed(MainWindow(), command); };
-    calls.askSavePath = [this](const FilePrompt& prompt) { return AskSavePath(MainWindow(), prompt); };
-    calls.askOpenPath = [this](const FilePrompt& prompt) { return AskOpenPath(MainWindow(), prompt); };
+    calls.askSavePath = [this](const FilePrompt& prompt) { return AskSavePath(MainWindow(), prompt, &session.debug); };
+    calls.askOpenPath = [this](const FilePrompt& prompt) { return AskOpenPath(MainWindow(), prompt, &session.debug); };
     calls.showBox = [this](const char* caption, const char* text) {
         ::MessageBoxA(MainWindow(), text, caption, MB_OK | MB_ICONSTOP);
     };

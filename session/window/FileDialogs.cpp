@@ -1,5 +1,6 @@
 #include "session/window/FileDialogs.h"
 
+#include <cderr.h>
 #include <commdlg.h>
 
 #include "platform/WindowsApi.h"
@@ -17,7 +18,8 @@ std::string FilterOf(const FilePrompt& prompt) {
 }
 
 // `dialog` is one of the system's two, which take the same words.
-std::optional<std::string> Ask(BOOL(WINAPI* dialog)(OPENFILENAMEA*), HWND owner, const FilePrompt& prompt) {
+std::optional<std::string> Ask(BOOL(WINAPI* dialog)(OPENFILENAMEA*), HWND owner, const FilePrompt& prompt,
+                               DebugOutput* debug) {
     char path[AppSettings::kPathSize] = "";
     const std::string filter = FilterOf(prompt);
     OPENFILENAMEA words{};
@@ -30,18 +32,23 @@ std::optional<std::string> Ask(BOOL(WINAPI* dialog)(OPENFILENAMEA*), HWND owner,
     words.lpstrDefExt = prompt.extension;
     // The scratch log and the settings are found by the program's folder, but a name given without one is not.
     words.Flags = prompt.flags | OFN_NOCHANGEDIR;
-    if (dialog(&words) == FALSE) return std::nullopt;
+    if (dialog(&words) == FALSE) {
+        if (::CommDlgExtendedError() == FNERR_BUFFERTOOSMALL) {
+            DebugOutput::Print(debug, "The name is longer than %u characters.", unsigned{AppSettings::kPathSize - 1});
+        }
+        return std::nullopt;
+    }
     return std::string(path);
 }
 
 }  // namespace
 
-std::optional<std::string> AskOpenPath(HWND owner, const FilePrompt& prompt) {
-    return Ask(&::GetOpenFileNameA, owner, prompt);
+std::optional<std::string> AskOpenPath(HWND owner, const FilePrompt& prompt, DebugOutput* debug) {
+    return Ask(&::GetOpenFileNameA, owner, prompt, debug);
 }
 
-std::optional<std::string> AskSavePath(HWND owner, const FilePrompt& prompt) {
-    return Ask(&::GetSaveFileNameA, owner, prompt);
+std::optional<std::string> AskSavePath(HWND owner, const FilePrompt& prompt, DebugOutput* debug) {
+    return Ask(&::GetSaveFileNameA, owner, prompt, debug);
 }
 
 }  // namespace corvex

@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "controls/proptree/PropTreeContainer.h"
+#include "controls/window/CommonControls.h"
+#include "session/window/DialogResources.h"
+#include "session/window/Preferences.h"
+#include "tests/session/window/dialogs/DialogOperator.h"
+#include "tests/views/WindowPicture.h"
+
+namespace corvex::test {
+namespace {
+
+constexpr int kOk = 1000, kCancel = 1001;
+
+// A main window that does with notifications what it should, and keeps a diary.
+class PreferencesTest : public ::testing::Test {
+protected:
+    PreferencesTest() {
+        const HINSTANCE instance = ::GetModuleHandleA(nullptr);
+        EXPECT_TRUE(PropTreeContainer::Register(instance));
+        WNDCLASSA words{};
+        words.lpfnWndProc = &Procedure;
+        words.hInstance = instance;
+        words.lpszClassName = "PreferencesTestMain";
+        ::RegisterClassA(&words);
+        session.instance = instance;
+        main = ::CreateWindowExA(0, "PreferencesTestMain", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 650, 500,
+                                 nullptr, nullptr, instance, this);
+        session.mainWindow = main;
+    }
+    ~PreferencesTest() override {
+        if (main != nullptr) ::DestroyWindow(main);
+    }
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message == WM_NCCREATE) {
+            const auto* words = reinterpret_cast<const CREATESTRUCTA*>(lParam);
+            ::SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(words->lpCreateParams));
+        }
+        auto* const test = reinterpret_cast<PreferencesTest*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
+        if (test != nullptr && message == WM_ENABLE) test->diary.push_back(wParam != 0 ? "enabled" : "disabled");
+        if (test != nullptr && message == WM_NOTIFY) {
+            const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
+            test->diary.push_back(std::to_string(header.code));
+            return OnPreferencesNotify(test->session, header);
+        }
+        return ::DefWindowProcA(window, message, wParam, lParam);
+    }
+
+    HWND Window() const { return static_cast<HWND>(session.preferencesWindow); }
+    HWND Port() const { return ::GetDlgItem(PropTreeContainer::currentPage(Window()), IDC_PORT_DIGIT); }
+    void Type(const char* text) const { ::SetWindowTextA(Port(), text); }
+    std::string PortAfter(const char* typed, int button = kOk) {
+        OpenPreferences(session);
+        Type(typed);
+        Press(Window(), button);
+        EXPECT_EQ(nullptr, Window());
+        return session.settings.comport;
+    }
+    std::size_t DiaryPlace(const std::string& entry) const {
+        return static_cast<std::size_t>(std::find(diary.begin(), diary.end(), entry) - diary.begin());
+    }
+
+    SessionState session;
+    HWND main;
+    std::vector<std::string> diary;
+};
+
+std::string ItemTitle(HWND tree, HTREEITEM item) {
+    char text[64] = "";
+    TVITEMA words{};
+    words.mask = TVIF_TEXT;
+    words.hItem = item;
+    words.pszText = text;
+    words.cchTextMax = sizeof text;
+    ::SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&words));
+    return text;
+}
+
+HTREEITEM Next(HWND tree, UINT which, HTREEITEM item) {
+    return reinterpret_cast<HTREEITEM>(::SendMessageA(tree, TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(item)));
+}
+
+TEST_F(PreferencesTest, HasThreePagesBelowEachOtherAndShowsComSetup) {
+    OpenPreferences(session);
+    EXPECT_EQ("Preferences", TextOf(Window()));
+    const HWND tree = ::FindWindowExA(Window(), nullptr, WC_TREEVIEWA, nullptr);
+    std::vector<std::string> titles;
+    for (HTREEITEM item = Next(tree, TVGN_ROOT, nullptr); item != nullptr; item = Next(tree, TVGN_NEXT, item)) {
+        titles.push_back(ItemTitle(tree, item));
+        EXPECT_EQ(nullptr, Next(tree, TVGN_CHILD, item));
+    }
+    EXPECT_EQ((std::vector<std::string>{"General", "COM Setup", "Keyboard Accelerators"}), titles);
+    EXPECT_EQ("COM Setup", ItemTitle(tree, Next(tree, TVGN_CARET, nullptr)));
+    EXPECT_TRUE(::IsWindowVisible(Port()));
+}
+
+TEST_F(PreferencesTest, KeepsTheMainWindowDisabledWhileItIsOpen) {
+    OpenPreferences(session);
+    EXPECT_FALSE(::IsWindowEnabled(main));
+    EXPECT_EQ(main, ::GetWindow(Window(), GW_OWNER));
+    Press(Window(), kCancel);
+    EXPECT_TRUE(::IsWindowEnabled(main));
+}
+
+TEST_F(PreferencesTest, GivesTheMainWindowBackBeforeItGoes) {
+    for (const int way : {kOk, kCancel, 0}) {
+        OpenPreferences(session);
+        diary.clear();
+        if (way == 0) {
+            ::SendMessageA(Window(), WM_CLOSE, 0, 0);
+        } else {
+            Press(Window(), way);
+        }
+        EXPECT_LT(DiaryPlace("enabled"), DiaryPlace("2")) << way;
+        EXPECT_LT(DiaryPlace("2"), diary.size()) << way;
+        EXPECT_EQ(main, ::GetActiveWindow());
+    }
+}
+
+TEST_F(PreferencesTest, ShowsTheDigitOfThePortAndTakesTwoCharacters) {
+    session.settings.comport[3] = '7';
+    OpenPreferences(session);
+    EXPECT_EQ("7", TextOf(Port()));
+    EXPECT_EQ(2, ::SendMessageA(Port(), EM_GETLIMITTEXT, 0, 0));
+}
+
+TEST_F(PreferencesTest, OkStoresTheDigit) {
+    EXPECT_EQ("COM3", PortAfter("3"));
+    EXPECT_EQ("COM9", PortAfter("9"));
+}
+
+TEST_F(PreferencesTest, OkStoresALargerNumberAsItIsTold) {
+    EXPECT_EQ("COM<", PortAfter("12"));
+    EXPECT_EQ("COM0", PortAfter(""));
+}
+
+TEST_F(PreferencesTest, CancelAndCloseStoreNothing) {
+    EXPECT_EQ("COM1", PortAfter("4", kCancel));
+    OpenPreferences(session);
+    Type("5");
+    ::SendMessageA(Window(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(nullptr, Window());
+    EXPECT_STREQ("COM1", session.settings.comport);
+    EXPECT_TRUE(::IsWindowEnabled(main));
+}
+
+TEST_F(PreferencesTest, OkTakesThePortFromItsPageWhicheverIsOnShow) {
+    OpenPreferences(session);
+    Type("6");
+    PropTreeContainer::selectByTitle(Window(), "Keyboard Accelerators");
+    EXPECT_EQ("Keyboard Accelerator Configuration n' Junk (Non-functional at the moment)",
+              TextOf(::GetWindow(PropTreeContainer::currentPage(Window()), GW_CHILD)));
+    Press(Window(), kOk);
+    EXPECT_STREQ("COM6", session.settings.comport);
+}
+
+TEST_F(PreferencesTest, OpensOnlyOnce) {
+    OpenPreferences(session);
+    const HWND first = Window();
+    OpenPreferences(session);
+    EXPECT_EQ(first, Window());
+    Press(first, kCancel);
+    OpenPreferences(session);
+    EXPECT_NE(nullptr, Window());
+}
+
+TEST_F(PreferencesTest, GoesWithTheMainWindow) {
+    OpenPreferences(session);
+    const HWND window = Window();
+    ::DestroyWindow(std::exchange(main, nullptr));
+    EXPECT_FALSE(::IsWindow(window));
+    EXPECT_EQ(nullptr, session.preferencesWindow);
+}
+
+TEST_F(PreferencesTest, LeavesNotificationsOfOthersAlone) {
+    NMHDR header{main, 0, PTN_OK};
+    EXPECT_EQ(0, OnPreferencesNotify(session, header));
+    OpenPreferences(session);
+    Type("8");
+    EXPECT_EQ(0, OnPreferencesNotify(session, header));
+    EXPECT_STREQ("COM1", session.settings.comport);
+    EXPECT_FALSE(::IsWindowEnabled(main));
+}
+
+TEST_F(PreferencesTest, HasRoomForItsTexts) {
+    OpenPreferences(session);
+    for (const char* title : {"General", "COM Setup", "Keyboard Accelerators"}) {
+        ASSERT_TRUE(PropTreeContainer::selectByTitle(Window(), title));
+        SavePicture(Window(), std::string("Preferences ").append(title));
+        RECT page{}, window{}, common{};
+        ::GetWindowRect(PropTreeContainer::currentPage(Window()), &page);
+        ::GetWindowRect(Window(), &window);
+        ::IntersectRect(&common, &page, &window);
+        EXPECT_TRUE(::EqualRect(&common, &page)) << title;
+    }
+}
+
+}  // namespace
+}  // namespace corvex::test
