@@ -1,0 +1,179 @@
+#include <gtest/gtest.h>
+
+#include "controls/window/ControlWindow.h"
+
+namespace corvex {
+namespace {
+
+constexpr char kProbeClass[] = "CorvexProbe", kOtherClass[] = "CorvexOtherProbe";
+
+enum ProbeMessage : UINT {
+    PM_DESTROY = WM_APP,  // destroys the window, then uses the object
+    PM_NESTED,            // the same from a handler within a handler
+    PM_ADD,               // adds wParam; the sum is returned
+};
+
+struct Wishes {
+    UINT refuse = 0;  // this message is answered with failure
+    bool deletedWithinHandler = false;
+    int alive = 0;
+};
+
+class Probe : public ControlWindow {
+public:
+    Probe(HWND window, void* wishes) : ControlWindow(window), wishes_(*static_cast<Wishes*>(wishes)) {
+        ++wishes_.alive;
+    }
+    ~Probe() override { --wishes_.alive; }
+
+    int Sum() const { return sum_; }
+
+private:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        Wishes& wishes = wishes_;
+        if (message == wishes.refuse) return message == WM_CREATE ? -1 : FALSE;
+        switch (message) {
+            case PM_NESTED:
+                ::SendMessageA(Window(), PM_DESTROY, 0, 0);
+                break;
+            case PM_DESTROY:
+                ::DestroyWindow(Window());
+                break;
+            case PM_ADD:
+                return sum_ += static_cast<int>(wParam);
+            default:
+                return Default(message, wParam, lParam);
+        }
+        if (wishes.alive == 0) wishes.deletedWithinHandler = true;
+        return ++sum_;
+    }
+
+    Wishes& wishes_;
+    int sum_ = 0;
+};
+
+class OtherProbe : public ControlWindow {
+public:
+    using ControlWindow::ControlWindow;
+
+private:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override { return Default(message, wParam, lParam); }
+};
+
+class ControlWindowTest : public ::testing::Test {
+protected:
+    ControlWindowTest() {
+        ControlClass words{};
+        words.name = kProbeClass;
+        words.style = CS_DBLCLKS;
+        words.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
+        registered_ = RegisterControl<Probe>(instance_, words);
+    }
+
+    HWND Create(const char* name = kProbeClass) {
+        return ::CreateWindowExA(0, name, "", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr, instance_, &wishes_);
+    }
+
+    const HINSTANCE instance_ = ::GetModuleHandleA(nullptr);
+    bool registered_ = false;
+    Wishes wishes_;
+};
+
+TEST_F(ControlWindowTest, RegistersTheClassAsToldWithTheArrow) {
+    ASSERT_TRUE(registered_);
+    WNDCLASSA words{};
+    ASSERT_TRUE(::GetClassInfoA(instance_, kProbeClass, &words));
+    EXPECT_EQ(words.style, static_cast<UINT>(CS_DBLCLKS));
+    EXPECT_EQ(words.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+    EXPECT_EQ(words.hbrBackground, reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1)));
+}
+
+TEST_F(ControlWindowTest, RegisteringAgainIsNoFailure) {
+    ControlClass words{};
+    words.name = kProbeClass;
+    EXPECT_TRUE(RegisterControl<Probe>(instance_, words));
+}
+
+TEST_F(ControlWindowTest, ObjectLivesAsLongAsItsWindow) {
+    const HWND window = Create();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(wishes_.alive, 1);
+    ASSERT_NE(ControlOf<Probe>(window), nullptr);
+    EXPECT_EQ(ControlOf<Probe>(window)->Window(), window);
+    ::DestroyWindow(window);
+    EXPECT_EQ(wishes_.alive, 0);
+    EXPECT_EQ(ControlOf<Probe>(window), nullptr);
+}
+
+TEST_F(ControlWindowTest, ObjectGoesWithItsParentsWindow) {
+    const HWND parent = Create();
+    const HWND child =
+        ::CreateWindowExA(0, kProbeClass, "", WS_CHILD, 0, 0, 5, 5, parent, nullptr, instance_, &wishes_);
+    ASSERT_NE(child, nullptr);
+    ASSERT_EQ(wishes_.alive, 2);
+    ::DestroyWindow(parent);
+    EXPECT_EQ(wishes_.alive, 0);
+}
+
+TEST_F(ControlWindowTest, TwoWindowsKnowNothingOfEachOther) {
+    const HWND first = Create(), second = Create();
+    ::SendMessageA(first, PM_ADD, 5, 0);
+    EXPECT_EQ(::SendMessageA(second, PM_ADD, 2, 0), 2);
+    EXPECT_EQ(ControlOf<Probe>(first)->Sum(), 5);
+    ::DestroyWindow(first);
+    EXPECT_EQ(::SendMessageA(second, PM_ADD, 1, 0), 3);
+    ::DestroyWindow(second);
+}
+
+TEST_F(ControlWindowTest, WindowDestroyedFromInsideItsHandlerKeepsTheObjectUntilItReturns) {
+    const HWND window = Create();
+    EXPECT_EQ(::SendMessageA(window, PM_DESTROY, 0, 0), 1);
+    EXPECT_FALSE(::IsWindow(window));
+    EXPECT_FALSE(wishes_.deletedWithinHandler);
+    EXPECT_EQ(wishes_.alive, 0);
+}
+
+TEST_F(ControlWindowTest, ObjectWaitsForTheOutermostHandler) {
+    const HWND window = Create();
+    EXPECT_EQ(::SendMessageA(window, PM_NESTED, 0, 0), 2);
+    EXPECT_FALSE(wishes_.deletedWithinHandler);
+    EXPECT_EQ(wishes_.alive, 0);
+}
+
+TEST_F(ControlWindowTest, HoldKeepsTheObjectOfAWindowThatGoes) {
+    const HWND window = Create();
+    Probe* const probe = ControlOf<Probe>(window);
+    {
+        const ControlHold hold(probe);
+        ::DestroyWindow(window);
+        EXPECT_EQ(wishes_.alive, 1);
+        EXPECT_EQ(probe->Sum(), 0);
+        EXPECT_EQ(ControlOf<Probe>(window), nullptr);
+    }
+    EXPECT_EQ(wishes_.alive, 0);
+    const ControlHold nothing(nullptr);
+}
+
+TEST_F(ControlWindowTest, WindowThatIsRefusedLeavesNoObject) {
+    for (const UINT message : {UINT{WM_NCCREATE}, UINT{WM_CREATE}}) {
+        wishes_.refuse = message;
+        EXPECT_EQ(Create(), nullptr) << message;
+        EXPECT_EQ(wishes_.alive, 0) << message;
+    }
+}
+
+TEST_F(ControlWindowTest, ObjectIsFoundInWindowsOfItsOwnClassAlone) {
+    ControlClass words{};
+    words.name = kOtherClass;
+    ASSERT_TRUE(RegisterControl<OtherProbe>(instance_, words));
+    const HWND other = Create(kOtherClass), button = Create("BUTTON");
+    EXPECT_EQ(ControlOf<Probe>(other), nullptr);
+    EXPECT_NE(ControlOf<OtherProbe>(other), nullptr);
+    EXPECT_EQ(ControlOf<Probe>(button), nullptr);
+    EXPECT_EQ(ControlOf<Probe>(nullptr), nullptr);
+    ::DestroyWindow(other);
+    ::DestroyWindow(button);
+}
+
+}  // namespace
+}  // namespace corvex

@@ -1,0 +1,104 @@
+#include <gtest/gtest.h>
+
+#include "controls/window/GdiObjects.h"
+
+namespace corvex {
+namespace {
+
+OwnedBrush MakeBrush() {
+    return OwnedBrush(::CreateSolidBrush(0x123456));
+}
+
+TEST(GdiObjectsTest, OwnerDeletesItsObjectAndCountsIt) {
+    const std::size_t before = LiveGdiObjects();
+    HBRUSH handle = nullptr;
+    {
+        const OwnedBrush brush = MakeBrush();
+        handle = brush.Get();
+        ASSERT_EQ(::GetObjectType(handle), static_cast<DWORD>(OBJ_BRUSH));
+        EXPECT_EQ(LiveGdiObjects(), before + 1);
+    }
+    EXPECT_EQ(::GetObjectType(handle), 0u);
+    EXPECT_EQ(LiveGdiObjects(), before);
+}
+
+TEST(GdiObjectsTest, FailureMakesAnEmptyOwner) {
+    const std::size_t before = LiveGdiObjects();
+    const OwnedBrush brush(nullptr);
+    EXPECT_FALSE(brush);
+    EXPECT_EQ(LiveGdiObjects(), before);
+}
+
+TEST(GdiObjectsTest, MovedFromOwnerIsEmpty) {
+    const std::size_t before = LiveGdiObjects();
+    OwnedBrush first = MakeBrush();
+    const HBRUSH handle = first.Get();
+    const OwnedBrush second = std::move(first);
+    EXPECT_EQ(second.Get(), handle);
+    EXPECT_EQ(first.Get(), nullptr);
+    EXPECT_EQ(LiveGdiObjects(), before + 1);
+}
+
+TEST(GdiObjectsTest, MoveAssignmentDeletesWhatWasHeld) {
+    const std::size_t before = LiveGdiObjects();
+    OwnedBrush first = MakeBrush(), second = MakeBrush();
+    const HBRUSH dropped = second.Get(), kept = first.Get();
+    second = std::move(first);
+    EXPECT_EQ(::GetObjectType(dropped), 0u);
+    EXPECT_EQ(second.Get(), kept);
+    EXPECT_EQ(LiveGdiObjects(), before + 1);
+}
+
+TEST(GdiObjectsTest, OwnerAssignedToItselfKeepsItsObject) {
+    OwnedBrush brush = MakeBrush();
+    const HBRUSH handle = brush.Get();
+    OwnedBrush& same = brush;
+    brush = std::move(same);
+    EXPECT_EQ(brush.Get(), handle);
+    EXPECT_EQ(::GetObjectType(handle), static_cast<DWORD>(OBJ_BRUSH));
+}
+
+TEST(GdiObjectsTest, ReleasedObjectLivesAndIsNoLongerCounted) {
+    const std::size_t before = LiveGdiObjects();
+    OwnedBrush brush = MakeBrush();
+    const HBRUSH handle = brush.Release();
+    EXPECT_FALSE(brush);
+    EXPECT_EQ(LiveGdiObjects(), before);
+    EXPECT_EQ(::GetObjectType(handle), static_cast<DWORD>(OBJ_BRUSH));
+    const OwnedBrush again(handle);
+}
+
+TEST(GdiObjectsTest, ContextsAreCountedAndGivenBack) {
+    const std::size_t before = LiveGdiObjects();
+    HDC memory = nullptr;
+    {
+        const MemoryDc first;
+        const ClientDc screen(nullptr);
+        memory = first.Get();
+        EXPECT_NE(screen.Get(), nullptr);
+        EXPECT_EQ(LiveGdiObjects(), before + 2);
+    }
+    EXPECT_EQ(LiveGdiObjects(), before);
+    EXPECT_EQ(::GetObjectType(memory), 0u);
+}
+
+TEST(GdiObjectsTest, SelectGuardPutsTheFormerObjectBack) {
+    const MemoryDc dc;
+    const OwnedBrush brush = MakeBrush();
+    const HGDIOBJ former = ::GetCurrentObject(dc.Get(), OBJ_BRUSH);
+    {
+        const SelectGuard guard(dc.Get(), brush.Get());
+        EXPECT_EQ(::GetCurrentObject(dc.Get(), OBJ_BRUSH), brush.Get());
+    }
+    EXPECT_EQ(::GetCurrentObject(dc.Get(), OBJ_BRUSH), former);
+}
+
+TEST(GdiObjectsTest, SelectGuardOfNothingChangesNothing) {
+    const MemoryDc dc;
+    const HGDIOBJ former = ::GetCurrentObject(dc.Get(), OBJ_FONT);
+    const SelectGuard guard(dc.Get(), nullptr);
+    EXPECT_EQ(::GetCurrentObject(dc.Get(), OBJ_FONT), former);
+}
+
+}  // namespace
+}  // namespace corvex

@@ -1,0 +1,90 @@
+#include <gtest/gtest.h>
+
+#include "controls/window/ControlWindow.h"
+#include "controls/window/OffscreenPaint.h"
+#include "tests/controls/window/PaintTestHelper.h"
+
+namespace corvex {
+namespace {
+
+constexpr char kClass[] = "CorvexPaintProbe";
+
+class PaintProbe : public ControlWindow {
+public:
+    using ControlWindow::ControlWindow;
+
+    COLORREF colour = 0;
+    COLORREF onScreenBeforeTheCopy = 0;
+    RECT area{};
+    int paints = 0;
+
+private:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_ERASEBKGND) return 1;
+        if (message != WM_PAINT) return Default(message, wParam, lParam);
+        const OffscreenPaint paint(Window());
+        area = paint.Area();
+        const OwnedBrush brush(::CreateSolidBrush(colour));
+        ::FillRect(paint.Dc(), &area, brush.Get());
+        onScreenBeforeTheCopy = PixelOf(Window(), 1, 1);
+        ++paints;
+        return 0;
+    }
+};
+
+class OffscreenPaintTest : public ::testing::Test {
+protected:
+    OffscreenPaintTest() {
+        ControlClass words{};
+        words.name = kClass;
+        const HINSTANCE instance = ::GetModuleHandleA(nullptr);
+        RegisterControl<PaintProbe>(instance, words);
+        window_ = ::CreateWindowExA(0, kClass, "", WS_POPUP | WS_VISIBLE, 20, 20, 40, 30, nullptr, nullptr, instance,
+                                    nullptr);
+        probe_ = ControlOf<PaintProbe>(window_);
+    }
+    ~OffscreenPaintTest() override { ::DestroyWindow(window_); }
+
+    void Repaint(COLORREF colour) {
+        probe_->colour = colour;
+        ::RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    }
+
+    HWND window_ = nullptr;
+    PaintProbe* probe_ = nullptr;
+};
+
+TEST_F(OffscreenPaintTest, CopiesTheWholeClientInOneStepAtTheEnd) {
+    Repaint(0x0000FF);
+    Repaint(0x00FF00);
+    EXPECT_EQ(probe_->onScreenBeforeTheCopy, 0x0000FFu);
+    EXPECT_EQ(ColoursOf(window_), std::set<COLORREF>{0x00FF00u});
+    EXPECT_EQ(probe_->area.right, 40);
+    EXPECT_EQ(probe_->area.bottom, 30);
+}
+
+TEST_F(OffscreenPaintTest, LeavesNothingToPaint) {
+    Repaint(0x0000FF);
+    EXPECT_FALSE(::GetUpdateRect(window_, nullptr, FALSE));
+}
+
+TEST_F(OffscreenPaintTest, ThousandPaintsLeakNothing) {
+    Repaint(0);
+    const std::size_t before = LiveGdiObjects();
+    const int paints = probe_->paints;
+    for (int i = 0; i < 1000; ++i)
+        Repaint(static_cast<COLORREF>(i));
+    EXPECT_EQ(probe_->paints, paints + 1000);
+    EXPECT_EQ(LiveGdiObjects(), before);
+}
+
+TEST_F(OffscreenPaintTest, PaintsAWindowThatHasNoArea) {
+    ::SetWindowPos(window_, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOZORDER);
+    const int paints = probe_->paints;
+    ::SendMessageA(window_, WM_PAINT, 0, 0);
+    EXPECT_EQ(probe_->paints, paints + 1);
+    EXPECT_TRUE(::IsRectEmpty(&probe_->area));
+}
+
+}  // namespace
+}  // namespace corvex
