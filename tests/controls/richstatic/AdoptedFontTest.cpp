@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+
+#include "controls/richstatic/AdoptedFont.h"
+#include "tests/controls/window/PaintTestHelper.h"
+
+namespace corvex {
+namespace {
+
+bool Lives(HFONT font) {
+    return ::GetObjectType(font) == OBJ_FONT;
+}
+
+TEST(AdoptedFontTest, BeginsWithTheSystemsFontInWeight500) {
+    const AdoptedFont font;
+    LOGFONTA own{}, stock{};
+    ASSERT_NE(::GetObjectA(font.InUse(), sizeof own, &own), 0);
+    ::GetObjectA(::GetStockObject(DEFAULT_GUI_FONT), sizeof stock, &stock);
+    EXPECT_EQ(own.lfWeight, 500);
+    EXPECT_EQ(own.lfHeight, stock.lfHeight);
+    EXPECT_STREQ(own.lfFaceName, stock.lfFaceName);
+}
+
+TEST(AdoptedFontTest, DeletesTheAdoptedOneWhenItGoesBack) {
+    AdoptedFont font;
+    const HFONT own = font.InUse(), other = MakeTestFont().Release();
+    font.Adopt(other);
+    EXPECT_EQ(font.InUse(), other);
+    font.Adopt(nullptr);
+    EXPECT_EQ(font.InUse(), own);
+    EXPECT_FALSE(Lives(other));
+    EXPECT_TRUE(Lives(own));
+}
+
+TEST(AdoptedFontTest, DeletesTheAdoptedOneWhenAnotherComes) {
+    AdoptedFont font;
+    const HFONT first = MakeTestFont().Release(), second = MakeTestFont().Release();
+    font.Adopt(first);
+    font.Adopt(second);
+    EXPECT_FALSE(Lives(first));
+    EXPECT_TRUE(Lives(second));
+    EXPECT_EQ(font.InUse(), second);
+}
+
+TEST(AdoptedFontTest, KeepsTheFontThatIsHandedOverTwice) {
+    AdoptedFont font;
+    const HFONT other = MakeTestFont().Release();
+    font.Adopt(other);
+    font.Adopt(other);
+    EXPECT_EQ(font.InUse(), other);
+    EXPECT_TRUE(Lives(other));
+}
+
+TEST(AdoptedFontTest, MayBeGivenItsOwnFontBack) {
+    AdoptedFont font;
+    const HFONT own = font.InUse();
+    const std::size_t owned = LiveGdiObjects();
+    font.Adopt(own);
+    EXPECT_EQ(LiveGdiObjects(), owned);
+    font.Adopt(MakeTestFont().Release());
+    EXPECT_TRUE(Lives(own));
+    font.Adopt(own);
+    EXPECT_EQ(font.InUse(), own);
+    EXPECT_EQ(LiveGdiObjects(), owned);
+}
+
+TEST(AdoptedFontTest, TakesBothFontsWithIt) {
+    const std::size_t before = LiveGdiObjects();
+    HFONT own = nullptr, other = MakeTestFont().Release();
+    {
+        AdoptedFont font;
+        own = font.InUse();
+        font.Adopt(other);
+    }
+    EXPECT_FALSE(Lives(own));
+    EXPECT_FALSE(Lives(other));
+    EXPECT_EQ(LiveGdiObjects(), before);
+}
+
+}  // namespace
+}  // namespace corvex
