@@ -81,6 +81,10 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_DESTROY:
             OnDestroy();
             return 0;
+        case WM_ENDSESSION:
+            // The system ends the process when this returns; a recording is whole in its file at any moment.
+            if (wParam != FALSE) SaveSettings();
+            return 0;
         case kMessageRefreshStatus:
             StatusPanels::Refresh(desktop_.session);
             return 0;
@@ -185,9 +189,13 @@ LRESULT MainWindow::OnSessionMessage(UINT message) {
 }
 
 void MainWindow::OnDestroy() {
+    SaveSettings();
+    ::PostQuitMessage(0);
+}
+
+void MainWindow::SaveSettings() {
     KeepPlace(Window(), &desktop_.session.settings);
     WriteSettings(&desktop_.session.settings);
-    ::PostQuitMessage(0);
 }
 
 }  // namespace corvex

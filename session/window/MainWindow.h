@@ -31,6 +31,7 @@ private:
     LRESULT OnNotify(NMHDR* header);
     LRESULT OnSessionMessage(UINT message);
     void OnDestroy();
+    void SaveSettings();
 
     Desktop& desktop_;
     std::unique_ptr<ToolImages> images_;

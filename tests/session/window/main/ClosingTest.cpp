@@ -44,6 +44,15 @@ TEST_F(ClosingTest, SavesThePlaceThatItHadLast) {
     EXPECT_EQ("520", Line("winsizey"));
 }
 
+TEST_F(ClosingTest, ALogoffSavesThePlaceToo) {
+    Start();
+    ::SetWindowPos(window, nullptr, 40, 50, 700, 520, SWP_NOZORDER);
+    ::SendMessageA(window, WM_ENDSESSION, FALSE, 0);
+    EXPECT_EQ("none", Line("winposx"));
+    ::SendMessageA(window, WM_ENDSESSION, TRUE, 0);
+    EXPECT_EQ("40", Line("winposx"));
+}
+
 TEST_F(ClosingTest, ComesBackWhereItWas) {
     folder.Put("Settings.dat", "winposx=40\nwinposy=50\nwinsizex=700\nwinsizey=520\n");
     Start();
