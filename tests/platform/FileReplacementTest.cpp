@@ -47,6 +47,18 @@ TEST_F(FileReplacementTest, MakesAFileWhereThereWasNone) {
     EXPECT_EQ(Content(Path("file")), "new");
 }
 
+TEST_F(FileReplacementTest, TakesThePlaceOfAFileWithTheLongestPath) {
+    std::string path = Path("x");
+    path.append(259 - path.size(), 'x');
+    Put(path, "old");
+    const std::string fresh = FreshNameFor(path);
+    ASSERT_NE(fresh, "");
+    Put(fresh, "new");
+    EXPECT_TRUE(MoveIntoPlace(fresh, path));
+    EXPECT_EQ(Content(path), "new");
+    EXPECT_FALSE(fs::exists(fresh));
+}
+
 TEST_F(FileReplacementTest, KeepsWhatStandsThereWhenTheNewFileIsMissing) {
     Put(Path("file"), "old");
     EXPECT_FALSE(MoveIntoPlace(FreshNameFor(Path("file")), Path("file")));
