@@ -39,10 +39,11 @@ HWND Look(const DialogLook* look) {
     return search.found;
 }
 
-// Every kind of box knows one of these.
+// A box is agreed to, whatever it asks, and anything else is given up.
 void Dismiss(HWND dialog) {
-    for (const int button : {IDCANCEL, IDYES, IDOK})
-        ::PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    if (::GetDlgItem(dialog, kBoxText) == nullptr) return DialogPerson::Press(dialog, IDCANCEL);
+    DialogPerson::Press(dialog, IDYES);
+    DialogPerson::Press(dialog, IDOK);
 }
 
 }  // namespace
@@ -55,9 +56,11 @@ DialogPerson::DialogPerson(std::function<void()> acts)
           Eventually([&] {
               if (over_) return true;
               if (clock.Counter() < patience) return false;
-              ADD_FAILURE() << "a dialog was left open";
-              patience += clock.Frequency() / 10;
-              if (const HWND left = Look(nullptr)) Dismiss(left);
+              patience += clock.Frequency() / 2;
+              if (const HWND left = Look(nullptr)) {
+                  ADD_FAILURE() << "a dialog was left open: " << Text(left, kBoxText);
+                  Dismiss(left);
+              }
               return false;
           });
       }) {}
