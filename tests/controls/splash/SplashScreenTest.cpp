@@ -1,0 +1,205 @@
+#include <gtest/gtest.h>
+
+#include "controls/splash/SplashScreen.h"
+#include "tests/controls/window/PaintTestHelper.h"
+#include "tests/support/Eventually.h"
+
+namespace corvex {
+namespace {
+
+constexpr int kBitmap = 130;  // 64 by 24
+constexpr COLORREF kBlue = 0xFF0000, kYellow = 0x00FFFF, kRed = 0x0000FF, kGreen = 0x00FF00;
+constexpr RECT kLeft{2, 2, 30, 20}, kRight{34, 2, 62, 20};
+
+void PumpMessages() {
+    MSG message;
+    while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
+        ::DispatchMessageA(&message);
+}
+
+class SplashScreenTest : public ::testing::Test {
+protected:
+    bool Create(std::uint32_t flags = 0, HWND parent = nullptr) {
+        return splash.create(parent, instance, kBitmap, 0, flags);
+    }
+    bool Shows(COLORREF colour) { return ColoursOf(splash.Window()).count(colour) != 0; }
+    bool OnShow() { return ::IsWindowVisible(splash.Window()) != FALSE; }
+
+    const HINSTANCE instance = ::GetModuleHandleA(nullptr);
+    SplashScreen splash;
+};
+
+TEST_F(SplashScreenTest, IsAHiddenPopUpOfTheBitmapsSize) {
+    ASSERT_TRUE(Create());
+    RECT place{};
+    ::GetWindowRect(splash.Window(), &place);
+    EXPECT_EQ(place.right - place.left, 64);
+    EXPECT_EQ(place.bottom - place.top, 24);
+    EXPECT_FALSE(OnShow());
+    EXPECT_FALSE(splash.IsVisible());
+    const auto style = static_cast<DWORD>(::GetWindowLongPtrA(splash.Window(), GWL_STYLE));
+    EXPECT_EQ(style & (WS_POPUP | WS_CAPTION | WS_CHILD | WS_THICKFRAME), static_cast<DWORD>(WS_POPUP));
+    char name[32] = "";
+    ::GetClassNameA(splash.Window(), name, sizeof name);
+    EXPECT_STREQ(name, "QZSPLASHT");
+}
+
+TEST_F(SplashScreenTest, StaysOnTopWithBitOneOfTheFlagsAlone) {
+    for (const std::uint32_t flags : {0u, 1u, 2u, 0xFFFFFFFDu}) {
+        SplashScreen one;
+        ASSERT_TRUE(one.create(nullptr, instance, kBitmap, 0, flags));
+        const bool topmost = (::GetWindowLongPtrA(one.Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+        EXPECT_EQ(topmost, (flags & 2) != 0) << flags;
+    }
+}
+
+TEST_F(SplashScreenTest, BitmapThatIsMissingLeavesNoWindow) {
+    EXPECT_FALSE(splash.create(nullptr, instance, 131, 0, 0));
+    EXPECT_EQ(splash.Window(), nullptr);
+    splash.show(1);
+    splash.hide();
+    splash.setText("text", kLeft, 1, OwnedFont(), kRed);
+    EXPECT_FALSE(splash.IsVisible());
+    EXPECT_TRUE(Create());
+}
+
+TEST_F(SplashScreenTest, SecondWindowIsRefused) {
+    ASSERT_TRUE(Create());
+    const HWND window = splash.Window();
+    EXPECT_FALSE(Create());
+    EXPECT_EQ(splash.Window(), window);
+}
+
+TEST_F(SplashScreenTest, ShowsTheBitmapInTheMiddleOfTheScreen) {
+    ASSERT_TRUE(Create());
+    splash.show(0);
+    EXPECT_TRUE(OnShow());
+    EXPECT_TRUE(splash.IsVisible());
+    RECT place{};
+    ::GetWindowRect(splash.Window(), &place);
+    EXPECT_EQ(place.left, (::GetSystemMetrics(SM_CXSCREEN) - 64) / 2);
+    EXPECT_EQ(place.top, (::GetSystemMetrics(SM_CYSCREEN) - 24) / 2);
+    EXPECT_EQ(PixelOf(splash.Window(), 0, 0), kBlue);
+    EXPECT_EQ(PixelOf(splash.Window(), 63, 23), kYellow);
+    EXPECT_EQ(ColoursOf(splash.Window()), (std::set<COLORREF>{kBlue, kYellow}));
+}
+
+TEST_F(SplashScreenTest, HidesWhenItsTimeIsUp) {
+    ASSERT_TRUE(Create());
+    splash.show(20);
+    EXPECT_TRUE(splash.IsVisible());
+    EXPECT_TRUE(test::Eventually([&] {
+        PumpMessages();
+        return !splash.IsVisible();
+    }));
+    EXPECT_FALSE(OnShow());
+    EXPECT_FALSE(::KillTimer(splash.Window(), 0));
+}
+
+TEST_F(SplashScreenTest, TimerZeroAloneHidesIt) {
+    ASSERT_TRUE(Create());
+    splash.show(60000);
+    ::SendMessageA(splash.Window(), WM_TIMER, 1, 0);
+    EXPECT_TRUE(splash.IsVisible());
+    ::SendMessageA(splash.Window(), WM_TIMER, 0, 0);
+    EXPECT_FALSE(splash.IsVisible());
+    EXPECT_FALSE(OnShow());
+}
+
+TEST_F(SplashScreenTest, HideHidesItAndItsTimerWithIt) {
+    ASSERT_TRUE(Create());
+    splash.show(60000);
+    splash.hide();
+    EXPECT_FALSE(splash.IsVisible());
+    EXPECT_FALSE(OnShow());
+    EXPECT_FALSE(::KillTimer(splash.Window(), 0));
+}
+
+TEST_F(SplashScreenTest, NoTimeMeansUntilHidden) {
+    ASSERT_TRUE(Create());
+    splash.show(60000);
+    splash.show(0);
+    EXPECT_TRUE(splash.IsVisible());
+    EXPECT_FALSE(::KillTimer(splash.Window(), 0));
+    splash.show(60000);
+    EXPECT_TRUE(::KillTimer(splash.Window(), 0));
+}
+
+TEST_F(SplashScreenTest, TextIsShownAtOnceAndMayChange) {
+    ASSERT_TRUE(Create());
+    splash.show(0);
+    splash.setText("WWW", kLeft, 1, OwnedFont(), kRed);
+    EXPECT_TRUE(Shows(kRed));
+    EXPECT_FALSE(Shows(kGreen));
+    splash.setText("WWW", kRight, 1, OwnedFont(), kGreen);
+    EXPECT_TRUE(Shows(kGreen));
+    EXPECT_FALSE(Shows(kRed));
+    splash.setText("W", kLeft, 2, OwnedFont(), kRed);
+    EXPECT_TRUE(Shows(kGreen));
+    EXPECT_TRUE(Shows(kRed));
+}
+
+TEST_F(SplashScreenTest, TextMayComeBeforeTheWindow) {
+    splash.setText("WWW", kLeft, 1, OwnedFont(), kRed);
+    splash.setText(nullptr, kRight, 2, OwnedFont(), kGreen);
+    ASSERT_TRUE(Create());
+    splash.show(0);
+    EXPECT_TRUE(Shows(kRed));
+}
+
+TEST_F(SplashScreenTest, WindowThatWentWithItsParentIsForgotten) {
+    const HWND parent =
+        ::CreateWindowExA(0, "STATIC", "", WS_OVERLAPPED, 0, 0, 9, 9, nullptr, nullptr, instance, nullptr);
+    ASSERT_TRUE(Create(0, parent));
+    EXPECT_EQ(::GetWindow(splash.Window(), GW_OWNER), parent);
+    splash.show(60000);
+    ::DestroyWindow(parent);
+    EXPECT_EQ(splash.Window(), nullptr);
+    EXPECT_FALSE(splash.IsVisible());
+    splash.setText("WWW", kLeft, 1, OwnedFont(), kRed);
+    splash.hide();
+}
+
+TEST_F(SplashScreenTest, EndDestroysTheWindowAndDeletesTheFonts) {
+    const std::size_t before = LiveGdiObjects();
+    HWND window = nullptr;
+    {
+        SplashScreen one;
+        ASSERT_TRUE(one.create(nullptr, instance, kBitmap, 0, 0));
+        one.setText("WWW", kLeft, 1, MakeTestFont(), kRed);
+        one.show(60000);
+        window = one.Window();
+    }
+    EXPECT_FALSE(::IsWindow(window));
+    EXPECT_EQ(LiveGdiObjects(), before);
+}
+
+TEST_F(SplashScreenTest, ClassStaysRegisteredWhenTheSplashIsGone) {
+    { SplashScreen().create(nullptr, instance, kBitmap, 0, 0); }
+    WNDCLASSA words{};
+    EXPECT_TRUE(::GetClassInfoA(instance, "QZSPLASHT", &words));
+    EXPECT_TRUE(Create());
+}
+
+TEST_F(SplashScreenTest, EndUnregistersAnotherName) {
+    WNDCLASSA words{};
+    words.lpfnWndProc = &::DefWindowProcA;
+    words.hInstance = instance;
+    words.lpszClassName = "QZSPLASH";
+    ASSERT_NE(::RegisterClassA(&words), 0);
+    { SplashScreen().create(nullptr, instance, kBitmap, 0, 0); }
+    EXPECT_FALSE(::GetClassInfoA(instance, "QZSPLASH", &words));
+}
+
+TEST_F(SplashScreenTest, ThousandPaintsLeakNothing) {
+    ASSERT_TRUE(Create());
+    splash.setText("WWW", kLeft, 1, OwnedFont(), kRed);
+    splash.show(0);
+    const std::size_t before = LiveGdiObjects();
+    for (int i = 0; i < 1000; ++i)
+        splash.setText("WWW", kLeft, 1, OwnedFont(), static_cast<COLORREF>(i));
+    EXPECT_EQ(LiveGdiObjects(), before);
+}
+
+}  // namespace
+}  // namespace corvex
