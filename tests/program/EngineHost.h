@@ -1,0 +1,34 @@
+// Asks the native side for simulated engines behind the COM ports; see tools/with-engines.py.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace corvex::test {
+
+// One request at a time, each over a connection of its own. A request that fails throws std::runtime_error with the
+// reason.
+class EngineHost {
+public:
+    EngineHost();
+    ~EngineHost();
+    EngineHost(const EngineHost&) = delete;
+    EngineHost& operator=(const EngineHost&) = delete;
+
+    // An engine with the options of the simulator behind the port, in place of one that is there. Without a definition
+    // among them it is the 8192-baud example. Paths are the host's.
+    void Start(std::vector<std::string> options = {}, const std::string& port = "COM1");
+    // Ends it. What it counted, as JSON.
+    std::string Stop(const std::string& port = "COM1");
+    // The device vanishes under whoever has it open.
+    void Unplug(const std::string& port = "COM1");
+
+private:
+    std::string Request(const std::string& line) const;
+};
+
+// A number of the JSON that Stop gives.
+std::uint64_t CountIn(const std::string& json, const std::string& name);
+
+}  // namespace corvex::test

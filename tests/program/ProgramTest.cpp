@@ -1,0 +1,69 @@
+#include "tests/program/ProgramTest.h"
+
+namespace corvex::test {
+
+namespace {
+
+constexpr DWORD kLongestEnd = 30000;  // ms
+
+}  // namespace
+
+void ProgramTest::TearDown() {
+    if (program && program->IsRunning() && window_) CloseProgram();
+}
+
+void ProgramTest::Settle(const std::map<std::string, std::string>& changes) {
+    std::map<std::string, std::string> values{{"comport", "COM1"},
+                                              {"lastadxpath", folder.TakeExample("harrier-8192.adx")}};
+    for (const auto& [key, value] : changes)
+        values[key] = value;
+    folder.PutSettings(values);
+}
+
+std::string ProgramTest::TitleOf(const std::string& adx) const {
+    std::string title = "Corvex - ADX: ";
+    return title.append(adx).append("  XDL:  (Speed: 100%)");
+}
+
+void ProgramTest::Start() {
+    program = std::make_unique<RunningProgram>(folder.Program(), folder.Path());
+    window_ = CorvexWindow::WaitFor(program->Id());
+}
+
+void ProgramTest::CloseProgram() {
+    window_->Close();
+    EXPECT_EQ(program->WaitForExit(kLongestEnd), std::optional<DWORD>(0));
+    window_.reset();
+    program.reset();
+}
+
+void ProgramTest::ExpectLeft(const std::string& text) {
+    EXPECT_TRUE(Eventually([&] { return Window().LeftText() == text; }))
+        << "the left panel says \"" << Window().LeftText() << "\", not \"" << text << "\"";
+}
+
+void ProgramTest::ExpectOutput(const std::string& part) {
+    EXPECT_TRUE(Eventually([&] { return Window().OutputHas(part); })) << "no \"" << part << "\" in\n"
+                                                                      << Window().Output();
+}
+
+void ProgramTest::ExpectBar(const BarStates& states) {
+    EXPECT_TRUE(Eventually([&] { return Window().Bar() == states; }));
+    EXPECT_EQ(Window().Bar(), states);
+}
+
+void ProgramTest::Connect() {
+    engines.Start({"--pace"});
+    Window().Send(kScan);
+    ExpectLeft("ALDL: Connected");
+}
+
+void ProgramTest::Resume() {
+    const auto plays = [&] {
+        Ask(Window().Handle(), WM_COMMAND, kPlay);
+        return Window().Bar().pause;
+    };
+    EXPECT_TRUE(Eventually(plays)) << Window().Output();
+}
+
+}  // namespace corvex::test

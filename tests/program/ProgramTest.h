@@ -1,0 +1,66 @@
+// What every whole-program test begins with: the program in a folder of its own, and engines on request.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "tests/program/CorvexWindow.h"
+#include "tests/program/DialogAnswers.h"
+#include "tests/program/EngineHost.h"
+#include "tests/program/ProgramFolder.h"
+#include "tests/program/RunningProgram.h"
+#include "tests/program/WindowFinder.h"
+#include "tests/support/Eventually.h"
+
+namespace corvex::test {
+
+class ProgramTest : public ::testing::Test {
+protected:
+    // A program that is still there at the end is closed as a user would and must go.
+    void TearDown() override;
+
+    // Settings with COM1 and a copy of the 8192-baud example, unless `changes` say otherwise.
+    void Settle(const std::map<std::string, std::string>& changes = {});
+    // Starts the program and waits for its window.
+    void Start();
+    CorvexWindow& Window() { return *window_; }
+    // Closes the window and expects the process to end with 0.
+    void CloseProgram();
+
+    void ExpectLeft(const std::string& text);
+    void ExpectOutput(const std::string& part);
+    void ExpectBar(const BarStates& states);
+    // An engine that answers in the line's time, and a scan that has got through to it.
+    void Connect();
+    // Plays on after a pause. A thread that has not quite ended refuses, and says nothing, so this asks until it works.
+    void Resume();
+
+    std::string Definition() const { return folder.Name("harrier-8192.adx"); }
+    // The whole title when no log is chosen.
+    std::string TitleOf(const std::string& adx) const;
+
+    ProgramFolder folder;
+    EngineHost engines;
+    std::unique_ptr<RunningProgram> program;
+
+private:
+    std::optional<CorvexWindow> window_;
+};
+
+// Milliseconds since something, for figures that are printed and not asserted.
+class Timer {
+public:
+    double Milliseconds() const {
+        return 1000.0 * static_cast<double>(SystemClock().Counter() - start_) /
+               static_cast<double>(SystemClock().Frequency());
+    }
+
+private:
+    std::int64_t start_ = SystemClock().Counter();
+};
+
+}  // namespace corvex::test
