@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "tests/apps/editor/EditorTestHelper.h"
@@ -23,6 +24,7 @@ protected:
 };
 
 TEST_F(SaveFileTest, ANewDefinitionIsAskedForAName) {
+    const std::filesystem::path before = std::filesystem::current_path();
     SetPath("");
     EXPECT_EQ(RunAt([&](HWND dialog) {
                   EXPECT_EQ(DialogPerson::Text(dialog, IDC_FILE), "(a new definition)");
@@ -33,6 +35,7 @@ TEST_F(SaveFileTest, ANewDefinitionIsAskedForAName) {
               }),
               1);
     EXPECT_EQ(Path(), folder_.Name("fresh.adx"));
+    EXPECT_EQ(std::filesystem::current_path(), before);
     ADXDefinition saved;
     ASSERT_EQ(saved.Load(Path().c_str()), 1);
     EXPECT_STREQ(saved.Author().CStr(), "Somebody");
@@ -41,7 +44,6 @@ TEST_F(SaveFileTest, ANewDefinitionIsAskedForAName) {
 
 TEST_F(SaveFileTest, WhoeverWillNotNameAFileHasNotSaved) {
     SetPath("");
-    const std::filesystem::path before = std::filesystem::current_path();
     EXPECT_EQ(RunAt([&](HWND dialog) {
                   DialogPerson::Press(dialog, IDOK);
                   const HWND names = DialogPerson::Await({kSaveTitle, kNameBox});
@@ -55,7 +57,6 @@ TEST_F(SaveFileTest, WhoeverWillNotNameAFileHasNotSaved) {
     EXPECT_EQ(Path(), "");
     EXPECT_EQ(path_[1], '\x7F');
     EXPECT_EQ(folder_.FileCount(), 0U);
-    EXPECT_EQ(std::filesystem::current_path(), before);
 }
 
 TEST_F(SaveFileTest, SaveAsLeavesTheOldFileAndReturnsTheNewName) {
