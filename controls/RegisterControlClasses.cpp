@@ -1,5 +1,6 @@
 #include "controls/RegisterControlClasses.h"
 
+#include "controls/analoggauge/AnalogGauge.h"
 #include "controls/proptree/PropTreeContainer.h"
 #include "controls/richstatic/RichStatic.h"
 #include "controls/tabsheet/TabSheet.h"
@@ -9,7 +10,7 @@ namespace corvex {
 
 bool RegisterControlClasses(HINSTANCE instance) {
     return TextProgress::Register(instance) && RichStatic::Register(instance) && TabSheet::Register(instance) &&
-           PropTreeContainer::Register(instance);
+           PropTreeContainer::Register(instance) && AnalogGauge::Register(instance);
 }
 
 }  // namespace corvex
