@@ -1,0 +1,69 @@
+#include "controls/digitalreadout/DigitalReadoutWindow.h"
+
+#include "controls/digitalreadout/DigitalReadout.h"
+#include "controls/digitalreadout/DigitalReadoutPaint.h"
+#include "controls/gauge/GaugeWindow.h"
+#include "controls/window/OffscreenPaint.h"
+
+namespace corvex {
+
+namespace {
+
+constexpr UINT kWorkMessage = WM_APP + 0x102;  // lParam: a Work of this process
+
+}  // namespace
+
+void DigitalReadoutWindow::RunOnOwner(HWND window, const Work& work) {
+    if (!HasClassProcedure(window, &ControlProcedure<DigitalReadoutWindow>)) return;
+    ::SendMessageA(window, kWorkMessage, 0, reinterpret_cast<LPARAM>(&work));
+}
+
+LRESULT DigitalReadoutWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_NCCREATE:
+            return TRUE;
+        case WM_SIZE:
+            Redraw();
+            return 0;
+        case WM_PAINT:
+            PaintOffscreen();
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_CONTEXTMENU:
+            return ForwardContextMenu(Window(), kDigitalReadoutMenuCode, lParam);
+        case kWorkMessage:
+            if (lParam == 0) return Default(message, wParam, lParam);
+            (*reinterpret_cast<const Work*>(lParam))(*this);
+            return 0;
+        default:
+            return Default(message, wParam, lParam);
+    }
+}
+
+void DigitalReadoutWindow::Redraw() {
+    ::RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+}
+
+void DigitalReadoutWindow::PaintOffscreen() {
+    DropFonts();
+    const OffscreenPaint paint(Window());
+    PaintDigitalReadout(paint.Dc(), paint.Area(), model_);
+}
+
+void DigitalReadoutWindow::Supply(OwnedFont& place, HFONT font) {
+    if (font == nullptr) {
+        DropFonts();
+    } else if (font != place.Get()) {
+        place = OwnedFont(font);
+    }
+    model_.SetAutomaticSize(font == nullptr);
+}
+
+void DigitalReadoutWindow::DropFonts() {
+    titleFont_.Reset();
+    digitsFont_.Reset();
+    unitsFont_.Reset();
+}
+
+}  // namespace corvex
