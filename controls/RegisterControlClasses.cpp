@@ -1,8 +1,10 @@
 #include "controls/RegisterControlClasses.h"
 
 #include "controls/analoggauge/AnalogGauge.h"
+#include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/proptree/PropTreeContainer.h"
 #include "controls/richstatic/RichStatic.h"
+#include "controls/statusgauge/StatusGauge.h"
 #include "controls/tabsheet/TabSheet.h"
 #include "controls/textprogress/TextProgress.h"
 
@@ -10,7 +12,8 @@ namespace corvex {
 
 bool RegisterControlClasses(HINSTANCE instance) {
     return TextProgress::Register(instance) && RichStatic::Register(instance) && TabSheet::Register(instance) &&
-           PropTreeContainer::Register(instance) && AnalogGauge::Register(instance);
+           PropTreeContainer::Register(instance) && AnalogGauge::Register(instance) &&
+           DigitalReadout::Register(instance) && StatusGauge::Register(instance);
 }
 
 }  // namespace corvex
