@@ -1,8 +1,9 @@
 #!/bin/sh
-# wine-prefix.sh DIR [null|x11]: makes a private Wine prefix with fixed fonts, colours and COM ports.
+# wine-prefix.sh DIR [null|x11 [WIDTHxHEIGHT]]: makes a private Wine prefix with fixed fonts, colours, COM ports and desktop size.
 set -eu
 dir=$1
 graphics=${2:-null}
+desktop=${3:-1024x768}
 wine=/usr/lib/wine/wine64
 dlls=/usr/lib/x86_64-linux-gnu/wine/x86_64-windows
 export WINEPREFIX="$dir" WINEARCH=win64 WINEDEBUG=-all LC_ALL=C.UTF-8
@@ -13,7 +14,7 @@ mkdir -p "$dir/drive_c/windows/Fonts" "$dir/tty"
 # Debian's Wine does not look where Debian puts its fonts.
 ln -sf /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$dir/drive_c/windows/Fonts/"
 "$wine" wineboot -i </dev/null >/dev/null 2>&1
-sed "s,@PREFIX@,$dir,; s,@GRAPHICS@,$graphics," "$(dirname "$0")/prefix.reg.in" >"$dir/corvex.reg.new"
+sed "s,@PREFIX@,$dir,; s,@GRAPHICS@,$graphics,; s,@DESKTOP@,$desktop," "$(dirname "$0")/prefix.reg.in" >"$dir/corvex.reg.new"
 "$wine" regedit /S "Z:$dir/corvex.reg.new" </dev/null >/dev/null 2>&1
 wineserver -k || true
 wineserver -w

@@ -9,7 +9,7 @@ mkdir -p "$WINEPREFIX"
 # would wait for them: so they are started here, apart from the program.
 (
     flock 9
-    [ -f "$WINEPREFIX/corvex.reg" ] || "$here/wine-prefix.sh" "$WINEPREFIX" "${CORVEX_GFX:-null}" 9>&-
+    [ -f "$WINEPREFIX/corvex.reg" ] || "$here/wine-prefix.sh" "$WINEPREFIX" "${CORVEX_GFX:-null}" "${CORVEX_DESKTOP:-1024x768}" 9>&-
     if wineserver -p </dev/null >/dev/null 2>&1 9>&-; then  # 0: we started it; 2: it runs already
         "$wine" wineboot </dev/null >/dev/null 2>&1 9>&-
         [ -z "${WINE_KEEPALIVE:-}" ] || "$wine" "$WINE_KEEPALIVE" </dev/null >/dev/null 2>&1 9>&-

@@ -6,6 +6,7 @@ named in $CORVEX_ENGINES, one line of fields with tabs between them per connecti
     start PORT OPTION...   ok, once the port can be opened; a definition is among the options
     stop PORT              the simulator's counts as JSON
     unplug PORT            ok; the device has vanished, whoever has it open
+    picture FILE W H X Y   ok; FILE is a PNG of that part of the screen, once what has just changed there is painted
 
 Anything else, and whatever fails, is answered by "error" and a sentence."""
 
@@ -15,6 +16,7 @@ import socket
 import subprocess
 import sys
 import threading
+import time
 
 
 class Engines:
@@ -51,6 +53,11 @@ class Engines:
         os.remove(self.link(port))
         return "ok"
 
+    def picture(self, file, width, height, x, y):
+        time.sleep(0.3)
+        subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage", file], check=True)
+        return "ok"
+
     def end(self):
         for port in list(self.running):
             self.stop(port)
@@ -59,7 +66,7 @@ class Engines:
 def answer(engines, line):
     name, *fields = line.rstrip("\n").split("\t")
     try:
-        if name not in ("start", "stop", "unplug"):
+        if name not in ("start", "stop", "unplug", "picture"):
             return "error no such request"
         return getattr(engines, name)(*fields)
     except Exception as error:  # told to the program, which fails its test with it

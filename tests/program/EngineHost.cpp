@@ -67,6 +67,13 @@ void EngineHost::Unplug(const std::string& port) {
     Request("unplug\t" + port);
 }
 
+void EngineHost::TakePicture(const std::string& file, const RECT& place) {
+    std::string line = "picture\t" + file;
+    for (const LONG number : {place.right - place.left, place.bottom - place.top, place.left, place.top})
+        line.append("\t").append(std::to_string(number));
+    Request(line);
+}
+
 std::string EngineHost::Request(const std::string& line) const {
     const SOCKET connection = Connect();
     std::string answer = Exchange(connection, line + "\n");

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/WindowsApi.h"
+
 namespace corvex::test {
 
 // One request at a time, each over a connection of its own. A request that fails throws std::runtime_error with the
@@ -23,6 +25,9 @@ public:
     std::string Stop(const std::string& port = "COM1");
     // The device vanishes under whoever has it open.
     void Unplug(const std::string& port = "COM1");
+
+    // Saves what the screen shows there, as PNG. The file is named as the host knows it.
+    void TakePicture(const std::string& file, const RECT& place);
 
 private:
     std::string Request(const std::string& line) const;
