@@ -43,7 +43,6 @@ bool PageProcedureIsFirst(HWND page) {
 }  // namespace
 
 bool SubclassPage(HWND page, HWND sheet) {
-    if (SheetOf(page) != nullptr) return false;
     // A page that came back with somebody else's procedure in front of ours still has ours in its chain.
     if (OwnProcedure(page) == nullptr) {
         const LONG_PTR own = ::GetWindowLongPtrA(page, GWLP_WNDPROC);

@@ -149,6 +149,8 @@ void TabSheetWindow::Show(HWND page, bool focus) {
     tabs_.Select(tabs_.IndexOf(page));
     if (former != nullptr && former != page) ::ShowWindow(former, SW_HIDE);
     if (StillShows(page)) ::ShowWindow(page, SW_SHOW);
+    // Its handler chose another page before it was there to be hidden.
+    if (!StillShows(page) && tabs_.IndexOf(page) >= 0) ::ShowWindow(page, SW_HIDE);
     if (StillShows(page) && focus) ::SetFocus(page);
     if (StillShows(page)) ::SetWindowTextA(Window(), tabs_.TitleAt(tabs_.IndexOf(page)).c_str());
     if (StillShows(page)) Fit(page);

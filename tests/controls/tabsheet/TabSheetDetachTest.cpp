@@ -38,9 +38,10 @@ TEST_F(TabSheetDetachTest, ADoubleClickOnTheCaptionPullsThePageOut) {
 
 TEST_F(TabSheetDetachTest, OnlyTheCaptionDoes) {
     AddThree();
-    ::SendMessageA(sheet_, WM_NCLBUTTONDBLCLK, HTMENU, 0);
-    ::SendMessageA(sheet_, WM_NCLBUTTONDBLCLK, HTBORDER, 0);
-    EXPECT_EQ(TabSheet::detachedPage(sheet_), nullptr);
+    for (const WPARAM part : {HTMENU, HTBORDER, HTTOP}) {
+        ::SendMessageA(sheet_, WM_NCLBUTTONDBLCLK, part, 0);
+        EXPECT_EQ(TabSheet::detachedPage(sheet_), nullptr);
+    }
     EXPECT_TRUE(IsDocked(b_, 1));
 }
 

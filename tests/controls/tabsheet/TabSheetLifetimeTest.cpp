@@ -242,26 +242,43 @@ TEST_F(TabSheetLifetimeTest, APageThatIsClosedMayDestroyTheSheetFirst) {
     EXPECT_FALSE(a.Alive());
 }
 
+WNDPROC g_next = nullptr;
+int g_between = 0;
+LRESULT CALLBACK Between(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_APP || message == WM_CONTEXTMENU) ++g_between;
+    return ::CallWindowProcA(g_next, window, message, wParam, lParam);
+}
+// Counts what passes to the window's procedure.
+void PutBetween(HWND window) {
+    g_between = 0;
+    g_next = reinterpret_cast<WNDPROC>(::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Between)));
+}
+
 TEST_F(TabSheetLifetimeTest, WhoeverIsAskedForAContextMenuMayDestroyThePage) {
-    TestWindow& a = AddPage("A");
-    AddPage("B");
     TestWindow asked;
     const HWND sheet = ::CreateWindowExA(0, kTabSheetClass, "", WS_CHILD, 0, 0, 99, 99, asked.Window(), nullptr,
                                          ::GetModuleHandleA(nullptr), nullptr);
     TestWindow page;
+    PutBetween(page.Window());
     ASSERT_TRUE(TabSheet::addWindowPage(sheet, page.Window(), "A", -1));
+    ::SendMessageA(page.Window(), WM_CONTEXTMENU, 0, 0);
+    EXPECT_EQ(g_between, 1);
     Once(asked, TSM_PAGECONTEXTMENU, [&page] { ::DestroyWindow(page.Window()); });
     ::SendMessageA(page.Window(), WM_CONTEXTMENU, 0, 0);
     EXPECT_FALSE(page.Alive());
-    EXPECT_EQ(page.Count(WM_CONTEXTMENU), 0);
-    EXPECT_TRUE(a.Alive());
+    EXPECT_EQ(g_between, 1);
 }
 
-WNDPROC g_next = nullptr;
-int g_between = 0;
-LRESULT CALLBACK Between(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_APP) ++g_between;
-    return ::CallWindowProcA(g_next, window, message, wParam, lParam);
+TEST_F(TabSheetLifetimeTest, APageMayChooseAnotherWhenItIsShown) {
+    AddPage("A");
+    TestWindow& b = AddPage("B");
+    TestWindow& c = AddPage("C");
+    Once(b, WM_SHOWWINDOW, [this] { TabSheet::selectPage(sheet_, 2); });
+    EXPECT_FALSE(TabSheet::selectPage(sheet_, 1));
+    EXPECT_FALSE(HasShownStyle(b.Window()));
+    EXPECT_TRUE(HasShownStyle(c.Window()));
+    EXPECT_EQ(TextOfWindow(sheet_), "C");
+    EXPECT_EQ(Selected(), 2);
 }
 
 TEST_F(TabSheetLifetimeTest, AProcedureInFrontOfThePagesIsNotCutOff) {
@@ -273,8 +290,8 @@ TEST_F(TabSheetLifetimeTest, AProcedureInFrontOfThePagesIsNotCutOff) {
     parent_.listenFor = {TSM_PAGECONTEXTMENU};
     TabSheet::removePage(sheet_, 0, false);
     ::SendMessageA(a.Window(), WM_APP, 0, 0);
-    ::SendMessageA(a.Window(), WM_CONTEXTMENU, 0, 0);
     EXPECT_EQ(g_between, 1);
+    ::SendMessageA(a.Window(), WM_CONTEXTMENU, 0, 0);
     EXPECT_EQ(a.Count(WM_APP), 1);
     EXPECT_TRUE(parent_.heard.empty());
     ASSERT_TRUE(TabSheet::addWindowPage(sheet_, a.Window(), "again", -1));

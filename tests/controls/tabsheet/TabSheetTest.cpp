@@ -299,11 +299,13 @@ TEST_F(TabSheetTest, OtherWindowsAnswerNothing) {
 }
 
 TEST_F(TabSheetTest, AnAncestorOrNothingIsNoPage) {
+    ::ShowWindow(parent_.Window(), SW_SHOW);
     EXPECT_FALSE(TabSheet::addWindowPage(sheet_, nullptr, "x", -1));
     EXPECT_FALSE(TabSheet::addWindowPage(sheet_, sheet_, "x", -1));
     EXPECT_FALSE(TabSheet::addWindowPage(sheet_, Tabs(), "x", -1));
     EXPECT_FALSE(TabSheet::addWindowPage(sheet_, parent_.Window(), "x", -1));
     EXPECT_EQ(StyleOfWindow(parent_.Window()) & WS_CHILD, 0u);
+    EXPECT_TRUE(::IsWindowVisible(parent_.Window()));
     EXPECT_EQ(TabSheet::pageCount(sheet_), 0);
 }
 
