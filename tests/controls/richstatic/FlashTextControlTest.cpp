@@ -1,7 +1,9 @@
 // What label and progress bar share, tried with both.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <ostream>
 #include <thread>
 
 #include "controls/richstatic/FlashTextControl.h"
@@ -22,6 +24,9 @@ struct Kind {
     void (*flash)(HWND, const char*, std::uint32_t, std::uint32_t, std::uint32_t);
     UINT textColour, backColour;
 };
+void PrintTo(const Kind& kind, std::ostream* out) {
+    *out << kind.name;
+}
 const Kind kLabel{kRichStaticClass, RichStatic::Register, RichStatic::setAll, RichStatic::flash, 1375, 1374};
 const Kind kBar{kTextProgressClass, TextProgress::Register, TextProgress::setAll, TextProgress::flash, 1324, 8193};
 
@@ -245,6 +250,15 @@ TEST_P(FlashTextControlTest, SecondFlashDuringAFlashIsLost) {
     EXPECT_TRUE(Shows(kYellow));
     Send(WM_TIMER, 1025);
     EXPECT_EQ(Text(), "Ready");
+}
+
+TEST_P(FlashTextControlTest, SecondFlashLeavesTheFirstItsTime) {
+    kind.flash(window, "first", kYellow, kBlue, 20);
+    kind.flash(window, "second", kRed, kWhite, 3600000);
+    EXPECT_TRUE(test::Eventually([&] {
+        PumpMessages();
+        return Text() == "Ready";
+    }));
 }
 
 TEST_P(FlashTextControlTest, ChangesDuringAFlashShowOnlyWhenItEnds) {
