@@ -47,9 +47,11 @@ TEST_F(DefinitionCommandsTest, ABrokenOneIsToldWithItsReason) {
     Start();
     folder.Put("broken.adx", "<ADXFORMAT version=\"0.50\" />\n<ADXVALUE id=\"a\" id></>");
     Load(folder.Name("broken.adx"));
-    const std::string failed = "\r\nFAILED to Load " + folder.Name("broken.adx") + "\r\n";
-    ASSERT_TRUE(Says(failed));
-    EXPECT_GT(Output().size(), Output().find(failed) + failed.size());
+    ADXDefinition other;
+    char reason[ADXDefinition::kErrorSize] = {};
+    ASSERT_EQ(0, other.Load(folder.Name("broken.adx").c_str(), reason));
+    ASSERT_NE('\0', reason[0]);
+    EXPECT_TRUE(Says("\r\nFAILED to Load " + folder.Name("broken.adx") + "\r\n" + reason));
     EXPECT_EQ(folder.Name("one.adx"), session.settings.lastadxpath);
 }
 
@@ -179,19 +181,19 @@ TEST_F(DefinitionCommandsTest, TwoLoadsInARowComeInTheirOrder) {
     EXPECT_EQ(second, session.settings.lastadxpath);
 }
 
-TEST_F(DefinitionCommandsTest, AScanBegunWhileALoadWaitsEndsToo) {
+TEST_F(DefinitionCommandsTest, APlaybackBegunWhileALoadWaitsEndsToo) {
     UseDefinition();
     serial.Answer({0xA0}, {3, 4}, 5);
     Start();
+    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
     Command(IDM_SCAN);
     ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
     const std::string other = PutDefinition("other.adx");
     Load(other);
-    int more = 2;
-    ASSERT_TRUE(Pumps([&] {
-        if (session.scanning == 0 && more-- > 0) Command(IDM_SCAN);
-        return Says("Loaded " + other);
-    }));
+    Command(IDM_PLAY);
+    EXPECT_EQ(kLogPlaying, session.log.State());
+    ASSERT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
+    EXPECT_FALSE(session.log.IsPlaying());
 }
 
 TEST_F(DefinitionCommandsTest, ManyLoadsDuringAPlaybackLeaveNothingBehind) {

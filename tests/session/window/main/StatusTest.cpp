@@ -27,6 +27,7 @@ TEST_F(StatusTest, StartsNotConnected) {
     EXPECT_EQ("", RightText());
     EXPECT_EQ("-x---x", Buttons());
     EXPECT_EQ("Corvex - ADX:   XDL:  (Speed: 100%)", Title());
+    EXPECT_NE(0U, ::GetMenuState(::GetMenu(window), IDM_SPEED_100, MF_BYCOMMAND) & MF_CHECKED);
 }
 
 TEST_F(StatusTest, AScanGoesFromConnectingToConnectedAndBack) {
