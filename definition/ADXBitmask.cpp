@@ -28,7 +28,14 @@ std::uint32_t ADXBitmask::GetRaw(PacketView packet, std::uint32_t offset, std::u
 
 int ADXBitmask::IsSet(const ADXDefinition& /*definition*/, PacketView packet, std::uint32_t offset,
                       std::uint32_t options) {
-    const std::uint32_t word = GetRaw(packet, offset, options);
+    return Compare(GetRaw(packet, offset, options));
+}
+
+int ADXBitmask::WouldBeSet(PacketView packet) const {
+    return Compare(rawvalue_.Peek({packetoffset, sizeinbits, flags}, packet, 0, 0));
+}
+
+int ADXBitmask::Compare(std::uint32_t word) const {
     switch (bitop) {
         case kAnd:
             return (operand & word) == result;

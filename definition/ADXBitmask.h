@@ -27,7 +27,9 @@ public:
     // 1 when `operand` AND (or XOR) the word equals `result`; 0 otherwise and for any other bitop.
     // A default bitmask is always set.
     int IsSet(const ADXDefinition& definition, PacketView packet, std::uint32_t offset = 0, std::uint32_t options = 0);
-    // The same, and the text that belongs to it.
+    // The same, but the raw word stays as it was: for a look at a packet that may be of another command.
+    int WouldBeSet(PacketView packet) const;
+    // As IsSet, and the text that belongs to it.
     int GetText(char* out, std::uint32_t size, const ADXDefinition& definition, PacketView packet,
                 std::uint32_t offset = 0, std::uint32_t options = 0);
 
@@ -57,6 +59,8 @@ public:
     std::uint32_t alarmonnotsetcolor = 65280;  // green
 
 private:
+    int Compare(std::uint32_t word) const;
+
     OwnedText truestring_, falsestring_;
     RawWord rawvalue_;
 };

@@ -21,6 +21,8 @@ public:
     // Reads the field with the given ReadOptions and keeps the word. Without a packet, or with one that does not hold
     // the whole field, the last word stands and is returned.
     std::uint32_t Take(const FieldPlace& field, PacketView packet, std::uint32_t offset, std::uint32_t options);
+    // What Take would return, without keeping it.
+    std::uint32_t Peek(const FieldPlace& field, PacketView packet, std::uint32_t offset, std::uint32_t options) const;
 
 private:
     std::atomic<std::uint32_t> word_{0};

@@ -42,6 +42,15 @@ TEST_F(ADXBitmaskTest, ComparesTheMaskedWord) {
     EXPECT_EQ(IsSet(0x7F), 0);
 }
 
+TEST_F(ADXBitmaskTest, ALookAtAnotherPacketLeavesTheWord) {
+    bitmask.operand = bitmask.result = 0x80;
+    const std::uint8_t set = 0xFF, clear = 0x7F;
+    EXPECT_EQ(IsSet(set), 1);
+    EXPECT_EQ(bitmask.WouldBeSet(PacketView(&clear, 1)), 0);
+    EXPECT_EQ(bitmask.WouldBeSet(nullptr), 1);
+    EXPECT_EQ(bitmask.IsSet(definition, nullptr), 1);
+}
+
 TEST_F(ADXBitmaskTest, ShiftsNothing) {
     bitmask.operand = 0x80;
     bitmask.result = 1;

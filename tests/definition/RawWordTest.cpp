@@ -40,5 +40,14 @@ TEST(RawWordTest, SwapsUnlessFlagOrOptionForbidsIt) {
     EXPECT_EQ(word.Take({0, 16, 0}, kPacket.data(), 0, kReadNoSwap), 0x3412U);
 }
 
+TEST(RawWordTest, APeekReadsAsATakeDoesAndKeepsNothing) {
+    RawWord word;
+    word.Take({0, 16, 0}, kPacket.data(), 0, 0);
+    EXPECT_EQ(word.Peek({2, 16, 0}, kPacket.data(), 0, 0), 0x5678U);
+    EXPECT_EQ(word.Peek({2, 16, kFlagLowByteFirst}, kPacket.data(), 1, kReadAtOffset), 0x5634U);
+    EXPECT_EQ(word.Peek({3, 16, 0}, PacketView(kPacket.data(), kPacket.size()), 0, 0), 0x1234U);
+    EXPECT_EQ(word.Take({0, 16, 0}, nullptr, 0, 0), 0x1234U);
+}
+
 }  // namespace
 }  // namespace corvex
