@@ -93,6 +93,15 @@ TEST_F(PropTreeContainerTest, ItGrowsWithItsPagesAndNeverShrinks) {
     EXPECT_EQ(SizeOf(window_).cy, 700);
 }
 
+TEST_F(PropTreeContainerTest, TheTreeGivesWayToAWiderPageInALargeWindow) {
+    ::SetWindowPos(window_, nullptr, 0, 0, 900, 700, SWP_NOMOVE | SWP_NOZORDER);
+    const HWND small = Add(kFramed, "Small");
+    PropTreeContainer::selectByTitle(window_, "Small");
+    const HWND wide = Add(kWide, "Wide");
+    EXPECT_EQ(SizeOf(Tree()).cx, ClientSize().cx - SizeOf(wide).cx);
+    EXPECT_EQ(PlaceOf(small).left, SizeOf(Tree()).cx + 2);
+}
+
 TEST_F(PropTreeContainerTest, ItStandsInTheMiddleOfItsParentUntilItIsReady) {
     Add(kTall, "Tall");
     RECT owner{}, window{};
