@@ -54,7 +54,16 @@ void ShownGauge::Mark() const {
 }
 
 bool ShownGauge::HasMark() const {
-    return ColoursOf(window_).contains(kMark);
+    return Colours().contains(kMark);
+}
+
+// By a copy: the pixels of a window are slow to read one by one.
+std::set<COLORREF> ShownGauge::Colours() const {
+    RECT area{};
+    ::GetClientRect(window_, &area);
+    const TestBitmap copy(area.right, area.bottom, 0);
+    ::BitBlt(copy.Dc(), 0, 0, area.right, area.bottom, ClientDc(window_).Get(), 0, 0, SRCCOPY);
+    return copy.ColoursIn(0, 0, area.right, area.bottom);
 }
 
 }  // namespace corvex

@@ -1,6 +1,8 @@
 // A control on show in a parent that writes down what it is told.
 #pragma once
 
+#include <atomic>
+#include <set>
 #include <vector>
 
 #include "tests/controls/window/ControlTestHelper.h"
@@ -26,6 +28,8 @@ public:
     // Fills the client with a colour that no gauge has, and tells whether any of it is left.
     void Mark() const;
     bool HasMark() const;
+    // Of all pixels.
+    std::set<COLORREF> Colours() const;
 
     // How many paints that work has caused by the time it returns.
     template <class Work>
@@ -44,7 +48,7 @@ private:
     TestWindow parent_{WS_POPUP | WS_VISIBLE};
     HWND window_ = nullptr;
     WNDPROC former_ = nullptr;
-    int paints_ = 0;
+    std::atomic<int> paints_{0};
 };
 
 }  // namespace corvex
