@@ -1,0 +1,379 @@
+#include <gtest/gtest.h>
+
+#include <cfloat>
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "controls/digitalreadout/DigitalReadoutModel.h"
+
+namespace corvex {
+namespace {
+
+constexpr std::uint32_t kNormal = 0xFF6464, kHigh = 0x0000FF, kLow = 0x00FF00;
+constexpr float kNan = std::numeric_limits<float>::quiet_NaN(), kInfinity = std::numeric_limits<float>::infinity();
+
+std::string Printed(float value, std::int32_t floating, std::uint32_t decimals) {
+    DigitalReadoutModel model;
+    model.SetFormat(floating, decimals);
+    model.SetValue(value);
+    return model.Text();
+}
+
+std::uint32_t ColourOf(DigitalReadoutModel& model, float value) {
+    model.SetValue(value);
+    return model.ColourInForce();
+}
+
+TEST(DigitalReadoutModelTest, BeginsEmptyWithItsDefaults) {
+    const DigitalReadoutModel model;
+    EXPECT_STREQ(model.Title(), "");
+    EXPECT_STREQ(model.Units(), "");
+    EXPECT_STREQ(model.Text(), "");
+    EXPECT_EQ(model.DigitsHeight(), 34);
+    EXPECT_EQ(model.ColourInForce(), kNormal);
+    EXPECT_TRUE(model.HasFrame());
+    EXPECT_EQ(model.LowLimit(), -1.0f);
+    EXPECT_EQ(model.HighLimit(), 256.0f);
+    EXPECT_EQ(model.UserWord(), 0u);
+    const std::uint32_t colours[] = {0, 0, 0, kNormal, kHigh, kLow, 0xFFFFFF};
+    for (std::uint32_t i = 0; i < 7; ++i)
+        EXPECT_EQ(model.Colour(i), colours[i]) << i;
+}
+
+TEST(DigitalReadoutModelTest, TellsItsDefaultsInARecord) {
+    const DigitalReadoutModel model;
+    const DigitalReadoutInfo info = model.Info();
+    EXPECT_EQ(info.flags, 0x21u);
+    EXPECT_EQ(info.normalColour, kNormal);
+    EXPECT_EQ(info.highColour, kHigh);
+    EXPECT_EQ(info.lowColour, kLow);
+    EXPECT_EQ(info.background, 0xFFFFFFu);
+    EXPECT_EQ(info.frameColour, 0u);
+    EXPECT_EQ(info.lowLimit[0], -1.0f);
+    EXPECT_EQ(info.lowLimit[1], -1.0f);
+    EXPECT_EQ(info.floating, 1);
+    EXPECT_EQ(info.decimals, 2u);
+    EXPECT_EQ(info.title, model.Title());
+    EXPECT_EQ(info.units, model.Units());
+    EXPECT_EQ(info.userWord, 0u);
+    EXPECT_EQ(info.lowLimitEnabled, 0u);
+    EXPECT_EQ(info.highLimitEnabled, 0u);
+}
+
+DigitalReadoutInfo SampleInfo() {
+    DigitalReadoutInfo info{};
+    info.flags = 0x01;
+    info.normalColour = 0x010101;
+    info.highColour = 0x020202;
+    info.lowColour = 0x030303;
+    info.background = 0x040404;
+    info.frameColour = 0x050505;
+    info.lowLimit[0] = 11.0f;
+    info.lowLimit[1] = 22.0f;
+    info.decimals = 3;
+    info.title = "Oil";
+    info.units = "bar";
+    info.userWord = 77;
+    info.lowLimitEnabled = 8;
+    info.highLimitEnabled = 4;
+    return info;
+}
+
+TEST(DigitalReadoutModelTest, TakesARecordWhoseSecondLowLimitDecides) {
+    DigitalReadoutModel model;
+    model.SetInfo(SampleInfo());
+    const DigitalReadoutInfo info = model.Info();
+    EXPECT_FALSE(model.HasFrame());
+    EXPECT_EQ(info.flags, 0x01u);
+    EXPECT_EQ(model.Colour(3), 0x010101u);
+    EXPECT_EQ(model.Colour(4), 0x020202u);
+    EXPECT_EQ(model.Colour(5), 0x030303u);
+    EXPECT_EQ(model.Colour(6), 0x040404u);
+    EXPECT_EQ(model.Colour(0), 0x050505u);
+    EXPECT_EQ(info.lowLimit[0], 22.0f);
+    EXPECT_EQ(info.lowLimit[1], 22.0f);
+    EXPECT_EQ(model.HighLimit(), 256.0f);
+    EXPECT_EQ(info.floating, 0);
+    EXPECT_EQ(info.decimals, 3u);
+    EXPECT_STREQ(model.Title(), "Oil");
+    EXPECT_STREQ(model.Units(), "bar");
+    EXPECT_EQ(model.UserWord(), 77u);
+    EXPECT_EQ(info.lowLimitEnabled, 8u);
+    EXPECT_EQ(info.highLimitEnabled, 4u);
+    EXPECT_EQ(model.ColourInForce(), kNormal);  // until the next value
+    EXPECT_STREQ(model.Text(), "");
+    EXPECT_EQ(ColourOf(model, 22.0f), 0x030303u);
+    EXPECT_STREQ(model.Text(), "022");
+}
+
+TEST(DigitalReadoutModelTest, RecordWithoutTextsKeepsTheOnesThereAre) {
+    DigitalReadoutModel model;
+    model.SetTitle("Oil");
+    model.SetUnits("bar");
+    DigitalReadoutInfo info = SampleInfo();
+    info.title = nullptr;
+    info.units = nullptr;
+    model.SetInfo(info);
+    EXPECT_STREQ(model.Title(), "Oil");
+    EXPECT_STREQ(model.Units(), "bar");
+}
+
+TEST(DigitalReadoutModelTest, RecordMayGiveTheReadoutsOwnTextsBack) {
+    DigitalReadoutModel model;
+    model.SetTitle("Oil");
+    model.SetUnits("bar");
+    model.SetInfo(model.Info());
+    EXPECT_STREQ(model.Title(), "Oil");
+    EXPECT_STREQ(model.Units(), "bar");
+}
+
+TEST(DigitalReadoutModelTest, TextsAreCutToTheirBuffers) {
+    DigitalReadoutModel model;
+    const std::string text(500, 'x');
+    EXPECT_EQ(model.SetTitle(text.c_str()), 79u);
+    EXPECT_EQ(model.SetUnits(text.c_str()), 49u);
+    EXPECT_EQ(std::string(model.Title()), text.substr(0, 79));
+    EXPECT_EQ(std::string(model.Units()), text.substr(0, 49));
+    EXPECT_STREQ(model.Text(), "");
+    EXPECT_EQ(model.SetTitle(text.substr(0, 79).c_str()), 79u);
+    EXPECT_EQ(model.SetTitle("ab"), 2u);
+    EXPECT_STREQ(model.Title(), "ab");
+
+    DigitalReadoutInfo info = SampleInfo();
+    info.title = info.units = text.c_str();
+    model.SetInfo(info);
+    EXPECT_EQ(std::string(model.Title()), text.substr(0, 79));
+    EXPECT_EQ(std::string(model.Units()), text.substr(0, 49));
+    EXPECT_EQ(model.UserWord(), 77u);
+}
+
+TEST(DigitalReadoutModelTest, NullTextEmpties) {
+    DigitalReadoutModel model;
+    model.SetTitle("Oil");
+    EXPECT_EQ(model.SetTitle(nullptr), 0u);
+    EXPECT_STREQ(model.Title(), "");
+}
+
+TEST(DigitalReadoutModelTest, ColoursBeyondTheSeventhAreIgnoredAndReadZero) {
+    DigitalReadoutModel model;
+    for (std::uint32_t i = 0; i < 7; ++i)
+        model.SetColour(i, 0x100 + i);
+    model.SetColour(7, 0x777777);
+    model.SetColour(0xFFFFFFFF, 0x777777);
+    for (std::uint32_t i = 0; i < 7; ++i)
+        EXPECT_EQ(model.Colour(i), 0x100 + i) << i;
+    EXPECT_EQ(model.Colour(7), 0u);
+    EXPECT_EQ(model.Colour(0xFFFFFFFF), 0u);
+    EXPECT_EQ(model.ColourInForce(), kNormal);
+}
+
+TEST(DigitalReadoutModelTest, LimitsAreReachedByAValueThatEqualsThem) {
+    DigitalReadoutModel model;
+    model.SetLowLimit(10.0f);
+    model.SetHighLimit(20.0f);
+    model.EnableLowLimit(8);
+    model.EnableHighLimit(4);
+    EXPECT_EQ(ColourOf(model, 9.0f), kLow);
+    EXPECT_EQ(ColourOf(model, 10.0f), kLow);
+    EXPECT_EQ(ColourOf(model, std::nextafter(10.0f, 11.0f)), kNormal);
+    EXPECT_EQ(ColourOf(model, std::nextafter(20.0f, 19.0f)), kNormal);
+    EXPECT_EQ(ColourOf(model, 20.0f), kHigh);
+    EXPECT_EQ(ColourOf(model, 21.0f), kHigh);
+}
+
+TEST(DigitalReadoutModelTest, HighLimitWinsWhereBothAreReached) {
+    DigitalReadoutModel model;
+    model.SetLowLimit(20.0f);
+    model.SetHighLimit(10.0f);
+    model.EnableLowLimit(1);
+    model.EnableHighLimit(1);
+    EXPECT_EQ(ColourOf(model, 15.0f), kHigh);
+    EXPECT_EQ(ColourOf(model, 5.0f), kLow);
+    EXPECT_EQ(ColourOf(model, 25.0f), kHigh);
+}
+
+TEST(DigitalReadoutModelTest, LimitsThatAreNotEnabledColourNothing) {
+    DigitalReadoutModel model;
+    EXPECT_EQ(ColourOf(model, -5.0f), kNormal);
+    EXPECT_EQ(ColourOf(model, 1000.0f), kNormal);
+}
+
+TEST(DigitalReadoutModelTest, EnabledLimitCountsAtItsDefaultToo) {
+    DigitalReadoutModel model;
+    model.EnableLowLimit(1);
+    EXPECT_EQ(ColourOf(model, -1.0f), kLow);
+    model.EnableHighLimit(1);
+    EXPECT_EQ(ColourOf(model, 256.0f), kHigh);
+    EXPECT_EQ(ColourOf(model, 255.0f), kNormal);
+}
+
+TEST(DigitalReadoutModelTest, EnablingAndRecolouringWaitForTheNextValue) {
+    DigitalReadoutModel model;
+    model.SetValue(300.0f);
+    model.EnableHighLimit(1);
+    model.SetColour(3, 0x111111);
+    model.SetColour(4, 0x222222);
+    EXPECT_EQ(model.ColourInForce(), kNormal);
+    EXPECT_EQ(ColourOf(model, 300.0f), 0x222222u);
+}
+
+TEST(DigitalReadoutModelTest, ChangedLimitRecoloursTheValue) {
+    DigitalReadoutModel model;
+    model.EnableHighLimit(1);
+    model.EnableLowLimit(1);
+    model.SetValue(100.0f);
+    EXPECT_EQ(model.SetHighLimit(50.0f), 256.0f);
+    EXPECT_EQ(model.ColourInForce(), kHigh);
+    EXPECT_EQ(model.SetHighLimit(500.0f), 50.0f);
+    EXPECT_EQ(model.ColourInForce(), kNormal);
+    EXPECT_EQ(model.SetLowLimit(100.0f), -1.0f);
+    EXPECT_EQ(model.ColourInForce(), kLow);
+    EXPECT_EQ(model.SetLowLimit(0.0f), 100.0f);
+    EXPECT_EQ(model.ColourInForce(), kNormal);
+    EXPECT_EQ(model.SetValue(0.0f), 100.0f);
+}
+
+TEST(DigitalReadoutModelTest, NoNumberIsNeitherBelowNorAboveALimit) {
+    DigitalReadoutModel model;
+    model.EnableLowLimit(1);
+    EXPECT_EQ(ColourOf(model, kNan), kLow);
+    model.EnableHighLimit(1);
+    EXPECT_EQ(ColourOf(model, kNan), kHigh);
+}
+
+TEST(DigitalReadoutModelTest, PrintsFloats) {
+    EXPECT_EQ(Printed(0.0f, 1, 2), "0.00");
+    EXPECT_EQ(Printed(12.346f, 1, 2), "12.35");
+    EXPECT_EQ(Printed(-3.5f, 1, 0), "-4");  // to even, as everywhere
+    EXPECT_EQ(Printed(1.5f, 1, 5), "1.50000");
+    EXPECT_EQ(Printed(1.5f, 2, 1), "1.5");
+    EXPECT_EQ(Printed(0.1f, 1, 12), "0.100000001490");
+    EXPECT_EQ(Printed(kInfinity, 1, 2), "inf");
+    EXPECT_EQ(Printed(-kInfinity, 1, 2), "-inf");
+    EXPECT_EQ(Printed(kNan, 1, 2), "nan");
+}
+
+TEST(DigitalReadoutModelTest, WholeNumbersAreTruncated) {
+    for (const float value : {0.0f, 0.99f, -0.99f, -0.0f})
+        EXPECT_EQ(Printed(value, 0, 1), "0") << value;
+    EXPECT_EQ(Printed(1.0f, 0, 1), "1");
+    EXPECT_EQ(Printed(-1.99f, 0, 1), "-1");
+    EXPECT_EQ(Printed(1234.9f, 0, 1), "1234");
+}
+
+TEST(DigitalReadoutModelTest, DecimalsArePaddingForWholeNumbers) {
+    EXPECT_EQ(Printed(7.0f, 0, 3), "007");
+    EXPECT_EQ(Printed(-7.0f, 0, 3), "-007");
+    EXPECT_EQ(Printed(1234.0f, 0, 3), "1234");
+    EXPECT_EQ(Printed(0.0f, 0, 0), "");
+    EXPECT_EQ(Printed(7.0f, 0, 0), "7");
+}
+
+TEST(DigitalReadoutModelTest, WholeNumbersThatDoNotFitReadAsTheLowest) {
+    for (const float value : {2147483648.0f, -2147483648.0f, 3e9f, -3e9f, FLT_MAX, kInfinity, -kInfinity, kNan})
+        EXPECT_EQ(Printed(value, 0, 1), "-2147483648") << value;
+    EXPECT_EQ(Printed(2147483520.0f, 0, 1), "2147483520");
+}
+
+TEST(DigitalReadoutModelTest, LongTextIsCutTo24Characters) {
+    EXPECT_EQ(Printed(FLT_MAX, 1, 2), "340282346638528859811704");
+    EXPECT_EQ(Printed(0.5f, 1, 30), "0.5000000000000000000000");
+    EXPECT_EQ(Printed(0.5f, 1, 0x7FFFFFFF), "0.5000000000000000000000");
+    EXPECT_EQ(Printed(-7.0f, 0, 0x7FFFFFFF), "-" + std::string(23, '0'));
+}
+
+TEST(DigitalReadoutModelTest, DecimalsWithTheSignBitCountAsNotGiven) {
+    EXPECT_EQ(Printed(0.5f, 1, 0x80000000), "0.500000");
+    EXPECT_EQ(Printed(7.0f, 0, 0x80000000), "7");
+    DigitalReadoutModel model;
+    DigitalReadoutInfo info = model.Info();
+    info.decimals = 0xFFFFFFFF;
+    model.SetInfo(info);
+    model.SetValue(0.5f);
+    EXPECT_STREQ(model.Text(), "0.500000");
+}
+
+TEST(DigitalReadoutModelTest, FormatKeepsWhatIsNotTold) {
+    DigitalReadoutModel model;
+    model.SetValue(7.25f);
+    model.SetFormat(-1, 1);
+    EXPECT_STREQ(model.Text(), "7.2");
+    model.SetFormat(0, 0xFFFFFFFF);
+    EXPECT_STREQ(model.Text(), "7");
+    model.SetFormat(-1, 3);
+    EXPECT_STREQ(model.Text(), "007");
+    model.SetFormat(-1, 0xFFFFFFFF);
+    EXPECT_STREQ(model.Text(), "007");
+    EXPECT_EQ(model.Info().floating, 0);
+    EXPECT_EQ(model.Info().decimals, 3u);
+}
+
+TEST(DigitalReadoutModelTest, FormatPrintsAValueForTheFirstTimeToo) {
+    DigitalReadoutModel model;
+    model.SetFormat(-1, 0xFFFFFFFF);
+    EXPECT_STREQ(model.Text(), "0.00");
+    EXPECT_EQ(model.DigitsHeight(), 34);
+}
+
+TEST(DigitalReadoutModelTest, FormatLeavesSizeAndColourUntilTheNextValue) {
+    DigitalReadoutModel model;
+    model.SetValue(300.0f);  // 300.00
+    EXPECT_EQ(model.DigitsHeight(), 34);
+    model.EnableHighLimit(1);
+    model.SetFormat(0, 1);
+    EXPECT_STREQ(model.Text(), "300");
+    EXPECT_EQ(model.DigitsHeight(), 34);
+    EXPECT_EQ(model.ColourInForce(), kNormal);
+    model.SetValue(300.0f);
+    EXPECT_EQ(model.DigitsHeight(), 50);
+    EXPECT_EQ(model.ColourInForce(), kHigh);
+}
+
+TEST(DigitalReadoutModelTest, DigitsShrinkWithTheLengthOfTheirText) {
+    const int heights[] = {50, 50, 50, 50, 44, 40, 34, 30, 28, 26, 24, 24, 24};
+    for (std::size_t length = 0; length < std::size(heights); ++length)
+        EXPECT_EQ(DigitsHeightFor(length), heights[length]) << length;
+    EXPECT_EQ(DigitsHeightFor(24), 24);
+
+    DigitalReadoutModel model;
+    model.SetFormat(0, 2);
+    for (std::uint32_t length = 2; length < std::size(heights); ++length) {
+        model.SetFormat(-1, length);
+        model.SetValue(1.0f);
+        EXPECT_EQ(std::string(model.Text()).size(), length);
+        EXPECT_EQ(model.DigitsHeight(), heights[length]) << length;
+    }
+}
+
+TEST(DigitalReadoutModelTest, FirstTextOfOneCharacterKeepsTheHeightOfTheBeginning) {
+    DigitalReadoutModel model;
+    model.SetFormat(0, 1);
+    model.SetValue(5.0f);
+    EXPECT_EQ(model.DigitsHeight(), 34);
+    model.SetValue(15.0f);
+    EXPECT_EQ(model.DigitsHeight(), 50);
+    model.SetValue(5.0f);
+    EXPECT_EQ(model.DigitsHeight(), 50);
+}
+
+TEST(DigitalReadoutModelTest, FixedSizeStaysUntilItIsAutomaticAgain) {
+    DigitalReadoutModel model;
+    model.SetAutomaticSize(false);
+    model.SetValue(1.0f);
+    EXPECT_EQ(model.DigitsHeight(), 34);
+    model.SetAutomaticSize(true);
+    EXPECT_EQ(model.DigitsHeight(), 34);
+    model.SetValue(1.0f);
+    EXPECT_EQ(model.DigitsHeight(), 44);
+}
+
+TEST(DigitalReadoutModelTest, UserWordAnswersTheOldOne) {
+    DigitalReadoutModel model;
+    EXPECT_EQ(model.SetUserWord(0xDEADBEEF), 0u);
+    EXPECT_EQ(model.SetUserWord(1), 0xDEADBEEFu);
+    EXPECT_EQ(model.UserWord(), 1u);
+}
+
+}  // namespace
+}  // namespace corvex
