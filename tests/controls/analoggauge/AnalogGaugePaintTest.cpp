@@ -1,0 +1,294 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <optional>
+
+#include "controls/analoggauge/AnalogGaugePaint.h"
+#include "tests/controls/analoggauge/DialReference.h"
+#include "tests/controls/gauge/FigureRecorder.h"
+#include "tests/controls/window/PaintTestHelper.h"
+
+namespace corvex {
+namespace {
+
+using Lines = std::vector<std::string>;
+using Text = std::optional<std::string>;
+
+struct ExpectedBand {
+    double low, high;
+    unsigned colour;
+};
+
+// What is on the dial, in words; Figures tells by which figures it is drawn.
+struct ExpectedDial {
+    int width, height;
+    const char* mode;
+    ReferenceScale scale;
+    double value;
+    Lines labels;
+    Text title, number, units, lowest, highest;
+    std::vector<ExpectedBand> bands;
+    // In the order of their indices, then those of the two extremes.
+    unsigned colours[12] = {0xF0F0F0, 0, 0x0050FA, 0, 0, 0xFFFFFF, 0, 0, 0xFF0000, 0xFF0000, 0, 0};
+
+    Lines Figures() const;
+
+private:
+    void AddTexts(Lines& lines) const;
+    void AddScale(Lines& lines) const;
+    void AddArcs(Lines& lines) const;
+    void AddNeedle(Lines& lines) const;
+    std::string Arc(double low, double high, unsigned colour) const;
+    double Angle(double value) const { return ReferenceAngle(scale, value); }
+};
+
+template <class... Numbers>
+std::string Put(const char* format, Numbers... numbers) {
+    char text[200];
+    std::snprintf(text, sizeof text, format, numbers...);
+    return text;
+}
+
+std::string Letters(int x, int y, unsigned align, int height, unsigned colour, const std::string& text) {
+    return Put("text %d,%d align %u font Arial %d 600 2 32 colour %06x transparent: ", x, y, align, height, colour) +
+           text;
+}
+
+std::string Radial(int from, int to, double angle, int width, unsigned colour) {
+    const ReferencePlace a = ReferenceRoundedPoint(from, angle), b = ReferenceRoundedPoint(to, angle);
+    return Put("line %d,%d to %d,%d pen 0 %d %06x", a.x, a.y, b.x, b.y, width, colour);
+}
+
+void ExpectedDial::AddTexts(Lines& lines) const {
+    if (title) lines.push_back(Letters(90, 72, 14, 12, colours[3], *title));
+    if (number) lines.push_back(Letters(90, 135, 6, 10, colours[9], *number));
+    if (units) lines.push_back(Letters(90, 144, 6, 10, colours[4], *units));
+    if (lowest) lines.push_back(Letters(67, 120, 6, 7, colours[10], *lowest));
+    if (highest) lines.push_back(Letters(112, 120, 6, 7, colours[11], *highest));
+}
+
+void ExpectedDial::AddScale(Lines& lines) const {
+    const double step = (scale.maximum - scale.minimum) / 10.0;
+    for (int i = 0; i < 11; ++i) {
+        const double angle = Angle(scale.minimum + step * i);
+        lines.push_back(Radial(87, 79, angle, 1, colours[7]));
+        const ReferencePlace anchor = ReferencePoint(76, angle);
+        lines.push_back(
+            Letters(anchor.x, anchor.y, ReferenceAlignment(angle), 9, colours[6], labels[static_cast<std::size_t>(i)]));
+        for (int j = 1; i > 0 && j < 5; ++j)
+            lines.push_back(Radial(87, 82, Angle(scale.minimum + step * (i - 1) + step * j / 5.0), 1, colours[8]));
+    }
+}
+
+std::string ExpectedDial::Arc(double low, double high, unsigned colour) const {
+    const ReferencePlace from = ReferencePoint(179, Angle(high)), to = ReferencePoint(179, Angle(low));
+    return Put("arc 2,2,178,178 from %d,%d to %d,%d ccw pen 0 2 %06x", from.x, from.y, to.x, to.y, colour);
+}
+
+void ExpectedDial::AddArcs(Lines& lines) const {
+    lines.push_back(Arc(scale.minimum, scale.maximum, colours[1]));
+    for (const ExpectedBand& band : bands)
+        lines.push_back(Arc(band.low, band.high, band.colour));
+}
+
+void ExpectedDial::AddNeedle(Lines& lines) const {
+    const double angle = Angle(value);
+    const ReferencePlace tip = ReferencePoint(75, angle), left = ReferencePoint(2, angle - 90.0),
+                         right = ReferencePoint(2, angle + 90.0);
+    lines.push_back(Put("polygon %d,%d %d,%d %d,%d pen 0 1 %06x brush ffffff", tip.x, tip.y, left.x, left.y, right.x,
+                        right.y, colours[2]));
+    lines.push_back("ellipse 88,88,92,92 pen 0 0 000000 brush 000000");
+    lines.push_back(Radial(88, 84, angle, 2, 0x0000FF));
+}
+
+Lines ExpectedDial::Figures() const {
+    Lines lines;
+    lines.push_back(Put("mapping %s window 180,180 viewport %d,%d", mode, std::max(width, 180), std::max(height, 180)));
+    lines.push_back(Put("fill 0,0,%d,%d brush %06x", width, height, colours[5]));
+    lines.push_back(Put("ellipse 2,2,178,178 pen 0 1 %06x brush %06x", colours[1], colours[0]));
+    AddTexts(lines);
+    AddScale(lines);
+    AddArcs(lines);
+    AddNeedle(lines);
+    return lines;
+}
+
+ExpectedDial DefaultDial(int width, int height) {
+    ExpectedDial dial{};
+    dial.width = width;
+    dial.height = height;
+    dial.mode = "anisotropic";
+    dial.scale = {0.0, 150.0, 40.0, 300.0};
+    dial.labels = {"0", "15", "30", "45", "60", "75", "90", "105", "120", "135", "150"};
+    dial.number = "0";
+    dial.lowest = "Min: -2147483648";
+    dial.highest = "Max: 0.00";
+    return dial;
+}
+
+Lines Painted(const AnalogGaugeModel& model, int width, int height) {
+    return FiguresOf([&](HDC dc) { PaintAnalogGauge(dc, RECT{0, 0, width, height}, model); });
+}
+
+void Name(GaugeText& text, const std::string& words) {
+    text.Set(words.c_str(), words.size());
+}
+
+TEST(AnalogGaugePaintTest, DefaultDialAsTold) {
+    EXPECT_EQ(Painted(AnalogGaugeModel(), 300, 300), DefaultDial(300, 300).Figures());
+}
+
+TEST(AnalogGaugePaintTest, EveryPartInItsOwnColourOnARoundDial) {
+    AnalogGaugeModel model;
+    ExpectedDial dial = DefaultDial(500, 200);
+    for (unsigned i = 0; i < 10; ++i) {
+        dial.colours[i] = 0x102030 + i;
+        model.SetColour(i, dial.colours[i]);
+    }
+    dial.colours[10] = model.lowestColour = 0xABCDEF;
+    dial.colours[11] = model.highestColour = 0xFEDCBA;
+    model.SetFlags(AGF_ROUND);
+    model.scale = {-50.0f, 25.0f, 0.0f, 270.0f};
+    model.digits = 1;
+    Name(model.title, "Coolant");
+    Name(model.units, "deg");
+    model.SetValue(-12.5f);
+    model.SetValue(-40.0f);
+    const GaugeAlarmBand bands[] = {{-50.0f, -20.0f, 0x0000FF}, {10.0f, -10.0f, 0x00FF00}};
+    model.SetAlarm(10, &bands[0]);
+    model.SetAlarm(10, &bands[1]);
+
+    dial.mode = "isotropic";
+    dial.scale = {-50.0, 25.0, 0.0, 270.0};
+    dial.value = -40.0;
+    dial.labels = {"-50", "-42.5", "-35", "-27.5", "-20", "-12.5", "-5", "2.5", "10", "17.5", "25"};
+    dial.title = "Coolant";
+    dial.number = "-40";
+    dial.units = "deg";
+    dial.lowest = "Min: -40";
+    dial.highest = "Max: 0.0";
+    dial.bands = {{-50.0, -20.0, 0x0000FF}, {10.0, -10.0, 0x00FF00}};
+    EXPECT_EQ(Painted(model, 500, 200), dial.Figures());
+}
+
+TEST(AnalogGaugePaintTest, FlagsTakePartsAway) {
+    const GaugeAlarmBand band{30.0f, 60.0f, 0x0000FF};
+    for (const unsigned flag : {0x04u, 0x08u, 0x10u, 0x40u, 0x01u, 0x02u, 0x20u}) {
+        AnalogGaugeModel model;
+        model.SetAlarm(0, &band);
+        model.flags = 0x7Fu & ~flag;
+        ExpectedDial dial = DefaultDial(180, 180);
+        if (flag == 0x04) dial.number.reset();
+        if (flag == 0x08) dial.highest.reset();
+        if (flag == 0x10) dial.lowest.reset();
+        if (flag != 0x40) dial.bands = {{30.0, 60.0, 0x0000FF}};
+        EXPECT_EQ(Painted(model, 180, 180), dial.Figures()) << flag;
+    }
+}
+
+TEST(AnalogGaugePaintTest, ValueWithAFractionShowsItsDecimals) {
+    AnalogGaugeModel model;
+    ExpectedDial dial = DefaultDial(180, 180);
+    model.SetValue(12.5f);
+    dial.value = 12.5;
+    dial.number = "12.50";
+    dial.lowest = "Min: 12.50";
+    dial.highest = "Max: 12.50";
+    EXPECT_EQ(Painted(model, 180, 180), dial.Figures());
+    model.SetValue(12.0f);
+    dial.value = 12.0;
+    dial.number = "12";
+    dial.lowest = "Min: 12";
+    EXPECT_EQ(Painted(model, 180, 180), dial.Figures());
+}
+
+TEST(AnalogGaugePaintTest, LongTextsDrawNothing) {
+    AnalogGaugeModel model;
+    ExpectedDial dial = DefaultDial(180, 180);
+    Name(model.title, std::string(99, 't'));
+    Name(model.units, std::string(99, 'u'));
+    dial.title = std::string(99, 't');
+    dial.units = std::string(99, 'u');
+    EXPECT_EQ(Painted(model, 180, 180), dial.Figures());
+    Name(model.title, std::string(100, 't'));
+    Name(model.units, std::string(100, 'u'));
+    EXPECT_EQ(Painted(model, 180, 180), DefaultDial(180, 180).Figures());
+}
+
+TEST(AnalogGaugePaintTest, SmallClientShowsTheUpperLeftPartOfAFullDial) {
+    EXPECT_EQ(Painted(AnalogGaugeModel(), 60, 90), DefaultDial(60, 90).Figures());
+}
+
+TEST(AnalogGaugePaintTest, NeedlePointsBeyondARangeThatHasShrunk) {
+    AnalogGaugeModel model;
+    ExpectedDial dial = DefaultDial(180, 180);
+    model.SetValue(150.0f);
+    model.scale.rangeMaximum = 100.0f;
+    dial.scale.maximum = 100.0;
+    dial.value = 150.0;
+    dial.labels = {"0", "10", "20", "30", "40", "50", "60", "70", "80", "90", "100"};
+    dial.number = "150";
+    dial.lowest = "Min: 150";
+    dial.highest = "Max: 150";
+    EXPECT_EQ(Painted(model, 180, 180), dial.Figures());
+}
+
+TEST(AnalogGaugePaintTest, SurvivesWhatIsNoNumber) {
+    constexpr float kInfinity = std::numeric_limits<float>::infinity(), kLargest = std::numeric_limits<float>::max();
+    for (const float odd : {std::nanf(""), kInfinity, -kInfinity, kLargest, -kLargest}) {
+        AnalogGaugeModel model;
+        const GaugeAlarmBand band{odd, -odd, 0x0000FF};
+        model.SetAlarm(0, &band);
+        model.scale = {odd, odd, odd, -odd};
+        model.SetValue(odd);
+        const Lines lines = Painted(model, 300, 300);
+        // mapping, ground, face, digits, two extremes, 11 labels, 51 ticks, two arcs, needle, hub, mark
+        EXPECT_EQ(lines.size(), 3u + 3u + 11u + 51u + 2u + 3u) << odd;
+        const TestBitmap bitmap(100, 100, 0);
+        PaintAnalogGauge(bitmap.Dc(), RECT{0, 0, 100, 100}, model);
+    }
+}
+
+TEST(AnalogGaugePaintTest, RangeWithoutLengthShowsNeitherScaleNorNeedle) {
+    AnalogGaugeModel model;
+    model.scale.rangeMaximum = model.scale.rangeMinimum;
+    for (const std::string& line : FiguresOfKind(Painted(model, 180, 180), "line"))
+        EXPECT_EQ(line.find("line -"), 0u) << line;
+    for (const std::string& line : FiguresOfKind(Painted(model, 180, 180), "polygon"))
+        EXPECT_EQ(line.find("polygon -"), 0u) << line;
+}
+
+TEST(AnalogGaugePaintTest, BandTurnedRoundGoesTheLongWay) {
+    const auto rim = [](float low, float high) {
+        AnalogGaugeModel model;
+        const GaugeAlarmBand band{low, high, 0x0000FF};
+        model.flags = AGF_ALARMS;
+        model.SetAlarm(0, &band);
+        const TestBitmap bitmap(180, 180, 0);
+        PaintAnalogGauge(bitmap.Dc(), RECT{0, 0, 180, 180}, model);
+        const bool top = bitmap.ColoursIn(80, 0, 85, 5).contains(0x0000FF);
+        const bool bottom = bitmap.ColoursIn(95, 174, 100, 180).contains(0x0000FF);
+        return std::pair(top, bottom);
+    };
+    EXPECT_EQ(rim(30.0f, 120.0f), std::pair(true, false));
+    EXPECT_EQ(rim(120.0f, 30.0f), std::pair(false, true));
+}
+
+TEST(AnalogGaugePaintTest, LeavesTheContextAsItWasAndNoObjectBehind) {
+    const TestBitmap bitmap(60, 60, 0);
+    const std::size_t before = LiveGdiObjects();
+    const HGDIOBJ font = ::GetCurrentObject(bitmap.Dc(), OBJ_FONT);
+    AnalogGaugeModel model;
+    Name(model.title, "Coolant");
+    PaintAnalogGauge(bitmap.Dc(), RECT{0, 0, 60, 60}, model);
+    EXPECT_EQ(LiveGdiObjects(), before);
+    EXPECT_EQ(::GetMapMode(bitmap.Dc()), MM_TEXT);
+    EXPECT_EQ(::GetCurrentObject(bitmap.Dc(), OBJ_FONT), font);
+    EXPECT_EQ(::GetBkMode(bitmap.Dc()), OPAQUE);
+}
+
+}  // namespace
+}  // namespace corvex
