@@ -1,7 +1,7 @@
 #include "tests/controls/window/PaintTestHelper.h"
 
-#include <algorithm>
 #include <cstdarg>
+#include <cstdint>
 #include <cstdio>
 
 namespace corvex {
@@ -76,6 +76,25 @@ int CALLBACK OnRecord(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARA
     return 1;
 }
 
+OwnedBitmap MakeBitmap(int width, int height, std::uint32_t** pixels) {
+    BITMAPINFO words{};
+    words.bmiHeader.biSize = sizeof words.bmiHeader;
+    words.bmiHeader.biWidth = width;
+    words.bmiHeader.biHeight = -height;  // from the top down
+    words.bmiHeader.biPlanes = 1;
+    words.bmiHeader.biBitCount = 32;
+    void* memory = nullptr;
+    OwnedBitmap bitmap(::CreateDIBSection(nullptr, &words, DIB_RGB_COLORS, &memory, nullptr, 0));
+    *pixels = static_cast<std::uint32_t*>(memory);
+    return bitmap;
+}
+
+SIZE ClientSize(HWND window) {
+    RECT area{};
+    ::GetClientRect(window, &area);
+    return {area.right, area.bottom};
+}
+
 }  // namespace
 
 OwnedFont MakeTestFont() {
@@ -115,14 +134,21 @@ std::string CentredText(const std::string& text, int width, int height) {
 }
 
 TestBitmap::TestBitmap(int width, int height, COLORREF ground)
-    : bitmap_(::CreateCompatibleBitmap(ClientDc(nullptr).Get(), width, height)), selected_(dc_.Get(), bitmap_.Get()) {
+    : width_(width), bitmap_(MakeBitmap(width, height, &pixels_)), selected_(dc_.Get(), bitmap_.Get()) {
     const OwnedBrush brush(::CreateSolidBrush(ground));
     const RECT area{0, 0, width, height};
     ::FillRect(Dc(), &area, brush.Get());
 }
 
+TestBitmap::TestBitmap(HWND window) : TestBitmap(ClientSize(window).cx, ClientSize(window).cy, 0) {
+    const SIZE size = ClientSize(window);
+    ::BitBlt(Dc(), 0, 0, size.cx, size.cy, ClientDc(window).Get(), 0, 0, SRCCOPY);
+}
+
 COLORREF TestBitmap::At(int x, int y) const {
-    return ::GetPixel(Dc(), x, y);
+    ::GdiFlush();
+    const std::uint32_t pixel = pixels_[y * width_ + x];
+    return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
 }
 
 std::set<COLORREF> TestBitmap::ColoursIn(int left, int top, int right, int bottom) const {
@@ -143,15 +169,8 @@ void SetPixelOf(HWND window, int x, int y, COLORREF colour) {
 }
 
 std::set<COLORREF> ColoursOf(HWND window) {
-    RECT area{};
-    ::GetClientRect(window, &area);
-    std::set<COLORREF> colours;
-    const ClientDc dc(window);
-    for (int y = 0; y < area.bottom; ++y) {
-        for (int x = 0; x < area.right; ++x)
-            colours.insert(::GetPixel(dc.Get(), x, y));
-    }
-    return colours;
+    const SIZE size = ClientSize(window);
+    return TestBitmap(window).ColoursIn(0, 0, size.cx, size.cy);
 }
 
 }  // namespace corvex

@@ -1,6 +1,7 @@
 // Ways to see what a paint function or a window has drawn.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <set>
 #include <string>
@@ -21,16 +22,19 @@ std::vector<std::size_t> PlacesOf(const std::vector<std::string>& lines, const s
 // The line that a text drawn in the middle of such an area leaves; the height should be odd, as that of the font is.
 std::string CentredText(const std::string& text, int width, int height);
 
-// A bitmap of a colour to paint on.
+// A bitmap to paint on, of one colour, or a copy of what a window on show has in its client.
 class TestBitmap {
 public:
     TestBitmap(int width, int height, COLORREF ground);
+    explicit TestBitmap(HWND window);
     HDC Dc() const { return dc_.Get(); }
     COLORREF At(int x, int y) const;
     // The colours in a part, right and bottom outside.
     std::set<COLORREF> ColoursIn(int left, int top, int right, int bottom) const;
 
 private:
+    int width_;
+    std::uint32_t* pixels_ = nullptr;  // the bitmap's
     MemoryDc dc_;
     OwnedBitmap bitmap_;
     SelectGuard selected_;
