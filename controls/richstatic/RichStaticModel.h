@@ -9,10 +9,9 @@ struct RichStaticModel {
     FlashTextModel label;
     std::uint32_t borderColour = 0;  // kNoColour: no border
 
-    // A text without a colour takes that of the ground, if that has one: it is there to be read, not to be seen.
+    // A text without a colour takes that of the ground: it is there to be read, not to be seen.
     std::uint32_t PaintedTextColour() const {
-        const bool takesBack = label.TextColour() == kNoColour && label.BackColour() != kNoColour;
-        return takesBack ? label.BackColour() : label.TextColour();
+        return label.TextColour() == kNoColour ? label.BackColour() : label.TextColour();
     }
 };
 
