@@ -60,6 +60,14 @@ private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override { return Default(message, wParam, lParam); }
 };
 
+LRESULT answerAfterTheLast = 0;
+
+LRESULT CALLBACK SendsOnAfterTheLast(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = ControlProcedure<Probe>(window, message, wParam, lParam);
+    if (message == WM_NCDESTROY) answerAfterTheLast = ControlProcedure<Probe>(window, PM_ADD, 5, 0);
+    return result;
+}
+
 class ControlWindowTest : public ::testing::Test {
 protected:
     ControlWindowTest() {
@@ -152,6 +160,14 @@ TEST_F(ControlWindowTest, HoldKeepsTheObjectOfAWindowThatGoes) {
     }
     EXPECT_EQ(wishes_.alive, 0);
     const ControlHold nothing(nullptr);
+}
+
+TEST_F(ControlWindowTest, MessageAfterTheLastFindsNoObject) {
+    const HWND window = Create();
+    ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SendsOnAfterTheLast));
+    answerAfterTheLast = -1;
+    ::DestroyWindow(window);
+    EXPECT_EQ(answerAfterTheLast, 0);
 }
 
 TEST_F(ControlWindowTest, WindowThatIsRefusedLeavesNoObject) {
