@@ -120,7 +120,7 @@ void Close::CloseAndLook(const char* state, bool byExit) {
     EXPECT_EQ(CountProcessesOf(folder.Program()), 0) << state;
     const std::map<std::string, std::string> settings = folder.Settings();
     const std::map<std::string, std::string> expected{{"lastadxpath", Definition()},
-                                                      {"comport", "COM1"},
+                                                      {"comport", TestPort()},
                                                       {"loadlastdef", "1"},
                                                       {"lastxdlpath", folder.Name("drive.xdl")},
                                                       {"winposx", "50"},

@@ -50,7 +50,7 @@ TEST_F(Dialogs, PreferencesChangeTheDigitOfThePort) {
     Settle();
     Start();
     OpenPreferences();
-    EXPECT_EQ(TextOf(PortDigit()), "1");
+    EXPECT_EQ(TextOf(PortDigit()), TestPort().substr(3));
     Ask(PortDigit(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("7"));
     PressAndExpectGone(kTreeOk);
     CloseProgram();
@@ -64,7 +64,7 @@ TEST_F(Dialogs, CancelledPreferencesChangeNothing) {
     Ask(PortDigit(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("7"));
     PressAndExpectGone(kTreeCancel);
     CloseProgram();
-    EXPECT_EQ(folder.Settings().at("comport"), "COM1");
+    EXPECT_EQ(folder.Settings().at("comport"), TestPort());
 }
 
 TEST_F(Dialogs, AMenuItemOfNothingDoesNothing) {

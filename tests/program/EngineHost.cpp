@@ -50,21 +50,21 @@ EngineHost::~EngineHost() {
     ::WSACleanup();
 }
 
-void EngineHost::Start(std::vector<std::string> options, const std::string& port) {
+void EngineHost::Start(std::vector<std::string> options) {
     const auto isDefinition = [](const std::string& option) { return option.find(".adx") != std::string::npos; };
     if (std::none_of(options.begin(), options.end(), isDefinition)) options.emplace_back(kDefinition);
-    std::string line = "start\t" + port;
+    std::string line = "start\t" + TestPort();
     for (const std::string& option : options)
         line.append("\t").append(option);
     Request(line);
 }
 
-std::string EngineHost::Stop(const std::string& port) {
-    return Request("stop\t" + port);
+std::string EngineHost::Stop() {
+    return Request("stop\t" + TestPort());
 }
 
-void EngineHost::Unplug(const std::string& port) {
-    Request("unplug\t" + port);
+void EngineHost::Unplug() {
+    Request("unplug\t" + TestPort());
 }
 
 void EngineHost::TakePicture(const std::string& file, const RECT& place) {
@@ -80,6 +80,11 @@ std::string EngineHost::Request(const std::string& line) const {
     ::closesocket(connection);
     if (answer.empty() || answer.rfind("error", 0) == 0) throw std::runtime_error("engine host: " + answer);
     return answer;
+}
+
+std::string TestPort() {
+    const char* port = std::getenv("CORVEX_TEST_PORT");
+    return port == nullptr ? "COM1" : port;
 }
 
 std::uint64_t CountIn(const std::string& json, const std::string& name) {

@@ -20,11 +20,11 @@ public:
 
     // An engine with the options of the simulator behind the port, in place of one that is there. Without a definition
     // among them it is the 8192-baud example. Paths are the host's.
-    void Start(std::vector<std::string> options = {}, const std::string& port = "COM1");
+    void Start(std::vector<std::string> options = {});
     // Ends it. What it counted, as JSON.
-    std::string Stop(const std::string& port = "COM1");
+    std::string Stop();
     // The device vanishes under whoever has it open.
-    void Unplug(const std::string& port = "COM1");
+    void Unplug();
 
     // Saves what the screen shows there, as PNG. The file is named as the host knows it.
     void TakePicture(const std::string& file, const RECT& place);
@@ -32,6 +32,9 @@ public:
 private:
     std::string Request(const std::string& line) const;
 };
+
+// The port that this test program has for itself: $CORVEX_TEST_PORT, or COM1.
+std::string TestPort();
 
 // A number of the JSON that Stop gives.
 std::uint64_t CountIn(const std::string& json, const std::string& name);

@@ -1,6 +1,9 @@
+#include "controls/window/CommonControls.h"
 #include "tests/program/Keyboard.h"
 #include "tests/program/LogFiles.h"
+#include "tests/program/Mouse.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/RemoteMemory.h"
 
 namespace corvex::test {
 namespace {
@@ -70,6 +73,24 @@ TEST_F(Keys, BracketsJumpAgainstWhatTheMenuSays) {
     Press(kOpenBracket);
     EXPECT_TRUE(Eventually([&] { return Window().SliderPosition() < 15; }));
     ExpectSlider(15);
+}
+
+TEST_F(Keys, AndTheMouseDragsTheLogAlong) {
+    // Of 30 records the 21st is out of reach.
+    std::vector<std::uint32_t> times;
+    for (std::uint32_t i = 0; i < 30; ++i)
+        times.push_back(i * 100 + (i >= 20 ? 1000000 : 0));
+    StartWithLog(MakeLog(times));
+    Window().Send(kPlay);
+    ExpectSlider(20);
+    HWND slider = Window().Slider();
+    const RECT thumb = AskRectangle(slider, TBM_GETTHUMBRECT, 0);
+    POINT from{(thumb.left + thumb.right) / 2, (thumb.top + thumb.bottom) / 2}, to{0, from.y};
+    ::ClientToScreen(slider, &from);
+    ::ClientToScreen(slider, &to);
+    ASSERT_TRUE(DragMouse(from, to));
+    EXPECT_TRUE(Eventually([&] { return Window().SliderPosition() < 10; }));
+    ExpectSlider(20);
 }
 
 TEST_F(Keys, CtrlAndADigitSetTheSpeed) {

@@ -1,5 +1,7 @@
 #include "tests/program/ProgramTest.h"
 
+#include "tests/program/OwnDesktop.h"
+
 namespace corvex::test {
 
 namespace {
@@ -13,7 +15,7 @@ void ProgramTest::TearDown() {
 }
 
 void ProgramTest::Settle(const std::map<std::string, std::string>& changes) {
-    std::map<std::string, std::string> values{{"comport", "COM1"},
+    std::map<std::string, std::string> values{{"comport", TestPort()},
                                               {"lastadxpath", folder.TakeExample("harrier-8192.adx")}};
     for (const auto& [key, value] : changes)
         values[key] = value;
@@ -25,8 +27,12 @@ std::string ProgramTest::TitleOf(const std::string& adx) const {
     return title.append(adx).append("  XDL:  (Speed: 100%)");
 }
 
+void ProgramTest::Launch() {
+    program = std::make_unique<RunningProgram>(folder.Program(), folder.Path(), OwnDesktop());
+}
+
 void ProgramTest::Start() {
-    program = std::make_unique<RunningProgram>(folder.Program(), folder.Path());
+    Launch();
     window_ = CorvexWindow::WaitFor(program->Id());
 }
 

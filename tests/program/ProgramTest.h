@@ -23,8 +23,10 @@ protected:
     // A program that is still there at the end is closed as a user would and must go.
     void TearDown() override;
 
-    // Settings with COM1 and a copy of the 8192-baud example, unless `changes` say otherwise.
+    // Settings with the test's port and a copy of the 8192-baud example, unless `changes` say otherwise.
     void Settle(const std::map<std::string, std::string>& changes = {});
+    // Starts the program.
+    void Launch();
     // Starts the program and waits for its window.
     void Start();
     CorvexWindow& Window() { return *window_; }

@@ -2,17 +2,33 @@
 
 #include <tlhelp32.h>
 
-#include <algorithm>
-#include <filesystem>
+#include <array>
 #include <stdexcept>
 
 namespace corvex::test {
 
-RunningProgram::RunningProgram(const std::string& file, const std::string& folder) {
+namespace {
+
+bool Runs(DWORD process, const std::string& file) {
+    const HANDLE handle = ::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process);
+    if (handle == nullptr) return false;
+    std::array<char, 1024> name = {};
+    DWORD size = static_cast<DWORD>(name.size());
+    const bool runs =
+        ::QueryFullProcessImageNameA(handle, 0, name.data(), &size) && ::_stricmp(name.data(), file.c_str()) == 0;
+    ::CloseHandle(handle);
+    return runs;
+}
+
+}  // namespace
+
+RunningProgram::RunningProgram(const std::string& file, const std::string& folder, const std::string& desktop) {
     std::string line;
     line.append("\"").append(file).append("\"");
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
+    std::string place = desktop;
+    if (!place.empty()) startup.lpDesktop = place.data();
     PROCESS_INFORMATION made = {};
     if (!::CreateProcessA(file.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup,
                           &made))
@@ -42,13 +58,12 @@ std::optional<DWORD> RunningProgram::WaitForExit(DWORD milliseconds) const {
 }
 
 int CountProcessesOf(const std::string& file) {
-    const std::string name = std::filesystem::path(file).filename().string();
     const HANDLE all = ::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     PROCESSENTRY32 entry = {};
     entry.dwSize = sizeof entry;
     int count = 0;
     for (BOOL more = ::Process32First(all, &entry); more; more = ::Process32Next(all, &entry))
-        count += ::_stricmp(entry.szExeFile, name.c_str()) == 0 ? 1 : 0;
+        count += Runs(entry.th32ProcessID, file) ? 1 : 0;
     ::CloseHandle(all);
     return count;
 }

@@ -11,8 +11,8 @@ namespace corvex::test {
 // The process, from its start to its end. Throws std::runtime_error when it can't be started. One thread.
 class RunningProgram {
 public:
-    // In `folder` as its current one.
-    RunningProgram(const std::string& file, const std::string& folder);
+    // In `folder` as its current one, and on the named desktop, the present one when it has no name.
+    RunningProgram(const std::string& file, const std::string& folder, const std::string& desktop = {});
     // Ends it by force when it still runs.
     ~RunningProgram();
     RunningProgram(const RunningProgram&) = delete;

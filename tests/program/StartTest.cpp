@@ -83,7 +83,7 @@ TEST_F(Start, CutsAPathThatIsTooLong) {
 TEST_F(Start, RefusesToRunWithoutTheEditor) {
     Settle();
     std::filesystem::remove(folder.Name("ADXEditor.dll"));
-    program = std::make_unique<RunningProgram>(folder.Program(), folder.Path());
+    Launch();
     EXPECT_EQ(CloseBox(program->Id(), "Tarvex"),
               "Unable to ADXEditor.dll. Be sure it is in your path or application directory and restart the "
               "application");
@@ -94,7 +94,7 @@ TEST_F(Start, RefusesAnEditorWithoutItsEntry) {
     Settle();
     std::filesystem::copy_file(BuiltFile("no_entry.dll"), folder.Name("ADXEditor.dll"),
                                std::filesystem::copy_options::overwrite_existing);
-    program = std::make_unique<RunningProgram>(folder.Program(), folder.Path());
+    Launch();
     EXPECT_EQ(CloseBox(program->Id(), "Error"),
               "Unable to get ADXEditor entry point. Makes sure ADXEditor.dll is valid and in the correct directory.");
     EXPECT_EQ(program->WaitForExit(30000), std::optional<DWORD>(0));
