@@ -1,8 +1,15 @@
 #include "views/DashPage.h"
 
 #include <memory>
+#include <utility>
 
+#include "controls/analoggauge/AnalogGauge.h"
+#include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/tabsheet/TabSheet.h"
+#include "views/DashBindingModel.h"
+#include "views/DashGauge.h"
+#include "views/DashItemMenu.h"
+#include "views/DashLayoutModel.h"
 #include "views/PageCombo.h"
 #include "views/PageDialog.h"
 #include "views/PageResources.h"
@@ -13,12 +20,84 @@ namespace {
 
 constexpr LONG kComboGap = 3;  // pixels between the combo box and the gauges
 
-// Each gauge gets its place, in percent of the area, here.
+// To the page: show the sample that lParam points to.
+constexpr UINT kUpdateMessage = WM_APP + 0x111;
+
+struct SampleCall {
+    PacketView packet;
+    std::uint32_t commandId;
+};
+
+// What it has kept of its picture is of another size.
+void PlaceGauge(HWND gauge, const PixelArea& place) {
+    const RECT before = RectInParent(gauge);
+    const LONG width = place.right - place.left, height = place.bottom - place.top;
+    ::SetWindowPos(gauge, nullptr, place.left, place.top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    if (before.right - before.left != width || before.bottom - before.top != height)
+        ::InvalidateRect(gauge, nullptr, FALSE);
+}
+
 void LayOut(DashPage& state) {
     RECT client{};
     ::GetClientRect(state.window, &client);
     const RECT combo = RectInParent(::GetDlgItem(state.window, IDC_DASH_COMBO));
     state.area = {client.left, client.top + combo.bottom + kComboGap, client.right, client.bottom};
+    const PixelArea area{state.area.left, state.area.top, state.area.right, state.area.bottom};
+    for (const HWND gauge : state.gauges) {
+        if (const ADXDGENTRY* const entry = EntryOf(gauge)) PlaceGauge(gauge, GaugePlace(*entry, area));
+    }
+}
+
+// What an entry shows is bound before it is seen.
+HWND ShowGauge(const DashPage& state, std::uint32_t index) {
+    const HWND gauge = MakeGauge(state.window, state.dashboard->GetEntry(index), index);
+    BindGauge(gauge, state.session->definition);
+    if (gauge != nullptr) ::ShowWindow(gauge, SW_SHOW);
+    return gauge;
+}
+
+void DestroyGauges(DashPage& state) {
+    for (const HWND gauge : std::exchange(state.gauges, {})) {
+        if (gauge != nullptr) ::DestroyWindow(gauge);
+    }
+}
+
+// A readout becomes a lamp for a bitmask, and a lamp a readout for a value.
+void Rebind(DashPage& state, std::uint32_t index, ADXObject* item) {
+    ADXDGENTRY entry = *state.dashboard->GetEntry(index);
+    const bool isOtherKind = entry.item != nullptr && entry.item->GetType() != item->GetType();
+    if (isOtherKind) entry.gaugetype = item->GetType() == kTypeValue ? kDigitalReadoutType : kStatusGaugeType;
+    entry.item = item;
+    entry.itemidhash = item->GetIdHash();
+    state.dashboard->SetEntry(index, &entry);
+    state.session->dashChanged = 1;
+
+    HWND& gauge = state.gauges[index];
+    if (isOtherKind) {
+        ::DestroyWindow(std::exchange(gauge, nullptr));
+        gauge = ShowGauge(state, index);
+        LayOut(state);
+    } else {
+        BindGauge(gauge, state.session->definition);
+    }
+    ::InvalidateRect(gauge, nullptr, TRUE);
+    ::UpdateWindow(gauge);
+}
+
+// While the menu is open everything may happen, be it a load that leaves nothing of what was looked at before, or the
+// end of the page.
+void OnGaugeMenu(HWND page, unsigned control, POINT place) {
+    const DashPage& before = *DashPageOf(page);
+    const std::uint32_t index = control - kFirstGaugeId;
+    if (before.session->currentDashboard == nullptr || index >= before.gauges.size()) return;
+    const ADXDGENTRY* const entry = EntryOf(before.gauges[index]);
+    if (entry == nullptr) return;
+    const unsigned shown = before.shown;
+    ADXObject* const item = AskForItem(page, before.session->definition, *entry, place);
+
+    DashPage* const state = DashPageOf(page);
+    if (item == nullptr || state == nullptr || state->shown != shown) return;
+    Rebind(*state, index, item);
 }
 
 void TakeSelection(SessionState& session, HWND page) {
@@ -26,6 +105,21 @@ void TakeSelection(SessionState& session, HWND page) {
     session.currentDashboard = static_cast<ADXDashboard*>(SelectedObject(combo, session.definition, kTypeDashboard));
     ShowDashboard(session.currentDashboard, page);
     ::SendMessageA(page, WM_SIZE, 0, 0);
+}
+
+void OnCommand(DashPage& state, WPARAM wParam, LPARAM lParam) {
+    const unsigned control = LOWORD(wParam), code = HIWORD(wParam);
+    const POINT place{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    if (control == IDC_DASH_COMBO && code == CBN_SELCHANGE) {
+        TakeSelection(*state.session, state.window);
+    } else if (control >= kFirstGaugeId && (code == kAnalogGaugeMenuCode || code == kDigitalReadoutMenuCode)) {
+        OnGaugeMenu(state.window, control, place);
+    }
+}
+
+void OnSample(const DashPage& state, const SampleCall& sample) {
+    for (const HWND gauge : state.gauges)
+        UpdateGauge(gauge, state.session->definition, sample.packet, sample.commandId);
 }
 
 void Begin(HWND page, LPARAM session) {
@@ -53,7 +147,10 @@ INT_PTR CALLBACK DashProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lP
             LayOut(*state);
             return TRUE;
         case WM_COMMAND:
-            if (wParam == MAKEWPARAM(IDC_DASH_COMBO, CBN_SELCHANGE)) TakeSelection(*state->session, page);
+            OnCommand(*state, wParam, lParam);
+            return TRUE;
+        case kUpdateMessage:
+            OnSample(*state, *reinterpret_cast<const SampleCall*>(lParam));
             return TRUE;
         case WM_ERASEBKGND:
             return DialogResult(page, 1);
@@ -84,13 +181,26 @@ void RefreshDashPage(SessionState& session) {
     const HWND page = static_cast<HWND>(session.dashPage);
     session.currentDashboard = nullptr;
     if (page == nullptr) return;
+    // First of all, as the gauges point at entries that are gone.
+    ShowDashboard(nullptr, page);
     FillPageCombo(::GetDlgItem(page, IDC_DASH_COMBO), session.definition, kTypeDashboard);
     TakeSelection(session, page);
 }
 
-// The gauge windows of the former dashboard go, and those of the new one are made and bound to their items, here.
 void ShowDashboard(ADXDashboard* dashboard, HWND page) {
-    if (DashPage* const state = DashPageOf(page)) state->dashboard = dashboard;
+    DashPage* const state = DashPageOf(page);
+    if (state == nullptr) return;
+    ++state->shown;
+    state->dashboard = dashboard;
+    DestroyGauges(*state);
+    if (dashboard == nullptr) return;
+    for (std::uint32_t i = 0; i < dashboard->GetEntryCount(); ++i)
+        state->gauges.push_back(ShowGauge(*state, i));
+}
+
+void UpdateDashPage(const SessionState& session, PacketView packet, std::uint32_t commandId) {
+    const SampleCall sample{packet, commandId};
+    ::SendMessageA(static_cast<HWND>(session.dashPage), kUpdateMessage, 0, reinterpret_cast<LPARAM>(&sample));
 }
 
 DashPage* DashPageOf(HWND page) {

@@ -14,7 +14,8 @@ struct DashPage {
     ADXDashboard* dashboard = nullptr;  // on show; not owned
     HWND window = nullptr;
     RECT area{};               // for the gauges, in client coordinates
-    std::vector<HWND> gauges;  // at position i the window of entry i
+    std::vector<HWND> gauges;  // at position i the window of entry i, null for an entry of an unknown type
+    unsigned shown = 0;        // how many times a dashboard was shown: what a menu began with may be gone at its end
     SessionState* session = nullptr;
 };
 
@@ -22,7 +23,12 @@ struct DashPage {
 void CreateDashPage(SessionState& session);
 // After every change of the definition, before a message is waited for: offers its dashboards, and shows the first.
 void RefreshDashPage(SessionState& session);
+// Makes the gauges anew and binds them; the caller has them laid out by WM_SIZE. None for a null dashboard.
 void ShowDashboard(ADXDashboard* dashboard, HWND page);
+
+// Shows a sample on the gauges of its command and of no command, each of them painted at once. No packet: the last raw
+// words stand. Any thread: the call is carried to the page's own and waited for; the packet is not kept.
+void UpdateDashPage(const SessionState& session, PacketView packet, std::uint32_t commandId);
 
 // Null for any other window.
 DashPage* DashPageOf(HWND page);

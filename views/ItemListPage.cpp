@@ -1,8 +1,13 @@
 #include "views/ItemListPage.h"
 
+#include <memory>
+
+#include "controls/gauge/GaugeFont.h"
 #include "controls/tabsheet/TabSheet.h"
 #include "controls/window/CommonControls.h"
 #include "definition/ADXListView.h"
+#include "views/ItemAlarmModel.h"
+#include "views/ItemListRows.h"
 #include "views/PageCombo.h"
 #include "views/PageDialog.h"
 #include "views/PageResources.h"
@@ -19,12 +24,27 @@ struct Column {
 // The first column can only be aligned left, hence one without width before the values.
 constexpr Column kColumns[] = {{"", 0, LVCFMT_LEFT}, {"Value", 100, LVCFMT_RIGHT}, {"Title", 500, LVCFMT_LEFT}};
 
+// To the page: repaint the list.
+constexpr UINT kRepaintMessage = WM_APP + 0x112;
+
+constexpr int kBoldHeight = 14;
+
+// One for the page's life. The bold font outlives every context that it is selected in.
+struct ItemList {
+    explicit ItemList(SessionState& owner) : session(owner) {}
+
+    SessionState& session;
+    OwnedFont bold = MakeGaugeFont(kBoldHeight);
+    HFONT savedRowFont = nullptr;    // what the last bold cell took the place of
+    char text[kValueTextSize] = {};  // read by the control after the handler has returned
+};
+
 HWND ListOf(HWND page) {
     return ::GetDlgItem(page, IDC_LIST_VIEW);
 }
 
-SessionState& SessionOf(HWND page) {
-    return *reinterpret_cast<SessionState*>(::GetWindowLongPtrA(page, GWLP_USERDATA));
+ItemList* StateOf(HWND page) {
+    return reinterpret_cast<ItemList*>(::GetWindowLongPtrA(page, GWLP_USERDATA));
 }
 
 void InsertColumns(HWND list) {
@@ -40,15 +60,10 @@ void InsertColumns(HWND list) {
     }
 }
 
-// The rows of the list on show are inserted here.
-void FillItemList(HWND page) {
-    ::SendMessageA(ListOf(page), LVM_DELETEALLITEMS, 0, 0);
-}
-
 void TakeSelection(SessionState& session, HWND page) {
     const HWND combo = ::GetDlgItem(page, IDC_LIST_COMBO);
     session.currentListView = static_cast<ADXListView*>(SelectedObject(combo, session.definition, kTypeListView));
-    FillItemList(page);
+    FillItemList(ListOf(page), session.currentListView);
 }
 
 void LayOut(HWND page) {
@@ -60,19 +75,82 @@ void LayOut(HWND page) {
 }
 
 void Begin(HWND page, LPARAM session) {
-    ::SetWindowLongPtrA(page, GWLP_USERDATA, session);
-    SessionOf(page).listPage = page;
+    auto state = std::make_unique<ItemList>(*reinterpret_cast<SessionState*>(session));
+    state->session.listPage = page;
+    ::SetWindowLongPtrA(page, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state.release()));
     InsertColumns(ListOf(page));
 }
 
-// The list asks for its values and colours by WM_NOTIFY, which belongs here too.
+void End(HWND page) {
+    const std::unique_ptr<ItemList> state(StateOf(page));
+    ::SetWindowLongPtrA(page, GWLP_USERDATA, 0);
+    state->session.listPage = nullptr;
+}
+
+INT_PTR AnswerText(ItemList& state, LVITEMA& asked) {
+    const auto* const entry = reinterpret_cast<const ADXLVENTRY*>(asked.lParam);
+    if ((asked.mask & LVIF_TEXT) == 0 || asked.iSubItem != kValueColumn || entry == nullptr) return TRUE;
+    ValueText(*entry, state.session, state.text);
+    asked.pszText = state.text;
+    return TRUE;
+}
+
+// Only a bold cell leaves its font behind: the cells after it have it until one takes the saved font back. A heading's
+// bold is saved for too, or all rows would follow the first of them.
+void SelectCellFont(ItemList& state, HDC dc, CellFont font) {
+    if (font == CellFont::kOrdinary && state.savedRowFont != nullptr) ::SelectObject(dc, state.savedRowFont);
+    if (font != CellFont::kBold || !state.bold) return;
+    const auto former = static_cast<HFONT>(::SelectObject(dc, state.bold.Get()));
+    if (former != state.bold.Get()) state.savedRowFont = former;
+}
+
+LONG_PTR DrawCell(ItemList& state, NMLVCUSTOMDRAW& cell) {
+    const ADXLVENTRY* const entry = EntryOfRow(cell.nmcd.hdr.hwndFrom, static_cast<int>(cell.nmcd.dwItemSpec));
+    if (entry == nullptr) return CDRF_DODEFAULT;
+    const SessionState& session = state.session;
+    const CellLook look = LookOf(*entry, cell.iSubItem, session.definition, session.CopyLastPacket());
+    SelectCellFont(state, cell.nmcd.hdc, look.font);
+    cell.clrText = look.colour;
+    return CDRF_DODEFAULT;
+}
+
+LONG_PTR Draw(ItemList& state, NMLVCUSTOMDRAW& draw) {
+    switch (draw.nmcd.dwDrawStage) {
+        case CDDS_PREPAINT:
+        case CDDS_ITEMPREPAINT:
+            return CDRF_NOTIFYITEMDRAW;
+        case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
+            return DrawCell(state, draw);
+        default:
+            return CDRF_DODEFAULT;
+    }
+}
+
+INT_PTR OnNotify(HWND page, ItemList& state, LPARAM lParam) {
+    const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+    if (header.idFrom != IDC_LIST_VIEW) return FALSE;
+    if (header.code == static_cast<UINT>(LVN_GETDISPINFOA))
+        return AnswerText(state, reinterpret_cast<NMLVDISPINFOA*>(lParam)->item);
+    if (header.code == static_cast<UINT>(NM_CUSTOMDRAW))
+        return DialogResult(page, Draw(state, *reinterpret_cast<NMLVCUSTOMDRAW*>(lParam)));
+    return FALSE;
+}
+
 INT_PTR CALLBACK ItemListProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        Begin(page, lParam);
+        return FALSE;
+    }
+    ItemList* const state = StateOf(page);
+    if (state == nullptr) return FALSE;
     switch (message) {
-        case WM_INITDIALOG:
-            Begin(page, lParam);
-            return FALSE;
         case WM_COMMAND:
-            if (wParam == MAKEWPARAM(IDC_LIST_COMBO, CBN_SELCHANGE)) TakeSelection(SessionOf(page), page);
+            if (wParam == MAKEWPARAM(IDC_LIST_COMBO, CBN_SELCHANGE)) TakeSelection(state->session, page);
+            return TRUE;
+        case WM_NOTIFY:
+            return OnNotify(page, *state, lParam);
+        case kRepaintMessage:
+            RepaintRows(ListOf(page));
             return TRUE;
         case WM_SIZE:
             LayOut(page);
@@ -83,7 +161,7 @@ INT_PTR CALLBACK ItemListProcedure(HWND page, UINT message, WPARAM wParam, LPARA
             PaintPageGround(page);
             return TRUE;
         case WM_DESTROY:
-            SessionOf(page).listPage = nullptr;
+            End(page);
             return TRUE;
         default:
             return FALSE;
@@ -96,15 +174,22 @@ void CreateItemListPage(SessionState& session) {
     const HWND page = TabSheet::addDialogPage(static_cast<HWND>(session.tabSheet), &ItemListProcedure,
                                               static_cast<HINSTANCE>(session.instance), IDD_LIST_PAGE, "Item Lists", -1,
                                               reinterpret_cast<LPARAM>(&session), false);
-    if (page != nullptr) FillItemList(page);
+    if (page == nullptr) return;
+    FillItemList(ListOf(page), static_cast<ADXListView*>(session.definition.GetObject(kTypeListView, 0)));
 }
 
 void RefreshItemListPage(SessionState& session) {
     const HWND page = static_cast<HWND>(session.listPage);
     session.currentListView = nullptr;
     if (page == nullptr) return;
+    // First of all, as the rows point at entries that are gone.
+    FillItemList(ListOf(page), nullptr);
     FillPageCombo(::GetDlgItem(page, IDC_LIST_COMBO), session.definition, kTypeListView);
     TakeSelection(session, page);
+}
+
+void RepaintItemList(const SessionState& session) {
+    ::SendMessageA(static_cast<HWND>(session.listPage), kRepaintMessage, 0, 0);
 }
 
 bool IsItemListVisible(const SessionState& session) {

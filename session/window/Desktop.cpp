@@ -30,14 +30,27 @@ void Desktop::Drain() {
     }
 }
 
-// The views take up their calls here: updateDash, repaintList, updateHistograms, addMonitorSample, clearMonitors and
+// As with the status texts, but what may be pressed goes by the state at the time when it is shown.
+void Desktop::RefreshButtons() {
+    if (::GetWindowThreadProcessId(MainWindow(), nullptr) == ::GetCurrentThreadId()) {
+        ::SendMessageA(MainWindow(), kMessageRefreshButtons, 0, 0);
+    } else if (!buttonsAsked.exchange(true) && ::PostMessageA(MainWindow(), kMessageRefreshButtons, 0, 0) == FALSE) {
+        buttonsAsked = false;  // no window yet or no more, or its queue is full
+    }
+}
+
+// The views take up the rest of their calls here: updateHistograms, addMonitorSample, clearMonitors and
 // setMonitorTime.
 SessionCalls Desktop::Calls() {
     SessionCalls calls;
-    calls.refreshStatus = [this] { ::SendMessageA(MainWindow(), kMessageRefreshStatus, 0, 0); };
-    calls.refreshButtons = [this] { ::SendMessageA(MainWindow(), kMessageRefreshButtons, 0, 0); };
+    calls.refreshStatus = [this] { status.Refresh(); };
+    calls.refreshButtons = [this] { RefreshButtons(); };
     calls.dashVisible = [this] { return IsDashVisible(session); };
+    calls.updateDash = [this](PacketView packet, std::uint32_t commandId) {
+        UpdateDashPage(session, packet, commandId);
+    };
     calls.listVisible = [this] { return IsItemListVisible(session); };
+    calls.repaintList = [this] { RepaintItemList(session); };
     calls.flash = [this](const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t ms) {
         RichStatic::flash(AsWindow(session.statusLeft), text, textColour, backColour, ms);
     };

@@ -1,0 +1,159 @@
+#include <gtest/gtest.h>
+
+#include "definition/ADXBitmask.h"
+#include "definition/ADXValue.h"
+#include "tests/support/DefinitionTestHelper.h"
+#include "views/ItemAlarmModel.h"
+
+namespace corvex::test {
+namespace {
+
+constexpr std::uint32_t kOwn = 0x123456, kRed = 0x0000FF, kOrange = 0x4080FF;
+constexpr std::uint32_t kCommand = 7, kOther = 8;
+
+class ItemAlarmModelTest : public ::testing::Test {
+protected:
+    ItemAlarmModelTest() {
+        entry.color = kOwn;
+        value = AddValue(definition, "V", "X");
+        value->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
+        value->alarmlow = 30.0F;
+        value->alarmhigh = 100.0F;
+        bitmask = Add<ADXBitmask>(definition, "B");
+        bitmask->operand = bitmask->result = 1;
+        bitmask->alarmonsetcolor = 0x111111;
+        bitmask->alarmonnotsetcolor = 0x222222;
+    }
+    void Packet(std::uint8_t byte, std::uint32_t command = kCommand) {
+        last = LastPacket::Of(PacketView(&byte, 1), command);
+    }
+    void ExpectLook(std::uint32_t colour, CellFont font, ADXObject* item, int column = kValueColumn) {
+        entry.item = item;
+        const CellLook look = LookOf(entry, column, definition, last);
+        EXPECT_EQ(colour, look.colour);
+        EXPECT_EQ(font, look.font);
+    }
+
+    ADXDefinition definition;
+    ADXValue* value;
+    ADXBitmask* bitmask;
+    ADXLVENTRY entry;
+    LastPacket last;
+};
+
+TEST_F(ItemAlarmModelTest, AValueWithinItsLimitsLeavesTheFontThatIsThere) {
+    Packet(50);
+    ExpectLook(kOwn, CellFont::kAsItIs, value);
+}
+
+TEST_F(ItemAlarmModelTest, TheLimitsThemselvesAreNoAlarm) {
+    Packet(100);
+    ExpectLook(kOwn, CellFont::kAsItIs, value);
+    Packet(101);
+    ExpectLook(kRed, CellFont::kBold, value);
+    Packet(30);
+    ExpectLook(kOwn, CellFont::kAsItIs, value);
+    Packet(29);
+    ExpectLook(kOrange, CellFont::kBold, value);
+}
+
+TEST_F(ItemAlarmModelTest, ALimitThatIsOffIsNoAlarm) {
+    value->flags = ADXValue::kAlarmLow;
+    Packet(200);
+    ExpectLook(kOwn, CellFont::kAsItIs, value);
+    value->flags = ADXValue::kAlarmHigh;
+    Packet(1);
+    ExpectLook(kOwn, CellFont::kAsItIs, value);
+}
+
+TEST_F(ItemAlarmModelTest, TheHighAlarmGoesFirst) {
+    value->alarmlow = 150.0F;
+    Packet(120);
+    ExpectLook(kRed, CellFont::kBold, value);
+}
+
+TEST_F(ItemAlarmModelTest, LimitsAreComparedInSinglePrecision) {
+    value->SetEquation("X/10", 4);
+    value->alarmhigh = 10.1F;  // the double of 101 / 10 is below this float
+    value->alarmlow = 10.1F;
+    Packet(101);
+    ExpectLook(kOwn, CellFont::kAsItIs, value);
+}
+
+TEST_F(ItemAlarmModelTest, AValueOfAnotherCommandGoesByItsOwnLastWord) {
+    value->parentcmdidhash = kOther;
+    const std::uint8_t own = 120;
+    value->GetRaw(PacketView(&own, 1));
+    Packet(50);
+    ExpectLook(kRed, CellFont::kBold, value);
+    value->parentcmdidhash = kCommand;
+    ExpectLook(kOwn, CellFont::kAsItIs, value);
+}
+
+TEST_F(ItemAlarmModelTest, ABitInAlarmHasTheColourOfItsState) {
+    bitmask->flags = ADXBitmask::kAlarmOnSet;
+    Packet(1);
+    ExpectLook(0x111111, CellFont::kBold, bitmask);
+    Packet(0);
+    ExpectLook(kOwn, CellFont::kAsItIs, bitmask);
+    bitmask->flags = ADXBitmask::kAlarmOnNotSet;
+    ExpectLook(0x222222, CellFont::kBold, bitmask);
+    Packet(1);
+    ExpectLook(kOwn, CellFont::kAsItIs, bitmask);
+}
+
+TEST_F(ItemAlarmModelTest, ABitWithBothAlarmsIsNeverInItsOwnColour) {
+    bitmask->flags = ADXBitmask::kAlarmOnSet | ADXBitmask::kAlarmOnNotSet;
+    Packet(1);
+    ExpectLook(0x111111, CellFont::kBold, bitmask);
+    Packet(0);
+    ExpectLook(0x222222, CellFont::kBold, bitmask);
+}
+
+TEST_F(ItemAlarmModelTest, ABitIsTestedInTheLastPacketWhateverItsCommand) {
+    bitmask->flags = ADXBitmask::kAlarmOnSet;
+    bitmask->parentcmdidhash = kOther;
+    Packet(1);
+    ExpectLook(0x111111, CellFont::kBold, bitmask);
+    EXPECT_EQ(0, bitmask->IsSet(definition, nullptr)) << "and keeps the word that its text shows";
+}
+
+TEST_F(ItemAlarmModelTest, BeforeTheFirstPacketABitHasItsWord) {
+    bitmask->flags = ADXBitmask::kAlarmOnSet;
+    const std::uint8_t set = 1;
+    bitmask->GetRaw(PacketView(&set, 1));
+    ExpectLook(0x111111, CellFont::kBold, bitmask);
+}
+
+TEST_F(ItemAlarmModelTest, OtherColumnsGoBackToTheOrdinaryFont) {
+    Packet(200);
+    for (const int column : {kEmptyColumn, kTitleColumn}) {
+        ExpectLook(kOwn, CellFont::kOrdinary, value, column);
+        ExpectLook(kOwn, CellFont::kOrdinary, bitmask, column);
+    }
+    ExpectLook(kOwn, CellFont::kOrdinary, nullptr);
+}
+
+TEST_F(ItemAlarmModelTest, AHeadingIsBoldInItsColourWhenItSaysSo) {
+    entry.entrytype = ADXLVENTRY::kHeadingRow;
+    for (int column = 0; column < 3; ++column)
+        ExpectLook(kOwn, CellFont::kOrdinary, nullptr, column);
+    entry.flags = 0x1;
+    for (int column = 0; column < 3; ++column)
+        ExpectLook(kOwn, CellFont::kBold, nullptr, column);
+    entry.flags = 0x2;
+    ExpectLook(kOwn, CellFont::kOrdinary, nullptr);
+    entry.entrytype = ADXLVENTRY::kItemRow;
+    entry.flags = 0x1;
+    ExpectLook(kOwn, CellFont::kOrdinary, nullptr);
+}
+
+TEST_F(ItemAlarmModelTest, PacketsAreForTheirOwnCommandAndForNone) {
+    Packet(1);
+    EXPECT_TRUE(PacketFor(0, last));
+    EXPECT_TRUE(PacketFor(kCommand, last));
+    EXPECT_FALSE(PacketFor(kOther, last));
+}
+
+}  // namespace
+}  // namespace corvex::test
