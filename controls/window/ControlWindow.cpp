@@ -1,11 +1,21 @@
 #include "controls/window/ControlWindow.h"
 
+#include <new>
+
 namespace corvex {
 
 namespace {
 
 void Bind(HWND window, ControlWindow* control) {
     ::SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(control));
+}
+
+// False when there is no memory for the object.
+bool BindNew(HWND window, void* parameter, std::unique_ptr<ControlWindow> (*make)(HWND, void*)) try {
+    Bind(window, make(window, parameter).release());
+    return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 }  // namespace
@@ -18,7 +28,8 @@ ControlWindow* ObjectOf(HWND window) {
 LRESULT DispatchToControl(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                           std::unique_ptr<ControlWindow> (*make)(HWND, void*)) try {
     if (message == WM_NCCREATE) {
-        Bind(window, make(window, reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpCreateParams).release());
+        void* const parameter = reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpCreateParams;
+        if (!BindNew(window, parameter, make)) return FALSE;  // which fails the creation of the window
     }
     ControlWindow* const control = ObjectOf(window);
     if (control == nullptr) return ::DefWindowProcA(window, message, wParam, lParam);

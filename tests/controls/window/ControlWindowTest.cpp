@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "controls/window/ControlWindow.h"
 
 namespace corvex {
@@ -67,6 +69,11 @@ LRESULT CALLBACK SendsOnAfterTheLast(HWND window, UINT message, WPARAM wParam, L
     if (message == WM_NCDESTROY) answerAfterTheLast = ControlProcedure<Probe>(window, PM_ADD, 5, 0);
     return result;
 }
+
+class TooLarge : public OtherProbe {
+public:
+    explicit TooLarge(HWND window) : OtherProbe(window) { throw std::bad_alloc(); }
+};
 
 class ControlWindowTest : public ::testing::Test {
 protected:
@@ -176,6 +183,13 @@ TEST_F(ControlWindowTest, WindowThatIsRefusedLeavesNoObject) {
         EXPECT_EQ(Create(), nullptr) << message;
         EXPECT_EQ(wishes_.alive, 0) << message;
     }
+}
+
+TEST_F(ControlWindowTest, WindowWithoutMemoryForItsObjectIsNotMade) {
+    ControlClass words{};
+    words.name = "CorvexTooLarge";
+    ASSERT_TRUE(RegisterControl<TooLarge>(instance_, words));
+    EXPECT_EQ(Create(words.name), nullptr);
 }
 
 TEST_F(ControlWindowTest, ObjectIsFoundInWindowsOfItsOwnClassAlone) {
