@@ -10,7 +10,7 @@ inline constexpr char kPropTreeClass[] = "QZPROPTREECONTAINER";
 // By WM_NOTIFY with an NMHDR to the parent.
 enum PropTreeNotification : UINT {
     PTN_READY = 1,   // comes by the message queue
-    PTN_CLOSED = 2,  // WM_NCDESTROY
+    PTN_CLOSED = 2,  // WM_NCDESTROY: a parent that disabled itself is enabled too late here to be activated by itself
     PTN_CLOSING = 3,
     PTN_OK = 4,      // not 0 destroys the window, 0 keeps it open
     PTN_CANCEL = 5,  // the same

@@ -51,14 +51,6 @@ LRESULT PropTreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.width, least.height};
             return 0;
         }
-        case WM_SETFOCUS:
-            ::SetFocus(tree_.Control());
-            return 0;
-        case DM_GETDEFID:  // Enter, by IsDialogMessageA
-            return MAKELRESULT(kOkId, DC_HASDEFID);
-        case WM_COMMAND:
-            if (HIWORD(wParam) == BN_CLICKED) OnCommand(LOWORD(wParam));
-            return 0;
         case WM_NOTIFY:
             OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
             return 0;
@@ -75,6 +67,20 @@ LRESULT PropTreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NCDESTROY:
             TellParent(std::exchange(parent_, nullptr), Window(), PTN_CLOSED);
             break;
+    }
+    return OnInput(message, wParam, lParam);
+}
+
+LRESULT PropTreeWindow::OnInput(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SETFOCUS:
+            ::SetFocus(tree_.Control());
+            return 0;
+        case DM_GETDEFID:  // Enter, by IsDialogMessageA
+            return MAKELRESULT(kOkId, DC_HASDEFID);
+        case WM_COMMAND:
+            if (HIWORD(wParam) == BN_CLICKED) OnCommand(LOWORD(wParam));
+            return 0;
     }
     return Default(message, wParam, lParam);
 }

@@ -31,6 +31,7 @@ public:
     void Grow();
 
 private:
+    LRESULT OnInput(UINT message, WPARAM wParam, LPARAM lParam);
     bool Create();
     HWND MakeButton(const char* text, int id, DWORD style);
     void Layout();

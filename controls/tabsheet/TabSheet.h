@@ -29,7 +29,8 @@ enum TabSheetLock : unsigned {
 
 // The class, and its operations on a window of it, which answer 0, null, -1 or false for any other window. Windows are
 // made with CreateWindowExA, as children or as frames of their own. All of it on the window's thread. Pages belong to
-// the sheet once added.
+// the sheet once added. An index counts the tabs; a detached page has none. The first page shows as soon as it is
+// there.
 class TabSheet {
 public:
     static bool Register(HINSTANCE instance);
@@ -50,8 +51,11 @@ public:
     static int getTitle(HWND sheet, int index, char* buffer, int capacity);
     static int pageCount(HWND sheet);
 
-    // Pulls the current page out and maximises it, as a double click on the sheet's caption does; and back.
+    // Pulls the current page out and maximises it, as a double click on the sheet's caption does; the sheet then shows
+    // no page until another is chosen, which docks. With a page pulled out already, it is docked and shown. True when a
+    // page was pulled out.
     static bool detach(HWND sheet);
+    // Back to its place under its title, and shown.
     static bool dock(HWND sheet);
     static HWND detachedPage(HWND sheet);
 

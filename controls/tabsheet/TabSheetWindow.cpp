@@ -40,11 +40,6 @@ LRESULT TabSheetWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SIZE:
             Layout();
             return 0;
-        case WM_GETMINMAXINFO: {
-            const LRESULT result = Default(message, wParam, lParam);
-            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize.y = kSheetMinimumTrackHeight;
-            return result;
-        }
         case WM_NOTIFY: {
             const auto* const notice = reinterpret_cast<const NMHDR*>(lParam);
             if (notice->hwndFrom == tabs_.Control() && notice->code == static_cast<UINT>(TCN_SELCHANGE)) {
@@ -52,15 +47,6 @@ LRESULT TabSheetWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             return 0;
         }
-        case WM_NCHITTEST:
-            return LockedHit(static_cast<int>(Default(message, wParam, lParam)), locks_);
-        case WM_NCLBUTTONDBLCLK:
-            if (wParam != HTCAPTION) break;
-            Detach();
-            return 0;
-        case WM_SYSCOMMAND:
-            if ((wParam & 0xFFF0) == SC_MOVE && !movable_) return 0;  // the low bits are the system's own
-            break;
         case WM_PARENTNOTIFY:
             if (LOWORD(wParam) == WM_DESTROY) OnChildGone(reinterpret_cast<HWND>(lParam));
             return 0;
@@ -72,6 +58,27 @@ LRESULT TabSheetWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_NCDESTROY:
             TellParent(std::exchange(parent_, nullptr), Window(), TSN_DESTROYED);
+            break;
+    }
+    return OnFrameMessage(message, wParam, lParam);
+}
+
+// What of the sheet's own frame can be dragged, and its caption.
+LRESULT TabSheetWindow::OnFrameMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_GETMINMAXINFO: {
+            const LRESULT result = Default(message, wParam, lParam);
+            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize.y = kSheetMinimumTrackHeight;
+            return result;
+        }
+        case WM_NCHITTEST:
+            return LockedHit(static_cast<int>(Default(message, wParam, lParam)), locks_);
+        case WM_NCLBUTTONDBLCLK:
+            if (wParam != HTCAPTION) break;
+            Detach();
+            return 0;
+        case WM_SYSCOMMAND:
+            if ((wParam & 0xFFF0) == SC_MOVE && !movable_) return 0;  // the low bits are the system's own
             break;
     }
     return Default(message, wParam, lParam);

@@ -30,6 +30,7 @@ public:
     void SetMovable(bool movable) { movable_ = movable; }
 
 private:
+    LRESULT OnFrameMessage(UINT message, WPARAM wParam, LPARAM lParam);
     bool Create();
     void Layout();
     void Close();
