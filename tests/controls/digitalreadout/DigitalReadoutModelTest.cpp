@@ -351,8 +351,8 @@ TEST(DigitalReadoutModelTest, FirstTextOfOneCharacterKeepsTheHeightOfTheBeginnin
     model.SetFormat(0, 1);
     model.SetValue(5.0f);
     EXPECT_EQ(model.DigitsHeight(), 34);
-    model.SetValue(15.0f);
-    EXPECT_EQ(model.DigitsHeight(), 50);
+    model.SetValue(12345.0f);
+    EXPECT_EQ(model.DigitsHeight(), 40);
     model.SetValue(5.0f);
     EXPECT_EQ(model.DigitsHeight(), 50);
 }

@@ -345,13 +345,14 @@ TEST_P(FlashTextControlTest, WindowMayGoDuringAFlash) {
 
 TEST_P(FlashTextControlTest, ThousandPaintsLeakNothing) {
     kind.setAll(window, "MMM", kNoColour, kWhite);
-    const std::size_t before = LiveGdiObjects();
+    const std::size_t before = LiveGdiObjects(), all = AllGdiObjects();
     Spy watcher;
     Watch(window, watcher);
     for (int i = 0; i < 1000; ++i)
         ::RedrawWindow(window, nullptr, nullptr, 261);
     EXPECT_GE(std::count(watcher.messages.begin(), watcher.messages.end(), UINT{WM_PAINT}), 1000);
     EXPECT_EQ(LiveGdiObjects(), before);
+    EXPECT_EQ(AllGdiObjects(), all);
 }
 
 TEST_P(FlashTextControlTest, WindowTakesItsObjectsWithIt) {

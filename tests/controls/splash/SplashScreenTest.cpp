@@ -195,10 +195,11 @@ TEST_F(SplashScreenTest, ThousandPaintsLeakNothing) {
     ASSERT_TRUE(Create());
     splash.setText("WWW", kLeft, 1, OwnedFont(), kRed);
     splash.show(0);
-    const std::size_t before = LiveGdiObjects();
+    const std::size_t before = LiveGdiObjects(), all = AllGdiObjects();
     for (int i = 0; i < 1000; ++i)
         splash.setText("WWW", kLeft, 1, OwnedFont(), static_cast<COLORREF>(i));
     EXPECT_EQ(LiveGdiObjects(), before);
+    EXPECT_EQ(AllGdiObjects(), all);
 }
 
 }  // namespace

@@ -70,12 +70,13 @@ TEST_F(OffscreenPaintTest, LeavesNothingToPaint) {
 
 TEST_F(OffscreenPaintTest, ThousandPaintsLeakNothing) {
     Repaint(0);
-    const std::size_t before = LiveGdiObjects();
+    const std::size_t before = LiveGdiObjects(), all = AllGdiObjects();
     const int paints = probe_->paints;
     for (int i = 0; i < 1000; ++i)
         Repaint(static_cast<COLORREF>(i));
     EXPECT_EQ(probe_->paints, paints + 1000);
     EXPECT_EQ(LiveGdiObjects(), before);
+    EXPECT_EQ(AllGdiObjects(), all);
 }
 
 TEST_F(OffscreenPaintTest, PaintsAWindowThatHasNoArea) {

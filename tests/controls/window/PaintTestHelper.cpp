@@ -160,6 +160,14 @@ std::set<COLORREF> TestBitmap::ColoursIn(int left, int top, int right, int botto
     return colours;
 }
 
+std::size_t AllGdiObjects() {
+    std::size_t count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
+    for (ULONG_PTR handle = 1; handle < 0x10000; ++handle) {
+        if (::GetObjectType(reinterpret_cast<HGDIOBJ>(handle)) != 0) ++count;
+    }
+    return count;
+}
+
 COLORREF PixelOf(HWND window, int x, int y) {
     return ::GetPixel(ClientDc(window).Get(), x, y);
 }

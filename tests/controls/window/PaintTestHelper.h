@@ -40,6 +40,10 @@ private:
     SelectGuard selected_;
 };
 
+// All objects and contexts of this process, whoever owns them: Windows counts them, elsewhere their handles are small
+// numbers to be tried.
+std::size_t AllGdiObjects();
+
 // Of a window on show.
 COLORREF PixelOf(HWND window, int x, int y);
 void SetPixelOf(HWND window, int x, int y, COLORREF colour);
