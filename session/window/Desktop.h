@@ -1,13 +1,16 @@
 // The session with windows around it.
 #pragma once
 
+#include <atomic>
+
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
 #include "session/window/OutputText.h"
+#include "session/window/StatusBoard.h"
 
 namespace corvex {
 
-// What the session's calls send to the main window, so that what a worker wants to show is shown by the main thread.
+// What the session's calls tell the main window, so that what a worker wants to show is shown by the main thread.
 // Beyond the numbers that the session posts.
 enum MainWindowMessage : UINT {
     kMessageRefreshStatus = WM_APP + 0x100,
@@ -29,10 +32,14 @@ public:
     void Drain();
 
     OutputText output;
+    StatusBoard status{session};
+    // Set from the moment that the main thread is asked for new buttons to its begin: asking once is enough.
+    std::atomic<bool> buttonsAsked{false};
     SessionState session;
 
 private:
     SessionCalls Calls();
+    void RefreshButtons();
 };
 
 // A window handle out of one of the session's opaque words.

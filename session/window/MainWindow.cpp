@@ -86,9 +86,10 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam != FALSE) SaveSettings();
             return 0;
         case kMessageRefreshStatus:
-            StatusPanels::Refresh(desktop_.session);
+            desktop_.status.Show();
             return 0;
         case kMessageRefreshButtons:
+            desktop_.buttonsAsked = false;  // first: what changes from here on asks anew
             LogBar::RefreshButtons(desktop_.session);
             return 0;
         case kMessageDestroyWindow:
@@ -113,7 +114,7 @@ void MainWindow::OnCreate() {
     if (session.settings.loadlastdef != 0) router_.Definitions().LoadDefinition(session.settings.lastadxpath);
     session.SetSpeed(1.0F);
     LogBar::RefreshButtons(session);
-    StatusPanels::Refresh(session);
+    desktop_.status.Refresh();
     WarnWithoutCounter();
 }
 
@@ -177,7 +178,7 @@ LRESULT MainWindow::OnNotify(NMHDR* header) {
 LRESULT MainWindow::OnSessionMessage(UINT message) {
     switch (message) {
         case kMessageScanStopped:
-            StatusPanels::Refresh(desktop_.session);
+            desktop_.status.Refresh();
             break;
         case kMessageLogStopped:
             desktop_.session.OnLogStopped();

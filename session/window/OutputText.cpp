@@ -1,28 +1,36 @@
 #include "session/window/OutputText.h"
 
+#include <utility>
+
 #include "session/window/ResourceIds.h"
 
 namespace corvex {
 
 namespace {
 
-constexpr UINT kMessageAppend = WM_APP + 1;  // lParam the text, of this process
-constexpr char kProcedureProperty[] = "CorvexOutputProcedure";
+constexpr UINT kMessageBring = WM_APP + 1;
 
 OwnedFont MakeFont() {
     return OwnedFont(::CreateFontA(6, 0, 0, 0, 100, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                                    CLIP_DEFAULT_PRECIS, PROOF_QUALITY, FIXED_PITCH | FF_MODERN, "Courier"));
 }
 
-// At the end, wherever the user has put the caret.
-void AppendHere(HWND edit, const char* text) {
-    const auto end = static_cast<WPARAM>(::GetWindowTextLengthA(edit));
-    ::SendMessageA(edit, EM_SETSEL, end, static_cast<LPARAM>(end));
-    ::SendMessageA(edit, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text));
-}
-
-WNDPROC FormerProcedure(HWND edit) {
-    return reinterpret_cast<WNDPROC>(::GetPropA(edit, kProcedureProperty));
+// By the user too, who may write in the control.
+bool MayChangeTheText(UINT message) {
+    switch (message) {
+        case WM_CHAR:
+        case WM_KEYDOWN:
+        case WM_PASTE:
+        case WM_CUT:
+        case WM_CLEAR:
+        case WM_UNDO:
+        case EM_UNDO:
+        case EM_REPLACESEL:
+        case WM_SETTEXT:
+            return true;
+        default:
+            return false;
+    }
 }
 
 }  // namespace
@@ -34,32 +42,110 @@ HWND OutputText::Create(HWND parent, HINSTANCE instance) {
     font_ = MakeFont();
     ::SendMessageA(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), FALSE);
     ::SendMessageA(edit_, EM_SETLIMITTEXT, 0, 0);
-    const LONG_PTR former = ::GetWindowLongPtrA(edit_, GWLP_WNDPROC);
-    ::SetPropA(edit_, kProcedureProperty, reinterpret_cast<HANDLE>(former));
+    former_ = reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(edit_, GWLP_WNDPROC));
+    ::SetWindowLongPtrA(edit_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     ::SetWindowLongPtrA(edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&OutputText::Procedure));
+    const std::lock_guard<std::mutex> guard(lock_);
+    attached_ = true;
     return edit_;
 }
 
 LRESULT CALLBACK OutputText::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const WNDPROC former = FormerProcedure(window);
-    if (message == kMessageAppend) {
-        AppendHere(window, reinterpret_cast<const char*>(lParam));
-        return 0;
+    auto* const self = reinterpret_cast<OutputText*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
+    return self->OnMessage(message, wParam, lParam);
+}
+
+LRESULT OutputText::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == kMessageBring || message == WM_GETTEXT || message == WM_GETTEXTLENGTH) Bring();
+    if (message == kMessageBring) return 0;
+    if (message == WM_NCDESTROY) Forget();
+    const LRESULT result = Former(message, wParam, lParam);
+    if (MayChangeTheText(message)) Measure();
+    return result;
+}
+
+LRESULT OutputText::Former(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return ::CallWindowProcA(former_, edit_, message, wParam, lParam);
+}
+
+void OutputText::Bring() {
+    if (bringing_) return;  // the control asks for its own text while it changes
+    std::string text;
+    bool clear = false;
+    {
+        const std::lock_guard<std::mutex> guard(lock_);
+        text.swap(waiting_);
+        clear = std::exchange(clearFirst_, false);
+        asked_ = false;
     }
-    if (message == WM_NCDESTROY) ::RemovePropA(window, kProcedureProperty);
-    return ::CallWindowProcA(former, window, message, wParam, lParam);
+    if (text.empty() && !clear) return;
+    bringing_ = true;
+    if (clear) Former(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(""));
+    if (!text.empty()) AppendHere(text);
+    bringing_ = false;
+    Measure();
+}
+
+// At the end, wherever the user has put the caret.
+void OutputText::AppendHere(const std::string& text) {
+    const auto end = static_cast<WPARAM>(Former(WM_GETTEXTLENGTH, 0, 0));
+    Former(EM_SETSEL, end, static_cast<LPARAM>(end));
+    Former(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void OutputText::Measure() {
+    const auto shown = static_cast<std::size_t>(Former(WM_GETTEXTLENGTH, 0, 0));
+    const std::lock_guard<std::mutex> guard(lock_);
+    length_ = (clearFirst_ ? 0 : shown) + waiting_.size();
+}
+
+void OutputText::Forget() {
+    const std::lock_guard<std::mutex> guard(lock_);
+    attached_ = clearFirst_ = false;
+    waiting_.clear();
+    length_ = 0;
+}
+
+// The main thread sees what it prints at once.
+void OutputText::Ask() {
+    if (::GetWindowThreadProcessId(edit_, nullptr) == ::GetCurrentThreadId()) {
+        Bring();
+        return;
+    }
+    {
+        const std::lock_guard<std::mutex> guard(lock_);
+        if (!attached_ || std::exchange(asked_, true)) return;
+    }
+    if (::PostMessageA(edit_, kMessageBring, 0, 0) != FALSE) return;
+    const std::lock_guard<std::mutex> guard(lock_);
+    asked_ = false;  // the queue was full; the next line tries again
 }
 
 std::size_t OutputText::TextLength() {
-    return static_cast<std::size_t>(::SendMessageA(edit_, WM_GETTEXTLENGTH, 0, 0));
+    const std::lock_guard<std::mutex> guard(lock_);
+    return length_;
 }
 
 void OutputText::Append(const char* text) {
-    ::SendMessageA(edit_, kMessageAppend, 0, reinterpret_cast<LPARAM>(text));
+    {
+        const std::lock_guard<std::mutex> guard(lock_);
+        if (!attached_) return;
+        const std::size_t before = waiting_.size();
+        waiting_ += text;
+        length_ += waiting_.size() - before;
+    }
+    Ask();
 }
 
 void OutputText::Clear() {
-    ::SendMessageA(edit_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(""));
+    {
+        const std::lock_guard<std::mutex> guard(lock_);
+        if (!attached_) return;
+        waiting_.clear();
+        clearFirst_ = true;
+        length_ = 0;
+    }
+    Ask();
 }
 
 }  // namespace corvex

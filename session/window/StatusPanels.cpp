@@ -62,12 +62,16 @@ void StatusPanels::Layout(SessionState& session) {
     FillPart(bar, 1, Window(session.statusRight));
 }
 
-void StatusPanels::Refresh(SessionState& session) {
+StatusPicture StatusPanels::Look(SessionState& session) {
     const RightPanelState state = StateOf(session);
-    const PanelText left = LeftPanelText(state.log, state.connection);
+    return {LeftPanelText(state.log, state.connection), RightPanelText(state)};
+}
+
+void StatusPanels::Show(const SessionState& session, const StatusPicture& picture) {
+    const PanelText& left = picture.left;
     RichStatic::setAll(Window(session.statusLeft), left.text, left.textColour, left.backColour);
-    const std::optional<std::string> right = RightPanelText(state);
-    if (right) ::SendMessageA(Window(session.statusRight), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(right->c_str()));
+    if (!picture.right) return;
+    ::SendMessageA(Window(session.statusRight), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(picture.right->c_str()));
 }
 
 void StatusPanels::Blink(SessionState& session) {

@@ -79,6 +79,53 @@ TEST_F(OutputTextTest, LinesOfSeveralThreadsStayWhole) {
     EXPECT_EQ(120U * 26, text.size() - (lines - 1) * 2);
 }
 
+TEST_F(OutputTextTest, AWorkerLeavesItsLinesToABusyMainThread) {
+    Start();
+    DebugOutput::Print(&session.debug, "main");
+    std::thread worker([&] {
+        DebugOutput::Print(&session.debug, "first");
+        DebugOutput::Print(&session.debug, "second");
+    });
+    worker.join();  // while nobody looks at the messages
+    EXPECT_EQ(4U + 2 + 5 + 2 + 6, desktop.output.TextLength());
+    DebugOutput::Print(&session.debug, "third");
+    EXPECT_EQ("main\r\nfirst\r\nsecond\r\nthird", Output());
+}
+
+TEST_F(OutputTextTest, AWorkersLinesComeByTheMessageQueue) {
+    Start();
+    std::thread([&] { DebugOutput::Print(&session.debug, "line"); }).join();
+    ASSERT_TRUE(Pumps([&] {
+        const LRESULT end = ::SendMessageA(AsWindow(session.outputEdit), EM_GETLINECOUNT, 0, 0) - 1;
+        return end == 0 && ::SendMessageA(AsWindow(session.outputEdit), EM_LINELENGTH, 0, 0) == 4;
+    }));
+}
+
+TEST_F(OutputTextTest, ClearTakesWhatWaitsToo) {
+    Start();
+    DebugOutput::Print(&session.debug, "before");
+    std::thread([&] {
+        DebugOutput::Print(&session.debug, "waits");
+        desktop.output.Clear();
+        EXPECT_EQ(0U, desktop.output.TextLength());
+        DebugOutput::Print(&session.debug, "after");
+    }).join();
+    EXPECT_EQ("after", Output());
+    desktop.output.Clear();
+    EXPECT_EQ("", Output());
+}
+
+TEST_F(OutputTextTest, KnowsWhatTheUserWrites) {
+    Start();
+    ::SendMessageA(AsWindow(session.outputEdit), WM_CHAR, 'x', 0);
+    EXPECT_EQ(1U, desktop.output.TextLength());
+    DebugOutput::Print(&session.debug, "line");
+    EXPECT_EQ("x\r\nline", Output());
+    ::SendMessageA(AsWindow(session.outputEdit), EM_SETSEL, 0, -1);
+    ::SendMessageA(AsWindow(session.outputEdit), WM_CLEAR, 0, 0);
+    EXPECT_EQ(0U, desktop.output.TextLength());
+}
+
 TEST_F(OutputTextTest, IsDeafOnceItsWindowIsGone) {
     Start();
     ASSERT_TRUE(Close());

@@ -74,6 +74,32 @@ TEST_F(StatusTest, ARecordingShowsWhileItRuns) {
     EXPECT_NE(std::string::npos, RightText().find("Errors: "));  // the line comes first
 }
 
+TEST_F(StatusTest, AWorkerDoesNotWaitForARefreshAndAsksOnce) {
+    UseDefinition();
+    Start();
+    session.connectionState = kConnecting;
+    std::thread([&] {
+        for (int i = 0; i < 20000; ++i) {  // more than a queue holds
+            session.Calls().refreshStatus();
+            session.Calls().refreshButtons();
+        }
+    }).join();  // while nobody looks at the messages
+    EXPECT_EQ("ALDL: Not Connected", LeftText());
+    ASSERT_TRUE(Pumps([&] { return LeftText() == "ALDL: Connecting..."; }));
+    session.connectionState = kNotConnected;
+    std::thread([&] { session.Calls().refreshStatus(); }).join();
+    EXPECT_TRUE(Pumps([&] { return LeftText() == "ALDL: Not Connected"; }));
+}
+
+TEST_F(StatusTest, TheMainThreadSeesARefreshAtOnce) {
+    UseDefinition();
+    Start();
+    session.connectionState = kConnecting;
+    session.Calls().refreshStatus();
+    EXPECT_EQ("ALDL: Connecting...", LeftText());
+    session.connectionState = kNotConnected;
+}
+
 TEST_F(StatusTest, PlaybackShowsTimeAndSlider) {
     UseDefinition();
     Start();
