@@ -1,0 +1,21 @@
+// Few figures of many runs.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+namespace corvex::bench {
+
+// Of at least one.
+inline double Median(std::vector<double> figures) {
+    const auto middle = figures.begin() + static_cast<std::ptrdiff_t>(figures.size() / 2);
+    std::nth_element(figures.begin(), middle, figures.end());
+    return *middle;
+}
+
+inline double Largest(const std::vector<double>& figures) {
+    return *std::max_element(figures.begin(), figures.end());
+}
+
+}  // namespace corvex::bench
