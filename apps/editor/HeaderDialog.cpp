@@ -132,19 +132,8 @@ HeaderFields HeaderDialog::Read() const {
     return fields;
 }
 
-// A control may show a text otherwise than it was given, a line end in a single line above all: what nobody touched is
-// taken from the model and not from the control.
-HeaderFields HeaderDialog::Collect() const {
-    const HeaderFields& loaded = model_.Fields();
-    HeaderFields fields = Read();
-    if (fields.author == shown_.author) fields.author = loaded.author;
-    if (fields.version == shown_.version) fields.version = loaded.version;
-    if (fields.description == shown_.description) fields.description = loaded.description;
-    return fields;
-}
-
 void HeaderDialog::Save(bool ask) {
-    const HeaderFields fields = Collect();
+    const HeaderFields fields = model_.Typed(shown_, Read());
     if (const auto problem = model_.Validate(fields)) return Complain(*problem);
     model_.Apply(fields);
     if (session_.Save(dialog_, ask)) ::EndDialog(dialog_, IDOK);

@@ -27,7 +27,6 @@ private:
     void Fill();
     void FillCommands();
     HeaderFields Read() const;
-    HeaderFields Collect() const;
     void Save(bool ask);
     void Cancel();
     void Browse(HeaderCommand command);

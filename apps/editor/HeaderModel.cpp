@@ -126,6 +126,14 @@ std::size_t HeaderModel::ChoiceOf(HeaderCommand command, const ADXObject* object
     return found == choices.end() ? 0 : static_cast<std::size_t>(found - choices.begin());
 }
 
+HeaderFields HeaderModel::Typed(const HeaderFields& shown, HeaderFields now) const {
+    for (std::string HeaderFields::*const text :
+         {&HeaderFields::author, &HeaderFields::version, &HeaderFields::description}) {
+        if (now.*text == shown.*text) now.*text = fields_.*text;
+    }
+    return now;
+}
+
 std::string HeaderModel::Description(const HeaderFields& fields) const {
     return fields.description == fields_.description ? description_ : fields.description;
 }

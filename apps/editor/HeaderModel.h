@@ -60,6 +60,11 @@ public:
     // Where in the choices an object stands; 0, which is none, when it doesn't.
     std::size_t ChoiceOf(HeaderCommand command, const ADXObject* object) const;
 
+    // What a dialog's controls hold, with each text that nobody touched taken from Fields. A control may give back
+    // another text than it was given, such as bytes that are no character: `shown` is what the controls gave back when
+    // they had just been filled.
+    HeaderFields Typed(const HeaderFields& shown, HeaderFields now) const;
+
     // The first field that the definition can't take or the file can't hold; nothing when all is well.
     std::optional<HeaderProblem> Validate(const HeaderFields& fields) const;
     // Puts fields without a problem into the definition. Texts that are as they were shown stay byte for byte; one of

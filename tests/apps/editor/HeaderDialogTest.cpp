@@ -104,14 +104,17 @@ TEST_F(HeaderDialogTest, SavesWhatWasTypedAndChosen) {
 
 TEST_F(HeaderDialogTest, SavesWhatNobodyTouchedAsItWas) {
     std::string odd = kSmallDefinition;
-    odd.replace(odd.find("A. Nother"), 9, "A.\nNother");  // two lines where the control has one
+    std::string author = "A.\nNother\r\n\t";  // two lines where the control has one
+    for (unsigned byte = 0x80; byte < 0xA0; ++byte)
+        author += static_cast<char>(byte);  // not all of them are characters
+    odd.replace(odd.find("A. Nother"), 9, author);
     Edit("small.adx", odd);
     ADXDefinition before, after;
     ASSERT_EQ(before.Load(Path().c_str()), 1);
     EXPECT_EQ(RunAt([](HWND dialog) { DialogPerson::Press(dialog, IDOK); }), 1);
     ASSERT_EQ(after.Load(Path().c_str()), 1);
     EXPECT_EQ(FirstDifference(before, after), "");
-    EXPECT_STREQ(after.Author().CStr(), "A.\nNother");
+    EXPECT_EQ(after.Author().CStr(), author);
     EXPECT_STREQ(after.Desc().CStr(), "first\nsecond");
     EXPECT_NE(Saved().find("<connectcmd>GHOST</connectcmd>"), std::string::npos);
 }

@@ -125,6 +125,27 @@ TEST_F(HeaderModelTest, LeavesWhatWasNotChangedByteForByte) {
     EXPECT_EQ(definition_.monitorcmd, macro_);
 }
 
+TEST_F(HeaderModelTest, TakesWhatNobodyTouchedFromTheDefinitionAndNotFromAControl) {
+    const HeaderModel model(definition_);
+    HeaderFields shown = model.Fields();
+    shown.author = "A? Nother";
+    shown.version = "1,2";
+    shown.description = "one two";
+    HeaderFields now = shown;
+    now.echo = false;
+    now.baud = "9600";
+    HeaderFields expected = model.Fields();
+    expected.echo = false;
+    expected.baud = "9600";
+    EXPECT_EQ(model.Typed(shown, now), expected);
+
+    now.author = "Somebody";
+    now.description = "";
+    expected.author = "Somebody";
+    expected.description = "";
+    EXPECT_EQ(model.Typed(shown, now), expected);
+}
+
 TEST_F(HeaderModelTest, BlanksAloneAreNoText) {
     HeaderModel model(definition_);
     HeaderFields fields = model.Fields();
@@ -244,7 +265,7 @@ TEST_F(HeaderModelTest, TellsOfTheFirstProblemInTheOrderOfTheDialog) {
     const HeaderModel model(definition_);
     HeaderFields fields = model.Fields();
     fields.baud = "x";
-    fields.version = "<";
+    fields.version.assign(20, 'v');
     ExpectRefused(model, fields, HeaderField::kVersion, "Version: ");
 }
 
