@@ -98,7 +98,7 @@ TEST_F(DashPageTest, TheGaugesHaveWhatTheComboBoxLeaves) {
 
 TEST_F(DashPageTest, LeavesItsGroundToThePaint) {
     CreateDashPage(session);
-    EXPECT_EQ(1, ::SendMessageA(Page(1), WM_ERASEBKGND, 0, 0));
+    EXPECT_TRUE(ErasesNothing(Page(1)));
 }
 
 TEST_F(DashPageTest, IsVisibleAsTheChosenTabOfAVisibleWindow) {

@@ -94,7 +94,7 @@ TEST_F(ItemListPageTest, TheListHasWhatTheComboBoxLeaves) {
 
 TEST_F(ItemListPageTest, LeavesItsGroundToThePaint) {
     CreateItemListPage(session);
-    EXPECT_NE(0, ::SendMessageA(Page(1), WM_ERASEBKGND, 0, 0));
+    EXPECT_TRUE(ErasesNothing(Page(1)));
 }
 
 TEST_F(ItemListPageTest, TheListIsVisibleOnTheChosenTabOfAVisibleWindow) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "controls/tabsheet/TabSheet.h"
+#include "controls/window/GdiObjects.h"
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
 #include "tests/support/DefinitionTestHelper.h"
@@ -48,6 +49,13 @@ inline RECT PlaceInParent(HWND window) {
     ::GetWindowRect(window, &place);
     ::MapWindowPoints(nullptr, ::GetParent(window), reinterpret_cast<POINT*>(&place), 2);
     return place;
+}
+
+// Says that it has erased its ground, and has not drawn a pixel.
+inline bool ErasesNothing(HWND page) {
+    const MemoryDc memory;  // with a bitmap of one black pixel
+    const LRESULT erased = ::SendMessageA(page, WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory.Get()), 0);
+    return erased != 0 && ::GetPixel(memory.Get(), 0, 0) == RGB(0, 0, 0);
 }
 
 inline RECT ClientOf(HWND window) {
