@@ -305,6 +305,8 @@ TEST_P(FlashTextControlTest, FlashFromAnotherThreadIsCarriedToTheOwner) {
     EXPECT_TRUE(::KillTimer(window, 1025));
     for (const DWORD thread : watcher.threads)
         EXPECT_EQ(thread, ::GetCurrentThreadId());
+    const auto isPrivate = [](UINT message) { return message >= WM_APP && message <= 0xBFFF; };
+    EXPECT_EQ(std::count_if(watcher.messages.begin(), watcher.messages.end(), isPrivate), 1);
 }
 
 TEST_P(FlashTextControlTest, WorkerMayChangeItWhileTheOwnerPumps) {
