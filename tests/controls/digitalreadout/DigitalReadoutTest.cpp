@@ -45,6 +45,12 @@ TEST_F(DigitalReadoutTest, HandleWithoutAReadoutGivesNothing) {
     ExpectNothing(window);
 }
 
+TEST_F(DigitalReadoutTest, WindowsOfOtherClassesAreNotAsked) {
+    gauge.Parent().seen.clear();
+    ExpectNothing(gauge.Parent().Window());
+    EXPECT_TRUE(gauge.Parent().seen.empty());
+}
+
 TEST_F(DigitalReadoutTest, OnlyWhatIsToldToRepaintDoesSoAndOnce) {
     DigitalReadoutInfo info = Model().Info();
     const struct {
