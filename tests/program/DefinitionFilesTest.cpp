@@ -101,10 +101,10 @@ TEST_F(DefinitionFiles, OnceImportedAskForANameWhileTheTitleShowsTheFormer) {
 }
 
 TEST_F(DefinitionFiles, AskForANameAfterAFailedImportToo) {
-    folder.Files().Put("broken.ads", "nothing of the kind");
     Settle();
     Start();
-    Import(folder.Name("broken.ads"));
+    Import(folder.Name("missing.ads"));
+    ExpectOutput("FAILED to Import " + folder.Name("missing.ads"));
     ExpectSaveAsksForAName();
 }
 

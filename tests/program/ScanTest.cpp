@@ -108,6 +108,16 @@ TEST_F(Scan, CountsEveryReplyThatCameShort) {
     ExpectErrorsCounted({"--noise", "0.5"}, "--noise");
 }
 
+TEST_F(Scan, CountsNothingBeforeTheFirstReplyThatIsWell) {
+    Settle();
+    Start();
+    engines.Start({"--pace", "--drop", "1", "--faulty-replies", "3"});
+    Window().Send(kScan);
+    ExpectLeft("ALDL: Connected");
+    EXPECT_EQ(Replies().badBeforeGood, 3);
+    ExpectRight("[0-9]+\\.[0-9]{2} Hz   Errors: 0");
+}
+
 TEST_F(Scan, GoesOnWhenTheDeviceVanishesAndStopsWhenTold) {
     Settle();
     Start();
