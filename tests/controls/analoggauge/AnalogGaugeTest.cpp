@@ -319,6 +319,7 @@ TEST_F(AnalogGaugeTest, EraseIsSwallowed) {
     gauge_->Mark();
     EXPECT_EQ(Send(WM_ERASEBKGND, W(ClientDc(gauge_->Window()).Get())), 1);
     EXPECT_EQ(ColoursOf(gauge_->Window()).size(), 1u);
+    EXPECT_TRUE(gauge_->HasMark());
 }
 
 TEST_F(AnalogGaugeTest, SizeAloneBringsNoPaint) {
