@@ -114,11 +114,17 @@ TEST_F(FileDialogsTest, SaveTakesANameInUseWhenTheUserSaysSo) {
     EXPECT_EQ("x", folder.Content("a.adx"));
 }
 
-TEST_F(FileDialogsTest, LeavesTheCurrentFolderAlone) {
+TEST_F(FileDialogsTest, LeavesTheCurrentFolderAloneWhereverTheUserLooks) {
     folder.Put("a.adx", "x");
     const auto before = std::filesystem::current_path();
-    const DialogOperator user("Select ADX...", [&](HWND dialog) { Answer(dialog, folder.Name("a.adx")); });
-    ASSERT_TRUE(AskOpenPath(owner, kLoadDefinitionPrompt).has_value());
+    const DialogOperator user("Select ADX...", [&](HWND dialog) {
+        ASSERT_TRUE(Eventually([&] { return NameField(dialog) != nullptr; }));
+        const std::string place = folder.Path().string();
+        ::SendMessageA(NameField(dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(place.c_str()));
+        ::SendMessageA(dialog, WM_COMMAND, IDOK, 0);  // goes there, and has arrived when the answer comes
+        Answer(dialog, "a.adx");
+    });
+    EXPECT_EQ(folder.Name("a.adx"), AskOpenPath(owner, kLoadDefinitionPrompt));
     EXPECT_EQ(before, std::filesystem::current_path());
 }
 
