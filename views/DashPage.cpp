@@ -84,19 +84,27 @@ void Rebind(DashPage& state, std::uint32_t index, ADXObject* item) {
     ::UpdateWindow(gauge);
 }
 
+// A menu that is open offers what is going, and holds the thread until it is closed.
+void CloseMenu(const DashPage& state) {
+    if (state.menuIsOpen) ::EndMenu();
+}
+
 // While the menu is open everything may happen, be it a load that leaves nothing of what was looked at before, or the
 // end of the page.
 void OnGaugeMenu(HWND page, unsigned control, POINT place) {
-    const DashPage& before = *DashPageOf(page);
+    DashPage& before = *DashPageOf(page);
     const std::uint32_t index = control - kFirstGaugeId;
-    if (before.session->currentDashboard == nullptr || index >= before.gauges.size()) return;
+    if (before.menuIsOpen || before.session->currentDashboard == nullptr || index >= before.gauges.size()) return;
     const ADXDGENTRY* const entry = EntryOf(before.gauges[index]);
     if (entry == nullptr) return;
     const unsigned shown = before.shown;
+    before.menuIsOpen = true;
     ADXObject* const item = AskForItem(page, before.session->definition, *entry, place);
 
     DashPage* const state = DashPageOf(page);
-    if (item == nullptr || state == nullptr || state->shown != shown) return;
+    if (state == nullptr) return;
+    state->menuIsOpen = false;
+    if (item == nullptr || state->shown != shown) return;
     Rebind(*state, index, item);
 }
 
@@ -132,7 +140,9 @@ void Begin(HWND page, LPARAM session) {
 void End(HWND page) {
     const std::unique_ptr<DashPage> state(DashPageOf(page));
     ::SetWindowLongPtrA(page, GWLP_USERDATA, 0);
-    if (state != nullptr) state->session->dashPage = nullptr;
+    if (state == nullptr) return;
+    CloseMenu(*state);
+    state->session->dashPage = nullptr;
 }
 
 INT_PTR CALLBACK DashProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -191,6 +201,7 @@ void ShowDashboard(ADXDashboard* dashboard, HWND page) {
     DashPage* const state = DashPageOf(page);
     if (state == nullptr) return;
     ++state->shown;
+    CloseMenu(*state);
     state->dashboard = dashboard;
     DestroyGauges(*state);
     if (dashboard == nullptr) return;

@@ -16,6 +16,7 @@ struct DashPage {
     RECT area{};               // for the gauges, in client coordinates
     std::vector<HWND> gauges;  // at position i the window of entry i, null for an entry of an unknown type
     unsigned shown = 0;        // how many times a dashboard was shown: what a menu began with may be gone at its end
+    bool menuIsOpen = false;
     SessionState* session = nullptr;
 };
 

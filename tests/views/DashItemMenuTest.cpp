@@ -1,0 +1,208 @@
+#include <gtest/gtest.h>
+
+#include "tests/views/DashTestHelper.h"
+
+namespace corvex::test {
+namespace {
+
+using Rows = std::vector<std::string>;
+
+class DashItemMenuTest : public DashTest {
+protected:
+    Rows RowsOn(HWND gauge) {
+        Rows rows;
+        Press(gauge, {}, [&](HMENU menu) { rows = RowsOf(menu); });
+        return rows;
+    }
+    // Does this on the main thread while the menu is open, which closes it, and tries to choose the first value.
+    void PressAfter(HWND gauge, const std::function<void()>& work) {
+        Press(gauge, KeysFor(0, 0), [&](HMENU) { mainThread.Run(work); });
+    }
+
+    MainThread mainThread;
+};
+
+TEST_F(DashItemMenuTest, AnAnalogGaugeIsOfferedValuesAlone) {
+    ShowOne(0, load);
+    EXPECT_EQ((Rows{"1 Values", "10 Speed", "11* Load"}), RowsOn(Gauge(0)));
+}
+
+TEST_F(DashItemMenuTest, TheOthersAreOfferedBitmasksToo) {
+    AddEntry(1, speed);
+    AddEntry(2, lamp);
+    Show();
+    EXPECT_EQ((Rows{"1 Values", "10* Speed", "11 Load", "2 Bitmasks", "12 Fan", "13 Lamp"}), RowsOn(Gauge(0)));
+    EXPECT_EQ((Rows{"1 Values", "10 Speed", "11 Load", "2 Bitmasks", "12 Fan", "13* Lamp"}), RowsOn(Gauge(1)));
+}
+
+TEST_F(DashItemMenuTest, LongTitlesAreCut) {
+    speed->SetTitle(std::string(300, 'y').c_str(), 300);
+    ShowOne(0, nullptr);
+    EXPECT_EQ((Rows{"1 Values", "10 " + std::string(255, 'y'), "11 Load"}), RowsOn(Gauge(0)));
+}
+
+TEST_F(DashItemMenuTest, NothingChosenChangesNothing) {
+    ShowOne(0, speed);
+    GaugeRecorder recorder(Gauge(0));
+    Press(Gauge(0), {});
+    EXPECT_TRUE(recorder.lines.empty());
+    EXPECT_EQ(speed, dashboard->GetEntry(0)->item);
+    EXPECT_EQ(0U, session.dashChanged);
+}
+
+TEST_F(DashItemMenuTest, AnotherValueIsBoundToTheSameGauge) {
+    ShowOne(0, speed);
+    const HWND gauge = Gauge(0);
+    GaugeRecorder recorder(gauge);
+    Press(gauge, KeysFor(0, 1));
+    EXPECT_EQ(gauge, Gauge(0));
+    EXPECT_EQ(load, dashboard->GetEntry(0)->item);
+    EXPECT_EQ(load->GetIdHash(), dashboard->GetEntry(0)->itemidhash);
+    EXPECT_EQ(0U, dashboard->GetEntry(0)->gaugetype);
+    EXPECT_EQ(1U, session.dashChanged);
+    ASSERT_FALSE(recorder.lines.empty());
+    EXPECT_EQ("title Load", recorder.lines[0]);
+    EXPECT_FALSE(::GetUpdateRect(gauge, nullptr, FALSE)) << "painted at once";
+    Update({10, 90});
+    EXPECT_EQ(45, Needle(gauge));
+}
+
+TEST_F(DashItemMenuTest, TheSameValueIsBoundAgainByItsOwnRange) {
+    speed->rangelow = 20.0F;
+    ShowOne(0, speed);
+    Update({100});
+    GaugeRecorder recorder(Gauge(0));
+    Press(Gauge(0), KeysFor(0, 0));
+    EXPECT_EQ((Rows{"title Speed", "units km/h", "value 20 redraw", "digits 2", "range 20 255", "no alarms",
+                    "value 100 redraw"}),
+              recorder.lines);
+    EXPECT_EQ(1U, session.dashChanged);
+}
+
+TEST_F(DashItemMenuTest, AReadoutBecomesALampForABitmask) {
+    AddEntry(0, speed);
+    AddEntry(1, load);
+    Show();
+    const HWND readout = Gauge(1);
+    Press(readout, KeysFor(1, 0));
+    EXPECT_FALSE(::IsWindow(readout));
+    EXPECT_EQ("QZSTATUSGAUGE", ClassNameOf(Gauge(1)));
+    EXPECT_EQ(10001, ::GetDlgCtrlID(Gauge(1)));
+    EXPECT_TRUE(::IsWindowVisible(Gauge(1)));
+    EXPECT_EQ(State().area.right, PlaceInParent(Gauge(1)).right);
+    EXPECT_EQ(2U, dashboard->GetEntry(1)->gaugetype);
+    EXPECT_EQ(fan, dashboard->GetEntry(1)->item);
+    EXPECT_EQ("Fan", TextOfGauge(Gauge(1), SGM_GETTITLE));
+    EXPECT_EQ(2U, State().gauges.size());
+    GaugeRecorder recorder(Gauge(1));
+    Update({10, 90, 1});
+    EXPECT_EQ((Rows{"state 1 redraw"}), recorder.lines);
+}
+
+TEST_F(DashItemMenuTest, ALampBecomesAReadoutForAValue) {
+    ShowOne(2, lamp);
+    Press(Gauge(0), KeysFor(0, 1));
+    EXPECT_EQ("QZDIGITALGAUGEREADOUT", ClassNameOf(Gauge(0)));
+    EXPECT_EQ(1U, dashboard->GetEntry(0)->gaugetype);
+    Update({10, 90, 1});
+    EXPECT_EQ(45.0F, Digits(Gauge(0)));
+}
+
+TEST_F(DashItemMenuTest, ALampKeepsItsKindForAnotherBitmask) {
+    ShowOne(2, lamp);
+    const HWND gauge = Gauge(0);
+    Press(gauge, KeysFor(1, 0));
+    EXPECT_EQ(gauge, Gauge(0));
+    EXPECT_EQ(2U, dashboard->GetEntry(0)->gaugetype);
+    EXPECT_EQ("Fan", TextOfGauge(gauge, SGM_GETTITLE));
+}
+
+TEST_F(DashItemMenuTest, AnAnalogGaugeOfABitmaskBecomesAReadout) {
+    ShowOne(0, fan);
+    Press(Gauge(0), KeysFor(0, 0));
+    EXPECT_EQ("QZDIGITALGAUGEREADOUT", ClassNameOf(Gauge(0)));
+    EXPECT_EQ(1U, dashboard->GetEntry(0)->gaugetype);
+}
+
+TEST_F(DashItemMenuTest, AGaugeWithoutAnItemKeepsItsKind) {
+    AddEntry(1, nullptr);
+    AddEntry(0, nullptr);
+    Show();
+    const HWND readout = Gauge(0), analog = Gauge(1);
+    Press(readout, KeysFor(1, 0));
+    EXPECT_EQ(readout, Gauge(0));
+    EXPECT_EQ(1U, dashboard->GetEntry(0)->gaugetype);
+    EXPECT_EQ(fan, dashboard->GetEntry(0)->item) << "which it does not show";
+    Press(analog, KeysFor(0, 0));
+    EXPECT_EQ(analog, Gauge(1));
+    EXPECT_EQ("Speed", TextOfGauge(analog, AGM_GETTITLE));
+}
+
+TEST_F(DashItemMenuTest, OnlyAGaugesCallOpensIt) {
+    ShowOne(0, speed);
+    const auto gauge = reinterpret_cast<LPARAM>(Gauge(0));
+    // None of these comes to a menu, which would hold this thread for good.
+    ::SendMessageA(DashWindow(), WM_COMMAND, MAKEWPARAM(10000, 1575), gauge);
+    ::SendMessageA(DashWindow(), WM_COMMAND, MAKEWPARAM(9999, kAnalogGaugeMenuCode), gauge);
+    ::SendMessageA(DashWindow(), WM_COMMAND, MAKEWPARAM(10001, kAnalogGaugeMenuCode), gauge);
+    ::SendMessageA(DashWindow(), WM_COMMAND, MAKEWPARAM(65535, kDigitalReadoutMenuCode), gauge);
+    session.currentDashboard = nullptr;
+    AskForMenu(Gauge(0));
+}
+
+TEST_F(DashItemMenuTest, ALoadWhileItIsOpenDropsTheChoice) {
+    ShowOne(0, load);
+    const HWND gauge = Gauge(0);
+    PressAfter(gauge, [&] {
+        session.definition.Clear();
+        FillDefinition();
+        AddEntry(0, load);
+        RefreshDashPage(session);
+    });
+    EXPECT_FALSE(::IsWindow(gauge));
+    ASSERT_EQ(1U, State().gauges.size());
+    EXPECT_EQ(load, dashboard->GetEntry(0)->item);
+    EXPECT_EQ(0U, session.dashChanged);
+    EXPECT_EQ("Load", TextOfGauge(Gauge(0), AGM_GETTITLE));
+}
+
+TEST_F(DashItemMenuTest, SoDoesALoadOfNothing) {
+    ShowOne(1, load);
+    PressAfter(Gauge(0), [&] {
+        session.definition.Clear();
+        RefreshDashPage(session);
+    });
+    EXPECT_TRUE(State().gauges.empty());
+    EXPECT_EQ(0U, session.dashChanged);
+}
+
+TEST_F(DashItemMenuTest, SoDoesTheChoiceOfAnotherDashboard) {
+    auto* const second = AddTitled<ADXDashboard>(session.definition, "TWO", "Two");
+    AddEntry(0, load, second);
+    ShowOne(0, load);
+    PressAfter(Gauge(0), [&] { Choose(DashWindow(), IDC_DASH_COMBO, 1); });
+    EXPECT_EQ(load, dashboard->GetEntry(0)->item);
+    EXPECT_EQ(load, second->GetEntry(0)->item);
+}
+
+TEST_F(DashItemMenuTest, ThePagesEndWhileItIsOpenIsSurvived) {
+    ShowOne(0, load);
+    PressAfter(Gauge(0), [&] { ::DestroyWindow(std::exchange(frame, nullptr)); });
+    EXPECT_EQ(nullptr, session.dashPage);
+    EXPECT_EQ(load, dashboard->GetEntry(0)->item);
+}
+
+TEST_F(DashItemMenuTest, SamplesGoOnWhileItIsOpen) {
+    ShowOne(0, load);
+    const HWND gauge = Gauge(0);
+    int needle = 0;
+    Press(gauge, KeysFor(0, 0), [&](HMENU) {
+        Update({10, 60});
+        needle = Needle(gauge);
+    });
+    EXPECT_EQ(30, needle);
+    EXPECT_EQ(speed, dashboard->GetEntry(0)->item);
+}
+
+}  // namespace
+}  // namespace corvex::test

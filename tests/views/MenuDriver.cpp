@@ -1,0 +1,120 @@
+#include "tests/views/MenuDriver.h"
+
+#include <atomic>
+#include <chrono>
+
+namespace corvex::test {
+
+namespace {
+
+constexpr UINT kGetMenu = 0x01E1;  // of a popup menu's window
+constexpr char kCallClass[] = "CorvexTestCall";
+
+template <class Predicate>
+bool Polls(Predicate isSo) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!isSo()) {
+        if (std::chrono::steady_clock::now() > deadline) return false;
+        std::this_thread::yield();
+    }
+    return true;
+}
+
+HWND OpenMenu() {
+    HWND window = nullptr;
+    while ((window = ::FindWindowExA(nullptr, window, "#32768", nullptr)) != nullptr) {
+        DWORD process = 0;
+        ::GetWindowThreadProcessId(window, &process);
+        if (process == ::GetCurrentProcessId() && ::IsWindowVisible(window) != FALSE) return window;
+    }
+    return nullptr;
+}
+
+LRESULT CALLBACK CallProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_APP) return ::DefWindowProcA(window, message, wParam, lParam);
+    (*reinterpret_cast<const std::function<void()>*>(lParam))();
+    return 0;
+}
+
+}  // namespace
+
+MenuDriver::MenuDriver(std::vector<WPARAM> keys, std::function<void(HMENU)> look)
+    : keys_(std::move(keys)), look_(std::move(look)), thread_([this] { Run(); }) {}
+
+MenuDriver::~MenuDriver() {
+    if (thread_.joinable()) thread_.join();
+}
+
+bool MenuDriver::Came() {
+    if (thread_.joinable()) thread_.join();
+    return came_;
+}
+
+void MenuDriver::Run() {
+    HWND window = nullptr;
+    came_ = Polls([&] { return (window = OpenMenu()) != nullptr; });
+    if (!came_) return;
+    if (look_) look_(reinterpret_cast<HMENU>(::SendMessageA(window, kGetMenu, 0, 0)));
+    for (const WPARAM key : keys_)
+        ::PostMessageA(window, WM_KEYDOWN, key, 1);
+    // The character that Enter makes would come after keys that are posted already.
+    if (!keys_.empty() && Polls([] { return OpenMenu() == nullptr; })) return;
+    // Each closes one level.
+    for (int i = 0; i < 3; ++i)
+        ::PostMessageA(window, WM_KEYDOWN, VK_ESCAPE, 1);
+    Polls([] { return OpenMenu() == nullptr; });
+}
+
+MainThread::MainThread() {
+    WNDCLASSA words{};
+    words.lpfnWndProc = &CallProcedure;
+    words.hInstance = ::GetModuleHandleA(nullptr);
+    words.lpszClassName = kCallClass;
+    ::RegisterClassA(&words);
+    window_ = ::CreateWindowExA(0, kCallClass, "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, words.hInstance, nullptr);
+}
+
+MainThread::~MainThread() {
+    ::DestroyWindow(window_);
+}
+
+void MainThread::Run(const std::function<void()>& work) const {
+    ::SendMessageA(window_, WM_APP, 0, reinterpret_cast<LPARAM>(&work));
+    // A menu looks whether it is to end after each message of its own queue.
+    ::PostMessageA(window_, WM_NULL, 0, 0);
+}
+
+void WhilePumping(const std::function<void()>& work) {
+    std::atomic<bool> done{false};
+    std::thread thread([&] {
+        work();
+        done = true;
+    });
+    MSG message;
+    while (!done) {
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
+        while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0)
+            ::DispatchMessageA(&message);
+    }
+    thread.join();
+}
+
+std::vector<std::string> RowsOf(HMENU menu) {
+    std::vector<std::string> rows;
+    for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
+        char label[400] = "";
+        MENUITEMINFOA row{};
+        row.cbSize = sizeof row;
+        row.fMask = MIIM_ID | MIIM_STATE | MIIM_STRING | MIIM_SUBMENU;
+        row.dwTypeData = label;
+        row.cch = sizeof label;
+        ::GetMenuItemInfoA(menu, static_cast<UINT>(i), TRUE, &row);
+        rows.push_back(std::to_string(row.wID) + ((row.fState & MFS_CHECKED) != 0 ? "* " : " ") + label);
+        if (row.hSubMenu == nullptr) continue;
+        for (const std::string& below : RowsOf(row.hSubMenu))
+            rows.push_back(below);
+    }
+    return rows;
+}
+
+}  // namespace corvex::test

@@ -1,0 +1,54 @@
+// Works popup menus as a user does, by keys, while the thread that shows them is held by them.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/WindowsApi.h"
+
+namespace corvex::test {
+
+// Waits on a thread of its own for the next popup menu of this process, 20 seconds at most, has `look` see it on that
+// thread, and then presses the keys, of which the last one chooses a row. Without keys it closes the menu.
+class MenuDriver {
+public:
+    explicit MenuDriver(std::vector<WPARAM> keys, std::function<void(HMENU)> look = {});
+    ~MenuDriver();
+    MenuDriver(const MenuDriver&) = delete;
+    MenuDriver& operator=(const MenuDriver&) = delete;
+
+    // Waits for the thread's end.
+    bool Came();
+
+private:
+    void Run();
+
+    const std::vector<WPARAM> keys_;
+    const std::function<void(HMENU)> look_;
+    bool came_ = false;
+    std::thread thread_;
+};
+
+// Has the thread that made it do things, in the middle of whatever it is doing, a menu included.
+class MainThread {
+public:
+    MainThread();
+    ~MainThread();
+    MainThread(const MainThread&) = delete;
+    MainThread& operator=(const MainThread&) = delete;
+    // Comes back when it is done. Any thread.
+    void Run(const std::function<void()>& work) const;
+
+private:
+    HWND window_;
+};
+
+// Runs the work on a thread of its own while this one answers messages.
+void WhilePumping(const std::function<void()>& work);
+
+// One line for each row, those of submenus after their own: "1 Values", "10 Speed", "11* Load" for a checked one.
+std::vector<std::string> RowsOf(HMENU menu);
+
+}  // namespace corvex::test
