@@ -282,7 +282,7 @@ TEST_F(DashPageGaugesTest, ManyDashboardsLeaveNoObjectsBehind) {
     AddEntry(2, fan);
     Show();
     const std::size_t before = AllGdiObjects();
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 30; ++i) {
         RefreshDashPage(session);
         Update({static_cast<std::uint8_t>(i), 0, 1});
     }

@@ -1,0 +1,256 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "controls/window/GdiObjects.h"
+#include "tests/controls/window/PaintTestHelper.h"
+#include "tests/views/ListTestHelper.h"
+
+namespace corvex::test {
+namespace {
+
+constexpr COLORREF kRed = 0x0000FF, kOrange = 0x4080FF, kSetColour = 0x0000C0;
+
+// The page is asked for the look of cells as the control asks, on a context that is looked into afterwards; and the
+// real control is painted.
+class ItemListColoursTest : public ListTest {
+protected:
+    struct Look {
+        LRESULT result;
+        COLORREF colour;
+    };
+    Look Ask(int row, int column, DWORD stage = CDDS_ITEMPREPAINT | CDDS_SUBITEM) {
+        NMLVCUSTOMDRAW draw{};
+        draw.nmcd.hdr = {List(), IDC_LIST_VIEW, static_cast<UINT>(NM_CUSTOMDRAW)};
+        draw.nmcd.dwDrawStage = stage;
+        draw.nmcd.hdc = memory.Get();
+        draw.nmcd.dwItemSpec = static_cast<DWORD_PTR>(row);
+        draw.iSubItem = column;
+        draw.clrText = 0xABCDEF;
+        const LRESULT result = ::SendMessageA(Page(1), WM_NOTIFY, IDC_LIST_VIEW, reinterpret_cast<LPARAM>(&draw));
+        return {result, draw.clrText};
+    }
+    // Asks for the three cells of a row; 'b' for each that is bold.
+    std::string BoldCells(int row) {
+        std::string cells;
+        for (int column = 0; column < 3; ++column) {
+            Ask(row, column);
+            cells += IsBold() ? 'b' : '-';
+        }
+        return cells;
+    }
+    COLORREF ColourOf(int row, int column) { return Ask(row, column).colour; }
+    LOGFONTA Font() const {
+        LOGFONTA words{};
+        ::GetObjectA(::GetCurrentObject(memory.Get(), OBJ_FONT), sizeof words, &words);
+        return words;
+    }
+    bool IsBold() const { return Font().lfWeight == 600; }
+    // A cell on the screen, from the top left.
+    std::vector<COLORREF> Picture(int row, int column) {
+        ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        const RECT cell = CellPlace(row, column);
+        const TestBitmap picture(List());
+        std::vector<COLORREF> pixels;
+        for (LONG y = cell.top; y < cell.bottom; ++y) {
+            for (LONG x = cell.left; x < cell.right; ++x)
+                pixels.push_back(picture.At(static_cast<int>(x), static_cast<int>(y)));
+        }
+        return pixels;
+    }
+    // Which of the colours there are in a cell, as '1' for each; shades between them and the ground do not count.
+    std::string Ink(int row, int column) {
+        const std::vector<COLORREF> pixels = Picture(row, column);
+        std::string found;
+        for (const COLORREF colour : {COLORREF{kHeadingColour}, COLORREF{kOwn}, kRed, kOrange, kSetColour})
+            found += std::find(pixels.begin(), pixels.end(), colour) != pixels.end() ? '1' : '-';
+        return found;
+    }
+
+    MemoryDc memory;
+    OwnedFont ordinary = MakeTestFont();
+    SelectGuard selected{memory.Get(), ordinary.Get()};
+};
+
+TEST_F(ItemListColoursTest, EachStageIsAnswered) {
+    AddRow(speed);
+    Show();
+    EXPECT_EQ(0x20, Ask(0, 0, CDDS_PREPAINT).result);
+    EXPECT_EQ(0x20, Ask(0, 0, CDDS_ITEMPREPAINT).result);
+    EXPECT_EQ(0, Ask(0, 1).result);
+    EXPECT_EQ(0, Ask(0, 0, CDDS_POSTPAINT).result);
+    EXPECT_EQ(0xABCDEFU, Ask(0, 1, CDDS_ITEMPOSTPAINT).colour);
+    EXPECT_EQ(0xABCDEFU, Ask(9, 1).colour) << "a row that is not there";
+}
+
+TEST_F(ItemListColoursTest, AnAlarmIsInTheValueColumnAlone) {
+    speed->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
+    AddRow(speed);
+    Show();
+    const struct {
+        std::uint8_t byte;
+        COLORREF colour;
+        const char* bold;
+    } cases[] = {{50, kOwn, "---"}, {100, kOwn, "---"}, {101, kRed, "-b-"}, {20, kOwn, "---"}, {19, kOrange, "-b-"}};
+    for (const auto& expected : cases) {
+        Arrive({expected.byte, 0});
+        EXPECT_EQ(kOwn, ColourOf(0, 0));
+        EXPECT_EQ(expected.colour, ColourOf(0, 1)) << int{expected.byte};
+        EXPECT_EQ(kOwn, ColourOf(0, 2));
+        EXPECT_EQ(expected.bold, BoldCells(0)) << int{expected.byte};
+    }
+}
+
+TEST_F(ItemListColoursTest, TheHighAlarmGoesFirst) {
+    speed->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
+    speed->alarmlow = 200.0F;
+    AddRow(speed);
+    Show();
+    Arrive({150, 0});
+    EXPECT_EQ(kRed, ColourOf(0, 1));
+}
+
+TEST_F(ItemListColoursTest, ABitWithBothAlarmsHasOneColourOrTheOther) {
+    fan->flags = ADXBitmask::kAlarmOnSet | ADXBitmask::kAlarmOnNotSet;
+    AddRow(fan);
+    Show();
+    Arrive({0, 1});
+    EXPECT_EQ(0x0000C0U, ColourOf(0, 1));
+    EXPECT_EQ("-b-", BoldCells(0));
+    Arrive({0, 0});
+    EXPECT_EQ(0x00C000U, ColourOf(0, 1));
+    EXPECT_EQ("-b-", BoldCells(0));
+    EXPECT_EQ(kOwn, ColourOf(0, 2));
+}
+
+TEST_F(ItemListColoursTest, ABitIsColouredByThePacketOfAnotherCommand) {
+    fan->flags = ADXBitmask::kAlarmOnSet;
+    fan->parentcmdidhash = kOther;
+    AddRow(fan);
+    Show();
+    Arrive({0, 1}, kCommand);
+    EXPECT_EQ(0x0000C0U, ColourOf(0, 1));
+    EXPECT_EQ("rests", Cell(0, 1));
+}
+
+TEST_F(ItemListColoursTest, AValueOfAnotherCommandKeepsItsAlarm) {
+    speed->flags = ADXValue::kAlarmHigh;
+    speed->parentcmdidhash = kOther;
+    AddRow(speed);
+    Show();
+    Arrive({150, 0}, kOther);
+    Arrive({50, 0}, kCommand);
+    EXPECT_EQ(kRed, ColourOf(0, 1));
+}
+
+TEST_F(ItemListColoursTest, TheBoldFontIsTheTold) {
+    speed->flags = ADXValue::kAlarmHigh;
+    AddRow(speed);
+    Show();
+    Arrive({150, 0});
+    Ask(0, 1);
+    const LOGFONTA font = Font();
+    EXPECT_EQ(14, font.lfHeight);
+    EXPECT_EQ(600, font.lfWeight);
+    EXPECT_EQ(2, font.lfQuality);
+    EXPECT_EQ(0x32, font.lfPitchAndFamily);
+    EXPECT_STREQ("Arial", font.lfFaceName);
+    EXPECT_EQ(0, font.lfCharSet);
+}
+
+TEST_F(ItemListColoursTest, ARowsBoldCarriesOnUntilAnotherColumn) {
+    speed->flags = ADXValue::kAlarmHigh;
+    AddRow(speed);
+    AddRow(fan);
+    Show();
+    Arrive({150, 0});
+    Ask(0, 1);
+    Ask(1, 1);
+    EXPECT_TRUE(IsBold()) << "without an alarm the font is left as it is";
+    Ask(0, 2);
+    EXPECT_FALSE(IsBold());
+    Ask(1, 1);
+    EXPECT_FALSE(IsBold());
+}
+
+TEST_F(ItemListColoursTest, AHeadingIsBoldAndTheRowsBelowAreNot) {
+    AddHeading("Engine", 1);
+    AddRow(speed);
+    AddHeading("Plain", 0);
+    AddRow(fan);
+    Show();
+    EXPECT_EQ("bbb", BoldCells(0));
+    EXPECT_EQ("---", BoldCells(1));
+    EXPECT_EQ("---", BoldCells(2));
+    EXPECT_EQ("bbb", BoldCells(0));
+    EXPECT_EQ("---", BoldCells(3));
+    for (int column = 0; column < 3; ++column) {
+        EXPECT_EQ(kHeadingColour, ColourOf(0, column));
+        EXPECT_EQ(kHeadingColour, ColourOf(2, column));
+    }
+}
+
+TEST_F(ItemListColoursTest, TheScreenShowsTheColours) {
+    speed->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
+    fan->flags = ADXBitmask::kAlarmOnSet;
+    AddHeading("Engine", 1);
+    AddRow(speed);
+    AddRow(fan);
+    Show();
+    Arrive({150, 1});
+    EXPECT_EQ("-----", Ink(0, 1));
+    EXPECT_EQ("1----", Ink(0, 2));
+    EXPECT_EQ("--1--", Ink(1, 1));
+    EXPECT_EQ("-1---", Ink(1, 2));
+    EXPECT_EQ("----1", Ink(2, 1));
+    EXPECT_EQ("-1---", Ink(2, 2));
+    Arrive({10, 0});
+    EXPECT_EQ("---1-", Ink(1, 1));
+    EXPECT_EQ("-1---", Ink(2, 1));
+}
+
+TEST_F(ItemListColoursTest, TheScreenShowsWhatIsBoldAndWhatIsNot) {
+    speed->SetTitle("Engine", 6);
+    fan->flags = ADXBitmask::kAlarmOnSet;
+    fan->alarmonsetcolor = kOwn;  // so that only the weight differs
+    AddRow(speed);
+    AddHeading("Engine", 1)->color = kOwn;
+    AddRow(speed);
+    AddRow(fan);
+    AddRow(speed);
+    Show();
+    Arrive({50, 1});
+    const auto title = Picture(0, 2), value = Picture(0, 1);
+    EXPECT_NE(title, Picture(1, 2));
+    EXPECT_EQ(title, Picture(2, 2)) << "below a heading";
+    EXPECT_EQ(value, Picture(2, 1));
+    EXPECT_EQ(title, Picture(4, 2)) << "below an alarm";
+    EXPECT_EQ(value, Picture(4, 1));
+    const auto alarm = Picture(3, 1);
+    fan->flags = 0;
+    EXPECT_NE(alarm, Picture(3, 1));
+}
+
+TEST_F(ItemListColoursTest, AThousandPaintsLeaveNothingBehind) {
+    speed->flags = ADXValue::kAlarmHigh;
+    AddHeading("Engine", 1);
+    AddRow(speed);
+    AddRow(fan);
+    AddHeading("Last", 1);
+    Show();
+    Arrive({150, 1});
+    ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    const std::size_t before = AllGdiObjects();
+    for (int i = 0; i < 1000; ++i) {
+        Arrive({static_cast<std::uint8_t>(i), 1});
+        RepaintItemList(session);
+        ::UpdateWindow(List());
+    }
+    EXPECT_EQ(before, AllGdiObjects());
+    const std::size_t owned = LiveGdiObjects();
+    ::DestroyWindow(Page(1));
+    EXPECT_EQ(owned - 1, LiveGdiObjects()) << "the bold font goes with the page";
+}
+
+}  // namespace
+}  // namespace corvex::test

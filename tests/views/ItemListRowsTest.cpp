@@ -1,0 +1,211 @@
+#include <gtest/gtest.h>
+
+#include "tests/views/ListTestHelper.h"
+#include "tests/views/MenuDriver.h"
+#include "views/ItemListRows.h"
+
+namespace corvex::test {
+namespace {
+
+class ItemListRowsTest : public ListTest {};
+
+TEST_F(ItemListRowsTest, EveryRowShowsItsValueAndItsTitle) {
+    AddRow(speed);
+    AddRow(fan);
+    Show();
+    Arrive({50, 1});
+    ASSERT_EQ(2, RowCount());
+    EXPECT_EQ("50.0", Cell(0, 1));
+    EXPECT_EQ("Speed", Cell(0, 2));
+    EXPECT_EQ("runs", Cell(1, 1));
+    EXPECT_EQ("Fan", Cell(1, 2));
+    Arrive({60, 0});
+    EXPECT_EQ("60.0", Cell(0, 1));
+    EXPECT_EQ("rests", Cell(1, 1));
+}
+
+TEST_F(ItemListRowsTest, BeforeTheFirstPacketValuesAreThoseOfTheWordZero) {
+    speed->SetEquation("X+7", 3);
+    AddRow(speed);
+    AddRow(fan);
+    Show();
+    EXPECT_EQ("7.0", Cell(0, 1));
+    EXPECT_EQ("rests", Cell(1, 1));
+}
+
+TEST_F(ItemListRowsTest, AHeadingShowsItsTitleAlone) {
+    AddHeading("Engine", 1);
+    ADXLVENTRY odd;
+    odd.entrytype = ADXLVENTRY::kHeadingRow;
+    odd.item = speed;
+    AddEntry(odd);
+    Show();
+    Arrive({50, 1});
+    ASSERT_EQ(2, RowCount());
+    for (int row = 0; row < 2; ++row) {
+        EXPECT_EQ("", Cell(row, 0));
+        EXPECT_EQ("", Cell(row, 1));
+    }
+    EXPECT_EQ("Engine", Cell(0, 2));
+    EXPECT_EQ("", Cell(1, 2));
+}
+
+TEST_F(ItemListRowsTest, AnEntryWithoutItsItemHasNoRow) {
+    AddRow(speed);
+    AddRow(nullptr);
+    AddHeading("Faults", 0);
+    AddRow(fan);
+    ADXLVENTRY unknown;
+    unknown.entrytype = 5;
+    AddEntry(unknown);
+    Show();
+    ASSERT_EQ(4, RowCount());
+    EXPECT_EQ("Speed", Cell(0, 2));
+    EXPECT_EQ("Faults", Cell(1, 2));
+    EXPECT_EQ("Fan", Cell(2, 2));
+    EXPECT_EQ("", Cell(3, 2));
+    EXPECT_EQ("", Cell(3, 1));
+    EXPECT_EQ(list->GetEntry(3), EntryOfRow(List(), 2));
+    EXPECT_EQ(nullptr, EntryOfRow(List(), 4));
+}
+
+TEST_F(ItemListRowsTest, ItemsOfAnotherCommandKeepTheirLastValue) {
+    speed->parentcmdidhash = fan->parentcmdidhash = kOther;
+    fan->flags = ADXBitmask::kAlarmOnSet;
+    AddRow(speed);
+    AddRow(fan);
+    Show();
+    Arrive({50, 0}, kOther);
+    Arrive({60, 1}, kCommand);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ("50.0", Cell(0, 1));
+        EXPECT_EQ("rests", Cell(1, 1));
+        // The colours are of the newest packet, but take nothing from it.
+        ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    }
+    Arrive({70, 1}, kOther);
+    EXPECT_EQ("70.0", Cell(0, 1));
+    EXPECT_EQ("runs", Cell(1, 1));
+}
+
+TEST_F(ItemListRowsTest, ItemsOfNoCommandAreReadFromAnyPacket) {
+    AddRow(speed);
+    Show();
+    const std::uint8_t packet = 33;
+    session.StoreLastPacket(LastPacket::Of(PacketView(&packet, 1), kOther));
+    EXPECT_EQ("33.0", Cell(0, 1)) << "though nothing has updated its word";
+}
+
+TEST_F(ItemListRowsTest, AValueWithoutATextHasNotThatOfTheRowBefore) {
+    auto* const odd = AddTitled<ADXValue>(session.definition, "ODD", "Odd");
+    odd->SetEquation("X", 1);
+    odd->outputtype = 9;
+    AddRow(speed);
+    AddRow(odd);
+    Show();
+    Arrive({50, 1});
+    EXPECT_EQ("50.0", Cell(0, 1));
+    EXPECT_EQ("", Cell(1, 1));
+}
+
+TEST_F(ItemListRowsTest, LongTextsAreCut) {
+    const std::string text(300, 'z');
+    speed->SetTitle(text.c_str(), 300);
+    speed->digcount = 200;
+    fan->SetTrueString(text.c_str(), 300);
+    AddRow(speed);
+    AddRow(fan);
+    AddHeading(text, 1);
+    Show();
+    Arrive({50, 1});
+    EXPECT_EQ(text.substr(0, 255), Cell(0, 2));
+    EXPECT_EQ("50." + std::string(36, '0'), Cell(0, 1));
+    EXPECT_EQ(text.substr(0, 39), Cell(1, 1));
+    EXPECT_EQ(text, Cell(2, 2));
+    ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+}
+
+TEST_F(ItemListRowsTest, AnotherListHasItsOwnRows) {
+    auto* const second = AddTitled<ADXListView>(session.definition, "TWO", "Two");
+    AddRow(speed);
+    AddRow(fan, second);
+    AddRow(speed, second);
+    Show();
+    EXPECT_EQ(1, RowCount());
+    Choose(Page(1), IDC_LIST_COMBO, 1);
+    ASSERT_EQ(2, RowCount());
+    EXPECT_EQ("Fan", Cell(0, 2));
+    Choose(Page(1), IDC_LIST_COMBO, -1);
+    EXPECT_EQ(0, RowCount());
+}
+
+TEST_F(ItemListRowsTest, TheFirstListHasItsRowsFromTheStart) {
+    AddRow(speed);
+    CreateItemListPage(session);
+    ASSERT_EQ(1, RowCount());
+    EXPECT_EQ("Speed", Cell(0, 2));
+}
+
+TEST_F(ItemListRowsTest, RefreshLeavesNoRowOfAListThatIsGone) {
+    AddRow(speed);
+    AddRow(fan);
+    Show();
+    session.definition.Clear();
+    RefreshItemListPage(session);
+    EXPECT_EQ(0, RowCount());
+    FillDefinition();
+    AddRow(fan);
+    RefreshItemListPage(session);
+    ASSERT_EQ(1, RowCount());
+    EXPECT_EQ("Fan", Cell(0, 2));
+}
+
+TEST_F(ItemListRowsTest, ARepaintFromAWorkerIsAskedForAndNotWaitedFor) {
+    AddRow(speed);
+    AddRow(fan);
+    Show();
+    ::UpdateWindow(List());
+    ASSERT_FALSE(::GetUpdateRect(List(), nullptr, FALSE));
+    MainThread mainThread;
+    bool isDue = false;
+    WhilePumping([&] {
+        RepaintItemList(session);
+        RepaintItemList(session);
+        mainThread.Run([&] {
+            RepaintItemList(session);
+            isDue = ::GetUpdateRect(List(), nullptr, FALSE) != FALSE;
+        });
+    });
+    EXPECT_TRUE(isDue);
+    Arrive({50, 1});
+    EXPECT_EQ("50.0", Cell(0, 1));
+    EXPECT_EQ("Speed", Cell(0, 2));
+}
+
+TEST_F(ItemListRowsTest, OnlyRowsInViewAreReadWhenTheyArePainted) {
+    // No row but the last reads this word, which is far below.
+    auto* const deep = AddTitled<ADXValue>(session.definition, "DEEP", "Deep");
+    deep->SetEquation("X", 1);
+    for (int i = 0; i < 200; ++i)
+        AddRow(speed);
+    AddRow(deep);
+    Show();
+    const std::uint8_t packet[] = {50, 1};
+    session.StoreLastPacket(LastPacket::Of(PacketView(packet, 2), kCommand));
+    RepaintItemList(session);
+    ::UpdateWindow(List());
+    EXPECT_EQ(50U, speed->GetRaw(nullptr));
+    EXPECT_EQ(0U, deep->GetRaw(nullptr));
+    EXPECT_EQ("50.00", Cell(200, 1));
+    EXPECT_EQ(50U, deep->GetRaw(nullptr));
+}
+
+TEST_F(ItemListRowsTest, AWorkerFindsThePageGone) {
+    AddRow(speed);
+    Show();
+    ::DestroyWindow(std::exchange(frame, nullptr));
+    RepaintItemList(session);
+}
+
+}  // namespace
+}  // namespace corvex::test
