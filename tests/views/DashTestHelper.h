@@ -21,12 +21,7 @@ class DashTest : public PageTest {
 protected:
     static constexpr std::uint32_t kCommand = 0x1111, kOther = 0x2222;
 
-    DashTest() {
-        const auto instance = static_cast<HINSTANCE>(session.instance);
-        EXPECT_TRUE(AnalogGauge::Register(instance) && DigitalReadout::Register(instance) &&
-                    StatusGauge::Register(instance));
-        FillDefinition();
-    }
+    DashTest() { FillDefinition(); }
 
     // Byte 0 is the speed, byte 1 the load; bit 0 of byte 2 the fan, bit 1 the lamp.
     void FillDefinition() {

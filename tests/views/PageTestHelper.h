@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/RegisterControlClasses.h"
 #include "controls/tabsheet/TabSheet.h"
 #include "controls/window/GdiObjects.h"
 #include "platform/WindowsApi.h"
@@ -53,9 +54,13 @@ inline RECT PlaceInParent(HWND window) {
 
 // Says that it has erased its ground, and has not drawn a pixel.
 inline bool ErasesNothing(HWND page) {
-    const MemoryDc memory;  // with a bitmap of one black pixel
+    const ClientDc screen(nullptr);
+    const MemoryDc memory;
+    const OwnedBitmap bitmap(::CreateCompatibleBitmap(screen.Get(), 1, 1));
+    const SelectGuard selected(memory.Get(), bitmap.Get());
+    ::SetPixel(memory.Get(), 0, 0, RGB(1, 2, 3));
     const LRESULT erased = ::SendMessageA(page, WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory.Get()), 0);
-    return erased != 0 && ::GetPixel(memory.Get(), 0, 0) == RGB(0, 0, 0);
+    return erased != 0 && ::GetPixel(memory.Get(), 0, 0) == RGB(1, 2, 3);
 }
 
 inline RECT ClientOf(HWND window) {
@@ -69,7 +74,7 @@ protected:
     PageTest() {
         session.instance = ::GetModuleHandleA(nullptr);
         const auto instance = static_cast<HINSTANCE>(session.instance);
-        EXPECT_TRUE(TabSheet::Register(instance));
+        EXPECT_TRUE(RegisterControlClasses(instance));
         frame = ::CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_CLIPCHILDREN, 0, 0, 650, 400, nullptr, nullptr,
                                   instance, nullptr);
         sheet = ::CreateWindowExA(0, kTabSheetClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 650, 400, frame,
