@@ -23,7 +23,11 @@ TEST_F(Editor, SavesWhatWasEditedAndTheProgramLoadsIt) {
     ASSERT_NE(author, nullptr);
     Ask(author, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("Somebody else"));
     PressButton(dialog, IDOK);
-    EXPECT_TRUE(Eventually([&] { return Window().OutputLines().size() > before; }));
+    const std::string loaded = "Loaded " + Definition();
+    EXPECT_TRUE(Eventually([&] {
+        const std::vector<std::string> lines = Window().OutputLines();
+        return lines.size() > before && lines.back() == loaded;
+    })) << Window().Output();
     EXPECT_NE(folder.Files().Content("harrier-8192.adx").find("<author>Somebody else</author>"), std::string::npos);
 }
 

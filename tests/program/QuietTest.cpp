@@ -22,14 +22,17 @@ protected:
         Window().Send(kPlay);
         ExpectLeft("Log Playing");
     }
-    void Load() {
-        Window().Send(kLoadDefinition);
-        ChooseFile(program->Id(), "Select ADX...", Definition());
+    void ExpectLoadedLast() {
         const auto isLoaded = [this] {
             const std::vector<std::string> lines = Window().OutputLines();
             return !lines.empty() && lines.back() == "Loaded " + Definition();
         };
         EXPECT_TRUE(Eventually(isLoaded)) << Window().Output();
+    }
+    void Load() {
+        Window().Send(kLoadDefinition);
+        ChooseFile(program->Id(), "Select ADX...", Definition());
+        ExpectLoadedLast();
     }
     void Import() {
         Window().Send(kImportDefinition);
@@ -51,7 +54,7 @@ protected:
         ASSERT_NE(author, nullptr);
         Ask(author, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("Somebody else"));
         PressButton(dialog, IDOK);
-        ExpectOutput("Loaded " + Definition());
+        ExpectLoadedLast();
     }
     void ExpectScanWorks() {
         if (Window().LeftText() != "ALDL: Connected") {

@@ -32,7 +32,7 @@ RunningProgram::RunningProgram(const std::string& file, const std::string& folde
     PROCESS_INFORMATION made = {};
     if (!::CreateProcessA(file.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup,
                           &made))
-        throw std::runtime_error("can't start " + file);
+        throw std::runtime_error("can't start " + file + ", error " + std::to_string(::GetLastError()));
     ::CloseHandle(made.hThread);
     process_ = made.hProcess;
     id_ = made.dwProcessId;
