@@ -130,6 +130,7 @@ TEST_F(OutputTextTest, IsDeafOnceItsWindowIsGone) {
     Start();
     ASSERT_TRUE(Close());
     desktop.output.Append("late");
+    EXPECT_EQ(0U, desktop.output.TextLength());
     desktop.output.Clear();
     EXPECT_EQ(0U, desktop.output.TextLength());
 }
