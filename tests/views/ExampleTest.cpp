@@ -61,7 +61,7 @@ bool IsOnScreen(HWND window) {
 
 TEST_F(ExampleTest, ItsDashHasEveryKindOfGaugeAndOfAlarm) {
     const DashPage& page = *DashPageOf(static_cast<HWND>(session.dashPage));
-    ASSERT_EQ(9U, page.gauges.size());
+    ASSERT_EQ(8U, page.gauges.size());
     std::set<std::string> classes;
     int high = 0, low = 0, onSet = 0, onNotSet = 0;
     for (const HWND gauge : page.gauges) {
