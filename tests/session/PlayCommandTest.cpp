@@ -128,7 +128,7 @@ TEST_F(PlayCommandTest, PlayGoesOnBehindTheRecordThatAPauseDropped) {
     recorder.Take();
     text.Clear();
     session.PlayCommand();
-    EXPECT_EQ("Playback unpaused", NewText().substr(0, 17));
+    EXPECT_NE(std::string::npos, NewText().find("Playback unpaused"));  // maybe behind the first reply
     ASSERT_TRUE(recorder.WaitFor("reply 0 2", 2));
     EXPECT_EQ(3, session.CopyLastPacket().bytes[0]);
     EXPECT_EQ(0U, recorder.Count("clear monitors"));
