@@ -14,9 +14,16 @@ protected:
         Press(gauge, {}, [&](HMENU menu) { rows = RowsOf(menu); });
         return rows;
     }
-    // Does this on the main thread while the menu is open, which closes it, and tries to choose the first value.
+    // Does this on the main thread while the menu is open, and chooses the first value if it is still there.
     void PressAfter(HWND gauge, const std::function<void()>& work) {
         Press(gauge, KeysFor(0, 0), [&](HMENU) { mainThread.Run(work); });
+    }
+    // The same, and waits for the menu to close by itself.
+    void ExpectItCloses(HWND gauge, const std::function<void()>& work) {
+        Press(gauge, {}, [&](HMENU) {
+            mainThread.Run(work);
+            EXPECT_TRUE(MenuCloses());
+        });
     }
 
     MainThread mainThread;
@@ -190,6 +197,15 @@ TEST_F(DashItemMenuTest, ThePagesEndWhileItIsOpenIsSurvived) {
     PressAfter(Gauge(0), [&] { ::DestroyWindow(std::exchange(frame, nullptr)); });
     EXPECT_EQ(nullptr, session.dashPage);
     EXPECT_EQ(load, dashboard->GetEntry(0)->item);
+}
+
+TEST_F(DashItemMenuTest, ItClosesWhenItsDashboardGoes) {
+    AddTitled<ADXDashboard>(session.definition, "TWO", "Two");
+    ShowOne(0, load);
+    ExpectItCloses(Gauge(0), [&] { RefreshDashPage(session); });
+    ExpectItCloses(Gauge(0), [&] { Choose(DashWindow(), IDC_DASH_COMBO, 1); });
+    Choose(DashWindow(), IDC_DASH_COMBO, 0);
+    ExpectItCloses(Gauge(0), [&] { ::DestroyWindow(std::exchange(frame, nullptr)); });
 }
 
 TEST_F(DashItemMenuTest, SamplesGoOnWhileItIsOpen) {

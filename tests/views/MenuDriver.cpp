@@ -58,11 +58,15 @@ void MenuDriver::Run() {
     for (const WPARAM key : keys_)
         ::PostMessageA(window, WM_KEYDOWN, key, 1);
     // The character that Enter makes would come after keys that are posted already.
-    if (!keys_.empty() && Polls([] { return OpenMenu() == nullptr; })) return;
+    if (!keys_.empty() && MenuCloses()) return;
     // Each closes one level.
     for (int i = 0; i < 3; ++i)
         ::PostMessageA(window, WM_KEYDOWN, VK_ESCAPE, 1);
-    Polls([] { return OpenMenu() == nullptr; });
+    MenuCloses();
+}
+
+bool MenuCloses() {
+    return Polls([] { return OpenMenu() == nullptr; });
 }
 
 MainThread::MainThread() {

@@ -31,6 +31,9 @@ private:
     std::thread thread_;
 };
 
+// Waits until no popup menu of this process is open, 20 seconds at most. Not on the thread that shows it.
+bool MenuCloses();
+
 // Has the thread that made it do things, in the middle of whatever it is doing, a menu included.
 class MainThread {
 public:
