@@ -36,8 +36,8 @@ private:
     bool gone_ = false;   // the window is; the object waits for them
 };
 
-// Keeps the object of a window, though not the window, for its lifetime: for an operation that no message carries and in
-// which a handler of somebody else's may destroy the window. Null is kept too.
+// Keeps the object of a window, though not the window, for its lifetime: for an operation that no message carries and
+// in which a handler of somebody else's may destroy the window. Null is kept too.
 class ControlHold {
 public:
     explicit ControlHold(ControlWindow* control) : control_(control) {
