@@ -60,11 +60,12 @@ protected:
     static std::string Row(const std::string& id) {
         return "<ADXLVENTRY entrytype=\"0\" itemidhash=\"" + Hash(id) + "\" />";
     }
-    // A and the bit are of every command, B is of the poll, C of another one. The title is that of dash and list.
+    // One dial alone, as its paints are dear. A and the bit are of every command, B is of the poll, C of another one.
+    // The title is that of dash and list.
     static std::string Objects(const std::string& title) {
         std::string text = Value("A", "", 0) + Value("B", "POLL", 1) + Value("C", "OTHER", 0) + Bit("BIT", 1);
         text.append("<ADXDASHBOARD id=\"D1\" title=\"" + title + "\"><entrycount>4</entrycount>");
-        text.append(Gauge(0, "A", 0) + Gauge(1, "B", 1) + Gauge(2, "BIT", 2) + Gauge(0, "C", 3));
+        text.append(Gauge(0, "A", 0) + Gauge(1, "B", 1) + Gauge(2, "BIT", 2) + Gauge(1, "C", 3));
         text.append("</ADXDASHBOARD>\n<ADXLISTVIEW id=\"L1\" title=\"" + title + "\"><entrycount>5</entrycount>");
         text.append("<ADXLVENTRY entrytype=\"1\" flags=\"0x00000001\" title=\"" + title + "\" color=\"00C04000\" />");
         text.append(Row("A") + Row("B") + Row("C") + Row("BIT")).append("</ADXLISTVIEW>\n");
@@ -81,6 +82,12 @@ protected:
     const DashPage& Dash() const { return *DashPageOf(AsWindow(session.dashPage)); }
     int Needle(std::size_t index) const {
         return static_cast<int>(::SendMessageA(Dash().gauges.at(index), AGM_GETVALUE, 0, 0));
+    }
+    float Digits(std::size_t index) const {
+        const HWND gauge = Dash().gauges.at(index);
+        const float shown = DigitalReadoutSetValue(gauge, -1.0F);
+        DigitalReadoutSetValue(gauge, shown);
+        return shown;
     }
     HWND List() const { return ::GetDlgItem(AsWindow(session.listPage), IDC_LIST_VIEW); }
     std::string Cell(int row, int column) const {

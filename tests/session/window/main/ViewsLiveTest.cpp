@@ -41,8 +41,8 @@ TEST_F(ViewsLiveTest, AScanMovesTheGaugesOnShow) {
     Select(kDashTab);
     Command(IDM_SCAN);
     ASSERT_TRUE(Pumps([&] { return Needle(0) == 123; }));
-    EXPECT_EQ(45.0F, DigitalReadoutSetValue(Dash().gauges[1], 45.0F));
-    EXPECT_EQ(0, Needle(3)) << "of a command that never ran";
+    EXPECT_EQ(45.0F, Digits(1));
+    EXPECT_EQ(0.0F, Digits(3)) << "of a command that never ran";
     ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
     Command(IDM_SCAN);
     ASSERT_TRUE(Pumps([&] { return desktop.IsQuiet(); }));
@@ -82,7 +82,7 @@ TEST_F(ViewsLiveTest, APlaybackMovesThemTheSameWay) {
     session.settings.SetLastLog(PutLog("some.xdl", {0, 10, 20, 30, 40, 50}));
     Command(IDM_PLAY);
     ASSERT_TRUE(Pumps([&] { return Needle(0) == 5; }));
-    EXPECT_EQ(0xEE, static_cast<int>(DigitalReadoutSetValue(Dash().gauges[1], 0.0F)));
+    EXPECT_EQ(238.0F, Digits(1));
     ASSERT_TRUE(Rests(kLogClosed));
     EXPECT_EQ("5.00", Cell(1, 1));
 }
@@ -96,7 +96,7 @@ TEST_F(ViewsLiveTest, ATriggerHasTheDashCatchUpWithoutAPacket) {
     EXPECT_EQ(0, Needle(0));
     Trigger(0x10);
     EXPECT_EQ(77, Needle(0));
-    EXPECT_EQ(0.0F, DigitalReadoutSetValue(Dash().gauges[1], 0.0F)) << "of another command than the trigger";
+    EXPECT_EQ(0.0F, Digits(1)) << "of another command than the trigger";
     SetWord("A", 99);
     Select(kListTab);
     Trigger(0x10);

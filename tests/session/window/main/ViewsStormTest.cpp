@@ -43,7 +43,7 @@ private:
 TEST_F(ViewsStormTest, TwoHundredLoadsLeaveNoPageBehind) {
     StartShown();
     const std::string paths[] = {folder.Name("one.adx"), PutDefinition("two.adx", Objects("Two"))};
-    session.settings.SetLastLog(PutFastLog(20000));
+    session.settings.SetLastLog(PutFastLog(3000));
     for (int i = 0; i < 200; ++i) {
         Select(i / 2 % 2 == 0 ? kDashTab : kListTab);
         const int next = (i + 1) % 2;
