@@ -109,7 +109,7 @@ TEST_F(StatusTest, TheMainThreadSeesARefreshAtOnce) {
 TEST_F(StatusTest, PlaybackShowsTimeAndSlider) {
     UseDefinition();
     Start();
-    session.settings.SetLastLog(PutLog("long.xdl", {0, 1000, 60000}));
+    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000, 120000}));
     Command(IDM_PLAY);
     ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0 && LeftText() == "Log Playing"; }));
     ExpectLeft("Log Playing", 0xFFFFFF, 0xFF0000);
