@@ -11,6 +11,7 @@
 #include "views/PageCombo.h"
 #include "views/PageDialog.h"
 #include "views/PageResources.h"
+#include "views/SteadyPaint.h"
 
 namespace corvex {
 
@@ -79,6 +80,7 @@ void Begin(HWND page, LPARAM session) {
     state->session.listPage = page;
     ::SetWindowLongPtrA(page, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state.release()));
     InsertColumns(ListOf(page));
+    PaintSteadily(ListOf(page));  // every sample repaints it
 }
 
 void End(HWND page) {

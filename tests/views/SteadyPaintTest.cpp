@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "tests/controls/window/PaintTestHelper.h"
+#include "tests/views/ListTestHelper.h"
+#include "views/SteadyPaint.h"
+
+namespace corvex::test {
+namespace {
+
+using Pixels = std::vector<COLORREF>;
+
+// The item list's control, watched from its page while it paints.
+class SteadyPaintTest : public ListTest {
+protected:
+    // A list of this many rows in a small window, painted.
+    void ShowRows(int count) {
+        for (int i = 0; i < count; ++i)
+            AddRow(i % 3 == 2 ? static_cast<ADXObject*>(fan) : speed);
+        Resize(300, 150);
+        Show();
+        Arrive({50, 1});
+        Repaint();
+        former_ = reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(Page(1), GWLP_WNDPROC));
+        ::SetPropA(Page(1), kProperty, this);
+        ::SetWindowLongPtrA(Page(1), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SteadyPaintTest::Procedure));
+    }
+    ~SteadyPaintTest() override {
+        if (former_ == nullptr) return;
+        ::SetWindowLongPtrA(Page(1), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(former_));
+        ::RemovePropA(Page(1), kProperty);
+    }
+    // As a sample has it done, and the paint that follows.
+    void Repaint() {
+        RepaintItemList(session);
+        ::UpdateWindow(List());
+    }
+    // What is on the screen now.
+    Pixels Picture() const {
+        const TestBitmap picture(List());
+        const RECT client = ClientOf(List());
+        Pixels pixels;
+        for (int y = 0; y < client.bottom; ++y) {
+            for (int x = 0; x < client.right; ++x)
+                pixels.push_back(picture.At(x, y));
+        }
+        return pixels;
+    }
+    // What the control makes of itself when it is left alone.
+    Pixels OwnPicture() const {
+        WNDCLASSW words{};
+        ::GetClassInfoW(nullptr, L"SysListView32", &words);
+        const LONG_PTR procedure =
+            ::SetWindowLongPtrW(List(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(words.lpfnWndProc));
+        ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+        const Pixels picture = Picture();
+        ::SetWindowLongPtrW(List(), GWLP_WNDPROC, procedure);
+        return picture;
+    }
+
+    std::function<void(const NMCUSTOMDRAW&)> onDraw;
+
+private:
+    static constexpr char kProperty[] = "SteadyPaintTest";
+
+    static LRESULT CALLBACK Procedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
+        const auto& self = *static_cast<SteadyPaintTest*>(::GetPropA(page, kProperty));
+        if (message == WM_NOTIFY && self.onDraw) {
+            const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+            if (header.code == static_cast<UINT>(NM_CUSTOMDRAW)) self.onDraw(*reinterpret_cast<NMCUSTOMDRAW*>(lParam));
+        }
+        return ::CallWindowProcA(self.former_, page, message, wParam, lParam);
+    }
+
+    WNDPROC former_ = nullptr;
+};
+
+TEST_F(SteadyPaintTest, TheOldRowsStandUntilTheNewOnesAreDrawn) {
+    ShowRows(4);
+    const Pixels before = Picture();
+    int looks = 0, changes = 0;
+    onDraw = [&](const NMCUSTOMDRAW& draw) {
+        if (draw.dwDrawStage != CDDS_PREPAINT && draw.dwDrawStage != CDDS_ITEMPREPAINT) return;
+        ++looks;
+        if (Picture() != before) ++changes;
+    };
+    Arrive({75, 0});
+    Repaint();
+    EXPECT_EQ(5, looks) << "the list, and each row";
+    EXPECT_EQ(0, changes) << "seen before all was drawn";
+    onDraw = {};
+    EXPECT_NE(before, Picture());
+}
+
+TEST_F(SteadyPaintTest, TheControlLooksAsItDoesByItself) {
+    speed->flags = ADXValue::kAlarmHigh;
+    AddHeading("Engine", 1);
+    ShowRows(3);
+    for (const std::uint8_t byte : {std::uint8_t{50}, std::uint8_t{150}}) {
+        Arrive({byte, 1});
+        Repaint();
+        const Pixels steady = Picture();
+        EXPECT_EQ(OwnPicture(), steady) << int{byte};
+    }
+}
+
+TEST_F(SteadyPaintTest, NothingIsLeftOfWhatScrollsOrGoes) {
+    ShowRows(60);
+    const auto send = [this](UINT message, WPARAM wParam, LPARAM lParam = 0) {
+        ::SendMessageA(List(), message, wParam, lParam);
+        ::UpdateWindow(List());
+        const Pixels steady = Picture();
+        EXPECT_EQ(OwnPicture(), steady) << message << " " << wParam;
+    };
+    send(LVM_ENSUREVISIBLE, 59);
+    send(LVM_SCROLL, 40, -30);
+    LVITEMA selection{};
+    selection.stateMask = selection.state = LVIS_SELECTED | LVIS_FOCUSED;
+    send(LVM_SETITEMSTATE, 30, reinterpret_cast<LPARAM>(&selection));
+    send(LVM_DELETEITEM, 30);
+    send(LVM_DELETEALLITEMS, 0);
+}
+
+TEST_F(SteadyPaintTest, AGrownWindowIsPaintedWhole) {
+    ShowRows(4);
+    Resize(500, 300);
+    ::UpdateWindow(List());
+    const Pixels steady = Picture();
+    EXPECT_EQ(OwnPicture(), steady);
+}
+
+TEST_F(SteadyPaintTest, TheControlStaysTheWindowItWas) {
+    ShowRows(1);
+    EXPECT_TRUE(::IsWindowUnicode(List()));
+    EXPECT_EQ(LVS_EX_FULLROWSELECT, ::SendMessageA(List(), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0));
+    EXPECT_TRUE(ErasesNothing(List()));
+}
+
+}  // namespace
+}  // namespace corvex::test
