@@ -1,6 +1,7 @@
 #include "controls/analoggauge/AnalogGauge.h"
 
 #include "controls/analoggauge/AnalogGaugePaint.h"
+#include "controls/analoggauge/KeptDialCurves.h"
 #include "controls/gauge/GaugeNumberModel.h"
 #include "controls/gauge/GaugeWindow.h"
 #include "controls/window/ControlWindow.h"
@@ -33,9 +34,9 @@ private:
     LRESULT OnSetting(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnTextOrAlarm(UINT message, WPARAM wParam, LPARAM lParam);
 
-    void Paint() const {
+    void Paint() {
         const OffscreenPaint paint(Window());
-        PaintAnalogGauge(paint.Dc(), paint.Area(), model_);
+        PaintAnalogGauge(paint.Dc(), paint.Area(), model_, curves_);
     }
     LRESULT Done(LPARAM redraw) const {
         if (redraw != 0) RepaintGauge(Window());
@@ -44,6 +45,7 @@ private:
     LRESULT SetValue(const float* value, LPARAM redraw);
 
     AnalogGaugeModel model_;
+    KeptDialCurves curves_;
 };
 
 LRESULT AnalogGaugeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

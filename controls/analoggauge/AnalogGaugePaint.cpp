@@ -11,14 +11,13 @@ namespace {
 
 constexpr int kSide = AnalogGaugeModel::kSide, kRadius = kSide / 2;
 constexpr DialPoint kCentre{kSide / 2, kSide / 2};
-constexpr int kRim = 2;  // from the edge of the square to the dial
 constexpr COLORREF kRimMark = 0x0000FF;
 
 // Paints one dial, from the ground up. Lives for one paint.
 class DialPainter {
 public:
-    DialPainter(HDC dc, const AnalogGaugeModel& model)
-        : dc_(dc), model_(model), angle_(static_cast<double>(AngleOf(model.Value()))) {}
+    DialPainter(HDC dc, const AnalogGaugeModel& model, DialCurves& curves)
+        : dc_(dc), model_(model), curves_(curves), angle_(static_cast<double>(AngleOf(model.Value()))) {}
 
     void Paint(const RECT& client) const {
         FillGround(client);
@@ -57,6 +56,7 @@ private:
 
     HDC dc_;
     const AnalogGaugeModel& model_;
+    DialCurves& curves_;
     double angle_;  // of the needle
 };
 
@@ -66,10 +66,7 @@ void DialPainter::FillGround(const RECT& client) const {
 }
 
 void DialPainter::DrawFace() const {
-    const OwnedPen outline = MakePen(1, model_.Colour(AGC_OUTLINE));
-    const OwnedBrush face(::CreateSolidBrush(model_.Colour(AGC_FACE)));
-    const SelectGuard pen(dc_, outline.Get()), brush(dc_, face.Get());
-    ::Ellipse(dc_, kRim, kRim, kSide - kRim, kSide - kRim);
+    curves_.DrawFace(dc_, model_.Colour(AGC_OUTLINE), model_.Colour(AGC_FACE));
 }
 
 void DialPainter::DrawTexts() const {
@@ -121,7 +118,6 @@ void DialPainter::DrawScale() const {
 }
 
 void DialPainter::DrawArcs() const {
-    ::SetArcDirection(dc_, AD_COUNTERCLOCKWISE);
     DrawArc(model_.scale.rangeMaximum, model_.scale.rangeMinimum, model_.Colour(AGC_OUTLINE));
     if (!model_.Shows(AGF_ALARMS)) return;
     for (const GaugeAlarmBand& band : model_.Alarms())
@@ -157,21 +153,26 @@ void DialPainter::DrawRadial(int fromRadius, int toRadius, double angle) const {
     ::LineTo(dc_, line.to.x, line.to.y);
 }
 
-// Against the clock, so from the high end to the low one. Of the ends only the direction matters.
+// From the high end to the low one, as arcs go against the clock.
 void DialPainter::DrawArc(float high, float low, COLORREF colour) const {
-    const OwnedPen outline = MakePen(2, colour);
-    const SelectGuard pen(dc_, outline.Get());
     const DialPoint from = PlainPoint(kCentre, kSide - 1, static_cast<double>(AngleOf(high)));
     const DialPoint to = PlainPoint(kCentre, kSide - 1, static_cast<double>(AngleOf(low)));
-    ::Arc(dc_, kRim, kRim, kSide - kRim, kSide - kRim, from.x, from.y, to.x, to.y);
+    curves_.DrawArc(dc_, {from, to}, colour);
 }
 
 }  // namespace
 
 void PaintAnalogGauge(HDC dc, const RECT& client, const AnalogGaugeModel& model) {
-    const LogicalSquare square(dc, client, kSide, model.Shows(AGF_ROUND));
+    DialCurves drawn;
+    PaintAnalogGauge(dc, client, model, drawn);
+}
+
+void PaintAnalogGauge(HDC dc, const RECT& client, const AnalogGaugeModel& model, DialCurves& curves) {
+    const bool round = model.Shows(AGF_ROUND);
+    const LogicalSquare square(dc, client, kSide, round);
     ::SetBkMode(dc, TRANSPARENT);
-    DialPainter(dc, model).Paint(client);
+    curves.Begin(client, round);
+    DialPainter(dc, model, curves).Paint(client);
 }
 
 }  // namespace corvex

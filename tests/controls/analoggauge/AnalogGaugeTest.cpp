@@ -396,9 +396,12 @@ TEST_F(AnalogGaugeTest, SamplesFromAnotherThreadArePaintedByTheOwner) {
 }
 
 TEST_F(AnalogGaugeTest, ObjectGoesWithTheWindow) {
+    gauge_.reset();
     const std::size_t before = LiveGdiObjects();
-    const HWND window = gauge_->Window();
+    const ShownGauge gauge("QZANALOGGAUGE", kSide, kSide);
+    const HWND window = gauge.Window();
     ASSERT_NE(::GetWindowLongPtrA(window, 0), 0);
+    EXPECT_GT(LiveGdiObjects(), before);
     ::DestroyWindow(window);
     EXPECT_FALSE(::IsWindow(window));
     EXPECT_EQ(LiveGdiObjects(), before);

@@ -1,0 +1,28 @@
+// A sheet to draw on aside, to see which pixels a figure covers.
+#pragma once
+
+#include <cstdint>
+
+#include "controls/window/GdiObjects.h"
+
+namespace corvex {
+
+// Black, and as large as the area. One thread.
+class ShapeSheet {
+public:
+    explicit ShapeSheet(const RECT& area);
+
+    HDC Dc() const { return dc_.Get(); }
+    // All pixels of just this colour, from 0, 0 of the area. Null when there is no sheet: for an area without pixels,
+    // for one far larger than any screen, as odd definitions ask for, and for want of memory.
+    OwnedRegion ShapeOf(COLORREF colour) const;
+
+private:
+    const int width_, height_;
+    const std::uint32_t* pixels_ = nullptr;  // the bitmap's
+    MemoryDc dc_;
+    OwnedBitmap bitmap_;
+    SelectGuard selected_;
+};
+
+}  // namespace corvex

@@ -1,0 +1,187 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "controls/analoggauge/AnalogGaugePaint.h"
+#include "controls/analoggauge/KeptDialCurves.h"
+#include "tests/controls/gauge/FigureRecorder.h"
+#include "tests/controls/window/PaintTestHelper.h"
+
+namespace corvex {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr GaugeAlarmBand kHigh{120.0f, 150.0f, 0x0000FF}, kLow{0.0f, 20.0f, 0x00B4FA},
+    kBeyond{140.0f, 400.0f, 0x00FF00};
+
+AnalogGaugeModel With(const std::vector<GaugeAlarmBand>& bands, float value = 61.3f) {
+    AnalogGaugeModel model;
+    model.title.Set("Engine Speed", 12);
+    model.units.Set("rpm", 3);
+    model.SetValue(value);
+    for (const GaugeAlarmBand& band : bands)
+        model.SetAlarm(10, &band);
+    return model;
+}
+
+AnalogGaugeModel Turned(float start, float end) {
+    AnalogGaugeModel model = With({kHigh});
+    model.scale.sweepStart = start;
+    model.scale.sweepEnd = end;
+    return model;
+}
+
+AnalogGaugeModel Ranged(float minimum, float maximum) {
+    AnalogGaugeModel model = With({kHigh, kLow});
+    model.scale.rangeMinimum = minimum;
+    model.scale.rangeMaximum = maximum;
+    return model;
+}
+
+AnalogGaugeModel Flagged(std::uint32_t flags) {
+    AnalogGaugeModel model = With({kHigh});
+    model.flags = flags;
+    return model;
+}
+
+AnalogGaugeModel Coloured() {
+    AnalogGaugeModel model = With({kLow});
+    for (std::uint32_t i = 0; i < AGC_COUNT; ++i)
+        model.SetColour(i, 0x203040 + 0x101010 * i);
+    return model;
+}
+
+// Neighbours differ in one thing or another that shapes must not be kept over, or may be.
+std::vector<AnalogGaugeModel> States() {
+    return {With({}),
+            With({kHigh}),
+            With({kHigh, kLow}),
+            With({kLow, kHigh}),
+            With({kHigh, kLow, kBeyond}),
+            With({kLow}),
+            With({kHigh}, 149.0f),
+            Coloured(),
+            Turned(0.0f, 180.0f),
+            Turned(300.0f, 40.0f),
+            Turned(0.0f, 360.0f),
+            Turned(90.0f, 90.0f),
+            Ranged(-20.0f, 60.0f),
+            Ranged(5.0f, 5.0f),
+            Flagged(0x1F),
+            Flagged(0xDF),
+            Flagged(0)};
+}
+
+constexpr SIZE kSizes[] = {{300, 300}, {301, 199}, {180, 180}, {60, 40}};
+
+RECT AreaOf(const SIZE& size) {
+    return {0, 0, size.cx, size.cy};
+}
+
+class Picture : public TestBitmap {
+public:
+    Picture(const AnalogGaugeModel& model, const SIZE& size, DialCurves& curves)
+        : TestBitmap(size.cx, size.cy, 0x123456), size_(size) {
+        PaintAnalogGauge(Dc(), AreaOf(size), model, curves);
+    }
+    int PixelsOtherThan(const Picture& other) const {
+        int count = 0;
+        for (int y = 0; y < size_.cy; ++y) {
+            for (int x = 0; x < size_.cx; ++x)
+                count += At(x, y) == other.At(x, y) ? 0 : 1;
+        }
+        return count;
+    }
+
+private:
+    const SIZE size_;
+};
+
+// Of what is painted with curves that have been drawn before and with curves that have not.
+void ExpectSamePicture(const AnalogGaugeModel& model, const SIZE& size, DialCurves& kept) {
+    DialCurves drawn;
+    const Picture expected(model, size, drawn);
+    EXPECT_EQ(0, Picture(model, size, kept).PixelsOtherThan(expected));
+    EXPECT_EQ(0, Picture(model, size, kept).PixelsOtherThan(expected));
+}
+
+Lines Figures(const AnalogGaugeModel& model, const RECT& area, DialCurves& curves) {
+    return FiguresOf([&](HDC dc) { PaintAnalogGauge(dc, area, model, curves); });
+}
+
+bool IsLongCurve(const std::string& figure) {
+    return figure.starts_with("arc ") || figure.starts_with("ellipse 2,2,");
+}
+
+TEST(KeptDialCurvesTest, EveryPixelIsThatOfTheDrawnDial) {
+    const auto states = States();
+    for (const SIZE& size : kSizes) {
+        KeptDialCurves kept;
+        for (std::size_t i = 0; i < states.size(); ++i) {
+            SCOPED_TRACE(::testing::Message() << size.cx << " by " << size.cy << ", state " << i);
+            ExpectSamePicture(states[i], size, kept);
+        }
+    }
+}
+
+TEST(KeptDialCurvesTest, AnotherSizeHasShapesOfItsOwn) {
+    const AnalogGaugeModel states[] = {With({kHigh, kLow}), Flagged(0xDF)};
+    KeptDialCurves kept;
+    for (const AnalogGaugeModel& model : states) {
+        for (const SIZE& size : kSizes) {
+            SCOPED_TRACE(::testing::Message() << size.cx << " by " << size.cy << ", flags " << model.flags);
+            ExpectSamePicture(model, size, kept);
+        }
+    }
+}
+
+TEST(KeptDialCurvesTest, LongCurvesAreFilledAndTheRestIsDrawnAsEver) {
+    KeptDialCurves kept;
+    DialCurves drawn;
+    const AnalogGaugeModel model = With({kHigh, kLow});
+    Lines expected = Figures(model, AreaOf(kSizes[0]), drawn);
+    const auto curves = std::erase_if(expected, &IsLongCurve);
+    EXPECT_EQ(4U, curves) << "the face, the scale and two bands";
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(expected, Figures(model, AreaOf(kSizes[0]), kept));
+}
+
+TEST(KeptDialCurvesTest, WindowFarLargerThanAnyScreenIsDrawnAsEver) {
+    KeptDialCurves kept;
+    DialCurves drawn;
+    const AnalogGaugeModel model = With({kHigh});
+    const RECT area{0, 0, 700000, 400000};
+    EXPECT_EQ(Figures(model, area, drawn), Figures(model, area, kept));
+}
+
+TEST(KeptDialCurvesTest, ShapesOfArcsThatAreGoneGoToo) {
+    KeptDialCurves kept;
+    const Picture first(With({}), kSizes[0], kept);
+    const std::size_t before = LiveGdiObjects();
+    {
+        const Picture more(With({kHigh, kLow, kBeyond}), kSizes[0], kept);
+        EXPECT_GT(LiveGdiObjects(), before);
+    }
+    for (int i = 0; i < 2; ++i)
+        const Picture less(With({}), kSizes[0], kept);
+    EXPECT_EQ(LiveGdiObjects(), before);
+}
+
+TEST(KeptDialCurvesTest, ManyPaintsAndItsEndLeaveNothingBehind) {
+    const auto states = States();
+    const std::size_t before = LiveGdiObjects();
+    {
+        KeptDialCurves kept;
+        for (const AnalogGaugeModel& model : states)
+            const Picture picture(model, kSizes[3], kept);
+        const std::size_t once = LiveGdiObjects();
+        for (int i = 0; i < 50; ++i)
+            const Picture picture(states.back(), kSizes[3], kept);
+        EXPECT_EQ(once, LiveGdiObjects());
+    }
+    EXPECT_EQ(before, LiveGdiObjects());
+}
+
+}  // namespace
+}  // namespace corvex
