@@ -30,4 +30,11 @@ bool DragMouse(POINT from, POINT to) {
     return ::SendInput(count, events.data(), sizeof(INPUT)) == count;
 }
 
+bool ClickRight(POINT place) {
+    std::array<INPUT, 3> events{MouseEvent(place, 0), MouseEvent(place, MOUSEEVENTF_RIGHTDOWN),
+                                MouseEvent(place, MOUSEEVENTF_RIGHTUP)};
+    const auto count = static_cast<UINT>(events.size());
+    return ::SendInput(count, events.data(), sizeof(INPUT)) == count;
+}
+
 }  // namespace corvex::test

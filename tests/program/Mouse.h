@@ -8,5 +8,7 @@ namespace corvex::test {
 // Presses the left button at one point, moves to the other and lets go. Screen coordinates. The program has not seen
 // it yet when this returns.
 bool DragMouse(POINT from, POINT to);
+// Presses the right button there and lets go.
+bool ClickRight(POINT place);
 
 }  // namespace corvex::test
