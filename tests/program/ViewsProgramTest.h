@@ -1,0 +1,53 @@
+// What tests of the dash and the list begin with: the program with a definition of the test's own, and an engine that
+// answers with given replies.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/program/DashView.h"
+#include "tests/program/Eyes.h"
+#include "tests/program/ListPageView.h"
+#include "tests/program/ProgramTest.h"
+#include "tests/program/ReplyLog.h"
+#include "tests/program/SmallDefinition.h"
+
+namespace corvex::test {
+
+class ViewsProgramTest : public ProgramTest {
+protected:
+    static constexpr int kDashTab = 1, kListTab = 2;
+
+    // Before the program.
+    void TearDown() override;
+
+    // Puts it into the folder. Its path.
+    std::string Put(const std::string& file, const SmallDefinition& definition) const;
+    // Starts the program with it, as own.adx, and with a log to be played when there are replies for one.
+    void StartWith(const SmallDefinition& definition, const std::vector<LoggedReply>& log = {});
+    // An engine that answers with these in turn, over and over, in the line's time. Of an example, or of own.adx.
+    void Serve(const std::vector<LoggedReply>& replies, const std::string& definition = {});
+    // The same, and a scan that has got through to it.
+    void Scan(const std::vector<LoggedReply>& replies);
+    void StopScan();
+    // Plays the log that the program was started with.
+    void Play();
+    void ExpectPlayedToTheEnd();
+    void Load(const std::string& path);
+
+    DashView Dash() { return DashView(Window()); }
+    ListPageView Lists() { return ListPageView(Window()); }
+    const Eyes& Look();
+
+    void ExpectNeedle(int gauge, int value);
+    void ExpectDial(int gauge, const std::string& title, const std::vector<float>& shown);
+    void ExpectReadout(int gauge, const std::string& title, float value);
+    void ExpectLamp(int gauge, const std::string& title, bool isOn);
+    void ExpectRows(const std::vector<std::string>& rows);
+
+private:
+    std::optional<Eyes> eyes_;
+};
+
+}  // namespace corvex::test
