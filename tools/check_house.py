@@ -28,7 +28,7 @@ SOURCES = ("platform", "files", "definition", "acquisition", "logging", "control
 # The desktop may name the system, but for the models of its controls and pages, which build everywhere.
 DESKTOP = ("controls/", "views/", "session/window/", "apps/desktop/", "apps/editor/", "tests/platform/",
            "tests/controls/", "tests/views/", "tests/session/window/", "tests/apps/desktop/", "tests/apps/editor/",
-           "tests/program/", "bench/desktop/")
+           "tests/program/", "bench/desktop/", "bench/gauges/")
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.M)
 SYSTEM = re.compile(r"<windows\.h>|\b_WIN32\b|\b__linux__\b|\bHWND\b|\bHDC\b")
 ASLEEP = re.compile(r"\bDISABLED_|GTEST_SKIP|#\s*if 0\b|sleep_for\(|\busleep\(|[^\w]Sleep\(\d{2,}")

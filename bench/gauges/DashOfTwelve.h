@@ -1,0 +1,17 @@
+// A definition whose one dashboard shows twelve gauges, all of one command.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace corvex::bench {
+
+inline constexpr std::size_t kGaugesOnDash = 12;
+inline constexpr char kPollId[] = "POLL";
+inline constexpr std::uint32_t kPollReply = 12;  // bytes; each gauge reads one of its own
+
+// Four columns by three rows: the first `dials` gauges are analog ones, the last four status gauges, all others
+// readouts.
+std::string DashOfTwelve(std::size_t dials);
+
+}  // namespace corvex::bench

@@ -1,0 +1,25 @@
+// What the gauges cost, from inside of their process.
+// Usage: bench_gauges [paint|reply]...
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "bench/gauges/GaugePaintCost.h"
+#include "bench/gauges/ReplyToPaint.h"
+
+int main(int argc, char** argv) {
+    std::vector<std::string> subjects(argv + 1, argv + argc);
+    if (subjects.empty()) subjects = {"paint", "reply"};
+    try {
+        for (const std::string& subject : subjects) {
+            if (subject == "paint") corvex::bench::PrintGaugePaintCost();
+            if (subject == "reply") corvex::bench::PrintReplyToPaint();
+            std::fflush(stdout);
+        }
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "bench_gauges: %s\n", error.what());
+        return 1;
+    }
+}

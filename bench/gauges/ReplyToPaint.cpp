@@ -1,0 +1,157 @@
+#include "bench/gauges/ReplyToPaint.h"
+
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <future>
+#include <stdexcept>
+
+#include "bench/desktop/Figures.h"
+#include "bench/gauges/DashOfTwelve.h"
+#include "bench/gauges/PaintWatch.h"
+#include "controls/tabsheet/TabSheet.h"
+#include "session/window/Desktop.h"
+#include "session/window/MainWindow.h"
+#include "tests/support/ScriptedSerial.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/VirtualClock.h"
+#include "views/DashPage.h"
+
+namespace corvex::bench {
+
+namespace {
+
+constexpr int kReplies = 300, kWarmUp = 10;
+constexpr int kWidth = 1000, kHeight = 740;  // within the screen of the tests' desktop
+constexpr int kDashTab = 1;
+constexpr UINT kHandedOver = WM_APP + 0x200;  // to the main thread itself
+constexpr DWORD kRest = 10;                   // ms from reply to reply, in which what the last one left over is done
+
+// The main window of a program of its own, with the dash in front.
+class ShownDash {
+public:
+    explicit ShownDash(std::size_t dials) {
+        folder_.Put("dash.adx", DashOfTwelve(dials));
+        folder_.Put("Settings.dat", "lastadxpath=" + folder_.Name("dash.adx") + "\n");
+        SetDefaults(&desktop_.session.settings);
+        window_ = MainWindow::Create(desktop_);
+        ::SetWindowPos(window_, nullptr, 0, 0, kWidth, kHeight, SWP_NOZORDER);
+        ::ShowWindow(window_, SW_SHOWNOACTIVATE);
+        TabSheet::selectPage(AsWindow(Session().tabSheet), kDashTab);
+        ::UpdateWindow(window_);
+    }
+    ~ShownDash() {
+        ::PostMessageA(window_, WM_CLOSE, 0, 0);
+        MSG message;
+        while (::IsWindow(window_) && ::GetMessageA(&message, nullptr, 0, 0) > 0)
+            ::DispatchMessageA(&message);
+        desktop_.Drain();
+        while (::PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != 0) {
+        }
+    }
+    ShownDash(const ShownDash&) = delete;
+    ShownDash& operator=(const ShownDash&) = delete;
+
+    SessionState& Session() { return desktop_.session; }
+    // Throws std::runtime_error when not every one of them can be seen.
+    const std::vector<HWND>& Gauges() {
+        const std::vector<HWND>& gauges = DashPageOf(AsWindow(Session().dashPage))->gauges;
+        bool all = gauges.size() == kGaugesOnDash;
+        for (const HWND gauge : gauges)
+            all = all && ::IsWindowVisible(gauge) != FALSE;
+        if (!all) throw std::runtime_error("not every gauge is on show");
+        return gauges;
+    }
+
+private:
+    test::TestFolder folder_;
+    test::FixedProgramPlace place_{folder_};
+    const ScopedProgramPlace placeScope_{place_};
+    test::VirtualClock clock_;
+    test::ScriptedSerial serial_{clock_};
+    Desktop desktop_{::GetModuleHandleA(nullptr), serial_};
+    HWND window_ = nullptr;
+};
+
+// Microseconds, for each reply.
+struct Latencies {
+    std::vector<double> whole, held, paints, dials;
+};
+
+// No two successive replies have a byte alike, and the lamps' bit changes each time.
+std::array<std::uint8_t, kPollReply> ReplyOf(int number) {
+    std::array<std::uint8_t, kPollReply> bytes{};
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<std::uint8_t>(static_cast<std::size_t>(number) * 7 + i * 13);
+    return bytes;
+}
+
+double Microseconds(std::chrono::steady_clock::duration time) {
+    return std::chrono::duration<double, std::micro>(time).count();
+}
+
+// On a thread of its own, as an engine does it.
+void HandOver(SessionState& session, PaintWatch& watch, Latencies& latencies) {
+    DataAcqStatus status;
+    status.command = session.definition.FindById(kPollId);
+    status.commandId = status.command->GetIdHash();
+    for (int number = 1; number <= kWarmUp + kReplies; ++number) {
+        const auto reply = ReplyOf(number);
+        ::Sleep(kRest);
+        watch.Forget();
+        const auto begin = std::chrono::steady_clock::now();
+        session.callback.OnSendCommandEnd(&status, reply.data(), kPollReply);
+        const auto back = std::chrono::steady_clock::now();
+        const PaintWatch::Paints paints = watch.WaitForAll();
+        if (number <= kWarmUp) continue;
+        latencies.whole.push_back(Microseconds(paints.last - begin));
+        latencies.held.push_back(Microseconds(back - begin));
+        latencies.paints.push_back(paints.microseconds);
+        latencies.dials.push_back(paints.dialMicroseconds);
+    }
+}
+
+// A failure comes to an end too.
+struct WakeAtEnd {
+    DWORD thread;
+    ~WakeAtEnd() { ::PostThreadMessageA(thread, kHandedOver, 0, 0); }
+};
+
+Latencies Measure(ShownDash& dash) {
+    Latencies latencies;
+    PaintWatch watch(dash.Gauges());
+    auto handing = std::async(std::launch::async, [&, main = ::GetCurrentThreadId()] {
+        const WakeAtEnd wake{main};
+        HandOver(dash.Session(), watch, latencies);
+    });
+    MSG message;
+    while (::GetMessageA(&message, nullptr, 0, 0) > 0 && message.message != kHandedOver)
+        ::DispatchMessageA(&message);
+    handing.get();
+    return latencies;
+}
+
+double Milliseconds(const std::vector<double>& microseconds) {
+    return Median(microseconds) / 1000.0;
+}
+
+void PrintFor(std::size_t dials) {
+    ShownDash dash(dials);
+    RECT area{};
+    ::GetClientRect(dash.Gauges().front(), &area);
+    const Latencies latencies = Measure(dash);
+    std::printf(
+        "reply to last paint, 12 gauges of %ld by %ld, %zu of them analog: median %.2f ms, worst %.2f ms of %d\n",
+        area.right, area.bottom, dials, Milliseconds(latencies.whole), Largest(latencies.whole) / 1000.0, kReplies);
+    std::printf("  of that the callback %.2f ms, all paints %.2f ms, those of the analog ones %.2f ms\n",
+                Milliseconds(latencies.held), Milliseconds(latencies.paints), Milliseconds(latencies.dials));
+}
+
+}  // namespace
+
+void PrintReplyToPaint() {
+    PrintFor(0);
+    PrintFor(4);
+}
+
+}  // namespace corvex::bench
