@@ -134,19 +134,25 @@ void BindGauge(HWND gauge, const ADXDefinition& definition) {
         kTell[entry->gaugetype](gauge, step);
 }
 
-void UpdateGauge(HWND gauge, const ADXDefinition& definition, PacketView packet, std::uint32_t commandId) {
+std::optional<GaugeReading> ReadGauge(HWND gauge, const ADXDefinition& definition, PacketView packet,
+                                      std::uint32_t commandId) {
     const ADXDGENTRY* const entry = EntryOf(gauge);
-    if (entry == nullptr || !TakesSample(*entry, commandId)) return;
-    if (entry->gaugetype == kStatusGaugeType) {
-        const int state = static_cast<ADXBitmask*>(entry->item)->IsSet(definition, packet, 0, 0);
-        ::SendMessageA(gauge, SGM_SETSTATE, static_cast<WPARAM>(state), TRUE);
-        return;
-    }
-    const auto value = static_cast<float>(static_cast<ADXValue*>(entry->item)->Compute(definition, packet, 0, 0));
-    if (entry->gaugetype == kAnalogGaugeType) {
-        SendAnalogValue(gauge, value);
-    } else {
-        DigitalReadoutSetValue(gauge, value);
+    if (entry == nullptr || !TakesSample(*entry, commandId)) return std::nullopt;
+    const double value = entry->gaugetype == kStatusGaugeType
+                             ? static_cast<ADXBitmask*>(entry->item)->IsSet(definition, packet, 0, 0)
+                             : static_cast<ADXValue*>(entry->item)->Compute(definition, packet, 0, 0);
+    return GaugeReading{gauge, entry->gaugetype, static_cast<float>(value)};
+}
+
+void ShowReading(const GaugeReading& reading) {
+    switch (reading.gaugetype) {
+        case kAnalogGaugeType:
+            return SendAnalogValue(reading.gauge, reading.value);
+        case kDigitalReadoutType:
+            DigitalReadoutSetValue(reading.gauge, reading.value);
+            return;
+        default:
+            ::SendMessageA(reading.gauge, SGM_SETSTATE, static_cast<WPARAM>(reading.value), TRUE);
     }
 }
 

@@ -1,6 +1,9 @@
 // One gauge of the dash page: a child window of the page that holds the entry it shows. Main thread.
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 #include "definition/ADXDashboard.h"
 #include "definition/ADXDefinition.h"
 #include "platform/WindowsApi.h"
@@ -20,7 +23,17 @@ ADXDGENTRY* EntryOf(HWND gauge);
 // missing or does not fit the gauge. A null gauge is left alone, here and below.
 void BindGauge(HWND gauge, const ADXDefinition& definition);
 
-// A new value, painted at once, when the command is the item's, or the item has none. No packet: the last raw word.
-void UpdateGauge(HWND gauge, const ADXDefinition& definition, PacketView packet, std::uint32_t commandId);
+// What a sample makes a gauge show.
+struct GaugeReading {
+    HWND gauge;
+    std::uint32_t gaugetype;
+    float value;  // of a lamp 0 or 1
+};
+
+// Nothing when the command is not the item's, unless the item has none. No packet: the last raw word.
+std::optional<GaugeReading> ReadGauge(HWND gauge, const ADXDefinition& definition, PacketView packet,
+                                      std::uint32_t commandId);
+// Painted at once.
+void ShowReading(const GaugeReading& reading);
 
 }  // namespace corvex

@@ -125,9 +125,16 @@ void OnCommand(DashPage& state, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-void OnSample(const DashPage& state, const SampleCall& sample) {
-    for (const HWND gauge : state.gauges)
-        UpdateGauge(gauge, state.session->definition, sample.packet, sample.commandId);
+// Everything is read before anything is drawn: drawing takes many times as long.
+void OnSample(DashPage& state, const SampleCall& sample, WPARAM wParam) {
+    std::vector<GaugeReading> readings;
+    for (const HWND gauge : state.gauges) {
+        if (const auto reading = ReadGauge(gauge, state.session->definition, sample.packet, sample.commandId))
+            readings.push_back(*reading);
+    }
+    state.sender.Release(state.window, wParam);
+    for (const GaugeReading& reading : readings)
+        ShowReading(reading);
 }
 
 void Begin(HWND page, LPARAM session) {
@@ -160,7 +167,10 @@ INT_PTR CALLBACK DashProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lP
             OnCommand(*state, wParam, lParam);
             return TRUE;
         case kUpdateMessage:
-            OnSample(*state, *reinterpret_cast<const SampleCall*>(lParam));
+            OnSample(*state, *reinterpret_cast<const SampleCall*>(lParam), wParam);
+            return TRUE;
+        case kCaughtUpMessage:
+            state->sender.OnCaughtUp();
             return TRUE;
         case WM_ERASEBKGND:
             return DialogResult(page, 1);
@@ -211,7 +221,7 @@ void ShowDashboard(ADXDashboard* dashboard, HWND page) {
 
 void UpdateDashPage(const SessionState& session, PacketView packet, std::uint32_t commandId) {
     const SampleCall sample{packet, commandId};
-    ::SendMessageA(static_cast<HWND>(session.dashPage), kUpdateMessage, 0, reinterpret_cast<LPARAM>(&sample));
+    SendReleasable(static_cast<HWND>(session.dashPage), kUpdateMessage, reinterpret_cast<LPARAM>(&sample));
 }
 
 DashPage* DashPageOf(HWND page) {

@@ -6,6 +6,7 @@
 #include "definition/ADXDashboard.h"
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
+#include "views/SenderRelease.h"
 
 namespace corvex {
 
@@ -17,6 +18,7 @@ struct DashPage {
     std::vector<HWND> gauges;  // at position i the window of entry i, null for an entry of an unknown type
     unsigned shown = 0;        // how many times a dashboard was shown: what a menu began with may be gone at its end
     bool menuIsOpen = false;
+    SenderRelease sender;
     SessionState* session = nullptr;
 };
 
@@ -28,7 +30,8 @@ void RefreshDashPage(SessionState& session);
 void ShowDashboard(ADXDashboard* dashboard, HWND page);
 
 // Shows a sample on the gauges of its command and of no command, each of them painted at once. No packet: the last raw
-// words stand. Any thread: the call is carried to the page's own and waited for; the packet is not kept.
+// words stand. Any thread: the call is carried to the page's own and waited for until the sample is read, not until it
+// is painted, unless samples come faster than that thread can paint. The packet is not kept.
 void UpdateDashPage(const SessionState& session, PacketView packet, std::uint32_t commandId);
 
 // Null for any other window.

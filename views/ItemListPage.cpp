@@ -11,6 +11,7 @@
 #include "views/PageCombo.h"
 #include "views/PageDialog.h"
 #include "views/PageResources.h"
+#include "views/SenderRelease.h"
 #include "views/SteadyPaint.h"
 
 namespace corvex {
@@ -35,6 +36,7 @@ struct ItemList {
     explicit ItemList(SessionState& owner) : session(owner) {}
 
     SessionState& session;
+    SenderRelease sender;
     OwnedFont bold = MakeGaugeFont(kBoldHeight);
     HFONT savedRowFont = nullptr;    // what the last bold cell took the place of
     char text[kValueTextSize] = {};  // read by the control after the handler has returned
@@ -152,7 +154,11 @@ INT_PTR CALLBACK ItemListProcedure(HWND page, UINT message, WPARAM wParam, LPARA
         case WM_NOTIFY:
             return OnNotify(page, *state, lParam);
         case kRepaintMessage:
+            state->sender.Release(page, wParam);
             RepaintRows(ListOf(page));
+            return TRUE;
+        case kCaughtUpMessage:
+            state->sender.OnCaughtUp();
             return TRUE;
         case WM_SIZE:
             LayOut(page);
@@ -191,7 +197,7 @@ void RefreshItemListPage(SessionState& session) {
 }
 
 void RepaintItemList(const SessionState& session) {
-    ::SendMessageA(static_cast<HWND>(session.listPage), kRepaintMessage, 0, 0);
+    SendReleasable(static_cast<HWND>(session.listPage), kRepaintMessage, 0);
 }
 
 bool IsItemListVisible(const SessionState& session) {

@@ -49,7 +49,7 @@ TEST_F(DashGaugeTest, NoWindowHasNoEntry) {
     ::DestroyWindow(gauge);
     EXPECT_EQ(nullptr, EntryOf(gauge));
     BindGauge(gauge, session.definition);
-    UpdateGauge(gauge, session.definition, nullptr, 0);
+    EXPECT_FALSE(ReadGauge(gauge, session.definition, nullptr, 0).has_value());
 }
 
 TEST_F(DashGaugeTest, AnAnalogGaugeIsToldInThisOrder) {

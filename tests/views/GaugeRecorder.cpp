@@ -54,7 +54,10 @@ GaugeRecorder::~GaugeRecorder() {
 
 LRESULT CALLBACK GaugeRecorder::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto& recorder = *static_cast<GaugeRecorder*>(::GetPropA(window, kProperty));
-    if (message == WM_PAINT) ++recorder.paints;
+    if (message == WM_PAINT) {
+        ++recorder.paints;
+        if (recorder.onPaint) recorder.onPaint();
+    }
     if (recorder.isAnalog_) {
         recorder.NoteAnalog(message, wParam, lParam);
     } else {

@@ -1,6 +1,7 @@
 // Writes down what a gauge of a dash page is told, in words.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,7 @@ public:
 
     std::vector<std::string> lines;
     int paints = 0;
+    std::function<void()> onPaint;  // before it
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

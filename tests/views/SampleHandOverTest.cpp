@@ -1,0 +1,104 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "tests/support/Eventually.h"
+#include "tests/views/DashTestHelper.h"
+
+namespace corvex::test {
+namespace {
+
+bool IsSenderReleased() {
+    return (::InSendMessageEx(nullptr) & ISMEX_REPLIED) != 0;
+}
+
+// Handles what other threads have sent, and leaves what is posted.
+void HandleSent() {
+    MSG message;
+    ::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+}
+
+void CatchUp() {
+    MSG message;
+    while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE)
+        ::DispatchMessageA(&message);
+}
+
+// Samples brought by another thread, as an engine's come.
+class SampleHandOver : public DashTest {
+protected:
+    SampleHandOver() {
+        AddEntry(0, speed);
+        AddEntry(1, load);
+        AddEntry(2, fan);
+        Show();
+    }
+    void Handle(const std::atomic<int>& brought, int wanted) {
+        EXPECT_TRUE(Eventually([&] {
+            HandleSent();
+            return brought == wanted;
+        }));
+    }
+
+    std::atomic<int> brought{0};
+};
+
+TEST_F(SampleHandOver, WhoBringsASampleGoesOnWhileItIsPainted) {
+    GaugeRecorder needle(Gauge(0)), light(Gauge(2));
+    bool wentOn = false;
+    needle.onPaint = [&] { wentOn = Eventually([&] { return brought == 1; }); };
+    std::vector<std::uint8_t> packet = {50, 80, 1};
+    std::thread worker([&] {
+        Update(packet);
+        packet.assign(3, 0);  // it is the worker's again
+        brought = 1;
+    });
+    Handle(brought, 1);
+    worker.join();
+    EXPECT_TRUE(wentOn);
+    EXPECT_EQ(1, needle.paints);
+    EXPECT_EQ(50, Needle(Gauge(0)));
+    EXPECT_EQ(40.0F, Digits(Gauge(1)));
+    EXPECT_EQ((std::vector<std::string>{"state 1 redraw"}), light.lines);
+}
+
+TEST_F(SampleHandOver, WhoBringsThemFasterThanTheyArePaintedWaits) {
+    GaugeRecorder needle(Gauge(0));
+    std::vector<bool> isReleased;
+    needle.onPaint = [&] { isReleased.push_back(IsSenderReleased()); };
+    const auto bring = [&](int count) {
+        std::thread worker([&] {
+            for (int i = 0; i < count; ++i) {
+                Update({50, 80, 1});
+                ++brought;
+            }
+        });
+        Handle(brought, count);
+        worker.join();
+        brought = 0;
+    };
+    bring(3);
+    EXPECT_EQ((std::vector<bool>{true, false, false}), isReleased);
+
+    CatchUp();
+    isReleased.clear();
+    bring(2);
+    EXPECT_EQ((std::vector<bool>{true, false}), isReleased);
+}
+
+TEST_F(SampleHandOver, EverySampleOfAFloodIsShownInItsOrder) {
+    GaugeRecorder needle(Gauge(0));
+    std::vector<std::string> wanted;
+    for (int i = 0; i < 100; ++i)
+        wanted.push_back("value " + std::to_string(i) + " redraw");
+    WhilePumping([&] {
+        for (std::uint8_t i = 0; i < 100; ++i)
+            Update({i, 0, 0});
+    });
+    EXPECT_EQ(wanted, needle.lines);
+    EXPECT_EQ(100, needle.paints);
+}
+
+}  // namespace
+}  // namespace corvex::test
