@@ -7,6 +7,7 @@ named in $CORVEX_ENGINES, one line of fields with tabs between them per connecti
     stop PORT              the simulator's counts as JSON
     unplug PORT            ok; the device has vanished, whoever has it open
     picture FILE W H X Y   ok; FILE is a PNG of that part of the screen, once what has just changed there is painted
+    processor TEXT         seconds that processes with TEXT in their command lines have spent on processors
 
 Anything else, and whatever fails, is answered by "error" and a sentence."""
 
@@ -58,6 +59,17 @@ class Engines:
         subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage", file], check=True)
         return "ok"
 
+    def processor(self, text):
+        ticks = 0
+        for process in filter(str.isdigit, os.listdir("/proc")):
+            try:
+                with open(f"/proc/{process}/cmdline", "rb") as line, open(f"/proc/{process}/stat") as stat:
+                    if text.encode() in line.read():
+                        ticks += sum(map(int, stat.read().rpartition(")")[2].split()[11:13]))
+            except OSError:  # ended meanwhile
+                pass
+        return str(ticks / os.sysconf("SC_CLK_TCK"))
+
     def end(self):
         for port in list(self.running):
             self.stop(port)
@@ -66,7 +78,7 @@ class Engines:
 def answer(engines, line):
     name, *fields = line.rstrip("\n").split("\t")
     try:
-        if name not in ("start", "stop", "unplug", "picture"):
+        if name not in ("start", "stop", "unplug", "picture", "processor"):
             return "error no such request"
         return getattr(engines, name)(*fields)
     except Exception as error:  # told to the program, which fails its test with it

@@ -74,6 +74,10 @@ void EngineHost::TakePicture(const std::string& file, const RECT& place) {
     Request(line);
 }
 
+double EngineHost::ProcessorTimeOf(const std::string& text) const {
+    return std::atof(Request("processor\t" + text).c_str());
+}
+
 std::string EngineHost::Request(const std::string& line) const {
     const SOCKET connection = Connect();
     std::string answer = Exchange(connection, line + "\n");

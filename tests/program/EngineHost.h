@@ -28,6 +28,8 @@ public:
 
     // Saves what the screen shows there, as PNG. The file is named as the host knows it.
     void TakePicture(const std::string& file, const RECT& place);
+    // Seconds that the processes with this text in their command lines have spent on processors.
+    double ProcessorTimeOf(const std::string& text) const;
 
 private:
     std::string Request(const std::string& line) const;
