@@ -17,11 +17,11 @@ OffscreenPaint::OffscreenPaint(HWND window)
       screen_(::BeginPaint(window, &paint_)),
       area_(ClientOf(window)),
       memory_(screen_),
-      bitmap_(::CreateCompatibleBitmap(screen_, area_.right, area_.bottom)),
+      bitmap_(::CreateCompatibleBitmap(screen_, paint_.rcPaint.right, paint_.rcPaint.bottom)),
       selected_(memory_.Get(), bitmap_.Get()) {}
 
 OffscreenPaint::~OffscreenPaint() {
-    ::BitBlt(screen_, 0, 0, area_.right, area_.bottom, memory_.Get(), 0, 0, SRCCOPY);
+    ::BitBlt(screen_, 0, 0, paint_.rcPaint.right, paint_.rcPaint.bottom, memory_.Get(), 0, 0, SRCCOPY);
     ::EndPaint(window_, &paint_);
 }
 

@@ -13,7 +13,9 @@ public:
     OffscreenPaint(const OffscreenPaint&) = delete;
     OffscreenPaint& operator=(const OffscreenPaint&) = delete;
 
-    // Where to draw. The bitmap is of the client's size and of no certain content: all of it is to be painted.
+    // Where to draw. The bitmap is of no certain content: all of it is to be painted. It begins at 0, 0 of the client
+    // and ends with what is to be shown, as a client that reaches far beyond its parent has more pixels than memory
+    // has.
     HDC Dc() const { return memory_.Get(); }
     // The client rectangle, from 0, 0. Empty for a window that shows nothing.
     const RECT& Area() const { return area_; }

@@ -79,6 +79,29 @@ TEST_F(OffscreenPaintTest, ThousandPaintsLeakNothing) {
     EXPECT_EQ(AllGdiObjects(), all);
 }
 
+// A bitmap of its size would take four gigabytes.
+TEST_F(OffscreenPaintTest, PaintsWhatIsSeenOfAWindowFarLargerThanItsParent) {
+    const HWND child = ::CreateWindowExA(0, kClass, "", WS_CHILD | WS_VISIBLE, 10, 10, 32767, 32767, window_, nullptr,
+                                         ::GetModuleHandleA(nullptr), nullptr);
+    PaintProbe& probe = *ControlOf<PaintProbe>(child);
+    probe.colour = 0x00FF00;
+    ::RedrawWindow(child, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    EXPECT_EQ(probe.area.right, 32767);
+    EXPECT_EQ(PixelOf(child, 0, 0), 0x00FF00u);
+    EXPECT_EQ(PixelOf(child, 29, 19), 0x00FF00u);
+}
+
+TEST_F(OffscreenPaintTest, PaintsWhatIsDueAndLeavesTheRest) {
+    Repaint(0x0000FF);
+    probe_->colour = 0x00FF00;
+    const RECT due{10, 10, 20, 20};
+    ::RedrawWindow(window_, &due, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    EXPECT_EQ(PixelOf(window_, 10, 10), 0x00FF00u);
+    EXPECT_EQ(PixelOf(window_, 19, 19), 0x00FF00u);
+    EXPECT_EQ(PixelOf(window_, 9, 10), 0x0000FFu);
+    EXPECT_EQ(PixelOf(window_, 20, 19), 0x0000FFu);
+}
+
 TEST_F(OffscreenPaintTest, PaintsAWindowThatHasNoArea) {
     ::SetWindowPos(window_, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOZORDER);
     const int paints = probe_->paints;
