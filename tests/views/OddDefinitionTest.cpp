@@ -3,6 +3,7 @@
 #include <cstring>
 #include <limits>
 
+#include "controls/window/CommonControls.h"
 #include "definition/ADXListView.h"
 #include "tests/controls/window/PaintTestHelper.h"
 #include "tests/views/DashTestHelper.h"
@@ -55,6 +56,18 @@ protected:
         ::RedrawWindow(frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
     }
 
+    std::string Cell(int row, int column) const {
+        std::string text(20000, '\0');
+        LVITEMA words{};
+        words.iSubItem = column;
+        words.pszText = text.data();
+        words.cchTextMax = static_cast<int>(text.size());
+        const HWND control = Item(session.listPage, IDC_LIST_VIEW);
+        const auto length =
+            ::SendMessageA(control, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&words));
+        text.resize(static_cast<std::size_t>(length));
+        return text;
+    }
     void SampleInEverySize() {
         for (const auto& [width, height] : {std::pair{1, 1}, std::pair{20000, 1}, std::pair{1, 20000},
                                             std::pair{20000, 40}, std::pair{0, 0}, std::pair{650, 400}}) {
@@ -155,6 +168,15 @@ TEST_F(OddDefinitionTest, LongTextsWithEveryCharacterAreDataAlone) {
         TabSheet::selectPage(sheet, page);
         Sample({1, 2, 1});
     }
+    EXPECT_EQ(text.substr(0, 100), TextOfGauge(Gauge(0), AGM_GETTITLE));
+    DigitalReadoutInfo info{};
+    DigitalReadoutGetInfo(Gauge(1), &info);
+    EXPECT_EQ(text.substr(0, 79), info.title);
+    EXPECT_EQ(text.substr(0, 49), info.units);
+    EXPECT_EQ(text.substr(0, 100), TextOfGauge(Gauge(2), SGM_GETTRUETEXT));
+    EXPECT_EQ(text.substr(0, 255), Cell(0, 2));
+    EXPECT_EQ(text.substr(0, 39), Cell(1, 1));
+    EXPECT_EQ(text, Cell(2, 2));
     Press(Gauge(2), {VK_ESCAPE});
 }
 
