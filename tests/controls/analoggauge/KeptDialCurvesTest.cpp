@@ -14,6 +14,8 @@ using Lines = std::vector<std::string>;
 
 constexpr GaugeAlarmBand kHigh{120.0f, 150.0f, 0x0000FF}, kLow{0.0f, 20.0f, 0x00B4FA},
     kBeyond{140.0f, 400.0f, 0x00FF00};
+// Each with one end of another.
+constexpr GaugeAlarmBand kFromLower{60.0f, 150.0f, 0x0000FF}, kToHigher{0.0f, 70.0f, 0x00B4FA};
 
 AnalogGaugeModel With(const std::vector<GaugeAlarmBand>& bands, float value = 61.3f) {
     AnalogGaugeModel model;
@@ -56,7 +58,9 @@ AnalogGaugeModel Coloured() {
 std::vector<AnalogGaugeModel> States() {
     return {With({}),
             With({kHigh}),
+            With({kFromLower}),
             With({kHigh, kLow}),
+            With({kHigh, kToHigher}),
             With({kLow, kHigh}),
             With({kHigh, kLow, kBeyond}),
             With({kLow}),
