@@ -36,6 +36,13 @@ protected:
     void ExpectClass(int gauge, const std::string& name) {
         EXPECT_TRUE(Eventually([&] { return Dash().Class(gauge) == name; })) << Dash().Class(gauge);
     }
+    void ExpectPlace(int gauge, const RECT& wanted) {
+        const auto isSo = [&] {
+            const RECT place = Dash().Place(gauge);
+            return ::EqualRect(&place, &wanted) != FALSE;
+        };
+        EXPECT_TRUE(Eventually(isSo));
+    }
     // Types and items of the entries in the file that the program saves, in their order: "0 SPEED".
     Rows SavedEntries(const Rows& items) {
         folder.Files().Put("own.adx", "");
@@ -88,16 +95,14 @@ TEST_F(DashMenu, TurnsAReadoutIntoALampAndBack) {
     ExpectClass(1, "QZSTATUSGAUGE");
     ExpectTitle(1, "Pump");
     ExpectLamp(1, "Pump", false);
-    const RECT after = Dash().Place(1);
-    EXPECT_TRUE(::EqualRect(&place, &after));
+    ExpectPlace(1, place);
     EXPECT_EQ(Dash().GaugeCount(), 2);
     EXPECT_EQ(SavedEntries(allItems), (Rows{"0 SPEED", "2 PUMP"}));
     EXPECT_EQ(RowsOn(1).back(), "14* Pump");
     Choose(1, kValues, 2);
     ExpectClass(1, "QZDIGITALGAUGEREADOUT");
     ExpectReadout(1, "Gear", 0.0F);
-    const RECT atLast = Dash().Place(1);
-    EXPECT_TRUE(::EqualRect(&place, &atLast));
+    ExpectPlace(1, place);
     EXPECT_EQ(SavedEntries(allItems), (Rows{"0 SPEED", "1 GEAR"}));
 }
 

@@ -49,8 +49,8 @@ protected:
     }
     void ExpectBattery(float volts) {
         const ReadoutWords words{"Battery Voltage", "V", 1, 11.5F, 15.2F};
-        const Picture wanted = ReadoutPicture(Dash().Gauge(3), words, volts);
-        EXPECT_TRUE(Eventually([&] { return Look().Of(Dash().Gauge(3)) == wanted; })) << volts << " V";
+        ExpectLook(
+            3, [&](HWND size) { return ReadoutPicture(size, words, volts); }, std::to_string(volts) + " V");
     }
 };
 

@@ -53,6 +53,15 @@ void ProgramTest::ExpectOutput(const std::string& part) {
                                                                       << Window().Output();
 }
 
+void ProgramTest::ExpectLoadedLast(const std::string& path) {
+    const auto isLoaded = [&] {
+        std::vector<std::string> lines = Window().OutputLines();
+        if (!lines.empty() && lines.back() == "Playback stopped") lines.pop_back();
+        return !lines.empty() && lines.back() == "Loaded " + path;
+    };
+    EXPECT_TRUE(Eventually(isLoaded)) << Window().Output();
+}
+
 void ProgramTest::ExpectBar(const BarStates& states) {
     EXPECT_TRUE(Eventually([&] { return Window().Bar() == states; }));
     EXPECT_EQ(Window().Bar(), states);

@@ -22,17 +22,10 @@ protected:
         Window().Send(kPlay);
         ExpectLeft("Log Playing");
     }
-    void ExpectLoadedLast() {
-        const auto isLoaded = [this] {
-            const std::vector<std::string> lines = Window().OutputLines();
-            return !lines.empty() && lines.back() == "Loaded " + Definition();
-        };
-        EXPECT_TRUE(Eventually(isLoaded)) << Window().Output();
-    }
     void Load() {
         Window().Send(kLoadDefinition);
         ChooseFile(program->Id(), "Select ADX...", Definition());
-        ExpectLoadedLast();
+        ExpectLoadedLast(Definition());
     }
     void Import() {
         Window().Send(kImportDefinition);
@@ -54,7 +47,7 @@ protected:
         ASSERT_NE(author, nullptr);
         Ask(author, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("Somebody else"));
         PressButton(dialog, IDOK);
-        ExpectLoadedLast();
+        ExpectLoadedLast(Definition());
     }
     void ExpectScanWorks() {
         if (Window().LeftText() != "ALDL: Connected") {

@@ -56,11 +56,7 @@ void ViewsProgramTest::ExpectPlayedToTheEnd() {
 void ViewsProgramTest::Load(const std::string& path) {
     Window().Send(kLoadDefinition);
     ChooseFile(program->Id(), "Select ADX...", path);
-    const auto isLoaded = [&] {
-        const std::vector<std::string> lines = Window().OutputLines();
-        return !lines.empty() && lines.back() == "Loaded " + path;
-    };
-    EXPECT_TRUE(Eventually(isLoaded)) << Window().Output();
+    ExpectLoadedLast(path);
 }
 
 const Eyes& ViewsProgramTest::Look() {
@@ -73,23 +69,31 @@ void ViewsProgramTest::ExpectNeedle(int gauge, int value) {
         << "dial " << gauge << " shows " << Dash().Needle(gauge) << ", not " << value;
 }
 
+void ViewsProgramTest::ExpectLook(int gauge, const std::function<Picture(HWND)>& wanted, const std::string& what) {
+    // Its size may be about to change.
+    const auto isSo = [&] {
+        HWND window = Dash().Gauge(gauge);
+        return window != nullptr && Look().Of(window) == wanted(window);
+    };
+    EXPECT_TRUE(Eventually(isSo)) << "gauge " << gauge << " is not " << what;
+}
+
 void ViewsProgramTest::ExpectDial(int gauge, const std::string& title, const std::vector<float>& shown) {
-    const Picture wanted = DialPicture(Dash().Gauge(gauge), title, shown);
-    EXPECT_TRUE(Eventually([&] { return Look().Of(Dash().Gauge(gauge)) == wanted; }))
-        << "dial " << gauge << " is not " << title << " at " << shown.back() << " but " << Dash().Title(gauge) << " at "
-        << Dash().Needle(gauge);
+    ExpectLook(
+        gauge, [&](HWND size) { return DialPicture(size, title, shown); },
+        "a dial of " + title + " at " + std::to_string(shown.back()));
 }
 
 void ViewsProgramTest::ExpectReadout(int gauge, const std::string& title, float value) {
-    const Picture wanted = ReadoutPicture(Dash().Gauge(gauge), title, value);
-    EXPECT_TRUE(Eventually([&] { return Look().Of(Dash().Gauge(gauge)) == wanted; }))
-        << "gauge " << gauge << " is not a readout of " << title << " at " << value;
+    ExpectLook(
+        gauge, [&](HWND size) { return ReadoutPicture(size, title, value); },
+        "a readout of " + title + " at " + std::to_string(value));
 }
 
 void ViewsProgramTest::ExpectLamp(int gauge, const std::string& title, bool isOn) {
-    const Picture wanted = LampPicture(Dash().Gauge(gauge), title, isOn);
-    EXPECT_TRUE(Eventually([&] { return Look().Of(Dash().Gauge(gauge)) == wanted; }))
-        << "gauge " << gauge << " is not a lamp of " << title << " that is " << (isOn ? "on" : "off");
+    ExpectLook(
+        gauge, [&](HWND size) { return LampPicture(size, title, isOn); },
+        "a lamp of " + title + (isOn ? " that is on" : " that is off"));
 }
 
 void ViewsProgramTest::ExpectRows(const std::vector<std::string>& rows) {

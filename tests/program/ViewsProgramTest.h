@@ -2,6 +2,7 @@
 // answers with given replies.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -40,6 +41,8 @@ protected:
     ListPageView Lists() { return ListPageView(Window()); }
     const Eyes& Look();
 
+    // Sooner or later the gauge looks as `wanted` draws it in the size of its window.
+    void ExpectLook(int gauge, const std::function<Picture(HWND)>& wanted, const std::string& what);
     void ExpectNeedle(int gauge, int value);
     void ExpectDial(int gauge, const std::string& title, const std::vector<float>& shown);
     void ExpectReadout(int gauge, const std::string& title, float value);
