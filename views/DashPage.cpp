@@ -1,5 +1,6 @@
 #include "views/DashPage.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -80,6 +81,7 @@ void Rebind(DashPage& state, std::uint32_t index, ADXObject* item) {
     } else {
         BindGauge(gauge, state.session->definition);
     }
+    if (gauge == nullptr) return;
     ::InvalidateRect(gauge, nullptr, TRUE);
     ::UpdateWindow(gauge);
 }
@@ -128,13 +130,14 @@ void OnCommand(DashPage& state, WPARAM wParam, LPARAM lParam) {
 // Everything is read before anything is drawn: drawing takes many times as long.
 void OnSample(DashPage& state, const SampleCall& sample, WPARAM wParam) {
     std::vector<GaugeReading> readings;
-    for (const HWND gauge : state.gauges) {
-        if (const auto reading = ReadGauge(gauge, state.session->definition, sample.packet, sample.commandId))
-            readings.push_back(*reading);
-    }
-    state.sender.Release(state.window, wParam);
-    for (const GaugeReading& reading : readings)
-        ShowReading(reading);
+    const auto read = [&] {
+        for (const HWND gauge : state.gauges) {
+            if (const auto reading = ReadGauge(gauge, state.session->definition, sample.packet, sample.commandId))
+                readings.push_back(*reading);
+        }
+    };
+    const auto draw = [&] { std::for_each(readings.begin(), readings.end(), ShowReading); };
+    state.sender.Handle(wParam, read, draw);
 }
 
 void Begin(HWND page, LPARAM session) {
@@ -168,9 +171,6 @@ INT_PTR CALLBACK DashProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lP
             return TRUE;
         case kUpdateMessage:
             OnSample(*state, *reinterpret_cast<const SampleCall*>(lParam), wParam);
-            return TRUE;
-        case kCaughtUpMessage:
-            state->sender.OnCaughtUp();
             return TRUE;
         case WM_ERASEBKGND:
             return DialogResult(page, 1);

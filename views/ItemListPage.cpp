@@ -154,11 +154,8 @@ INT_PTR CALLBACK ItemListProcedure(HWND page, UINT message, WPARAM wParam, LPARA
         case WM_NOTIFY:
             return OnNotify(page, *state, lParam);
         case kRepaintMessage:
-            state->sender.Release(page, wParam);
-            RepaintRows(ListOf(page));
-            return TRUE;
-        case kCaughtUpMessage:
-            state->sender.OnCaughtUp();
+            state->sender.Handle(
+                wParam, [] {}, [page] { RepaintRows(ListOf(page)); });
             return TRUE;
         case WM_SIZE:
             LayOut(page);

@@ -1,5 +1,7 @@
 #include "views/SenderRelease.h"
 
+#include "platform/Clock.h"
+
 namespace corvex {
 
 // A thread that sends to itself may do so in the handling of what another has sent, and that one is not to be released.
@@ -8,10 +10,13 @@ void SendReleasable(HWND page, UINT message, LPARAM lParam) {
     ::SendMessageA(page, message, isOtherThread ? TRUE : FALSE, lParam);
 }
 
-void SenderRelease::Release(HWND page, WPARAM wParam) {
-    if (wParam == FALSE || isBehind_ || ::PostMessageA(page, kCaughtUpMessage, 0, 0) == FALSE) return;
-    isBehind_ = true;
-    ::ReplyMessage(0);
+void SenderRelease::Handle(WPARAM wParam, const std::function<void()>& read, const std::function<void()>& draw) {
+    const std::int64_t begin = CurrentClock().Counter();
+    read();
+    if (wParam != FALSE && begin - end_ >= length_) ::ReplyMessage(0);
+    draw();
+    end_ = CurrentClock().Counter();
+    length_ = end_ - begin;
 }
 
 }  // namespace corvex

@@ -1,12 +1,12 @@
 // Whoever brings a sample to a page has an engine controller to poll: it need not wait for the drawing.
 #pragma once
 
+#include <cstdint>
+#include <functional>
+
 #include "platform/WindowsApi.h"
 
 namespace corvex {
-
-// To the page, from Release: pass it on to OnCaughtUp.
-inline constexpr UINT kCaughtUpMessage = WM_APP + 0x113;
 
 // Sends a message whose handling may release its sender. Any thread.
 void SendReleasable(HWND page, UINT message, LPARAM lParam);
@@ -14,15 +14,13 @@ void SendReleasable(HWND page, UINT message, LPARAM lParam);
 // One for each page, which it belongs to. The page's thread.
 class SenderRelease {
 public:
-    // In the handling of such a message, with its wParam, when nothing of the sender's is needed any more: lets it go
-    // on while the handling does. Not so before the thread has come to its posted messages since the last time: with a
-    // sample always waiting, it would never come to them, nor to its user.
-    void Release(HWND page, WPARAM wParam);
-
-    void OnCaughtUp() { isBehind_ = false; }
+    // Handles such a message, whose wParam it takes: reads, while the sender waits and what it has sent is there, and
+    // then draws, while the sender goes on. When the thread has had less time for anything else than the last handling
+    // took, the sender waits for the drawing too: with a sample always waiting, no user would be heard.
+    void Handle(WPARAM wParam, const std::function<void()>& read, const std::function<void()>& draw);
 
 private:
-    bool isBehind_ = false;
+    std::int64_t end_ = 0, length_ = 0;  // of the last handling, in counts of the present clock
 };
 
 }  // namespace corvex

@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "tests/support/Eventually.h"
+#include "tests/support/VirtualClock.h"
 #include "tests/views/DashTestHelper.h"
 
 namespace corvex::test {
@@ -17,12 +18,6 @@ bool IsSenderReleased() {
 void HandleSent() {
     MSG message;
     ::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
-}
-
-void CatchUp() {
-    MSG message;
-    while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE)
-        ::DispatchMessageA(&message);
 }
 
 // Samples brought by another thread, as an engine's come.
@@ -41,12 +36,25 @@ protected:
         }));
     }
 
+    void Bring(const std::vector<std::uint8_t>& packet) {
+        brought = 0;
+        std::thread worker([&] {
+            Update(packet);
+            brought = 1;
+        });
+        Handle(brought, 1);
+        worker.join();
+    }
+
+    VirtualClock clock;
+    ScopedClock inForce{clock};
     std::atomic<int> brought{0};
 };
 
 TEST_F(SampleHandOver, WhoBringsASampleGoesOnWhileItIsPainted) {
     GaugeRecorder needle(Gauge(0)), light(Gauge(2));
     bool wentOn = false;
+    clock.Advance(1000);
     needle.onPaint = [&] { wentOn = Eventually([&] { return brought == 1; }); };
     std::vector<std::uint8_t> packet = {50, 80, 1};
     std::thread worker([&] {
@@ -66,25 +74,15 @@ TEST_F(SampleHandOver, WhoBringsASampleGoesOnWhileItIsPainted) {
 TEST_F(SampleHandOver, WhoBringsThemFasterThanTheyArePaintedWaits) {
     GaugeRecorder needle(Gauge(0));
     std::vector<bool> isReleased;
-    needle.onPaint = [&] { isReleased.push_back(IsSenderReleased()); };
-    const auto bring = [&](int count) {
-        std::thread worker([&] {
-            for (int i = 0; i < count; ++i) {
-                Update({50, 80, 1});
-                ++brought;
-            }
-        });
-        Handle(brought, count);
-        worker.join();
-        brought = 0;
+    needle.onPaint = [&] {
+        isReleased.push_back(IsSenderReleased());
+        clock.Advance(10);
     };
-    bring(3);
-    EXPECT_EQ((std::vector<bool>{true, false, false}), isReleased);
-
-    CatchUp();
-    isReleased.clear();
-    bring(2);
-    EXPECT_EQ((std::vector<bool>{true, false}), isReleased);
+    for (const int pause : {100, 9, 10, 0, 11}) {
+        clock.Advance(pause);
+        Bring({50, 80, 1});
+    }
+    EXPECT_EQ((std::vector<bool>{true, false, true, false, true}), isReleased);
 }
 
 TEST_F(SampleHandOver, EverySampleOfAFloodIsShownInItsOrder) {
