@@ -122,14 +122,32 @@ TEST_F(DashOnShow, ShowsAPlayback) {
 TEST_F(DashOnShow, KeepsTheLastValuesOfAPlayback) {
     StartWith(WithFiveGauges(), {Poll({80, 20, 1}), Other({60}, 50), Poll({110, 30, 1}, 100)});
     Window().ShowTab(kDashTab);
-    Play();
-    ExpectPlayedToTheEnd();
+    PlayToTheEnd();
     ExpectShown(110.0F, 15.0F, true, {0.0F, 80.0F, 110.0F});
     ExpectReadout(3, "Gear", 60.0F);
     ExpectReadout(4, "Any", 110.0F);
     Window().ShowTab(kListTab);
     Window().ShowTab(kDashTab);
     ExpectShown(110.0F, 15.0F, true, {0.0F, 80.0F, 110.0F});
+}
+
+TEST_F(DashOnShow, ShowsTheDriveThatWasRecorded) {
+    StartWith(WithFiveGauges());
+    Window().ShowTab(kDashTab);
+    Scan({Poll({120, 101, 1})});
+    Window().Send(kRecord);
+    ExpectLeft("Log Recording");
+    EXPECT_TRUE(Eventually([&] { return folder.Size("temp.xdl") > 400; }));
+    Window().Send(kStop);
+    ChooseFile(program->Id(), "Select/Create file to save...", folder.Name("drive.xdl"));
+    ExpectOutput("Log saved to ");
+    StopScan();
+    Scan({Poll({7, 250, 0})});
+    ExpectReadout(1, "Load", 125.0F);
+    ExpectNeedle(0, 7);
+    StopScan();
+    PlayToTheEnd();
+    ExpectShown(120.0F, 50.5F, true, {0.0F, 120.0F, 7.0F, 120.0F});
 }
 
 TEST_F(DashOnShow, KeepsWhatAnotherCommandSaidLast) {

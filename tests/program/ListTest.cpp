@@ -55,6 +55,7 @@ protected:
 TEST_F(ListOnShow, ShowsWhatTheEngineSends) {
     StartShown(WithFiveRows());
     ExpectRows({"|Engine", "0.0|Speed", "0.0|Load", "off|Fan", "0.0|Gear", "0.0|Any"});
+    ExpectColour(1, kLow);
     Scan({Reply("POLL", {210, 101, 1})});
     ExpectRows({"|Engine", "210.0|Speed", "50.5|Load", "on|Fan", "0.0|Gear", "210.0|Any"});
     ExpectColour(1, kHigh);
@@ -89,6 +90,7 @@ TEST_F(ListOnShow, FollowsTheEngineWithinAScan) {
 
 TEST_F(ListOnShow, ShowsAPlayback) {
     StartShown(WithFiveRows(), {Reply("POLL", {210, 20, 1}), Reply("POLL", {100, 20, 1}, kForever)});
+    ExpectColour(1, kLow);
     Play();
     ExpectRows({"|Engine", "210.0|Speed", "10.0|Load", "on|Fan", "0.0|Gear", "210.0|Any"});
     ExpectColour(1, kHigh);
@@ -100,8 +102,7 @@ TEST_F(ListOnShow, ShowsAPlayback) {
 TEST_F(ListOnShow, KeepsTheLastValuesOfAPlayback) {
     StartShown(WithFiveRows(),
                {Reply("POLL", {210, 20, 1}), Reply("OTHER", {205}, 50), Reply("POLL", {100, 30, 1}, 100)});
-    Play();
-    ExpectPlayedToTheEnd();
+    PlayToTheEnd();
     ExpectRows({"|Engine", "100.0|Speed", "15.0|Load", "on|Fan", "205.0|Gear", "100.0|Any"});
     ExpectColour(1, kPlain);
     ExpectColour(4, kHigh);

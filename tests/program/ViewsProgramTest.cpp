@@ -48,7 +48,8 @@ void ViewsProgramTest::Play() {
     ExpectLeft("Log Playing");
 }
 
-void ViewsProgramTest::ExpectPlayedToTheEnd() {
+void ViewsProgramTest::PlayToTheEnd() {
+    Window().Send(kPlay);
     ExpectOutput("Playback stopped");
     ExpectLeft("ALDL: Not Connected");
 }

@@ -34,7 +34,8 @@ protected:
     void StopScan();
     // Plays the log that the program was started with.
     void Play();
-    void ExpectPlayedToTheEnd();
+    // Of a log that may be too short to be seen playing.
+    void PlayToTheEnd();
     void Load(const std::string& path);
 
     DashView Dash() { return DashView(Window()); }
