@@ -41,13 +41,6 @@ double RateOf(const std::vector<double>& times) {
     return static_cast<double>(times.size() - 1) / (times.back() - times.front());
 }
 
-void ChooseDashboard(const test::CorvexWindow& window, int row) {
-    const HWND combo = test::FindBelow(window.Handle(), "ComboBox", kDashComboId);
-    if (combo == nullptr) throw std::runtime_error("no choice of dashboards");
-    test::Ask(combo, CB_SETCURSEL, static_cast<WPARAM>(row));
-    test::Ask(::GetParent(combo), WM_COMMAND, MAKEWPARAM(kDashComboId, CBN_SELCHANGE), reinterpret_cast<LPARAM>(combo));
-}
-
 std::string SettingsFor(const test::ProgramFolder& folder) {
     folder.PutSettings({{"comport", "COM1"}, {"lastadxpath", PutViewDefinition(folder)}});
     return folder.Program();
@@ -109,7 +102,8 @@ ScanFigures ViewedScan::Unpaced(View view) {
 
 void ViewedScan::Show(View view) const {
     if (view == View::kReadouts || view == View::kFourAnalog) {
-        ChooseDashboard(window_, view == View::kReadouts ? kTwelveReadouts : kFourAnalog);
+        test::SelectRow(test::FindBelow(window_.Handle(), "ComboBox", kDashComboId),
+                        view == View::kReadouts ? kTwelveReadouts : kFourAnalog);
         window_.ShowTab(kDashTab);
     } else {
         window_.ShowTab(view == View::kOutput ? kOutputTab : view == View::kList ? kListTab : kHistogramTab);

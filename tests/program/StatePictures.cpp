@@ -1,6 +1,7 @@
 #include "tests/program/StatePictures.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -100,6 +101,13 @@ RECT PlaceOf(const Operator& person) {
     return {std::max(all.left, 0L), std::max(all.top, 0L), all.right, all.bottom};
 }
 
+void ShowTab(const CorvexWindow& window, const PictureTask& task) {
+    constexpr std::array kComboIds = {0, 1009, 1006, 0, 0};
+    const int id = kComboIds.at(static_cast<std::size_t>(task.tab));
+    if (id != 0) SelectRow(FindBelow(window.Handle(), "ComboBox", id), task.row);
+    window.ShowTab(task.tab);
+}
+
 }  // namespace
 
 std::vector<std::string> PictureStates() {
@@ -118,7 +126,7 @@ void TakeStatePicture(const std::string& state, const PictureTask& task) {
     if (state != "splash") {
         person.WaitFor("end of the splash", [&] { return FindTopWindow(person.Process(), "QZSPLASHT") == nullptr; });
     }
-    person.Window().ShowTab(task.tab);
+    ShowTab(person.Window(), task);
     found->second(person);
     person.engines.TakePicture(task.file, PlaceOf(person));
     person.Exit();

@@ -11,6 +11,7 @@ struct PictureTask {
     std::string file;    // as the host names it
     int width = 650, height = 500;
     int tab = 0;
+    int row = 0;  // of what the Dash or Item Lists tab can show
 };
 
 // The states that there are.

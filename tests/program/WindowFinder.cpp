@@ -78,4 +78,11 @@ HWND FindBelow(HWND parent, int id) {
     return FindBelow(parent, std::string(), id);
 }
 
+void SelectRow(HWND combo, int row) {
+    if (Ask(combo, CB_SETCURSEL, static_cast<WPARAM>(row)) != row)
+        throw std::runtime_error("no row " + std::to_string(row));
+    const auto id = static_cast<WORD>(::GetDlgCtrlID(combo));
+    Ask(::GetParent(combo), WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(combo));
+}
+
 }  // namespace corvex::test

@@ -28,4 +28,8 @@ HWND FindBelow(HWND parent, int id);
 // All of them, with their own children.
 std::vector<HWND> AllBelow(HWND parent);
 
+// Selects a row of a combo box and tells its parent, as a click on the row does. Throws std::runtime_error when there
+// is no such row.
+void SelectRow(HWND combo, int row);
+
 }  // namespace corvex::test

@@ -13,14 +13,15 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: corvex-drive demo FOLDER PICTURES\n"
-    "       corvex-drive shoot FOLDER PICTURES STATE|all WIDTH HEIGHT [TAB]\n";
+    "       corvex-drive shoot FOLDER PICTURES STATE|all WIDTH HEIGHT [TAB [ROW]]\n";
 
-void Shoot(char** words, int tab) {
+void Shoot(char** words, int tab, int row) {
     PictureTask task;
     task.folder = words[2];
     task.width = std::atoi(words[5]);
     task.height = std::atoi(words[6]);
     task.tab = tab;
+    task.row = row;
     const std::string wanted = words[4];
     for (const std::string& state : PictureStates()) {
         if (wanted != "all" && wanted != state) continue;
@@ -35,8 +36,8 @@ int Drive(int count, char** words) {
     const std::string command = count > 1 ? words[1] : "";
     if (command == "demo" && count == 4) {
         RunDemo(words[2], words[3]);
-    } else if (command == "shoot" && (count == 7 || count == 8)) {
-        Shoot(words, count == 8 ? std::atoi(words[7]) : 0);
+    } else if (command == "shoot" && count >= 7 && count <= 9) {
+        Shoot(words, count > 7 ? std::atoi(words[7]) : 0, count > 8 ? std::atoi(words[8]) : 0);
     } else {
         std::fputs(kUsage, stderr);
         return 2;
