@@ -129,6 +129,7 @@ TEST_F(DataLogEnginePaceTest, ResumeWhileTheOldThreadEndsIsRefused) {
     EXPECT_EQ(kLogReady, log_.State());
     EXPECT_EQ(0U, log_.sampleIndex);
     EXPECT_EQ(1U, told_.RecordCount());
+    told_.hook = {};  // the next thread outlives what it looks at
     EXPECT_EQ(0U, log_.StartPlayback());
 }
 
