@@ -50,6 +50,17 @@ protected:
     const TempFile log{"", ".xdl"};
 };
 
+// A scan that lost no reply, which a loaded machine may bring about: the next one tries again.
+ToolResult RunWithoutLoss(const std::vector<std::string>& args) {
+    ToolResult scan;
+    for (int i = 0; i < 5; ++i) {
+        scan = RunTool(args);
+        if (scan.code != 0 || SummaryOf(scan)["codes"].empty()) return scan;
+    }
+    ADD_FAILURE() << "each scan lost replies: " << SummaryOf(scan);
+    return scan;
+}
+
 // Macros with silent commands, several polled commands, and a slow stream.
 TEST_F(RecordProgramTest, HoldsEveryGoodReply) {
     for (const char* example : {"harrier-8192.adx", "osprey-multi.adx", "merlin-160.adx"}) {
@@ -163,10 +174,10 @@ TEST_F(RecordProgramTest, RecordsTheSameRepliesWhenItsLogIsReplayed) {
     for (const char* example : {"harrier-8192.adx", "osprey-multi.adx", "merlin-160.adx"}) {
         const TempFile again("", ".xdl");
         const ToolResult first =
-            RunTool(Args(example, {"--no-pace", "--seed", "77", "--seconds", "1", "--json", "--force"}));
+            RunWithoutLoss(Args(example, {"--no-pace", "--seed", "77", "--seconds", "1", "--json", "--force"}));
         const ToolResult second =
-            RunTool({"scan", "--simulate", "-d", Example(example), "--no-pace", "--seed", "5", "--seconds", "0.5",
-                     "--json", "--replay", log.Path(), "--record", again.Path()});
+            RunWithoutLoss({"scan", "--simulate", "-d", Example(example), "--no-pace", "--seed", "5", "--seconds",
+                            "0.5", "--json", "--force", "--replay", log.Path(), "--record", again.Path()});
         ASSERT_EQ(first.code + second.code, 0) << first.err << second.err;
         std::vector<std::string> recorded = RepliesOf(log.Path()), replayed = RepliesOf(again.Path());
         const std::size_t common = std::min(recorded.size(), replayed.size());
