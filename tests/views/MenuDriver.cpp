@@ -12,7 +12,7 @@ constexpr char kCallClass[] = "CorvexTestCall";
 
 template <class Predicate>
 bool Polls(Predicate isSo) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     while (!isSo()) {
         if (std::chrono::steady_clock::now() > deadline) return false;
         std::this_thread::yield();

@@ -10,7 +10,7 @@
 
 namespace corvex::test {
 
-// Waits on a thread of its own for the next popup menu of this process, 20 seconds at most, has `look` see it on that
+// Waits on a thread of its own for the next popup menu of this process, 10 seconds at most, has `look` see it on that
 // thread, and then presses the keys, of which the last one chooses a row. Without keys it closes the menu.
 class MenuDriver {
 public:
@@ -31,7 +31,7 @@ private:
     std::thread thread_;
 };
 
-// Waits until no popup menu of this process is open, 20 seconds at most. Not on the thread that shows it.
+// Waits until no popup menu of this process is open, 10 seconds at most. Not on the thread that shows it.
 bool MenuCloses();
 
 // Has the thread that made it do things, in the middle of whatever it is doing, a menu included.
