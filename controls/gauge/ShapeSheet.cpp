@@ -9,18 +9,9 @@ namespace {
 
 constexpr std::int64_t kMostPixels = 1 << 24;
 
-OwnedBitmap MakeSheet(int width, int height, const std::uint32_t** pixels) {
+OwnedBitmap MakeSheet(int width, int height, std::uint32_t** pixels) {
     if (static_cast<std::int64_t>(width) * height > kMostPixels) return {};
-    BITMAPINFO words{};
-    words.bmiHeader.biSize = sizeof words.bmiHeader;
-    words.bmiHeader.biWidth = width;
-    words.bmiHeader.biHeight = -height;  // from the top down
-    words.bmiHeader.biPlanes = 1;
-    words.bmiHeader.biBitCount = 32;
-    void* memory = nullptr;
-    OwnedBitmap bitmap(::CreateDIBSection(nullptr, &words, DIB_RGB_COLORS, &memory, nullptr, 0));
-    *pixels = static_cast<const std::uint32_t*>(memory);
-    return bitmap;
+    return MakePixelBitmap(width, height, pixels);
 }
 
 // The runs of one row, appended.

@@ -19,7 +19,7 @@ public:
 
 private:
     const int width_, height_;
-    const std::uint32_t* pixels_ = nullptr;  // the bitmap's
+    std::uint32_t* pixels_ = nullptr;  // the bitmap's
     MemoryDc dc_;
     OwnedBitmap bitmap_;
     SelectGuard selected_;

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 
 #include "platform/WindowsApi.h"
@@ -84,6 +85,10 @@ private:
     HWND window_;
     HDC dc_;
 };
+
+// A black bitmap of 32 bits a pixel, 0x00RRGGBB, rows from the top down. Its pixels live as long as it does; what was
+// drawn on it is there after GdiFlush. Null, like `pixels`, for no area and for want of memory.
+OwnedBitmap MakePixelBitmap(int width, int height, std::uint32_t** pixels);
 
 // Selects an object for its lifetime and puts the former one back. Null selects nothing.
 class SelectGuard {

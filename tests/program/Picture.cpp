@@ -28,20 +28,13 @@ void PrintTo(const Picture& picture, std::ostream* out) {
 Picture Drawn(int width, int height, const std::function<void(HDC)>& draw) {
     Picture picture{width, height, {}};
     if (width <= 0 || height <= 0) return picture;
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;  // from the top down
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    const OwnedBitmap bitmap(::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    std::uint32_t* words = nullptr;
+    const OwnedBitmap bitmap = MakePixelBitmap(width, height, &words);
     if (!bitmap) return picture;
     const MemoryDc memory;
     const SelectGuard selected(memory.Get(), bitmap.Get());
     draw(memory.Get());
     ::GdiFlush();
-    const auto* const words = static_cast<const std::uint32_t*>(bits);
     picture.pixels.assign(words, words + static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     for (std::uint32_t& pixel : picture.pixels)
         pixel &= 0xFFFFFFU;  // whatever is above says nothing

@@ -76,19 +76,6 @@ int CALLBACK OnRecord(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARA
     return 1;
 }
 
-OwnedBitmap MakeBitmap(int width, int height, std::uint32_t** pixels) {
-    BITMAPINFO words{};
-    words.bmiHeader.biSize = sizeof words.bmiHeader;
-    words.bmiHeader.biWidth = width;
-    words.bmiHeader.biHeight = -height;  // from the top down
-    words.bmiHeader.biPlanes = 1;
-    words.bmiHeader.biBitCount = 32;
-    void* memory = nullptr;
-    OwnedBitmap bitmap(::CreateDIBSection(nullptr, &words, DIB_RGB_COLORS, &memory, nullptr, 0));
-    *pixels = static_cast<std::uint32_t*>(memory);
-    return bitmap;
-}
-
 SIZE ClientSize(HWND window) {
     RECT area{};
     ::GetClientRect(window, &area);
@@ -134,7 +121,7 @@ std::string CentredText(const std::string& text, int width, int height) {
 }
 
 TestBitmap::TestBitmap(int width, int height, COLORREF ground)
-    : width_(width), bitmap_(MakeBitmap(width, height, &pixels_)), selected_(dc_.Get(), bitmap_.Get()) {
+    : width_(width), bitmap_(MakePixelBitmap(width, height, &pixels_)), selected_(dc_.Get(), bitmap_.Get()) {
     const OwnedBrush brush(::CreateSolidBrush(ground));
     const RECT area{0, 0, width, height};
     ::FillRect(Dc(), &area, brush.Get());
