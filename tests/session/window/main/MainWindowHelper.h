@@ -21,16 +21,21 @@
 
 namespace corvex::test {
 
+// Handles what is posted by now.
+inline void HandleMessages() {
+    MSG message;
+    while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0)
+        ::DispatchMessageA(&message);
+}
+
 // Handles messages until it is so, for 30 seconds at most.
 template <class Predicate>
 bool Pumps(Predicate isSo) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-    MSG message;
     while (!isSo()) {
         if (std::chrono::steady_clock::now() > deadline) return isSo();
         ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
-        while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0)
-            ::DispatchMessageA(&message);
+        HandleMessages();
     }
     return true;
 }
