@@ -49,8 +49,9 @@ void DataLogEngine::ResetLocked() {
 }
 
 std::uint32_t DataLogEngine::OpenFileLocked(const char* path, std::uint32_t mode) {
+    openError_.clear();
     if (path == nullptr || *path == '\0') return kLogCannotOpen;
-    file_ = files_.Open(path, AccessOf(mode));
+    file_ = files_.Open(path, AccessOf(mode), &openError_);
     if (!file_) return kLogCannotOpen;
     reader_.Attach(file_.get());
     readMode = mode == kLogForWriting ? 0 : 1;

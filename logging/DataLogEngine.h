@@ -3,8 +3,10 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
+#include <string>
 #include <vector>
 
 #include "logging/LogFormat.h"
@@ -76,6 +78,8 @@ public:
 
     // Closes what is open and begins anew, at speed 1.0. `mode` is a LogOpenMode. On an error the state is kLogClosed.
     std::uint32_t Open(const char* path, std::uint32_t mode);
+    // Why the last Open found no file to work with, in the system's words; empty when it did. Main thread.
+    const std::string& OpenError() const { return openError_; }
     // Ends a recording, asks a playback to end without waiting for it, writes the header back. Not 0 on success; on an
     // error the file stays open in its state.
     std::uint32_t Close();
@@ -117,12 +121,19 @@ public:
     std::uint32_t StartPlayback();
     // Asks the playback thread to end, for a pause and a stop alike; does not wait.
     std::uint32_t RequestStop();
-    // `flags` are LogSeekFlags. A playback goes on from there; the record that it was waiting to deliver is dropped.
+    // `flags` are LogSeekFlags. A playback goes on from there; the record that it was waiting to deliver is dropped. A
+    // playback that was asked to end, for a pause it may be, still has its place moved. kLogWrongState in any other
+    // state.
     std::uint32_t Seek(std::uint32_t target, std::uint32_t flags);
 
     std::uint32_t State() const { return state.load(std::memory_order_relaxed); }
     // True while the playback thread runs, also for a moment after its state has changed.
     bool IsPlaying() const { return threadId.load(std::memory_order_acquire) != 0; }
+    // Called on the playback thread as its very last act, whatever ended it: IsPlaying is false by then, and may be
+    // true again for the next one. To be set before the first playback.
+    std::function<void()> onRest;
+    // Blocks until no playback thread is left, onRest included. Not on a thread that a playback waits for.
+    void WaitForPlayback() const { workers_.Wait(); }
     // Milliseconds of the record last read.
     std::uint32_t CurrentTime() const { return currentMs.load(std::memory_order_relaxed); }
 
@@ -179,6 +190,7 @@ private:
     LogReader reader_;
     std::uint64_t appendAt_ = 0;  // where the next sample goes
     bool looksOnly_ = false;
+    std::string openError_;
     std::uint32_t opens_ = 0;  // tells a thread that outlived its log that this is another
     // A table that a thread holds is never changed: OwnItemsLocked copies it first.
     std::shared_ptr<ItemTable> items_ = std::make_shared<ItemTable>();

@@ -21,6 +21,7 @@ void SleepOneMillisecond() {
 
 struct DataLogEngine::Playback {
     IDataLogCallback* told = nullptr;  // the callback when the playback began
+    std::function<void()> atRest;
     std::uint32_t opens = 0;           // of the log when the playback began
     std::shared_ptr<ItemTable> items;  // keeps `item` alive
     std::uint64_t fileSize = 0;
@@ -47,6 +48,7 @@ std::uint32_t DataLogEngine::StartPlayback() {
         if (!file_) return kLogWrongState;
         GoToDataLocked();
         playback->told = callback;
+        playback->atRest = onRest;
         playback->opens = opens_;
         playback->items = items_;
         playback->fileSize = FileSizeLocked();
@@ -77,6 +79,7 @@ void DataLogEngine::PlaybackThread(Playback& playback) {
     for (std::uint32_t from : {kLogPlaying, kLogStopRequested})
         state.compare_exchange_strong(from, kLogReady, std::memory_order_relaxed);
     threadId.store(0, std::memory_order_release);
+    if (playback.atRest) playback.atRest();
 }
 
 std::uint32_t DataLogEngine::PlayRecords(Playback& playback) {

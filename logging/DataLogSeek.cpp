@@ -13,7 +13,8 @@ std::uint32_t DataLogEngine::Seek(std::uint32_t target, std::uint32_t flags) {
 
 std::uint32_t DataLogEngine::SeekChecked(std::uint32_t target, std::uint32_t flags) {
     const std::uint32_t now = State();
-    if (now != kLogPlaying && now != kLogReady) return kLogWrongState;
+    const bool isOpen = now == kLogPlaying || now == kLogReady || now == kLogStopRequested;
+    if (!isOpen) return kLogWrongState;
     if ((flags & kSeekUnsupported) != 0) return kLogSeekUnsupported;
     {
         const std::lock_guard lock(lock_);

@@ -15,7 +15,7 @@ void SessionState::ConnectThread(const std::string& portName) {
     const ADXObject* const disconnect = definition.disconnectcmd;
     engine.callback = &callback;
     if (engine.OpenPort(portName.c_str(), baud)) {
-        EnterState(kConnecting);
+        EnterLineState(kConnecting);
         RunScan(connect, monitor, disconnect);
         engine.port.Close();
     } else {
@@ -23,7 +23,7 @@ void SessionState::ConnectThread(const std::string& portName) {
         calls_.portRefused(engine.port.LastError());
     }
     threadDone.Set();
-    EnterState(kNotConnected);
+    EnterLineState(kNotConnected);
     EndScan();
 }
 

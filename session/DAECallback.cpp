@@ -187,7 +187,7 @@ void DAECallback::TakeReply(const DataAcqStatus& status, const ADXCSendCommand& 
     const PacketView packet = command.DecodedPart(reply);
     session_.StoreLastPacket(LastPacket::Of(packet, status.commandId));
     DebugOutput::Print(&session_.debug, "%.3f: Command/Reply Success", static_cast<double>(t));
-    Record(command, reply);
+    Record(status, command, reply);
     session_.definition.UpdateValues(packet, command.GetIdHash());
     session_.PublishSample(static_cast<double>(t), packet, status.commandId);
     BecomeConnected();
@@ -197,20 +197,26 @@ void DAECallback::TakePacket(const DataAcqStatus& status, const Sample& sample, 
     DebugOutput::Print(&session_.debug, "160 baud packet acquired");
     BecomeConnected();
     session_.PublishSample(static_cast<double>(sample.t), packet, status.commandId);
-    if (sample.command != nullptr) Record(*sample.command, packet);
+    if (sample.command != nullptr) Record(status, *sample.command, packet);
 }
 
-void DAECallback::Record(const ADXObject& command, PacketView reply) {
+// Of the line alone: a log that is still delivering while a recording begins is none of it.
+void DAECallback::Record(const DataAcqStatus& status, const ADXObject& command, PacketView reply) {
+    const std::uint32_t scanning = session_.scanning.load(std::memory_order_relaxed);
     const std::uint32_t state = session_.connectionState.load(std::memory_order_relaxed);
-    if (!TakesSamples(session_.log.State(), state)) return;
-    // A sample that can't be written is lost without a word, and the next one tried.
-    static_cast<void>(session_.log.AddSample(command.GetIdHash(), reply.Bytes(), reply.Size()));
+    if (status.source == kFromLog || !TakesSamples(session_.log.State(), scanning, state)) return;
+    const std::uint32_t result = session_.log.AddSample(command.GetIdHash(), reply.Bytes(), reply.Size());
+    // The next one is tried; the user hears of the first of them.
+    const bool lost = result != kLogSuccess && result != kLogWrongState;
+    if (lost == losesSamples_.exchange(lost, std::memory_order_relaxed) || !lost) return;
+    DebugOutput::Print(&session_.debug, "A reply could not be recorded, error 0x%X", static_cast<unsigned>(result));
+    session_.Calls().flash("Reply not recorded!", kBlack, kRed, kFlashMs);
 }
 
 void DAECallback::BecomeConnected() {
     const std::uint32_t scanning = session_.scanning.load(std::memory_order_relaxed);
     const std::uint32_t state = session_.connectionState.load(std::memory_order_relaxed);
-    if (BecomesConnected(scanning, state)) session_.EnterState(kConnected);
+    if (BecomesConnected(scanning, state)) session_.Connect();
 }
 
 // A line that has yet to answer is no error.

@@ -57,13 +57,14 @@ private:
     void CountReply();
     void TakeReply(const DataAcqStatus& status, const ADXCSendCommand& command, float t, PacketView reply);
     void TakePacket(const DataAcqStatus& status, const Sample& sample, PacketView packet);
-    void Record(const ADXObject& command, PacketView reply);
+    void Record(const DataAcqStatus& status, const ADXObject& command, PacketView reply);
     void BecomeConnected();
     bool FlashIfConnected(const char* text);
     void EndSample(const DataAcqStatus& status, PacketView reply);
 
     SessionState& session_;
     std::atomic<std::uint32_t> sendReplies_{0};  // since the text log was last cleared for its length
+    std::atomic<bool> losesSamples_{false};      // the last one could not be recorded
 };
 
 }  // namespace corvex

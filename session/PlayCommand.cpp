@@ -2,15 +2,36 @@
 
 namespace corvex {
 
-// A playback that cannot be started yet, since the thread of the one before has not ended, fails without a word.
+// A log is opened, and a paused one goes on, only when no thread of an earlier playback is left.
 void SessionState::PlayCommand() {
+    if (IsRefused("Play")) return;
+    const std::uint32_t state = log.State();
     const bool paused = connectionState.load(std::memory_order_relaxed) == kLogPaused;
-    if (log.State() == kLogReady && paused) {
-        static_cast<void>(log.StartPlayback());
-        DebugOutput::Print(&debug, "Playback unpaused");
-        calls_.refreshButtons();
-        return;
+    if (IsLogEnding()) {
+        wishes_.Add(LogWish::kPlay);
+    } else if (state == kLogPlaying) {
+        // From its beginning: the log is closed first.
+        StartStopThread(kStopLog);
+        wishes_.Add(LogWish::kPlay);
+    } else if (log.IsPlaying()) {
+        wishes_.Add(LogWish::kPlay);
+    } else if (state == kLogReady && paused) {
+        Resume();
+    } else {
+        OpenLogAndPlay();
     }
+}
+
+void SessionState::Resume() {
+    if (log.StartPlayback() != kLogSuccess) {
+        DebugOutput::Print(&debug, "Playback could not go on");
+    } else {
+        DebugOutput::Print(&debug, "Playback unpaused");
+    }
+    calls_.refreshButtons();
+}
+
+void SessionState::OpenLogAndPlay() {
     const float chosen = log.speed.load(std::memory_order_relaxed);
     log.SetCallback(&callback);
     const std::uint32_t error = log.Open(settings.lastxdlpath, looksAtLogs ? kLogForLooking : kLogForReading);
@@ -40,10 +61,11 @@ void SessionState::PauseCommand() {
     calls_.refreshButtons();
 }
 
+// A log that is ending plays no more, whatever its state still says; and a playback that is to come is taken back.
 void SessionState::PlayPauseCommand() {
-    if (log.State() == kLogPlaying) {
+    if (log.State() == kLogPlaying && !IsLogEnding()) {
         PauseCommand();
-    } else {
+    } else if (!wishes_.TakeBack(LogWish::kPlay)) {
         PlayCommand();
     }
 }

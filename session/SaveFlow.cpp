@@ -20,10 +20,12 @@ void WaitForTheMove() {
 }  // namespace
 
 void SessionState::StopCommand() {
+    wishes_.Clear();
     if (log.State() == kLogRecording) {
         SaveRecording();
         calls_.refreshButtons();
         calls_.refreshStatus();
+        if (!IsLogEnding()) RunWishes();
     } else {
         StopPlayback();
     }
@@ -36,15 +38,18 @@ void SessionState::StopPlayback() {
     calls_.refreshStatus();
 }
 
-// The user who gives no name has his recording in the scratch file, until the next one.
+// The user who gives no name has his recording in the scratch file, and under a name of its own after the next one.
 void SessionState::SaveRecording() {
     static_cast<void>(log.StopRecording());  // a log that can't be ended well is saved all the same
     static_cast<void>(log.Close());
     DebugOutput::Print(&debug, "Recording stopped");
+    saves_ = true;
     const std::optional<std::string> name = calls_.askSavePath(kSaveLogPrompt);
-    if (!name) return;
-    MoveRecordingTo(*name);
-    calls_.setLogSlider(0);
+    if (name) {
+        MoveRecordingTo(*name);
+        calls_.setLogSlider(0);
+    }
+    saves_ = false;
 }
 
 // Never over another log, although the user was asked whether to: the box says where his recording is.
@@ -61,15 +66,6 @@ void SessionState::MoveRecordingTo(const std::string& name) {
     // saved this very log there.
     if (!IsSameFile(kScratchLogName, name)) static_cast<void>(RemoveFile(kScratchLogName));
     DebugOutput::Print(&debug, "Log saved to %s", name.c_str());
-}
-
-void SessionState::OnLogStopped() {
-    static_cast<void>(log.Close());
-    DebugOutput::Print(&debug, "Playback stopped");  // of a recording that the end of the program has ended, too
-    EnterState(kNotConnected);
-    calls_.setLogSlider(0);
-    calls_.refreshStatus();
-    calls_.refreshButtons();
 }
 
 }  // namespace corvex

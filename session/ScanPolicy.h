@@ -28,9 +28,9 @@ constexpr bool BecomesConnected(std::uint32_t scanning, std::uint32_t connection
     return scanning != 0 && connectionState == kConnecting;
 }
 
-// A recording takes good replies of a connected line only.
-constexpr bool TakesSamples(std::uint32_t logState, std::uint32_t connectionState) {
-    return logState == kLogRecording && connectionState == kConnected;
+// A recording takes good replies of a connected line only, and the one that is about to connect it.
+constexpr bool TakesSamples(std::uint32_t logState, std::uint32_t scanning, std::uint32_t connectionState) {
+    return logState == kLogRecording && (connectionState == kConnected || BecomesConnected(scanning, connectionState));
 }
 
 }  // namespace corvex

@@ -12,11 +12,12 @@
 
 namespace corvex {
 
-// What a stop thread posts to the main thread.
+// What workers post to the main thread; a stop thread where nothing else is said.
 enum SessionMessage : std::uint32_t {
     kMessageDestroyWindow = 32768,  // last of all: the main window is to destroy itself
     kMessageScanStopped = 32769,    // the scan has ended: refresh the status text
     kMessageLogStopped = 32770,     // playback and recording have ended: close the log
+    kMessagePlaybackRests = 32771,  // no playback thread is left: do what waited for that. By the playback thread
 };
 
 // Handed over when the session is built; the session keeps its own copy for life. A call that is left empty does
@@ -46,7 +47,7 @@ struct SessionCalls {
     // A sample at `t` seconds for the charts. No packet: the last raw words stand. Worker.
     std::function<void(double t, PacketView, std::uint32_t commandId)> addMonitorSample;
 
-    // A message for `ms` milliseconds in place of the status text. Colours are 0x00BBGGRR. Worker.
+    // A message for `ms` milliseconds in place of the status text. Colours are 0x00BBGGRR. Worker and main thread.
     std::function<void(const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t ms)> flash;
 
     // The charts begin anew at time 0. Main thread.
@@ -68,7 +69,8 @@ struct SessionCalls {
     // A box with a stop icon that waits to be closed. Main thread.
     std::function<void(const char* caption, const char* text)> showBox;
 
-    // A SessionMessage, to be handled later on the main thread. Must not block. Stop thread.
+    // A SessionMessage, to be handled later on the main thread, each of them once. Must not wait for that thread. Stop
+    // and playback thread.
     std::function<void(std::uint32_t message)> postMain;
 
     // The port could not be opened; the system's reason in words, maybe empty. Follows the line in the text log.

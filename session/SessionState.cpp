@@ -1,20 +1,24 @@
 #include "session/SessionState.h"
 
-#include <thread>
 #include <utility>
 
 namespace corvex {
 
 SessionState::SessionState(SessionCalls calls, ISerialPlatform& serial)
-    : engine(serial), callback(*this), calls_(WithoutGaps(std::move(calls))) {}
+    : engine(serial), callback(*this), calls_(WithoutGaps(std::move(calls))) {
+    // What may be pressed changes once more with the end of the thread, and nobody else knows when that is.
+    log.onRest = [this] {
+        RefreshAll();
+        calls_.postMain(kMessagePlaybackRests);
+    };
+}
 
 SessionState::~SessionState() {
     scanning.store(0, std::memory_order_relaxed);
     engine.RequestStop();
     // The playback thread first: it may still start a stop thread, and it calls what is gone before the log goes.
     static_cast<void>(log.RequestStop());
-    while (log.IsPlaying())
-        std::this_thread::yield();
+    log.WaitForPlayback();
     workers_.Wait();
     splash.reset();
 }
@@ -46,16 +50,39 @@ bool SessionState::BeginScan() {
     return true;
 }
 
+// A log that was closed since the line's end was told may have brought the state of a running scan back.
 void SessionState::EndScan() {
-    const std::lock_guard lock(scanLock_);
-    connectRuns_ = false;
-    scanning.store(0, std::memory_order_release);
+    bool mended = false;
+    {
+        const std::lock_guard lock(scanLock_);
+        connectRuns_ = false;
+        for (std::uint32_t from : {kConnecting, kConnected})
+            mended |= connectionState.compare_exchange_strong(from, kNotConnected, std::memory_order_relaxed);
+        scanning.store(0, std::memory_order_release);
+    }
+    if (mended) RefreshAll();
+}
+
+void SessionState::RefreshAll() {
+    calls_.refreshStatus();
+    calls_.refreshButtons();
 }
 
 void SessionState::EnterState(ConnectionState state) {
     connectionState.store(state, std::memory_order_relaxed);
-    calls_.refreshStatus();
-    calls_.refreshButtons();
+    RefreshAll();
+}
+
+void SessionState::EnterLineState(ConnectionState state) {
+    std::uint32_t now = connectionState.load(std::memory_order_relaxed);
+    while (now != kLogPaused && !connectionState.compare_exchange_weak(now, state, std::memory_order_relaxed)) {
+    }
+    RefreshAll();
+}
+
+void SessionState::Connect() {
+    std::uint32_t connecting = kConnecting;
+    if (connectionState.compare_exchange_strong(connecting, kConnected, std::memory_order_relaxed)) RefreshAll();
 }
 
 void SessionState::PublishSample(double t, PacketView packet, std::uint32_t commandId) {

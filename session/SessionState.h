@@ -16,6 +16,8 @@
 #include "session/ConnectionState.h"
 #include "session/DAECallback.h"
 #include "session/LastPacket.h"
+#include "session/LogWishes.h"
+#include "session/RepeatFilter.h"
 #include "session/SessionCalls.h"
 #include "session/base/AutoResetEvent.h"
 #include "session/base/DebugOutput.h"
@@ -60,10 +62,15 @@ public:
     // Starts a stop thread with these StopFlags, unwaited. Any thread.
     void StartStopThread(std::uint32_t flags);
 
-    // Records good replies into ScratchLogPath(), over what an earlier recording left there. A recording that is on
-    // goes on. A log that cannot be written shows by its state alone. Main thread, like all commands below.
+    // The commands for logs, all on the main thread. While a recording runs they change nothing and say why, but for
+    // Stop. While a log is still coming to rest (a stop or a pause on its way, the end of a playback not yet handled, a
+    // recording being saved) Play and Record are remembered, and carried out when it has.
+
+    // Records good replies into ScratchLogPath(), and says whether it could begin. What plays is stopped first, what is
+    // paused closed, and a recording that an earlier one left there unsaved gets a name of its own.
     void RecordCommand();
-    // Ends a recording and saves it where the user says; else ends a playback, paused or not.
+    // Ends a recording and saves it where the user says; else ends a playback, paused or not. Forgets what was
+    // remembered.
     void StopCommand();
     // Goes on with a paused log, else opens settings.lastxdlpath, at the speed that was chosen, and plays it.
     void PlayCommand();
@@ -78,11 +85,17 @@ public:
     void JumpBackward();
     // In records from the start.
     void MoveLogSlider(std::uint32_t position);
-    // What kMessageLogStopped asks for.
+    // What kMessageLogStopped asks for, once for each: closes the log when no further stop of one is under way, so that
+    // a late message cannot close the next one. One that no stop was started for does nothing.
     void OnLogStopped();
-    // What ends a playback, but never a recording: the end of the log may be reached just when one was begun. Main or
-    // playback thread.
+    // What kMessagePlaybackRests asks for.
+    void OnPlaybackRests();
+    // What ends a playback, but never a recording. Main or playback thread.
     void StopPlayback();
+    // True from the start of a log's stop until OnLogStopped has been called for it. Any thread.
+    bool IsStoppingLog() const { return logStops_.load(std::memory_order_acquire) != 0; }
+    // Says on the text log where a recording is that was never saved, if there is one.
+    void TellUnsavedRecording();
 
     // Blocks until no worker of this session runs, for callers without windows; false when `limit` has passed first.
     // What the workers wrote is visible afterwards.
@@ -99,8 +112,12 @@ public:
     // The session stopwatch's Rate, in hertz, for status texts that several threads refresh. Any thread.
     float SampleRate();
 
-    // Stores the state and has the status text and the buttons refreshed. Any thread.
+    // Stores the state and has the status text and the buttons refreshed. Main thread.
     void EnterState(ConnectionState state);
+    // The same for what the line does; a paused log goes on hiding that, and its place is not lost. Connect thread.
+    void EnterLineState(ConnectionState state);
+    // A good reply has come: from kConnecting to kConnected, and from no other state. Worker.
+    void Connect();
 
     const SessionCalls& Calls() const { return calls_; }
 
@@ -141,15 +158,34 @@ private:
     void StopLog();
     bool BeginScan();
     void EndScan();
+    void RefreshAll();
+    bool IsLogEnding() const;
+    void OpenLogAndPlay();
+    void Resume();
+    void CloseLog();
+    void LeaveLog();
+    void RunWishes();
+    bool IsRefused(const char* command);
+    void Say(const std::string& line, const char* flash, std::uint32_t backColour);
+    bool MakeScratchFree();
+    void BeginRecording();
     void SaveRecording();
     void MoveRecordingTo(const std::string& name);
     void EnterPause();
+    void Jump(std::uint32_t target, std::uint32_t flags);
 
     const SessionCalls calls_;
     mutable std::mutex packetLock_, rateLock_, scanLock_;
     LastPacket lastPacket_;
     bool connectRuns_ = false;       // under scanLock_: from ToggleScan to the end of the connect thread
     unsigned scanStopsRunning_ = 0;  // under scanLock_: stop threads that have not finished with the scan
+    // Stops of a log whose message has not been handled. Up before the stop thread begins, so that whoever sees the
+    // playback ended sees this; down on the main thread.
+    std::atomic<std::uint32_t> logStops_{0};
+    std::atomic<bool> closes_{false};  // the main window is going: no log is begun any more
+    bool saves_ = false;               // a recording is being saved; this and the next two: main thread
+    LogWishes wishes_;
+    RepeatFilter refusals_;
     WorkerThreads workers_;
 };
 

@@ -34,7 +34,7 @@ SessionCalls LogPlayer::WithOwn(SessionCalls calls) {
         if (next) next(status, reply);
     };
     calls.postMain = [this](std::uint32_t message) {
-        if (message == kMessageLogStopped) stopped_.store(true, std::memory_order_relaxed);
+        if (message == kMessageLogStopped) stops_.fetch_add(1, std::memory_order_relaxed);
     };
     return calls;
 }
@@ -72,18 +72,17 @@ bool LogPlayer::Runs() const {
 
 // A playback that ended for another reason than its end or a stop has sent no message.
 void LogPlayer::Close() {
-    if (stopped_.load(std::memory_order_relaxed)) {
+    const std::uint32_t stops = stops_.load(std::memory_order_relaxed);
+    for (std::uint32_t i = 0; i < stops; ++i)
         session_.OnLogStopped();
-    } else {
-        static_cast<void>(session_.log.Close());
-    }
+    if (stops == 0) static_cast<void>(session_.log.Close());
 }
 
 bool LogPlayer::Report(std::ostream& err) const {
     const std::string begin = "corvex-cli: " + path_ + ": ";
     const std::uint32_t strange = played_.load(std::memory_order_relaxed) - answered_.load(std::memory_order_relaxed);
     if (strange != 0) err << begin << Counted(strange, "record") << " of commands that the definition does not have\n";
-    if (stopped_.load(std::memory_order_relaxed)) return true;
+    if (stops_.load(std::memory_order_relaxed) != 0) return true;
     err << begin << WhyEndedEarly() << '\n';
     return false;
 }

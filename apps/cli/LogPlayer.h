@@ -49,7 +49,7 @@ private:
     std::atomic<double> time_{0.0};
     std::atomic<std::uint32_t> index_{0};
     std::atomic<std::uint32_t> played_{0}, answered_{0};
-    std::atomic<bool> stopped_{false};
+    std::atomic<std::uint32_t> stops_{0};  // messages that the log has been stopped
     SessionState session_;
 };
 

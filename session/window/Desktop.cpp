@@ -14,15 +14,20 @@ Desktop::Desktop(HINSTANCE instance, ISerialPlatform& serial) : session(Calls(),
     session.instance = instance;
 }
 
+// In this order: a playback that has ended has begun its stop by then, a stop that has ended has posted its message.
 bool Desktop::IsQuiet() const {
-    return session.WaitForThreads(std::chrono::milliseconds(0)) && !session.log.IsPlaying();
+    return HasNoWorker() && !session.IsStoppingLog();
+}
+
+bool Desktop::HasNoWorker() const {
+    return !session.log.IsPlaying() && session.WaitForThreads(std::chrono::milliseconds(0));
 }
 
 // A worker may be in the middle of a message to a window that is gone: it comes back only when this thread looks at its
-// messages.
+// messages. Nobody handles what is posted by now.
 void Desktop::Drain() {
     session.StartStopThread(kStopScan | kStopLog);
-    while (!IsQuiet()) {
+    while (!HasNoWorker()) {
         ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
         MSG message;
         while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0)
@@ -37,6 +42,12 @@ void Desktop::RefreshButtons() {
     } else if (!buttonsAsked.exchange(true) && ::PostMessageA(MainWindow(), kMessageRefreshButtons, 0, 0) == FALSE) {
         buttonsAsked = false;  // no window yet or no more, or its queue is full
     }
+}
+
+// What waits for a message would wait for ever if it were lost, and a window that is busy may have a full queue.
+void Desktop::PostForSure(UINT message) const {
+    while (::PostMessageA(MainWindow(), message, 0, 0) == FALSE && ::IsWindow(MainWindow()) != FALSE)
+        ::Sleep(1);
 }
 
 // The views take up the rest of their calls here: updateHistograms, addMonitorSample, clearMonitors and
@@ -63,7 +74,7 @@ SessionCalls Desktop::Calls() {
     calls.showBox = [this](const char* caption, const char* text) {
         ::MessageBoxA(MainWindow(), text, caption, MB_OK | MB_ICONSTOP);
     };
-    calls.postMain = [this](std::uint32_t message) { ::PostMessageA(MainWindow(), message, 0, 0); };
+    calls.postMain = [this](std::uint32_t message) { PostForSure(message); };
     return calls;
 }
 

@@ -26,7 +26,7 @@ public:
     HINSTANCE Instance() const { return static_cast<HINSTANCE>(session.instance); }
     HWND MainWindow() const { return static_cast<HWND>(session.mainWindow); }
 
-    // True when no connect, playback or stop thread runs. Main thread.
+    // True when no connect, playback or stop thread runs and the end of the last log has been handled. Main thread.
     bool IsQuiet() const;
     // Ends what still runs after the last window is gone, and goes on answering what workers send meanwhile.
     void Drain();
@@ -40,6 +40,8 @@ public:
 private:
     SessionCalls Calls();
     void RefreshButtons();
+    bool HasNoWorker() const;
+    void PostForSure(UINT message) const;
 };
 
 // A window handle out of one of the session's opaque words.

@@ -95,6 +95,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case kMessageDestroyWindow:
         case kMessageScanStopped:
         case kMessageLogStopped:
+        case kMessagePlaybackRests:
             return OnSessionMessage(message);
         default:
             return Default(message, wParam, lParam);
@@ -111,6 +112,7 @@ void MainWindow::OnCreate() {
     images_ = std::make_unique<ToolImages>(desktop_.Instance());
     ToolBand::Create(desktop_, *images_);
     CreatePages();
+    session.TellUnsavedRecording();
     if (session.settings.loadlastdef != 0) router_.Definitions().LoadDefinition(session.settings.lastadxpath);
     session.SetSpeed(1.0F);
     LogBar::RefreshButtons(session);
@@ -182,6 +184,9 @@ LRESULT MainWindow::OnSessionMessage(UINT message) {
             break;
         case kMessageLogStopped:
             desktop_.session.OnLogStopped();
+            break;
+        case kMessagePlaybackRests:
+            desktop_.session.OnPlaybackRests();
             break;
         default:
             ::DestroyWindow(Window());

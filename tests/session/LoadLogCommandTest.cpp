@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "tests/session/LogSessionHelper.h"
 
 namespace corvex::test {
@@ -47,7 +49,12 @@ TEST_F(LoadLogCommandTest, PlaybackIsPausedFirstWithoutALine) {
     EXPECT_TRUE(Rests(kLogReady));
     EXPECT_EQ(kLogPaused, session.connectionState);
     EXPECT_EQ("", text.Text());
-    EXPECT_EQ((Calls{"status", "buttons", kAsked, "buttons"}), recorder.Take());
+    // The thread's end may be told at any moment after the pause.
+    Calls noted = recorder.Take();
+    noted.erase(std::remove(noted.begin(), noted.end(), kPlaybackRests), noted.end());
+    EXPECT_EQ(1, std::count(noted.begin(), noted.end(), kAsked));
+    EXPECT_EQ(2, std::count(noted.begin(), noted.end(), "status"));
+    EXPECT_EQ(3, std::count(noted.begin(), noted.end(), "buttons"));
 }
 
 // It is opened when it is played; until then a paused one goes on.

@@ -13,7 +13,7 @@
 
 namespace corvex::test {
 
-inline const std::string kStoppedPlayback = "post 32770";
+inline const std::string kStoppedPlayback = "post 32770", kPlaybackRests = "post 32771";
 
 // The clock stands still unless the test moves it, so a record with a time is waited for without end.
 class LogSessionTest : public ScanTest {
@@ -53,7 +53,7 @@ protected:
         EXPECT_EQ(reads.size(), log.header.sampleCount);
         return reads;
     }
-    // A recording of the replies of one scan, all but the first, which comes before the line counts as connected.
+    // A recording of the replies of one scan, with the one that connects.
     void RecordScan(int replies) {
         AnswerAll();
         session.RecordCommand();
@@ -65,16 +65,31 @@ protected:
     bool Rests(std::uint32_t state) {
         return Eventually([&] {
             HandlePosts();
-            return session.log.State() == state && !session.log.IsPlaying() &&
-                   session.WaitForThreads(std::chrono::milliseconds(0)) && handled_ == recorder.Count(kStoppedPlayback);
+            return session.log.State() == state && IsQuiet();
         });
     }
+    // In this order: no playback that may still start a stop, no stop that may still post, nothing posted.
+    bool IsQuiet() const {
+        return !session.log.IsPlaying() && session.WaitForThreads(std::chrono::milliseconds(0)) &&
+               !session.IsStoppingLog();
+    }
     void HandlePosts() {
-        for (; handled_ < recorder.Count(kStoppedPlayback); ++handled_)
+        for (; stopsHandled_ < recorder.Count(kStoppedPlayback); ++stopsHandled_)
             session.OnLogStopped();
+        for (; restsHandled_ < recorder.Count(kPlaybackRests); ++restsHandled_)
+            session.OnPlaybackRests();
     }
     // With what the recorder has noted.
-    void ForgetPosts() { handled_ = 0; }
+    void ForgetPosts() { stopsHandled_ = restsHandled_ = 0; }
+    // Plays a log whose second record is waited for.
+    void PlayWaiting() {
+        Choose(PutLog("one.xdl", {0, kFarAway, kFarAway, kFarAway}));
+        session.PlayCommand();
+        ASSERT_TRUE(recorder.WaitFor("reply 0 2"));
+        ASSERT_TRUE(PlaysUpTo(2));
+        recorder.Take();
+        text.Clear();
+    }
     bool PlaysUpTo(std::uint32_t records) {
         return Eventually([&] { return session.log.sampleIndex == records; });
     }
@@ -88,8 +103,10 @@ protected:
     FixedProgramPlace place{folder};
     const ScopedProgramPlace placeScope{place};
 
+    static constexpr std::uint32_t kFarAway = 1'000'000;  // ms: waited for, as the clock stands still
+
 private:
-    std::size_t handled_ = 0;
+    std::size_t stopsHandled_ = 0, restsHandled_ = 0;
 };
 
 }  // namespace corvex::test

@@ -1,7 +1,9 @@
-// Commands in any order, as fast as they come: nothing hangs, and all comes to rest.
+// Commands in any order, as fast as they come: nothing hangs, all comes to rest, and what was pressed last holds.
 #include <random>
 
+#include "session/UnsavedRecording.h"
 #include "tests/session/LogSessionHelper.h"
+#include "tests/support/AttackRounds.h"
 
 namespace corvex::test {
 namespace {
@@ -27,7 +29,7 @@ protected:
             case 2:
                 return session.PlayPauseCommand();
             case 3:
-                return session.StopCommand();
+                return Stop();
             case 4:
                 return session.JumpForward();
             case 5:
@@ -37,66 +39,128 @@ protected:
             case 7:
                 return session.SetSpeed(static_cast<float>(Random(9)) * 0.5F);
             case 8:
-                return session.LoadLogCommand();
+                return Load();
+            case 9:
+                return session.RecordCommand();
             default:
                 return HandlePosts();
         }
     }
     void Storm() {
         for (int i = 0; i < 25; ++i) {
-            Command(Random(10));
+            Command(Random(12));
             if (i % 5 == 0) PlaysOn();
         }
-        session.SetSpeed(0.0F);
+    }
+    void Stop() {
+        recorder.answer = folder.Name("saved" + std::to_string(++saved_) + ".xdl");
         session.StopCommand();
+    }
+    void Load() {
+        recorder.answer = log_;
+        session.LoadLogCommand();
     }
     // Lets the playback thread get somewhere.
     void PlaysOn() {
         const std::uint32_t before = session.log.sampleIndex;
         static_cast<void>(Eventually([&] { return session.log.sampleIndex != before || !session.log.IsPlaying(); }));
     }
+    void PressedLastHolds();
+    void EndClosed() {
+        Stop();
+        ASSERT_TRUE(Eventually([&] {
+            HandlePosts();
+            return session.log.State() == kLogClosed && !session.log.IsPlaying() && !session.IsStoppingLog();
+        }));
+        ASSERT_NE(kLogPaused, session.connectionState);
+        ForgetPosts();
+        recorder.Take();
+        text.Clear();
+        Choose(log_);
+    }
+    // Replies with a number of their own, so that a log tells by itself whether one is missing.
+    void NumberReplies() {
+        session.definition.connectcmd = session.definition.disconnectcmd = nullptr;
+        serial.onWrite = [this, number = 0U]() mutable {
+            ++number;
+            serial.Feed({static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(number >> 8U & 0x7FU)}, 10);
+        };
+    }
+    void NoneIsMissing(const std::string& path) const {
+        if (FindUnsavedRecording(path) == std::nullopt) return;  // stopped before a reply came
+        std::uint32_t before = 0;
+        for (const Read& read : ReadLog(path)) {
+            const std::uint32_t number = read.data[0] + 256U * read.data[1];
+            if (before != 0) {
+                ASSERT_EQ((before + 1) % 0x8000, number) << path;
+            }
+            before = number;
+        }
+    }
 
     std::uint32_t Random(std::uint32_t below) { return static_cast<std::uint32_t>(random_()) % below; }
 
     std::string log_;
+    int saved_ = 0;
 
 private:
     std::mt19937 random_{2024};
 };
 
-TEST_F(LogStormTest, HundredStormsEndClosed) {
-    for (int i = 0; i < 100; ++i) {
+// Whatever went before. A recording refuses the playback.
+void LogStormTest::PressedLastHolds() {
+    text.Clear();
+    session.debug.edit = &text;
+    if (Random(2) == 0) {
+        session.SetSpeed(1.0F);
         session.PlayCommand();
-        Storm();
-        // A log that was stopped by the pace of the storm may stand paused, or open at an end that it ran to.
         ASSERT_TRUE(Eventually([&] {
             HandlePosts();
-            return !session.log.IsPlaying() && session.WaitForThreads(std::chrono::milliseconds(0));
-        }));
-        session.OnLogStopped();
-        ASSERT_EQ(kLogClosed, session.log.State());
-        ASSERT_EQ(kNotConnected, session.connectionState);
-        ASSERT_FALSE(session.log.IsPlaying());
-        recorder.Take();
-        ForgetPosts();
+            const std::string said = text.Text();
+            return session.log.State() == kLogRecording || said.find("Playing ") != std::string::npos ||
+                   said.find("unpaused") != std::string::npos;
+        })) << text.Text();
+    } else {
+        session.RecordCommand();
+        ASSERT_TRUE(Eventually([&] {
+            HandlePosts();
+            return session.log.State() == kLogRecording;
+        })) << text.Text();
+    }
+    session.debug.edit = nullptr;
+}
+
+TEST_F(LogStormTest, EachStormEndsAsItsLastCommandSays) {
+    session.debug.edit = nullptr;
+    for (unsigned i = 0; i < AttackRounds(100); ++i) {
+        session.PlayCommand();
+        Storm();
+        ASSERT_NO_FATAL_FAILURE(PressedLastHolds());
+        ASSERT_NO_FATAL_FAILURE(EndClosed());
     }
     EXPECT_EQ(60U, ReadLog(log_).size());
 }
 
-TEST_F(LogStormTest, StormsBesideARunningScan) {
-    AnswerAll();
+TEST_F(LogStormTest, NoReplyIsMissingFromAnyRecording) {
+    NumberReplies();
     session.debug.edit = nullptr;
     session.ToggleScan();
     ASSERT_TRUE(recorder.WaitFor("reply 0 2"));
-    for (int i = 0; i < 20; ++i)
+    for (unsigned i = 0; i < AttackRounds(50); ++i) {
         Storm();
+        ASSERT_NO_FATAL_FAILURE(PressedLastHolds());
+        ASSERT_NO_FATAL_FAILURE(EndClosed());
+    }
     session.ToggleScan();
-    ASSERT_TRUE(Eventually([&] {
-        HandlePosts();
-        return !session.log.IsPlaying() && session.WaitForThreads(std::chrono::milliseconds(0));
-    }));
-    session.OnLogStopped();
-    EXPECT_EQ(kLogClosed, session.log.State());
+    ASSERT_TRUE(Rests(kLogClosed));
+    int logs = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+        const std::string name = entry.path().filename().string();
+        if (name == "storm.xdl") continue;
+        ASSERT_NO_FATAL_FAILURE(NoneIsMissing(entry.path().string()));
+        ++logs;
+    }
+    EXPECT_LT(10, logs);
     EXPECT_EQ(60U, ReadLog(log_).size());
 }
 

@@ -17,8 +17,8 @@ protected:
 TEST_F(RecordCommandTest, RecordsIntoTheScratchFileOfTheProgramsFolder) {
     session.RecordCommand();
     EXPECT_EQ(kLogRecording, session.log.State());
-    EXPECT_EQ((Calls{"buttons"}), recorder.Take());
-    EXPECT_EQ("", text.Text());
+    EXPECT_EQ((Calls{"flash Recording started 0x000000 0x00FF00 2000", "status", "buttons"}), recorder.Take());
+    EXPECT_EQ("Recording to " + folder.Name("temp.xdl"), text.Text());
     EXPECT_EQ(folder.Name("temp.xdl"), ScratchLogPath());
     EXPECT_TRUE(folder.Has("temp.xdl"));
     EXPECT_EQ(3U, session.log.ItemCount());
@@ -31,10 +31,10 @@ TEST_F(RecordCommandTest, ScratchPathIsCut) {
     EXPECT_EQ("temp.xdl", ScratchLogPath());
 }
 
-// The first good reply makes the connection; the recording takes those after it.
+// The first good reply makes the connection and is recorded with those after it.
 TEST_F(RecordCommandTest, TakesTheRepliesOfAConnectedLine) {
     RecordScan(3);
-    EXPECT_EQ((std::vector<Read>{{0, {3, 4}}, {10, {3, 4}}, {20, {5, 6}}}), Recorded());
+    EXPECT_EQ((std::vector<Read>{{0, {1, 2}}, {10, {3, 4}}, {20, {3, 4}}, {30, {5, 6}}}), Recorded());
 }
 
 TEST_F(RecordCommandTest, FirstRecordHasTimeZeroHoweverLongTheScanRan) {
@@ -64,7 +64,9 @@ TEST_F(RecordCommandTest, OutlastsTheScan) {
     clock.AdvanceMilliseconds(5000);
     EndAfter(2);
     Scan();
-    EXPECT_EQ((std::vector<Read>{{0, {3, 4}}, {10, {5, 6}}, {5030, {3, 4}}, {5040, {5, 6}}}), Recorded());
+    EXPECT_EQ(
+        (std::vector<Read>{{0, {1, 2}}, {10, {3, 4}}, {20, {5, 6}}, {5030, {1, 2}}, {5040, {3, 4}}, {5050, {5, 6}}}),
+        Recorded());
 }
 
 TEST_F(RecordCommandTest, RunningRecordingIsNotBegunAnew) {
@@ -72,22 +74,50 @@ TEST_F(RecordCommandTest, RunningRecordingIsNotBegunAnew) {
     recorder.Take();
     session.RecordCommand();
     EXPECT_EQ(kLogRecording, session.log.State());
-    EXPECT_EQ((Calls{"buttons"}), recorder.Take());
-    EXPECT_EQ(3U, Recorded().size());
+    EXPECT_EQ((Calls{"flash Stop the recording first 0x000000 0x0000FF 2000", "buttons"}), recorder.Take());
+    EXPECT_EQ(4U, Recorded().size());
 }
 
-TEST_F(RecordCommandTest, ReplacesWhatAnOldRecordingLeft) {
+TEST_F(RecordCommandTest, UnsavedRecordingGetsANameOfItsOwn) {
     PutLog("temp.xdl", {0, 1, 2, 3});
+    PutLog("drive-2026-07-01-123456.xdl", {0});
+    const std::string unsaved = folder.Content("temp.xdl"), other = folder.Content("drive-2026-07-01-123456.xdl");
     session.RecordCommand();
     EXPECT_EQ(0U, std::filesystem::file_size(folder.Path() / "temp.xdl"));
+    EXPECT_EQ(unsaved, folder.Content("drive-2026-07-01-123456-2.xdl"));
+    EXPECT_EQ(other, folder.Content("drive-2026-07-01-123456.xdl"));
+    EXPECT_EQ("The recording before was not saved. It is now " + folder.Name("drive-2026-07-01-123456-2.xdl") +
+                  "\r\nRecording to " + folder.Name("temp.xdl"),
+              text.Text());
 }
 
-TEST_F(RecordCommandTest, LogThatCannotBeWrittenShowsByItsState) {
+TEST_F(RecordCommandTest, SavingThatWasCalledOffKeepsTheDrive) {
+    RecordScan(2);
+    session.StopCommand();
+    session.RecordCommand();
+    EXPECT_EQ(2U, folder.FileCount());  // the drive, and the new one's scratch file
+}
+
+TEST_F(RecordCommandTest, TellsOnceThatRepliesAreNotRecorded) {
+    session.RecordCommand();
+    session.definition.monitorcmd = AddSend(session.definition, "LATE", {0xA0}, 2);  // the log has no item for it
+    AnswerAll();
+    EndAfter(5);
+    text.Clear();
+    Scan();
+    EXPECT_EQ(1U, recorder.Count("flash Reply not recorded! 0x000000 0x0000FF 500"));
+    EXPECT_NE(std::string::npos, text.Text().find("A reply could not be recorded, error 0x4"));
+    EXPECT_EQ(2U, Recorded().size());
+}
+
+TEST_F(RecordCommandTest, TellsWhyItCannotBegin) {
     place.file = folder.Name("gone") + place.separator + "corvex.exe";
     session.RecordCommand();
     EXPECT_EQ(kLogClosed, session.log.State());
-    EXPECT_EQ((Calls{"buttons"}), recorder.Take());
-    EXPECT_EQ("", text.Text());
+    EXPECT_EQ((Calls{"flash Recording failed! 0x000000 0x0000FF 2000", "buttons"}), recorder.Take());
+    const std::string begin = "Unable to record to " + folder.Name("gone") + place.separator + "temp.xdl: ";
+    EXPECT_EQ(begin, text.Text().substr(0, begin.size()));
+    EXPECT_LT(begin.size(), text.Text().size());  // the system's own words
 }
 
 TEST_F(RecordCommandTest, ResetsTheSpeedUnseen) {
@@ -95,7 +125,7 @@ TEST_F(RecordCommandTest, ResetsTheSpeedUnseen) {
     recorder.Take();
     session.RecordCommand();
     EXPECT_EQ(1.0F, session.log.speed);
-    EXPECT_EQ((Calls{"buttons"}), recorder.Take());
+    EXPECT_EQ(0U, recorder.Count("title"));
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ constexpr char kAsked[] = "ask save Select/Create file to save...";
 
 class SaveFlowTest : public LogSessionTest {
 protected:
-    // A recording of two replies, stopped; the user answers with the name.
+    // A recording of three replies, stopped; the user answers with the name.
     void Save(const std::optional<std::string>& name) {
         recorder.answer = name;
         RecordScan(2);
@@ -17,7 +17,7 @@ protected:
         session.StopCommand();
     }
     static std::string Lines(const std::string& second) { return "Recording stopped\r\n" + second; }
-    const std::vector<Read> kRecorded{{0, {3, 4}}, {10, {5, 6}}};
+    const std::vector<Read> kRecorded{{0, {1, 2}}, {10, {3, 4}}, {20, {5, 6}}};
 
     TestFolder elsewhere;
     const ScopedCurrentFolder here{elsewhere};
@@ -45,7 +45,7 @@ TEST_F(SaveFlowTest, SavedLogIsTheOneToPlay) {
     Save(folder.Name("drive.xdl"));
     session.PlayCommand();
     clock.SetStep(1000);
-    EXPECT_TRUE(recorder.WaitFor("reply 0 2", 2));
+    EXPECT_TRUE(recorder.WaitFor("reply 0 2", 3));
     EXPECT_TRUE(Rests(kLogClosed));
 }
 

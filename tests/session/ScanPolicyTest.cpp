@@ -34,11 +34,13 @@ TEST(ScanPolicyTest, GoodReplyConnectsOnlyWhileConnecting) {
 }
 
 TEST(ScanPolicyTest, RecordingTakesSamplesOfAConnectedLine) {
-    EXPECT_TRUE(TakesSamples(kLogRecording, kConnected));
-    EXPECT_FALSE(TakesSamples(kLogRecording, kConnecting));
-    EXPECT_FALSE(TakesSamples(kLogRecording, kLogPaused));
-    EXPECT_FALSE(TakesSamples(kLogPlaying, kConnected));
-    EXPECT_FALSE(TakesSamples(kLogOpenedForWrite, kConnected));
+    EXPECT_TRUE(TakesSamples(kLogRecording, 1, kConnected));
+    EXPECT_TRUE(TakesSamples(kLogRecording, 0, kConnected));   // the disconnect command's replies too
+    EXPECT_TRUE(TakesSamples(kLogRecording, 1, kConnecting));  // the reply that connects
+    EXPECT_FALSE(TakesSamples(kLogRecording, 0, kConnecting));
+    EXPECT_FALSE(TakesSamples(kLogRecording, 1, kLogPaused));
+    EXPECT_FALSE(TakesSamples(kLogPlaying, 1, kConnected));
+    EXPECT_FALSE(TakesSamples(kLogOpenedForWrite, 1, kConnected));
 }
 
 TEST(ScanPolicyTest, NumbersOfTheStatesAreFixed) {

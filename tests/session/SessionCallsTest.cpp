@@ -45,6 +45,7 @@ TEST(SessionCallsTest, MessagesKeepTheirNumbers) {
     EXPECT_EQ(32768U, kMessageDestroyWindow);
     EXPECT_EQ(32769U, kMessageScanStopped);
     EXPECT_EQ(32770U, kMessageLogStopped);
+    EXPECT_EQ(32771U, kMessagePlaybackRests);
 }
 
 }  // namespace

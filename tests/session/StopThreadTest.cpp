@@ -94,11 +94,21 @@ TEST_F(StopThreadTest, PlaybackIsWaitedFor) {
 TEST_F(StopThreadTest, OtherLogStatesAreLeftAlone) {
     for (const std::uint32_t state : {kLogClosed, kLogReady, kLogOpenedForWrite, kLogStopRequested}) {
         session.log.state = state;
-        session.log.threadId = 42;  // not waited for
         EXPECT_EQ((Calls{"post 32770"}), Stop(kStopLog));
         EXPECT_EQ(state, session.log.State());
     }
+}
+
+// What a pause has asked to end may still be delivering.
+TEST_F(StopThreadTest, EveryPlaybackIsWaitedFor) {
+    session.log.state = kLogStopRequested;
+    session.log.threadId = 42;
+    session.StartStopThread(kStopLog);
+    EXPECT_FALSE(session.WaitForThreads(std::chrono::milliseconds(20)));
+    EXPECT_EQ(0U, recorder.Count("post 32770"));
     session.log.threadId = 0;
+    ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ(1U, recorder.Count("post 32770"));
 }
 
 TEST_F(StopThreadTest, RecordingThatCannotBeEndedIsToldAllTheSame) {
