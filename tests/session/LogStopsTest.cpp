@@ -189,7 +189,10 @@ TEST_F(LogStopsTest, RecordDuringAPlaybackStopsItFirst) {
     session.RecordCommand();
     EXPECT_EQ(kLogPlaying, session.log.State());
     Release();
-    ASSERT_TRUE(Rests(kLogRecording) || session.log.State() == kLogRecording);
+    ASSERT_TRUE(Eventually([&] {
+        HandlePosts();
+        return session.log.State() == kLogRecording;
+    }));
     ASSERT_TRUE(Grows());
     EndScan();
     ASSERT_EQ(kLogSuccess, session.log.StopRecording());
