@@ -55,8 +55,7 @@ void ProgramTest::ExpectOutput(const std::string& part) {
 
 void ProgramTest::ExpectLoadedLast(const std::string& path) {
     const auto isLoaded = [&] {
-        std::vector<std::string> lines = Window().OutputLines();
-        if (!lines.empty() && lines.back() == "Playback stopped") lines.pop_back();
+        const std::vector<std::string> lines = Window().OutputLines();
         return !lines.empty() && lines.back() == "Loaded " + path;
     };
     EXPECT_TRUE(Eventually(isLoaded)) << Window().Output();
@@ -74,11 +73,8 @@ void ProgramTest::Connect() {
 }
 
 void ProgramTest::Resume() {
-    const auto plays = [&] {
-        Ask(Window().Handle(), WM_COMMAND, kPlay);
-        return Window().Bar().pause;
-    };
-    EXPECT_TRUE(Eventually(plays)) << Window().Output();
+    Window().Send(kPlay);
+    EXPECT_TRUE(Eventually([&] { return Window().Bar().pause; })) << Window().Output();
 }
 
 }  // namespace corvex::test

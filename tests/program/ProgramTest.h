@@ -35,13 +35,12 @@ protected:
 
     void ExpectLeft(const std::string& text);
     void ExpectOutput(const std::string& part);
-    // Whatever was at work has ended, and this is what came after it. The end of a log may be told last of all, as it
-    // is when its thread is seen to be gone before its message is.
+    // Whatever was at work has ended, and this is what came after it.
     void ExpectLoadedLast(const std::string& path);
     void ExpectBar(const BarStates& states);
     // An engine that answers in the line's time, and a scan that has got through to it.
     void Connect();
-    // Plays on after a pause. A thread that has not quite ended refuses, and says nothing, so this asks until it works.
+    // Plays on after a pause.
     void Resume();
 
     std::string Definition() const { return folder.Name("harrier-8192.adx"); }

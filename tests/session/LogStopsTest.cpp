@@ -77,6 +77,22 @@ TEST_F(LogStopsTest, PlayAfterTheEndPlaysOn) {
     }
 }
 
+// Its state still says that it plays until the stop's thread has got so far.
+TEST_F(LogStopsTest, LogThatIsEndingIsNotPausedButPlayedAgain) {
+    PlayHeld();
+    session.StopCommand();
+    ASSERT_TRUE(Eventually([&] { return session.log.State() == kLogStopRequested; }));
+    session.log.state = kLogPlaying;
+    session.PlayPauseCommand();
+    EXPECT_EQ(kNotConnected, session.connectionState);
+    session.log.state = kLogStopRequested;
+    Release();
+    ASSERT_TRUE(Eventually([&] {
+        HandlePosts();
+        return recorder.Count("clear monitors") == 2;
+    }));
+}
+
 TEST_F(LogStopsTest, RecordAfterTheEndRecordsOn) {
     session.connectionState = kConnected;
     for (int round = 0; round < 50; ++round) {
@@ -95,7 +111,9 @@ TEST_F(LogStopsTest, SecondStopDoesNotEndThePlayBehindIt) {
     session.StopCommand();
     session.StopCommand();
     ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback, 2));
+    text.Clear();
     session.OnLogStopped();
+    EXPECT_EQ("", text.Text());  // the other stop is still to come
     session.PlayCommand();
     session.OnLogStopped();
     EXPECT_EQ(kLogPlaying, session.log.State());
