@@ -27,9 +27,14 @@ int ADXCSendCommand::Write(XMLWriter* writer) const {
     return 1;
 }
 
-PacketView ADXCSendCommand::DecodedPart(PacketView reply) const {
+PacketView ADXCSendCommand::Packet(PacketView reply) const {
+    const PacketView readable = ReadablePart(reply);
+    return {readable.Bytes(), std::min(packetsize, readable.Size())};
+}
+
+PacketView ADXCSendCommand::ReadablePart(PacketView reply) const {
     const std::uint32_t offset = std::min(packetoffset, reply.Size());
-    return {reply.Bytes() + offset, std::min(packetsize, reply.Size() - offset)};
+    return {reply.Bytes() + offset, reply.Size() - offset};
 }
 
 }  // namespace corvex

@@ -9,7 +9,7 @@
 
 namespace corvex {
 
-// Milliseconds and bytes. The decoded part of a reply is the packetsize bytes from packetoffset on.
+// Milliseconds and bytes. The packet of a reply is the packetsize bytes from packetoffset on.
 class ADXCSendCommand : public ADXObject {
 public:
     ADXCSendCommand() : ADXObject(kTypeSendCommand) {}
@@ -19,8 +19,11 @@ public:
     const std::uint8_t* bytestring() const { return bytes_.Data(); }  // null when there is none
     std::uint32_t size() const { return bytes_.Size(); }
 
-    // The decoded part, cut to the bytes of the reply that came. Never "no packet", unless the reply is none.
-    PacketView DecodedPart(PacketView reply) const;
+    // Both are cut to the bytes of the reply that came, and never "no packet", unless the reply is none.
+    PacketView Packet(PacketView reply) const;
+    // What items may read: from packetoffset to the end of the reply. Many definitions give a packetsize that is too
+    // small, and still mean the fields behind it.
+    PacketView ReadablePart(PacketView reply) const;
 
     std::uint32_t replysize = 0;
     std::uint32_t replytimeout = 200;

@@ -184,8 +184,9 @@ bool DAECallback::FindSample(const DataAcqStatus& status, std::uint32_t types, S
 }
 
 void DAECallback::TakeReply(const DataAcqStatus& status, const ADXCSendCommand& command, float t, PacketView reply) {
-    const PacketView packet = command.DecodedPart(reply);
-    session_.StoreLastPacket(LastPacket::Of(packet, status.commandId));
+    const PacketView packet = command.ReadablePart(reply);
+    // Who reads the last packet finds a field behind its end in the raw words, which are taken before anybody looks.
+    session_.StoreLastPacket(LastPacket::Of(command.Packet(reply), status.commandId));
     DebugOutput::Print(&session_.debug, "%.3f: Command/Reply Success", static_cast<double>(t));
     Record(status, command, reply);
     session_.definition.UpdateValues(packet, command.GetIdHash());

@@ -32,7 +32,7 @@ public:
     std::int32_t OnListenChatterEnd(const DataAcqStatus* status) override;
     std::int32_t OnSendCommandBegin(const DataAcqStatus* status) override;
     // The reply is what the status' command asked for, or a record expanded to that; of a live one no more than
-    // `replysize` bytes are read. A decoded part that reaches past the bytes that came is cut to them.
+    // `replysize` bytes are read. What reaches past the bytes that came is cut to them.
     std::int32_t OnSendCommandEnd(const DataAcqStatus* status, const std::uint8_t* reply, std::uint32_t count) override;
     std::int32_t OnMacroBegin(const DataAcqStatus* status) override;
     std::int32_t OnMacroEnd(const DataAcqStatus* status) override;

@@ -38,7 +38,8 @@ void CheckSend(CheckContext& context, const ADXCSendCommand& command) {
         context.Error(&command, "packet-place",
                       Printf("packetoffset %u and packetsize %u reach beyond the reply of %u bytes",
                              command.packetoffset, command.packetsize, command.replysize));
-    if (command.packetsize == 0) context.Warn(&command, "no-packet", "packetsize is 0: its reply carries no values");
+    if (command.packetsize == 0)
+        context.Warn(&command, "no-packet", "packetsize is 0: pages that read the last packet see none of it");
     if (command.packetsize > LastPacket::kSize)
         context.Warn(&command, "no-packet",
                      Printf("pages that read the last packet see its first %u bytes", LastPacket::kSize));

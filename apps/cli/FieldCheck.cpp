@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 
 #include "apps/cli/CheckContext.h"
@@ -18,9 +19,18 @@ struct Field {
     std::uint64_t End() const { return std::uint64_t{offset} + bits / 8; }
 };
 
-std::uint32_t PacketSizeOf(const ADXObject& command) {
-    if (command.GetType() == kType160BaudListen) return static_cast<const ADXC160BaudListen&>(command).packetsize;
-    return static_cast<const ADXCSendCommand&>(command).packetsize;
+// Bytes of the command's packet, and how far beyond its end items may still read: to the end of the reply.
+struct Room {
+    std::uint32_t packet, readable;
+};
+
+Room RoomOf(const ADXObject& command) {
+    if (command.GetType() == kType160BaudListen) {
+        const std::uint32_t size = static_cast<const ADXC160BaudListen&>(command).packetsize;
+        return {size, size};
+    }
+    const auto& send = static_cast<const ADXCSendCommand&>(command);
+    return {send.packetsize, send.replysize - std::min(send.packetoffset, send.replysize)};
 }
 
 bool CarriesValues(const ADXObject& command) {
@@ -31,33 +41,49 @@ void CheckPlaceInOne(CheckContext& context, const ADXObject& item, const Field& 
     if (!CarriesValues(command)) {
         context.Error(&item, "no-reply",
                       Printf("belongs to the %s, whose reply is not processed", NameOf(command).c_str()));
-    } else if (field.End() > PacketSizeOf(command)) {
+        return;
+    }
+    const Room room = RoomOf(command);
+    const std::string place =
+        Printf("packetoffset 0x%.2X and %s", field.offset, Counted(field.bits / 8, "byte").c_str());
+    if (field.End() > room.readable) {
         context.Error(&item, "outside-packet",
-                      Printf("packetoffset 0x%.2X and %s reach beyond the %u bytes of the %s", field.offset,
-                             Counted(field.bits / 8, "byte").c_str(), PacketSizeOf(command), NameOf(command).c_str()));
+                      Printf("%s reach beyond the %u bytes that the %s leaves to read", place.c_str(), room.readable,
+                             NameOf(command).c_str()));
+    } else if (field.End() > room.packet) {
+        context.Warn(&item, "beyond-packet",
+                     Printf("%s reach beyond the packetsize of %u of the %s; its reply is read all the same",
+                            place.c_str(), room.packet, NameOf(command).c_str()));
     }
 }
 
 void CheckPlaceInAny(CheckContext& context, const ADXObject& item, const Field& field) {
     unsigned fits = 0;
     unsigned all = 0;
+    bool inPacket = false;
     for (std::uint32_t i = 0;; ++i) {
         const ADXObject* command = context.Definition().GetObject(kPacketTypes, i);
         if (command == nullptr) break;
         if (!CarriesValues(*command)) continue;
         ++all;
-        if (field.End() <= PacketSizeOf(*command)) ++fits;
+        if (field.End() <= RoomOf(*command).readable) ++fits;
+        if (field.End() <= RoomOf(*command).packet) inPacket = true;
     }
     if (all == 0)
         context.Warn(&item, "no-reply", "no command of this definition brings a packet");
     else if (fits == 0)
         context.Error(&item, "outside-packet",
-                      Printf("packetoffset 0x%.2X and %s fit in the packet of no command", field.offset,
+                      Printf("packetoffset 0x%.2X and %s fit in the reply of no command", field.offset,
                              Counted(field.bits / 8, "byte").c_str()));
+    else if (!inPacket)
+        context.Warn(&item, "beyond-packet",
+                     Printf("packetoffset 0x%.2X and %s reach beyond the packetsize of every command; the replies are "
+                            "read all the same",
+                            field.offset, Counted(field.bits / 8, "byte").c_str()));
     else if (all > 1)
         context.Note(
             &item, "any-command",
-            Printf("belongs to no command, so every reply changes it; its field fits in the packets of %u of %u", fits,
+            Printf("belongs to no command, so every reply changes it; its field fits in the replies of %u of %u", fits,
                    all));
 }
 

@@ -16,7 +16,7 @@ bool DecodeRecord(const ADXDefinition& definition, const LogItem& item, PacketVi
     if (item.type != kTypeSendCommand || command->GetType() != kTypeSendCommand) return false;
     const auto& send = static_cast<const ADXCSendCommand&>(*command);
     constexpr std::uint32_t kReplyExpected = 1;
-    *record = {item.commandId, send.DecodedPart(reply), (send.flags & kReplyExpected) != 0};
+    *record = {item.commandId, send.ReadablePart(reply), (send.flags & kReplyExpected) != 0};
     return true;
 }
 

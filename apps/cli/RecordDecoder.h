@@ -13,7 +13,7 @@ struct LogItem;
 
 struct DecodedRecord {
     std::uint32_t commandId = 0;
-    PacketView packet{nullptr};  // of the reply given; never "no packet"
+    PacketView packet{nullptr};  // what items may read of the reply given; never "no packet"
     bool updates = false;        // the raw words of the command's items follow the packet before anybody looks
 };
 

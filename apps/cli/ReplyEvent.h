@@ -17,7 +17,7 @@ struct ReplyEvent {
     bool expected = false;               // the command brings a reply that is read
     std::vector<std::uint8_t> reply;     // as far as it came
     bool sampled = false;                // a good reply whose packet was published
-    std::vector<std::uint8_t> packet;    // its decoded part
+    std::vector<std::uint8_t> packet;    // what items may read of it
 
     PacketView Packet() const {
         static constexpr std::uint8_t kNothing = 0;

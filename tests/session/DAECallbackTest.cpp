@@ -91,6 +91,24 @@ TEST_F(DAECallbackTest, PacketIsThePartOfTheReplyBehindTheOffset) {
     EXPECT_EQ(1U, recorder.Count("reply 0 6"));
 }
 
+// Live and played alike: a packetsize that is too small hides no field of the reply.
+TEST_F(DAECallbackTest, ItemsReadToTheEndOfTheReply) {
+    send->packetoffset = 1;
+    send->packetsize = 1;
+    ADXValue* beyond = AddValue(session.definition, "BEYOND", "X");
+    beyond->packetoffset = 2;
+    for (status.source = 0; status.source <= 1; ++status.source) {
+        const auto last = static_cast<std::uint8_t>(0x44 + status.source);
+        EndSend(*send, {0x11, 0x22, 0x33, last});
+        EXPECT_EQ(last, beyond->GetRaw(nullptr));
+        EXPECT_EQ(1U, session.CopyLastPacket().size);
+        // A reader of the last packet, like a histogram, takes the raw word.
+        EXPECT_EQ(last, beyond->GetRaw(session.CopyLastPacket().View()));
+    }
+    EXPECT_EQ(2U, recorder.Count("monitor 0.000 3 " + id));
+    EXPECT_EQ(2U, recorder.Count("histograms 1 " + id));
+}
+
 // Bytes that never came are neither read nor made up.
 TEST_F(DAECallbackTest, PacketBeyondTheReplyIsCutToWhatCame) {
     send->packetoffset = 2;
@@ -212,7 +230,7 @@ TEST_F(DAECallbackTest, LoggedReplyIsFoundByHashAndTimedByTheLog) {
     const Bytes reply{1, 2, 3, 4};
     EXPECT_EQ(0, session.callback.OnSendCommandEnd(&status, reply.data(), 4));
     EXPECT_EQ("1.500: Command/Reply Success", text.Text());
-    EXPECT_EQ(1U, recorder.Count("monitor 1.500 2 " + id));
+    EXPECT_EQ(1U, recorder.Count("monitor 1.500 3 " + id));
     EXPECT_EQ(2U, session.CopyLastPacket().bytes[0]);
 }
 

@@ -162,16 +162,23 @@ TEST(DefinitionCheckerTest, NamesAMacroThatRunsItself) {
                "error cycle macro \"Loop\" (M): refers to itself: Loop -> Loop; it fails when it is run\n");
 }
 
+// A packet of 20 bytes in the 21 that follow the reply's header.
 TEST(DefinitionCheckerTest, NamesFieldsOutsideThePacket) {
-    ExpectOnly(ValueText("RPM", "X", "<packetoffset>0x13</packetoffset><sizeinbits>16</sizeinbits>"),
-               "error outside-packet value \"RPM title\" (RPM): packetoffset 0x13 and 2 bytes fit in the packet of no "
+    ExpectOnly(ValueText("RPM", "X", "<packetoffset>0x14</packetoffset><sizeinbits>16</sizeinbits>"),
+               "error outside-packet value \"RPM title\" (RPM): packetoffset 0x14 and 2 bytes fit in the reply of no "
                "command\n");
+    ExpectOnly(ValueText("RPM", "X", "<packetoffset>0x13</packetoffset><sizeinbits>16</sizeinbits>"),
+               "warning beyond-packet value \"RPM title\" (RPM): packetoffset 0x13 and 2 bytes reach beyond the "
+               "packetsize of every command; the replies are read all the same\n");
     ExpectOnly(ValueText("RPM", "X", "<packetoffset>0x12</packetoffset><sizeinbits>16</sizeinbits>"), "");
     char parent[64];
     std::snprintf(parent, sizeof parent, "<parentcmdidhash>0x%.8X</parentcmdidhash>", HashId("POLL", 4));
+    ExpectOnly(ValueText("RPM", "X", std::string(parent) + "<packetoffset>0x15</packetoffset>"),
+               "error outside-packet value \"RPM title\" (RPM): packetoffset 0x15 and 1 byte reach beyond the 21 bytes "
+               "that the send command \"Poll\" (POLL) leaves to read\n");
     ExpectOnly(ValueText("RPM", "X", std::string(parent) + "<packetoffset>0x14</packetoffset>"),
-               "error outside-packet value \"RPM title\" (RPM): packetoffset 0x14 and 1 byte reach beyond the 20 bytes "
-               "of the send command \"Poll\" (POLL)\n");
+               "warning beyond-packet value \"RPM title\" (RPM): packetoffset 0x14 and 1 byte reach beyond the "
+               "packetsize of 20 of the send command \"Poll\" (POLL); its reply is read all the same\n");
 }
 
 TEST(DefinitionCheckerTest, NamesFieldsOfIllegalWidth) {

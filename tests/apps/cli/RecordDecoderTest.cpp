@@ -43,11 +43,11 @@ protected:
     DecodedRecord record_;
 };
 
-TEST_F(RecordDecoderTest, TakesTheDecodedPartOfAReply) {
+TEST_F(RecordDecoderTest, TakesAReplyFromThePacketToItsEnd) {
     ASSERT_TRUE(Decode("POLL", kTypeSendCommand));
     EXPECT_EQ(record_.commandId, send_->GetIdHash());
     EXPECT_EQ(record_.packet.Bytes(), reply_ + 3);
-    EXPECT_EQ(record_.packet.Size(), 4U);
+    EXPECT_EQ(record_.packet.Size(), 6U);
     EXPECT_TRUE(record_.updates);
 }
 
