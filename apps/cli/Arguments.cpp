@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "CorvexVersion.h"
+#include "apps/cli/FileName.h"
 #include "apps/cli/LogArguments.h"
 
 namespace corvex {
@@ -20,6 +21,22 @@ void ProtectEquation(std::vector<std::string>& args) {
     if (args.size() < 2 || args[0] != "eval") return;
     const std::string& first = args[1];
     if (first != "--help" && first != "-h" && first != "--") args.insert(args.begin() + 1, "--");
+}
+
+// The parser has words of its own in front of which no argument is safe: of "[a,b]" it makes two, of "{}" none. Texts
+// of any number are marked on their way through it; what looks like an option is told by its dash and stays.
+constexpr char kTextMark = '\x01';
+
+void ProtectTexts(std::vector<std::string>& args) {
+    if (args.empty() || (args[0] != "hash" && args[0] != "eval")) return;
+    for (std::size_t i = 1; i < args.size(); ++i) {
+        if (!args[i].starts_with('-')) args[i].insert(0, 1, kTextMark);
+    }
+}
+
+std::string Unmarked(std::string text) {
+    if (text.starts_with(kTextMark)) text.erase(0, 1);
+    return text;
 }
 
 std::pair<char, double> ReadLetter(const std::string& text) {
@@ -57,16 +74,27 @@ public:
         const std::string name = app_.get_subcommands().front()->get_name();
         if (name == "check") return check_;
         if (name == "list") return list_;
-        if (name == "hash") return hash_;
+        if (name == "hash") return ChosenHash();
         if (name == "convert") return convert_;
         if (name == "scan") return scan_;
         if (const auto log = logs_.Chosen(name)) return *log;
-        for (const std::string& text : letters_)
-            eval_.letters.push_back(ReadLetter(text));
-        return eval_;
+        return ChosenEval();
     }
 
 private:
+    HashOptions ChosenHash() const {
+        HashOptions chosen;
+        std::ranges::transform(hash_.texts, std::back_inserter(chosen.texts), Unmarked);
+        return chosen;
+    }
+
+    EvalOptions ChosenEval() const {
+        EvalOptions chosen{Unmarked(eval_.equation), {}};
+        for (const std::string& text : letters_)
+            chosen.letters.push_back(ReadLetter(Unmarked(text)));
+        return chosen;
+    }
+
     void AddCheck() {
         CLI::App& command = *app_.add_subcommand("check", "Load a definition and report what its author must know");
         command.add_option("FILE", check_.file, "The definition (.adx)")->required();
@@ -112,7 +140,8 @@ private:
         command.add_flag("--json", scan_.json, "One JSON object in a line for each reply")->excludes(plain);
         command.add_flag("--verbose,-v", scan_.verbose, "The text log on standard error");
         CLI::Option* record =
-            command.add_option("--record", scan_.record, "Record every good reply into this log (.xdl)");
+            command.add_option("--record", scan_.record, "Record every good reply into this log (.xdl)")
+                ->check(FileName());
         command.add_flag("--force", scan_.force, "Replace a log that holds something")->needs(record);
         CLI::Option* simulate =
             command.add_flag("--simulate", scan_.simulate, "A simulated engine in place of a port (Linux only)");
@@ -133,7 +162,8 @@ private:
         SimOptions& engine = scan_.engine;
         const auto probability = CLI::Range(0.0, 1.0);
         with(command.add_option("--seed", engine.seed, "Makes a run repeatable"));
-        with(command.add_option("--replay", scan_.replay, "Answer with the replies of this log (.xdl)"));
+        with(command.add_option("--replay", scan_.replay, "Answer with the replies of this log (.xdl)")
+                 ->check(FileName()));
         with(command.add_flag("--pace,!--no-pace", engine.pace, "Bytes come at the definition's baud (default)"));
         with(command.add_flag("--echo", engine.echo, "The line gives every byte back to its sender"));
         with(command.add_option("--drop", engine.drop, "Probability that a reply does not come")->check(probability));
@@ -163,6 +193,7 @@ private:
 std::variant<Options, ExitCode> ParseArguments(std::vector<std::string> args, std::ostream& out, std::ostream& err) {
     ArgumentReader reader;
     ProtectEquation(args);
+    ProtectTexts(args);
     std::reverse(args.begin(), args.end());  // as the parser takes a list
     try {
         reader.App().parse(args);

@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <iterator>
 
+#include "apps/cli/FileName.h"
+
 namespace corvex {
 
 namespace {
@@ -50,7 +52,8 @@ void LogArguments::AddInfo(CLI::App& app) {
 void LogArguments::AddDecode(CLI::App& app) {
     CLI::App& command = *app.add_subcommand("decode", "Write a log's values as CSV, one row for each record");
     AddLogAndDefinition(command, decode_.log, decode_.definition);
-    command.add_option("--output,-o", decode_.output, "The file to write; - is standard output (default)");
+    command.add_option("--output,-o", decode_.output, "The file to write; - is standard output (default)")
+        ->check(FileName());
     command.add_flag("--text", decode_.text, "Values and bits as the program shows them");
     command.add_option("--items", decode_.items, "Only items whose title or id matches, like \"*temp*\" or RPM");
     command.add_option("--from", decode_.from, "Only records from this second of the log on")->check(Seconds());

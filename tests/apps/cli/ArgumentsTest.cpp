@@ -57,6 +57,29 @@ TEST(ArgumentsTest, RefusesLettersThatAreNone) {
     }
 }
 
+// Nothing is a list, a mark of a list's end or the name of a command where a text is asked for.
+TEST(ArgumentsTest, TakesEveryTextAsItStands) {
+    const std::vector<std::string> texts{"[a,b]", "[]", "{}", "", "%%", "check", "\x01[x]"};
+    std::vector<std::string> args{"hash"};
+    args.insert(args.end(), texts.begin(), texts.end());
+    const Outcome hash = Parse(args);
+    ASSERT_NE(hash.As<HashOptions>(), nullptr) << hash.err;
+    EXPECT_EQ(hash.As<HashOptions>()->texts, texts);
+    for (const std::string& text : texts) {
+        const Outcome one = Parse({"hash", text});
+        ASSERT_NE(one.As<HashOptions>(), nullptr) << one.err;
+        EXPECT_EQ(one.As<HashOptions>()->texts, std::vector<std::string>{text});
+        EXPECT_EQ(Parse({"eval", text}).As<EvalOptions>()->equation, text);
+        EXPECT_EQ(Parse({"check", text}).As<CheckOptions>()->file, text);
+        EXPECT_EQ(Parse({"info", "-d", text, "--human", text}).As<InfoOptions>()->definition, text);
+    }
+    EXPECT_EQ(Parse({"convert", "[a,b]", "{}"}).As<ConvertOptions>()->output, "{}");
+    EXPECT_EQ(Parse({"decode", "-d", "d", "l", "--items", "[a,b]"}).As<DecodeOptions>()->items, "[a,b]");
+    EXPECT_EQ(Parse({"histogram", "-d", "d", "l", "--view", "[last,count]"}).Code(), kExitUsage);
+    EXPECT_EQ(Parse({"eval", "X", "[X=1,Y=2]"}).Code(), kExitUsage);
+    EXPECT_EQ(Parse({"hash", "--", "-a"}).As<HashOptions>()->texts, std::vector<std::string>{"-a"});
+}
+
 TEST(ArgumentsTest, CallsWrongUsageByItsCode) {
     for (const auto& args : std::vector<std::vector<std::string>>{{},
                                                                   {"nothing"},
@@ -69,7 +92,11 @@ TEST(ArgumentsTest, CallsWrongUsageByItsCode) {
                                                                   {"scan", "-d", "a", "-p", "b", "--simulate"},
                                                                   {"scan", "-d", "a", "-p", "b", "--plain", "--json"},
                                                                   {"scan", "-d", "a", "-p", "b", "--seconds", "0"},
-                                                                  {"scan", "-d", "a", "-p", "b", "--silent"}}) {
+                                                                  {"scan", "-d", "a", "-p", "b", "--silent"},
+                                                                  {"scan", "-d", "a", "-p", "b", "--record", ""},
+                                                                  {"scan", "-d", "a", "-p", "b", "--record="},
+                                                                  {"scan", "-d", "a", "--simulate", "--replay", ""},
+                                                                  {"decode", "-d", "a", "b", "-o", ""}}) {
         const Outcome outcome = Parse(args);
         EXPECT_EQ(outcome.Code(), kExitUsage) << testing::PrintToString(args);
         EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
