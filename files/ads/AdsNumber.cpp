@@ -74,6 +74,7 @@ double PlainDecimal(std::string_view text) {
     const bool minus = !text.empty() && text.front() == '-';
     if (IsSign(text, 0)) text.remove_prefix(1);
     const Shape shape = ShapeOf(text);
+    if (shape.length == 0) return 0.0;  // a lone sign makes no number, so not a negative one either
     double number = 0.0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + shape.length, number);
     if (error == std::errc::result_out_of_range) {

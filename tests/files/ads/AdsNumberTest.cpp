@@ -14,30 +14,12 @@ namespace {
 constexpr double kHuge = std::numeric_limits<double>::infinity();
 
 TEST(AdsNumber, ReadsAsAtofDoes) {
-    for (const char* text : {"1",
-                             "-1.5",
-                             " \t+2.25",
-                             ".5",
-                             "5.",
-                             "-.75x",
-                             "1e3",
-                             "1E-3",
-                             "1e",
-                             "1e+",
-                             "2.5e2.5",
-                             "",
-                             "-",
-                             "+-1",
-                             "--1",
-                             ".",
-                             "abc",
-                             "0.1",
-                             "123456789012345678",
-                             "1,5",
-                             "00012",
-                             "4.9e-324",
-                             "1 2"}) {
+    for (const char* text : {"1",    "-1.5",  " \t+2.25", ".5",      "5.",  "-.75x", "1e3",
+                             "1E-3", "1e",    "1e+",      "2.5e2.5", "",    "-",     "-x",
+                             "-0",   "+-1",   "--1",      ".",       "abc", "0.1",   "123456789012345678",
+                             "1,5",  "00012", "4.9e-324", "1 2"}) {
         EXPECT_EQ(PlainDecimal(text), std::atof(text)) << text;
+        EXPECT_EQ(std::signbit(PlainDecimal(text)), std::signbit(std::atof(text))) << text;
     }
 }
 
