@@ -1,6 +1,5 @@
 #include "definition/ADXHistogram.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -82,45 +81,45 @@ const ADXLookupTable& ADXHistogram::Axis::Table() const {
 
 void ADXHistogram::SetRows(std::uint32_t n) {
     const std::lock_guard guard(lock_);
-    rows_ = std::min(n, kAxisLimit);
+    rows_ = n;
     ResizeGrids();
-    yaxis_.Plan(rows_, ymin_, ymax_);
+    yaxis_.Plan(GetRows(), ymin_, ymax_);
 }
 
 void ADXHistogram::SetCols(std::uint32_t n) {
     const std::lock_guard guard(lock_);
-    cols_ = std::min(n, kAxisLimit);
+    cols_ = n;
     ResizeGrids();
-    xaxis_.Plan(cols_, xmin_, xmax_);
+    xaxis_.Plan(GetCols(), xmin_, xmax_);
 }
 
 void ADXHistogram::ResizeGrids() {
-    history_.Resize(rows_, cols_);
-    stats_.Resize(rows_, cols_);
+    history_.Resize(GetRows(), GetCols());
+    stats_.Resize(GetRows(), GetCols());
 }
 
 void ADXHistogram::SetXMin(float v) {
     const std::lock_guard guard(lock_);
     xmin_ = v;
-    xaxis_.Plan(cols_, xmin_, xmax_);
+    xaxis_.Plan(GetCols(), xmin_, xmax_);
 }
 
 void ADXHistogram::SetXMax(float v) {
     const std::lock_guard guard(lock_);
     xmax_ = v;
-    xaxis_.Plan(cols_, xmin_, xmax_);
+    xaxis_.Plan(GetCols(), xmin_, xmax_);
 }
 
 void ADXHistogram::SetYMin(float v) {
     const std::lock_guard guard(lock_);
     ymin_ = v;
-    yaxis_.Plan(rows_, ymin_, ymax_);
+    yaxis_.Plan(GetRows(), ymin_, ymax_);
 }
 
 void ADXHistogram::SetYMax(float v) {
     const std::lock_guard guard(lock_);
     ymax_ = v;
-    yaxis_.Plan(rows_, ymin_, ymax_);
+    yaxis_.Plan(GetRows(), ymin_, ymax_);
 }
 
 const ADXLookupTable& ADXHistogram::XTable() const {

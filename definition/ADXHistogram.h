@@ -15,12 +15,13 @@ namespace corvex {
 
 // The one object of a definition that gathers data while a session runs. Cells are not saved.
 //
-// Threads: samples are added on the acquisition or playback thread, cells read and cleared on the user-interface
-// thread. Everything that touches the cells takes the lock, readers too, so that nobody sees half a cell. The axes
-// change on the user-interface thread, under the lock as well.
+// Threads: AddSample computes its values, so it belongs to the one thread that computes them (see ADXValue); AddPoint
+// may be called on any, and cells are read and cleared on the user-interface thread. Everything that touches the cells
+// takes the lock, readers too, so that nobody sees half a cell. The axes change on the user-interface thread, under the
+// lock as well.
 class ADXHistogram : public ADXObject {
 public:
-    static constexpr std::uint32_t kAxisLimit = 4096;  // rows or columns; more than this is cut to it
+    static constexpr std::uint32_t kAxisLimit = 4096;  // rows or columns; the grid has no more, whatever is asked for
 
     enum CellMode : int {
         kLast = 0,
@@ -37,11 +38,12 @@ public:
     ADXHistogram() : ADXObject(kTypeHistogram) {}
     int Write(XMLWriter* writer) const override;
 
-    // Store, throw the cells away, rebuild the axis table concerned.
+    // Store, throw the cells away, rebuild the axis table concerned. What is asked for beyond the limit is saved as it
+    // was asked for; the grid, the axis and the answers end at the limit.
     void SetRows(std::uint32_t n);
     void SetCols(std::uint32_t n);
-    std::uint32_t GetRows() const { return rows_; }
-    std::uint32_t GetCols() const { return cols_; }
+    std::uint32_t GetRows() const { return WithinLimit(rows_); }
+    std::uint32_t GetCols() const { return WithinLimit(cols_); }
     // Store and rebuild that axis's table. Keys are bin centres: the outermost bins lie on the limits themselves.
     void SetXMin(float v);
     void SetXMax(float v);
@@ -98,11 +100,13 @@ private:
         mutable ADXLookupTable table;
     };
 
+    static std::uint32_t WithinLimit(std::uint32_t n) { return n < kAxisLimit ? n : kAxisLimit; }
+
     void ResizeGrids();
     bool HistoryValue(int mode, std::uint32_t row, std::uint32_t col, double* value) const;
     bool StatsValue(int mode, std::uint32_t row, std::uint32_t col, double* value) const;
 
-    std::uint32_t rows_ = 0, cols_ = 0;
+    std::uint32_t rows_ = 0, cols_ = 0;  // as asked for
     float xmin_ = 0.0F, xmax_ = 0.0F, ymin_ = 0.0F, ymax_ = 0.0F;
     std::uint32_t samplecount_ = 0;
     HistogramHistoryGrid history_;

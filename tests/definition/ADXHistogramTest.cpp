@@ -245,6 +245,14 @@ TEST_F(ADXHistogramTest, CutsHostileSizes) {
     histogram.SetHistorySize(0xFFFFFFFF);
     EXPECT_EQ(histogram.AddPoint(1000, 1000, 1), 0x0FFF0FFF);
     EXPECT_EQ(histogram.GetSampleCount(4095, 4095), 1u);
+    EXPECT_EQ(histogram.XTable().GetEntryCount(), ADXHistogram::kAxisLimit);
+}
+
+TEST_F(ADXHistogramTest, SavesSizesAsTheyWereGiven) {
+    histogram.SetRows(5000);
+    histogram.SetCols(0xFFFFFFFF);
+    EXPECT_NE(test::WrittenText(histogram).find("<rows>5000</rows>"), std::string::npos);
+    EXPECT_NE(test::WrittenText(histogram).find("<cols>4294967295</cols>"), std::string::npos);
 }
 
 TEST_F(ADXHistogramTest, ThrowsCellsAwayOnResize) {
