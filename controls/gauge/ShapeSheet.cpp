@@ -40,14 +40,16 @@ OwnedRegion RegionOf(const std::vector<RECT>& runs, const RECT& bounds) {
 
 }  // namespace
 
-ShapeSheet::ShapeSheet(const RECT& area)
+ShapeSheet::ShapeSheet(const RECT& area, HDC like)
     : width_(area.right - area.left),
       height_(area.bottom - area.top),
+      dc_(like),
       bitmap_(MakeSheet(width_, height_, &pixels_)),
       selected_(dc_.Get(), bitmap_.Get()) {}
 
 OwnedRegion ShapeSheet::ShapeOf(COLORREF colour) const {
-    if (pixels_ == nullptr) return {};
+    // On a sheet that nothing can be drawn on, every figure would be an empty one, and kept.
+    if (pixels_ == nullptr || !selected_) return {};
     ::GdiFlush();  // what is drawn may come late
     const std::uint32_t wanted = static_cast<std::uint32_t>(GetRValue(colour)) << 16 |
                                  static_cast<std::uint32_t>(GetGValue(colour)) << 8 | GetBValue(colour);

@@ -10,11 +10,12 @@ namespace corvex {
 // Black, and as large as the area. One thread.
 class ShapeSheet {
 public:
-    explicit ShapeSheet(const RECT& area);
+    // Like a context, or like the screen when that is null.
+    explicit ShapeSheet(const RECT& area, HDC like = nullptr);
 
     HDC Dc() const { return dc_.Get(); }
     // All pixels of just this colour, from 0, 0 of the area. Null when there is no sheet: for an area without pixels,
-    // for one far larger than any screen, as odd definitions ask for, and for want of memory.
+    // for one far larger than any screen, as odd definitions ask for, and for want of memory or of a context.
     OwnedRegion ShapeOf(COLORREF colour) const;
 
 private:

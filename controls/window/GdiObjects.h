@@ -99,6 +99,7 @@ public:
     }
     SelectGuard(const SelectGuard&) = delete;
     SelectGuard& operator=(const SelectGuard&) = delete;
+    explicit operator bool() const { return former_ != nullptr; }
 
 private:
     HDC dc_;

@@ -55,6 +55,13 @@ TEST(ShapeSheetTest, ThereIsNoneForNoPixelsNorForFarTooMany) {
     }
 }
 
+TEST(ShapeSheetTest, ThereIsNoneWithoutAContextToDrawOn) {
+    const ShapeSheet sheet(RECT{0, 0, 4, 4}, reinterpret_cast<HDC>(0x5A5A));
+    ASSERT_EQ(nullptr, sheet.Dc());
+    EXPECT_FALSE(sheet.ShapeOf(RGB(0, 0, 0)));
+    EXPECT_FALSE(sheet.ShapeOf(kInk));
+}
+
 TEST(ShapeSheetTest, NothingIsLeftBehind) {
     const std::size_t before = LiveGdiObjects();
     {
