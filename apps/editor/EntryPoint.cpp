@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <string>
+#include <type_traits>
 
 #include "apps/editor/EditorSession.h"
 #include "apps/editor/HeaderDialog.h"
@@ -9,6 +10,8 @@
 
 namespace corvex {
 namespace {
+
+static_assert(std::is_same_v<decltype(&EditDefinition), EditorEntry>);
 
 std::atomic_flag isOpen;
 

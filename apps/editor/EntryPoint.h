@@ -1,23 +1,7 @@
-// The one way into the editor library: ordinal 1, by the C convention.
+// What the library's ordinal 1 stands for.
 #pragma once
 
-#include <cstdint>
+#include "session/window/EditorEntry.h"
 
-#include "platform/WindowsApi.h"
-#include "session/base/DebugOutput.h"
-
-namespace corvex {
-
-// What GetProcAddress for ordinal 1 gives. The last word is 0 and kept for later.
-using EditDefinitionCall = int(__cdecl*)(HWND owner, char* path, DebugOutput* output, std::uintptr_t reserved);
-
-}  // namespace corvex
-
-// Opens the editor, modal on `owner`, which may be null. `path` is a buffer of 260 characters: the definition to edit,
-// or empty for a new one, and after a save the name of the file saved. Nonzero when a file was saved. Zero, with the
-// path as it was, when none was, when `path` is null, or while the editor is open already. Nothing is thrown.
-//
-// `output`, which may be null, gets a line for each save. It is an object of the caller's with a class of the caller's
-// inside (ITextAppender), called through its table: both sides must have been built from the same sources by the same
-// compiler, as the program and this library are.
+// As EditorEntry says.
 extern "C" int __cdecl EditDefinition(HWND owner, char* path, corvex::DebugOutput* output, std::uintptr_t reserved);

@@ -35,8 +35,8 @@ public:
     EditorLibrary& operator=(const EditorLibrary&) = delete;
 
     HMODULE Module() const { return module_; }
-    EditDefinitionCall Entry() const {
-        return reinterpret_cast<EditDefinitionCall>(
+    EditorEntry Entry() const {
+        return reinterpret_cast<EditorEntry>(
             reinterpret_cast<void*>(::GetProcAddress(module_, MAKEINTRESOURCEA(1))));
     }
 
