@@ -15,6 +15,7 @@
 #include "session/AppSettings.h"
 #include "session/ConnectionState.h"
 #include "session/DAECallback.h"
+#include "session/DefinitionOrigin.h"
 #include "session/LastPacket.h"
 #include "session/LogWishes.h"
 #include "session/RepeatFilter.h"
@@ -131,6 +132,7 @@ public:
     DataAcqEngine engine;
     DAECallback callback;
     ADXDefinition definition;
+    DefinitionOrigin origin;  // of the definition
     std::atomic<std::uint32_t> connectionState{kNotConnected};
     std::shared_ptr<void> splash;
     std::atomic<std::uint32_t> scanning{0};  // 1 while a scan is wanted

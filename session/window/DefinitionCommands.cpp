@@ -45,6 +45,7 @@ void DefinitionCommands::LoadNow(const std::string& path) {
         PanelProgress progress(AsWindow(session.statusRight));
         loaded = session.definition.Load(path.c_str(), error, &progress);
     }
+    session.origin.Loaded(loaded != 0);
     if (loaded != 0) {
         SetPath(session.settings.lastadxpath, path);
         DebugOutput::Print(&session.debug, "Loaded %s", path.c_str());
@@ -61,7 +62,9 @@ void DefinitionCommands::LoadNow(const std::string& path) {
 void DefinitionCommands::ImportNow(const std::string& path) {
     SessionState& session = desktop_.session;
     AdsReader reader;
-    if (ReadAds(path.c_str(), &reader) != 0 && ConvertAds(&session.definition, &reader) != 0) {
+    const bool imported = ReadAds(path.c_str(), &reader) != 0 && ConvertAds(&session.definition, &reader) != 0;
+    session.origin.Imported(imported);
+    if (imported) {
         RefreshPages();
         RefreshTitle(session);
     } else {
@@ -90,9 +93,11 @@ void DefinitionCommands::ImportCommand() {
     if (path) ImportDefinition(*path);
 }
 
+// Without a file of its own the definition may not take the place of what the last name stands for.
 void DefinitionCommands::SaveCommand() {
-    const char* const path = desktop_.session.settings.lastadxpath;
-    if (path[0] == '\0') {
+    const SessionState& session = desktop_.session;
+    const char* const path = session.settings.lastadxpath;
+    if (path[0] == '\0' || !session.origin.HasFile()) {
         ::SendMessageA(desktop_.MainWindow(), WM_COMMAND, IDM_SAVE_DEFINITION_AS, 0);
     } else {
         static_cast<void>(Write(path));
@@ -100,9 +105,15 @@ void DefinitionCommands::SaveCommand() {
 }
 
 void DefinitionCommands::SaveAsCommand() {
+    static_cast<void>(SaveAs());
+}
+
+bool DefinitionCommands::SaveAs() {
     const std::optional<std::string> path =
         AskSavePath(desktop_.MainWindow(), kSaveDefinitionPrompt, &desktop_.session.debug);
-    if (path && Write(*path)) SetPath(desktop_.session.settings.lastadxpath, *path);
+    if (!path || !Write(*path)) return false;
+    SetPath(desktop_.session.settings.lastadxpath, *path);
+    return true;
 }
 
 // Workers only read what is written here, and their raw words are no part of a file.
@@ -113,18 +124,26 @@ bool DefinitionCommands::Write(const std::string& path) {
         PanelProgress progress(AsWindow(session.statusRight));
         saved = session.definition.Save(path.c_str(), &progress);
     }
-    if (saved == 0) DebugOutput::Print(&session.debug, "FAILED to Save %s", path.c_str());
-    return saved != 0;
+    if (saved == 0) {
+        DebugOutput::Print(&session.debug, "FAILED to Save %s", path.c_str());
+        return false;
+    }
+    session.origin.Saved();
+    return true;
 }
 
 bool DefinitionCommands::Edit(char* path) {
     SessionState& session = desktop_.session;
     const EditorEntry editor = EditorOf(session);
-    return editor != nullptr && editor(desktop_.MainWindow(), path, &session.debug, 0) != 0;
+    if (editor == nullptr || editor(desktop_.MainWindow(), path, &session.debug, 0) == 0) return false;
+    session.origin.FileEdited();
+    return true;
 }
 
+// The editor works on files: what is in none yet would be lost by it. What a failed load left is worth no question.
 void DefinitionCommands::EditCommand() {
     AppSettings& settings = desktop_.session.settings;
+    if (desktop_.session.origin.IsUnsaved() && !SaveAs()) return;
     if (Edit(settings.lastadxpath)) LoadDefinition(settings.lastadxpath);
 }
 

@@ -27,6 +27,8 @@ public:
 private:
     void LoadNow(const std::string& path);
     void ImportNow(const std::string& path);
+    // All three: false when it did not come to it, of which the user knows.
+    bool SaveAs();
     bool Write(const std::string& path);
     bool Edit(char* path);
     void RefreshPages();

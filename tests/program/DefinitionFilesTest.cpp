@@ -49,6 +49,18 @@ TEST_F(DefinitionFiles, ThatAreBrokenAreToldWithTheReason) {
     EXPECT_EQ(folder.Settings().at("lastadxpath"), Definition());
 }
 
+TEST_F(DefinitionFiles, AreNotReplacedByTheRestOfABrokenOne) {
+    Settle();
+    Start();
+    ExpectOutput("Loaded ");
+    const std::string good = folder.Files().Content("harrier-8192.adx");
+    folder.Files().Put("broken.adx", good.substr(0, good.size() / 3));
+    Load(folder.Name("broken.adx"));
+    ExpectOutput("FAILED to Load " + folder.Name("broken.adx"));
+    ExpectSaveAsksForAName();
+    EXPECT_EQ(folder.Files().Content("harrier-8192.adx"), good);
+}
+
 TEST_F(DefinitionFiles, StayWhenTheOpenDialogIsCancelled) {
     Settle();
     Start();
@@ -98,6 +110,18 @@ TEST_F(DefinitionFiles, OnceImportedAskForANameWhileTheTitleShowsTheFormer) {
     ExpectTitle(folder.ShortName("harrier-8192.adx"));
     Window().Send(kSpeed100);
     ExpectTitle("");
+}
+
+TEST_F(DefinitionFiles, OnceImportedAreSavedBeforeTheyAreEdited) {
+    Settle();
+    Start();
+    Import(folder.TakeExample("kestrel-legacy.ads"));
+    Window().Send(kEditDefinition);
+    ChooseFile(program->Id(), kSaveTitle, folder.Name("new.adx"));
+    CancelDialog(program->Id(), "Corvex Definition Editor");
+    EXPECT_GT(folder.Size("new.adx"), 1000U);
+    CloseProgram();
+    EXPECT_EQ(folder.Settings().at("lastadxpath"), folder.Name("new.adx"));
 }
 
 TEST_F(DefinitionFiles, AskForANameAfterAFailedImportToo) {

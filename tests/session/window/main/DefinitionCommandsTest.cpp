@@ -11,6 +11,30 @@ protected:
         if (!commands_) commands_.emplace(desktop);
         return *commands_;
     }
+    // Leaves `one.adx` on the disk and a part of another in memory.
+    void LoadBroken() {
+        folder.Put("broken.adx", "<ADXFORMAT version=\"0.50\" />\n<ADXVALUE id=\"a\" id></>");
+        Load(folder.Name("broken.adx"));
+    }
+    void Import() { commands().ImportDefinition(std::string(CORVEX_SOURCE_DIR) + "/examples/kestrel-legacy.ads"); }
+    // Save, and what else has no name to go by.
+    void ExpectAsksForAName(unsigned command) {
+        DialogAnswer answer("Choose file to save to...", IDCANCEL);
+        Command(command);
+        EXPECT_TRUE(answer.Came());
+    }
+    // In place of the editor's library: writes down what it was called with, and may say that it saved.
+    void UseEditor(int answer = 0) {
+        edited.clear();
+        editorAnswer = answer;
+        session.editorEntry = reinterpret_cast<void (*)()>(&Edit);
+    }
+    static int __cdecl Edit(HWND, char* path, DebugOutput*, std::uintptr_t) {
+        edited.emplace_back(path);
+        return editorAnswer;
+    }
+    static inline std::vector<std::string> edited;
+    static inline int editorAnswer = 0;
     void TearDown() override {
         // Their timer is the window's.
         commands_.reset();
@@ -45,8 +69,7 @@ TEST_F(DefinitionCommandsTest, AFirstStartSaysThatThereIsNone) {
 TEST_F(DefinitionCommandsTest, ABrokenOneIsToldWithItsReason) {
     UseDefinition();
     Start();
-    folder.Put("broken.adx", "<ADXFORMAT version=\"0.50\" />\n<ADXVALUE id=\"a\" id></>");
-    Load(folder.Name("broken.adx"));
+    LoadBroken();
     ADXDefinition other;
     char reason[ADXDefinition::kErrorSize] = {};
     ASSERT_EQ(0, other.Load(folder.Name("broken.adx").c_str(), reason));
@@ -79,7 +102,7 @@ TEST_F(DefinitionCommandsTest, AnImportForgetsTheNameButNotTheTitle) {
     UseDefinition();
     Start();
     const std::string title = Title();
-    commands().ImportDefinition(std::string(CORVEX_SOURCE_DIR) + "/examples/kestrel-legacy.ads");
+    Import();
     EXPECT_GT(session.definition.GetCount(), 2U);
     EXPECT_EQ('\0', session.settings.lastadxpath[0]);
     EXPECT_EQ(title, Title());
@@ -104,10 +127,65 @@ TEST_F(DefinitionCommandsTest, SaveWritesWhereItCameFrom) {
 
 TEST_F(DefinitionCommandsTest, SaveWithoutANameAsksForOne) {
     Start();
-    DialogAnswer answer("Choose file to save to...", IDCANCEL);
-    Command(IDM_SAVE_DEFINITION);
-    EXPECT_TRUE(answer.Came());
+    ExpectAsksForAName(IDM_SAVE_DEFINITION);
     EXPECT_EQ('\0', session.settings.lastadxpath[0]);
+}
+
+TEST_F(DefinitionCommandsTest, ARestIsNotSavedOverAGoodFileUntilALoadSucceeds) {
+    UseDefinition();
+    Start();
+    LoadBroken();
+    const std::string good = folder.Content("one.adx");
+    ExpectAsksForAName(IDM_SAVE_DEFINITION);
+    EXPECT_EQ(good, folder.Content("one.adx"));
+    Load(folder.Name("one.adx"));
+    Command(IDM_SAVE_DEFINITION);
+    EXPECT_NE(good, folder.Content("one.adx"));
+}
+
+TEST_F(DefinitionCommandsTest, NorIsWhatWasNeverLoaded) {
+    const std::string path = PutDefinition("one.adx"), good = folder.Content("one.adx");
+    folder.Put("Settings.dat", "lastadxpath=" + path + "\nloadlastdef=0\n");
+    Start();
+    ExpectAsksForAName(IDM_SAVE_DEFINITION);
+    EXPECT_EQ(good, folder.Content("one.adx"));
+}
+
+TEST_F(DefinitionCommandsTest, NorIsWhatWasInMemoryBeforeAnEdit) {
+    UseDefinition();
+    serial.Answer({0xA0}, {3, 4}, 5);
+    Start();
+    UseEditor(1);
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    Command(IDM_EDIT_DEFINITION);
+    ExpectAsksForAName(IDM_SAVE_DEFINITION);  // the edited file is not loaded yet
+}
+
+TEST_F(DefinitionCommandsTest, AnImportIsEditedInTheFileThatItIsSavedTo) {
+    UseDefinition();
+    Start();
+    UseEditor();
+    Import();
+    ExpectAsksForAName(IDM_EDIT_DEFINITION);
+    EXPECT_TRUE(edited.empty());
+    EXPECT_GT(session.definition.GetCount(), 2U);
+}
+
+TEST_F(DefinitionCommandsTest, AfterAFailedLoadTheLastFileIsEdited) {
+    UseDefinition();
+    Start();
+    UseEditor();
+    LoadBroken();
+    Command(IDM_EDIT_DEFINITION);
+    EXPECT_EQ(std::vector<std::string>{folder.Name("one.adx")}, edited);
+}
+
+TEST_F(DefinitionCommandsTest, WithNothingLoadedAnEditBeginsANewOne) {
+    Start();
+    UseEditor();
+    Command(IDM_EDIT_DEFINITION);
+    EXPECT_EQ(std::vector<std::string>{""}, edited);
 }
 
 TEST_F(DefinitionCommandsTest, TheOtherTwoPromptsHaveTheirTitles) {
