@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "controls/window/ControlWindow.h"
 #include "session/window/Desktop.h"
 
 namespace corvex {
@@ -17,19 +18,8 @@ QuietWork::~QuietWork() {
 }
 
 void QuietWork::Run(std::function<void()> work) {
-    SessionState& session = desktop_.session;
-    if (session.log.State() == kLogRecording) session.StopCommand();
-    if (!IsWaiting() && !working_ && desktop_.IsQuiet()) {
-        working_ = true;
-        work();
-        working_ = false;
-        return;
-    }
     waiting_.push_back(std::move(work));
-    if (timerRuns_ || waiting_.size() > 1) return;
-    DebugOutput::Print(&session.debug, "Ending scan and playback first");
-    AskWorkersToEnd();
-    timerRuns_ = ::SetTimer(desktop_.MainWindow(), reinterpret_cast<UINT_PTR>(this), kPollMs, &QuietWork::OnTimer) != 0;
+    Poll();
 }
 
 // The timer's id is the object: the procedure has nothing else to go by.
@@ -37,18 +27,38 @@ void CALLBACK QuietWork::OnTimer(HWND, UINT, UINT_PTR id, DWORD) {
     reinterpret_cast<QuietWork*>(id)->Poll();
 }
 
+// A dialog goes on handling messages: the timer's among them, and those that end the window and with it this.
 void QuietWork::Poll() {
-    if (working_) return;
-    if (!desktop_.IsQuiet()) {
-        AskWorkersToEnd();
-        return;
-    }
-    working_ = true;
-    const std::vector<std::function<void()>> due = std::exchange(waiting_, {});
-    for (const std::function<void()>& work : due)
+    const ControlHold hold(ObjectOf(desktop_.MainWindow()));
+    if (polling_) return;
+    polling_ = true;
+    DoWhatIsDue();
+    polling_ = false;
+}
+
+// Nothing is handled between the looks at what runs and the work, so that nobody can begin anything there.
+void QuietWork::DoWhatIsDue() {
+    while (!waiting_.empty()) {
+        EndRecording();
+        if (::IsWindow(desktop_.MainWindow()) == FALSE) return;
+        if (!desktop_.IsQuiet()) {
+            StartTimer();
+            AskWorkersToEnd();
+            return;
+        }
+        const std::function<void()> work = std::move(waiting_.front());
+        waiting_.pop_front();
         work();
-    working_ = false;
-    if (waiting_.empty()) StopTimer();
+    }
+    StopTimer();
+}
+
+// Once more for a recording that was begun while the dialog of another was open. One that its disk keeps from ending is
+// left as it is: it would be asked about for ever.
+void QuietWork::EndRecording() {
+    SessionState& session = desktop_.session;
+    for (int i = 0; i < 2 && session.log.State() == kLogRecording; ++i)
+        session.StopCommand();
 }
 
 // Asked again at every look: the user may have started something new meanwhile. What is ending already is left alone.
@@ -58,6 +68,12 @@ void QuietWork::AskWorkersToEnd() {
     if (session.scanning.load(std::memory_order_relaxed) != 0) flags |= kStopScan;
     if (session.log.State() == kLogPlaying) flags |= kStopLog;
     if (flags != 0) session.StartStopThread(flags);
+}
+
+void QuietWork::StartTimer() {
+    if (timerRuns_) return;
+    DebugOutput::Print(&desktop_.session.debug, "Ending scan and playback first");
+    timerRuns_ = ::SetTimer(desktop_.MainWindow(), reinterpret_cast<UINT_PTR>(this), kPollMs, &QuietWork::OnTimer) != 0;
 }
 
 void QuietWork::StopTimer() {

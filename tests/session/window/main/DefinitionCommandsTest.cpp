@@ -1,48 +1,8 @@
-#include "session/window/DefinitionCommands.h"
-#include "tests/session/window/main/MainWindowHelper.h"
+#include "tests/session/window/main/DefinitionCommandsHelper.h"
+#include "tests/support/Eventually.h"
 
 namespace corvex::test {
 namespace {
-
-class DefinitionCommandsTest : public MainWindowTest {
-protected:
-    void Load(const std::string& path) { commands().LoadDefinition(path); }
-    DefinitionCommands& commands() {
-        if (!commands_) commands_.emplace(desktop);
-        return *commands_;
-    }
-    // Leaves `one.adx` on the disk and a part of another in memory.
-    void LoadBroken() {
-        folder.Put("broken.adx", "<ADXFORMAT version=\"0.50\" />\n<ADXVALUE id=\"a\" id></>");
-        Load(folder.Name("broken.adx"));
-    }
-    void Import() { commands().ImportDefinition(std::string(CORVEX_SOURCE_DIR) + "/examples/kestrel-legacy.ads"); }
-    // Save, and what else has no name to go by.
-    void ExpectAsksForAName(unsigned command) {
-        DialogAnswer answer("Choose file to save to...", IDCANCEL);
-        Command(command);
-        EXPECT_TRUE(answer.Came());
-    }
-    // In place of the editor's library: writes down what it was called with, and may say that it saved.
-    void UseEditor(int answer = 0) {
-        edited.clear();
-        editorAnswer = answer;
-        session.editorEntry = reinterpret_cast<void (*)()>(&Edit);
-    }
-    static int __cdecl Edit(HWND, char* path, DebugOutput*, std::uintptr_t) {
-        edited.emplace_back(path);
-        return editorAnswer;
-    }
-    static inline std::vector<std::string> edited;
-    static inline int editorAnswer = 0;
-    void TearDown() override {
-        // Their timer is the window's.
-        commands_.reset();
-    }
-
-private:
-    std::optional<DefinitionCommands> commands_;
-};
 
 TEST_F(DefinitionCommandsTest, LoadsTheLastOneAtStart) {
     UseDefinition();
@@ -272,6 +232,34 @@ TEST_F(DefinitionCommandsTest, APlaybackBegunWhileALoadWaitsEndsToo) {
     EXPECT_EQ(kLogPlaying, session.log.State());
     ASSERT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
     EXPECT_FALSE(session.log.IsPlaying());
+}
+
+TEST_F(DefinitionCommandsTest, ARecordingBegunWhileALoadWaitsIsOfferedForSavingToo) {
+    UseDefinition();
+    serial.Answer({0xA0}, {3, 4}, 5);
+    Start();
+    Command(IDM_SCAN);
+    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    const std::string other = PutDefinition("other.adx");
+    Load(other);
+    Command(IDM_RECORD);
+    ASSERT_EQ(kLogRecording, session.log.State());
+    // The timer goes on while the dialog is open, and the load waits for its answer.
+    static std::atomic<int> ticks;
+    ticks = 0;
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR, DWORD) { ++ticks; });
+    bool early = true;
+    DialogAnswer answer("Select/Create file to save...", IDCANCEL, [&] {
+        const int from = ticks;
+        EXPECT_TRUE(Eventually([&] { return ticks >= from + 10; }));
+        early = Says("Loaded " + other);
+    });
+    EXPECT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
+    ::KillTimer(nullptr, timer);
+    EXPECT_TRUE(answer.Came());
+    EXPECT_FALSE(early);
+    EXPECT_EQ(kLogClosed, session.log.State());
+    EXPECT_TRUE(folder.Has("temp.xdl"));
 }
 
 TEST_F(DefinitionCommandsTest, ManyLoadsDuringAPlaybackLeaveNothingBehind) {

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <thread>
@@ -48,10 +49,13 @@ inline std::string TextOf(HWND window) {
 }
 
 // Presses a button of the next dialog with this title, on a thread of its own, so that the call that shows it returns.
+// What is to be looked at while it is open is looked at there.
 class DialogAnswer {
 public:
-    DialogAnswer(std::string title, int button)
-        : thread_([this, title = std::move(title), button] { Run(title, button); }) {}
+    DialogAnswer(
+        std::string title, int button, std::function<void()> before = [] {})
+        : thread_(
+              [this, title = std::move(title), button, before = std::move(before)] { Run(title, button, before); }) {}
     ~DialogAnswer() { thread_.join(); }
     bool Came() {
         thread_.join();
@@ -61,7 +65,7 @@ public:
     std::string Text() const { return text_; }
 
 private:
-    void Run(const std::string& title, int button) {
+    void Run(const std::string& title, int button, const std::function<void()>& before) {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
         HWND dialog = nullptr;
         while (dialog == nullptr && std::chrono::steady_clock::now() < deadline) {
@@ -72,6 +76,7 @@ private:
         if (dialog == nullptr) return;
         text_ = TextOf(::GetDlgItem(dialog, 0xFFFF));  // the words of a message box
         came_ = true;
+        before();
         ::SendMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
     }
     bool came_ = false;
