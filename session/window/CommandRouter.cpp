@@ -48,7 +48,7 @@ bool CommandRouter::RunFileCommand(unsigned command) {
             OpenPreferences(desktop_.session);
             return true;
         case IDM_EXIT:
-            desktop_.session.StartStopThread(kStopScan | kStopLog | kStopWindow);
+            ::SendMessageA(desktop_.MainWindow(), WM_CLOSE, 0, 0);
             return true;
         default:
             return false;

@@ -21,6 +21,9 @@ namespace corvex {
 
 namespace {
 
+constexpr char kQuestionCaption[] = "Corvex";
+constexpr char kDashQuestion[] = "The dashboard was changed. Save the definition first?";
+
 void SetPath(char (&target)[AppSettings::kPathSize], const std::string& path) {
     const std::size_t length = std::min(path.size(), sizeof target - 1);
     std::memcpy(target, path.data(), length);
@@ -30,11 +33,46 @@ void SetPath(char (&target)[AppSettings::kPathSize], const std::string& path) {
 }  // namespace
 
 void DefinitionCommands::LoadDefinition(const std::string& path) {
-    quiet_.Run([this, path] { LoadNow(path); });
+    Drop([this, path] { LoadNow(path); });
 }
 
 void DefinitionCommands::ImportDefinition(const std::string& path) {
-    quiet_.Run([this, path] { ImportNow(path); });
+    Drop([this, path] { ImportNow(path); });
+}
+
+bool DefinitionCommands::MayDrop() {
+    if (desktop_.session.dashChanged == 0) return true;
+    if (asking_) return false;
+    asking_ = true;
+    const bool may = AskAboutDash();
+    asking_ = false;
+    return may;
+}
+
+bool DefinitionCommands::AskAboutDash() {
+    switch (::MessageBoxA(desktop_.MainWindow(), kDashQuestion, kQuestionCaption, MB_YESNOCANCEL | MB_ICONWARNING)) {
+        case IDYES:
+            return HasName() ? Write(desktop_.session.settings.lastadxpath) : SaveAs();
+        case IDNO:
+            return true;
+        default:
+            return false;
+    }
+}
+
+// The question comes first, so that one who thinks better of it finds everything going on as before.
+void DefinitionCommands::Drop(const std::function<void()>& work) {
+    if (MayDrop()) DropWhenQuiet(work);
+}
+
+// What is changed only now was in nobody's mind when the question was answered. The answer takes its time, so the work
+// waits for its turn anew.
+void DefinitionCommands::DropWhenQuiet(const std::function<void()>& work) {
+    const bool givenUp = desktop_.session.dashChanged != 0;
+    quiet_.Run([this, work, givenUp] {
+        if (desktop_.session.dashChanged != 0 && !givenUp) return Drop(work);
+        work();
+    });
 }
 
 void DefinitionCommands::LoadNow(const std::string& path) {
@@ -46,6 +84,7 @@ void DefinitionCommands::LoadNow(const std::string& path) {
         loaded = session.definition.Load(path.c_str(), error, &progress);
     }
     session.origin.Loaded(loaded != 0);
+    session.dashChanged = 0;  // the dashboard that was is gone in any case
     if (loaded != 0) {
         SetPath(session.settings.lastadxpath, path);
         DebugOutput::Print(&session.debug, "Loaded %s", path.c_str());
@@ -65,6 +104,7 @@ void DefinitionCommands::ImportNow(const std::string& path) {
     const bool imported = ReadAds(path.c_str(), &reader) != 0 && ConvertAds(&session.definition, &reader) != 0;
     session.origin.Imported(imported);
     if (imported) {
+        session.dashChanged = 0;
         RefreshPages();
         RefreshTitle(session);
     } else {
@@ -94,13 +134,15 @@ void DefinitionCommands::ImportCommand() {
 }
 
 // Without a file of its own the definition may not take the place of what the last name stands for.
+bool DefinitionCommands::HasName() const {
+    return desktop_.session.origin.HasFile() && desktop_.session.settings.lastadxpath[0] != '\0';
+}
+
 void DefinitionCommands::SaveCommand() {
-    const SessionState& session = desktop_.session;
-    const char* const path = session.settings.lastadxpath;
-    if (path[0] == '\0' || !session.origin.HasFile()) {
-        ::SendMessageA(desktop_.MainWindow(), WM_COMMAND, IDM_SAVE_DEFINITION_AS, 0);
+    if (HasName()) {
+        static_cast<void>(Write(desktop_.session.settings.lastadxpath));
     } else {
-        static_cast<void>(Write(path));
+        ::SendMessageA(desktop_.MainWindow(), WM_COMMAND, IDM_SAVE_DEFINITION_AS, 0);
     }
 }
 
@@ -129,6 +171,7 @@ bool DefinitionCommands::Write(const std::string& path) {
         return false;
     }
     session.origin.Saved();
+    session.dashChanged = 0;
     return true;
 }
 
@@ -144,15 +187,20 @@ bool DefinitionCommands::Edit(char* path) {
 void DefinitionCommands::EditCommand() {
     AppSettings& settings = desktop_.session.settings;
     if (desktop_.session.origin.IsUnsaved() && !SaveAs()) return;
-    if (Edit(settings.lastadxpath)) LoadDefinition(settings.lastadxpath);
+    if (MayDrop() && Edit(settings.lastadxpath)) LoadEdited(settings.lastadxpath);
+}
+
+// The question was asked before the editor opened.
+void DefinitionCommands::LoadEdited(const std::string& path) {
+    DropWhenQuiet([this, path] { LoadNow(path); });
 }
 
 void DefinitionCommands::NewCommand() {
     char path[AppSettings::kPathSize] = {};
-    if (!Edit(path)) return;
+    if (!MayDrop() || !Edit(path)) return;
     path[sizeof path - 1] = '\0';
     SetPath(desktop_.session.settings.lastadxpath, path);
-    LoadDefinition(path);
+    LoadEdited(path);
 }
 
 }  // namespace corvex

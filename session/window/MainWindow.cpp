@@ -76,11 +76,13 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             StatusPanels::Blink(desktop_.session);
             return 0;
         case WM_CLOSE:
-            desktop_.session.StartStopThread(kStopScan | kStopLog | kStopWindow);
+            OnClose();
             return 0;
         case WM_DESTROY:
             OnDestroy();
             return 0;
+        case WM_QUERYENDSESSION:
+            return MayEndSession(lParam) ? TRUE : FALSE;
         case WM_ENDSESSION:
             // The system ends the process when this returns; a recording is whole in its file at any moment.
             if (wParam != FALSE) SaveSettings();
@@ -192,6 +194,18 @@ LRESULT MainWindow::OnSessionMessage(UINT message) {
             ::DestroyWindow(Window());
     }
     return 0;
+}
+
+// Asked once: who closes again while workers end has made up his mind.
+void MainWindow::OnClose() {
+    closes_ = closes_ || router_.Definitions().MayDrop();
+    if (closes_) desktop_.session.StartStopThread(kStopScan | kStopLog | kStopWindow);
+}
+
+// The system shows whoever makes it wait. In an emergency it does not wait.
+bool MainWindow::MayEndSession(LPARAM reason) {
+    const bool critical = (static_cast<DWORD>(reason) & ENDSESSION_CRITICAL) != 0;
+    return critical || closes_ || router_.Definitions().MayDrop();
 }
 
 void MainWindow::OnDestroy() {

@@ -30,12 +30,15 @@ private:
     void Layout(int width, int height);
     LRESULT OnNotify(NMHDR* header);
     LRESULT OnSessionMessage(UINT message);
+    void OnClose();
+    bool MayEndSession(LPARAM reason);
     void OnDestroy();
     void SaveSettings();
 
     Desktop& desktop_;
     std::unique_ptr<ToolImages> images_;
     CommandRouter router_;
+    bool closes_ = false;
 };
 
 }  // namespace corvex
