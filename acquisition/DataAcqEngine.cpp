@@ -13,7 +13,9 @@
 
 namespace corvex {
 
-DataAcqEngine::DataAcqEngine(ISerialPlatform& platform) : port(platform), portRef(&port) {}
+DataAcqEngine::DataAcqEngine(ISerialPlatform& platform) : port(platform), portRef(&port) {
+    port.giveUp = [this] { return StopRequested(); };
+}
 
 DataAcqEngine::~DataAcqEngine() {
     portRef->Close();
@@ -31,7 +33,6 @@ int DataAcqEngine::OpenPort(const char* path, std::uint32_t baud) {
 
 std::int32_t DataAcqEngine::RunCommand(const ADXObject* command) {
     if (command == nullptr || !portRef->IsOpen() || callback == nullptr) return kResultFail;
-    ClearStop();
     switch (command->GetType()) {
         case kTypeMacro:
             return RunMacro(static_cast<const ADXMacro*>(command));
@@ -50,8 +51,29 @@ std::int32_t DataAcqEngine::RunCommand(const ADXObject* command) {
     }
 }
 
-void DataAcqEngine::RequestStop() {
-    stopRequested.store(1, std::memory_order_relaxed);
+std::int32_t DataAcqEngine::RunWhole(const ADXObject* command, std::uint32_t limit) {
+    wholeLimit_ = limit;
+    whole_.emplace();
+    const std::int32_t result = RunCommand(command);
+    whole_.reset();
+    return result;
+}
+
+void DataAcqEngine::RaiseStop(Stop stop) {
+    std::uint32_t asked = stopRequested.load(std::memory_order_relaxed);
+    while (asked < stop && !stopRequested.compare_exchange_weak(asked, stop, std::memory_order_relaxed)) {
+    }
+}
+
+// A machine without a counter has no time to be over: the limit is then none.
+bool DataAcqEngine::StopRequested() const {
+    const std::uint32_t asked = stopRequested.load(std::memory_order_relaxed);
+    if (!whole_) return asked != 0;
+    return asked >= kCut || whole_->Elapsed() * 1000.0 >= wholeLimit_;
+}
+
+std::uint32_t DataAcqEngine::CodeOfShortRead(std::uint32_t otherwise) const {
+    return portRef->WasCut() ? std::uint32_t{kCodeStopped} : otherwise;
 }
 
 bool DataAcqEngine::Allocate(Buffer& buffer, std::uint32_t size) {
@@ -96,7 +118,6 @@ std::uint32_t DataAcqEngine::Exchange(const ADXCSendCommand& command, Buffer& re
         return count;
     }
     if (StopRequested()) {
-        ClearStop();
         status.code = kCodeStopped;
         return count;
     }
@@ -104,12 +125,12 @@ std::uint32_t DataAcqEngine::Exchange(const ADXCSendCommand& command, Buffer& re
     if ((flags & kEcho) != 0 && size != 0) {
         count = portRef->Read(echo.data(), size);
         if (count != size) {
-            status.code = kCodeShortReply;
+            status.code = CodeOfShortRead(kCodeShortReply);
             return count;
         }
     }
     count = portRef->Read(reply.data(), command.replysize);
-    if (count != command.replysize) status.code = kCodeShortReply;
+    if (count != command.replysize) status.code = CodeOfShortRead(kCodeShortReply);
     return count;
 }
 

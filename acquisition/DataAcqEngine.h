@@ -3,10 +3,12 @@
 
 #include <atomic>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "acquisition/DataAcqStatus.h"
 #include "acquisition/QZSerial.h"
+#include "session/base/StopWatch.h"
 
 namespace corvex {
 
@@ -31,7 +33,11 @@ inline constexpr std::int32_t kResultNoMemory = static_cast<std::int32_t>(0x8007
 // What happens on the line is told by `status.code` alone. A command that timed out still returns what its end callback
 // returns.
 //
-// Threads: one thread runs commands and owns all members. RequestStop may come from any other.
+// A stop ends the command in hand with code 2, the macros around it too, and every wait within 50 ms. The request
+// stands until ForgetStop: it can't fall between two commands, however short they are, and what is begun meanwhile ends
+// at once. The write of a command is not interrupted, a reply that has come whole is a reply.
+//
+// Threads: one thread runs commands and owns all members. RequestStop and RequestCut may come from any other.
 class DataAcqEngine {
 public:
     static constexpr std::uint32_t kEcho = 1;  // in `flags`: sent bytes come back before the reply
@@ -52,12 +58,16 @@ public:
     // kResultFail when the command is null or of an unknown type, the port is closed or there is no callback.
     std::int32_t RunCommand(const ADXObject* command);
 
-    // Asks the running command to give up. Seen after the read in hand, so it may take a whole read timeout. A request
-    // that falls between two commands is forgotten, since each command begins by clearing it: the remaining nodes of a
-    // macro then run to the end.
-    void RequestStop();
+    // Runs the command in spite of a stop. What ends it is RequestCut, or that `limit` milliseconds have passed.
+    std::int32_t RunWhole(const ADXObject* command, std::uint32_t limit);
 
-    // The commands themselves, as RunCommand calls them once it has cleared the stop request. Null is a bad argument.
+    void RequestStop() { RaiseStop(kStop); }
+    // A stop that ends a command under RunWhole too.
+    void RequestCut() { RaiseStop(kCut); }
+    // While nobody runs a command or asks for a stop.
+    void ForgetStop() { stopRequested.store(0, std::memory_order_relaxed); }
+
+    // The commands themselves, as RunCommand calls them. Null is a bad argument.
     std::int32_t RunMacro(const ADXMacro* macro);
     std::int32_t RunSendCommand(const ADXCSendCommand* command);
     std::int32_t RunListenSilence(const ADXCListenSilence* command);
@@ -70,19 +80,23 @@ public:
     QZSerial* portRef;                     // all use goes through it
     IDataAcqCallback* callback = nullptr;  // not owned; to be set before a command is run
     DataAcqStatus status;
-    std::atomic<std::uint32_t> stopRequested{0};
+    enum Stop : std::uint32_t { kStop = 1, kCut = 2 };
+    std::atomic<std::uint32_t> stopRequested{0};  // 0, or the strongest Stop that was asked for
 
 private:
     using Buffer = std::vector<std::uint8_t>;
 
-    bool StopRequested() const { return stopRequested.load(std::memory_order_relaxed) != 0; }
-    void ClearStop() { stopRequested.store(0, std::memory_order_relaxed); }
+    void RaiseStop(Stop stop);
+    bool StopRequested() const;
     // False when the buffer can't be had. Buffers begin as zeros.
     static bool Allocate(Buffer& buffer, std::uint32_t size);
     void SetReadTimeouts(std::uint32_t interval, std::uint32_t total);
 
     void RunNodes(const ADXMacro& macro);
     bool RunNode(const ADXObject& command, std::uint32_t nodeFlags);
+    void Delay(std::uint32_t milliseconds);
+    // The code of a read that came short, for which `otherwise` stands unless a stop cut it.
+    std::uint32_t CodeOfShortRead(std::uint32_t otherwise) const;
     std::uint32_t Exchange(const ADXCSendCommand& command, Buffer& reply, Buffer& echo);
     std::uint32_t SilenceVerdict(std::uint32_t totaltimeout);
     std::uint32_t ChatterVerdict(const ADXCListenChatter& command, Buffer& window);
@@ -90,8 +104,10 @@ private:
     void ReadPacket(Buffer& packet);
     bool ReadFramedByte(std::uint8_t& byte);
 
-    std::uint32_t nesting_ = 0;  // macros in hand
-    bool tooDeep_ = false;       // set at the nesting limit until the outermost macro has ended
+    std::optional<StopWatch> whole_;  // while RunWhole runs: since its beginning
+    std::uint32_t wholeLimit_ = 0;    // milliseconds
+    std::uint32_t nesting_ = 0;       // macros in hand
+    bool tooDeep_ = false;            // set at the nesting limit until the outermost macro has ended
 };
 
 }  // namespace corvex

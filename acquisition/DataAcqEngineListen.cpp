@@ -3,6 +3,7 @@
 
 #include "acquisition/DataAcqEngine.h"
 #include "acquisition/IDataAcqCallback.h"
+#include "acquisition/ReadSlices.h"
 #include "definition/ADXC160BaudListen.h"
 #include "definition/ADXCListenChatter.h"
 #include "definition/ADXCListenSilence.h"
@@ -27,14 +28,10 @@ bool StillWithin(std::uint32_t milliseconds, const StopWatch& watch) {
 
 std::int32_t DataAcqEngine::RunListenSilence(const ADXCListenSilence* command) {
     if (command == nullptr) return kResultFail;
-    StopWatch watch;
     status.code = kCodeSuccess;
     status.command = command;
     if (command->silencelen == 0) {
-        // A pure delay. It spins: a sleep would be coarser than the millisecond that definitions count on.
-        watch.Restart();
-        while (!Reached(command->totaltimeout, watch)) {
-        }
+        Delay(command->totaltimeout);
         return kResultOk;
     }
     SetReadTimeouts(command->silencelen, command->silencelen);
@@ -43,18 +40,33 @@ std::int32_t DataAcqEngine::RunListenSilence(const ADXCListenSilence* command) {
     return callback->OnListenSilenceEnd(&status);
 }
 
+// The last two milliseconds are spun away: a sleep would be coarser than the millisecond that definitions count on.
+void DataAcqEngine::Delay(std::uint32_t milliseconds) {
+    constexpr std::uint32_t kSpun = 2;
+    IClock& clock = CurrentClock();
+    const StopWatch watch;
+    while (!Reached(milliseconds, watch)) {
+        if (StopRequested()) {
+            status.code = kCodeStopped;
+            return;
+        }
+        const double left = milliseconds - watch.Elapsed() * 1000.0 - kSpun;
+        if (left <= 0.0) continue;
+        const double slice = std::min(left, double{ReadSlices::kLongest});
+        clock.SleepUntil(clock.Counter() +
+                         static_cast<std::int64_t>(slice * static_cast<double>(clock.Frequency()) / 1000.0));
+    }
+}
+
 std::uint32_t DataAcqEngine::SilenceVerdict(std::uint32_t totaltimeout) {
     StopWatch watch;
     QZSerial::Purge(portRef, true, true);
     std::uint8_t byte = 0;
     while (portRef->Read(&byte, 1) != 0) {
-        if (StopRequested()) {
-            ClearStop();
-            return kCodeStopped;
-        }
+        if (StopRequested()) return kCodeStopped;
         if (Reached(totaltimeout, watch)) return kCodeTimeout;
     }
-    return kCodeSuccess;
+    return CodeOfShortRead(kCodeSuccess);
 }
 
 std::int32_t DataAcqEngine::RunListenChatter(const ADXCListenChatter* command) {
@@ -72,13 +84,12 @@ std::int32_t DataAcqEngine::RunListenChatter(const ADXCListenChatter* command) {
 std::uint32_t DataAcqEngine::ChatterVerdict(const ADXCListenChatter& command, Buffer& window) {
     const StopWatch watch;
     const std::uint8_t* wanted = command.bytestring();
-    if (portRef->Read(window.data(), command.size()) < command.size()) return kCodeTimeout;
+    if (portRef->Read(window.data(), command.size()) < command.size()) return CodeOfShortRead(kCodeTimeout);
     bool found = std::equal(window.begin(), window.end(), wanted);
     while (!found && StillWithin(command.listentimeout, watch)) {
         // The window moves even when no byte comes to fill it.
         std::copy(window.begin() + 1, window.end(), window.begin());
         if (portRef->Read(&window.back(), 1) != 0) found = std::equal(window.begin(), window.end(), wanted);
-        // Left set, unlike in silence and send, so that an enclosing macro sees it and ends too.
         if (StopRequested()) return kCodeStopped;
     }
     return found ? kCodeSuccess : kCodeTimeout;

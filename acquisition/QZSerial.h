@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -10,9 +11,11 @@
 namespace corvex {
 
 class DebugOutput;
+class ReadSlices;
 
-// A thin wrapper. All timing policy lies with the engine; this class stores and applies what it is told. What passes
-// through is dumped on `sink`, when one is set.
+// A thin wrapper. All timing policy lies with the engine; this class stores what it is told and keeps to it. What
+// passes through is dumped on `sink`, when one is set. The system is never asked to wait for long: a read waits in
+// slices (ReadSlices), between which it may be given up, and is one read all the same, with one count and one dump.
 //
 // Threads: one thread at a time, from Open to Close.
 class QZSerial {
@@ -53,8 +56,10 @@ public:
     // the same.
     static void Purge(QZSerial* port, bool clearOutput, bool clearInput);
 
-    // Bytes moved within the timeouts. A failed call and a vanished device give 0, as silence does.
+    // Bytes moved within the timeouts. A failed call and a vanished device give 0, as silence does. A read that
+    // `giveUp` ends brings what has come until then, and WasCut says so until the next read.
     std::uint32_t Read(void* buffer, std::uint32_t count);
+    bool WasCut() const { return cut_; }
     std::uint32_t Write(const void* buffer, std::uint32_t count);
 
     // Why the last Open on this thread failed, or that the device has vanished, in words; may be empty.
@@ -67,12 +72,24 @@ public:
     SerialTimeouts timeouts;
     std::unique_ptr<std::uint8_t[]> block;  // a place kept for a buffer; nothing allocates it
     std::uint32_t blockSize = 0;
+    // What the line runs at since the last Open, as the system says; 0 when it can't tell.
+    std::uint32_t lineBaud = 0;
+    // Asked on the reading thread, at least every 50 ms of a wait: is what is being waited for no longer wanted? Empty:
+    // it is.
+    std::function<bool()> giveUp;
 
 private:
     int Refuse();  // closes and logs; 0
     bool ApplyLineSettings();
+    bool ApplyTimeouts(std::uint32_t slice);
+    std::uint32_t ReadInSlices(std::uint8_t* bytes, std::uint32_t count);
+    std::uint32_t ReadWhatIsThere(std::uint8_t* bytes, std::uint32_t count);
+    bool GivesUp(ReadSlices& slices);
 
     ISerialPlatform& platform_;
+    bool inSlices_ = false;    // under the stored timeouts
+    std::uint32_t slice_ = 0;  // that the system has been told; 0: other timeouts
+    bool cut_ = false;
 };
 
 }  // namespace corvex

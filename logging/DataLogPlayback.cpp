@@ -4,6 +4,7 @@
 #include "logging/DataLogEngine.h"
 #include "logging/IDataLogCallback.h"
 #include "logging/LogBuffers.h"
+#include "platform/Clock.h"
 
 namespace corvex {
 
@@ -11,11 +12,6 @@ namespace {
 
 constexpr std::uint32_t kFromLog = 1;  // source of a status
 constexpr float kSlowestPaced = 0.01F;
-
-void SleepOneMillisecond() {
-    IClock& clock = SystemClock();
-    SleepUntil(clock.Counter() + clock.Frequency() / 1000);
-}
 
 }  // namespace
 

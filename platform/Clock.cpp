@@ -15,6 +15,10 @@ IClock& CurrentClock() {
     return clock != nullptr ? *clock : SystemClock();
 }
 
+void SleepUntil(std::int64_t counter) {
+    SystemClock().SleepUntil(counter);
+}
+
 ScopedClock::ScopedClock(IClock& clock) : previous_(forced.exchange(&clock, std::memory_order_acq_rel)) {}
 
 ScopedClock::~ScopedClock() {

@@ -12,6 +12,9 @@ public:
     virtual ~IClock() = default;
     virtual std::int64_t Counter() = 0;    // monotonic, in counts
     virtual std::int64_t Frequency() = 0;  // counts per second, constant for the life of the clock; 0: no counter
+    // Blocks until the counter has reached `counter`; returns at once when that moment has passed, never early. Without
+    // a counter it returns at once.
+    virtual void SleepUntil(std::int64_t counter) = 0;
 };
 
 // The machine's own counter.
@@ -32,9 +35,13 @@ private:
     IClock* previous_;
 };
 
-// Blocks until SystemClock().Counter() has reached `counter`; returns at once when that moment has passed.
-// Never returns early. Accurate to the scheduler's latency (some 0.1 ms on an idle machine).
+// SystemClock().SleepUntil, accurate to the scheduler's latency (some 0.1 ms on an idle machine). May keep a processor
+// busy for the last half millisecond.
 void SleepUntil(std::int64_t counter);
+
+// Gives the processor away for about a millisecond, for a loop that looks again and again: neither exact nor never
+// early, but at no cost. A whole tick of 15.6 ms on a Windows without fine timers.
+void SleepOneMillisecond();
 
 // The local time, as the operating system tells it.
 struct LocalTime {

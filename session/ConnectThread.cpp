@@ -15,6 +15,7 @@ void SessionState::ConnectThread(const std::string& portName) {
     const ADXObject* const disconnect = definition.disconnectcmd;
     engine.callback = &callback;
     if (engine.OpenPort(portName.c_str(), baud)) {
+        TellOddRate(portName);
         EnterLineState(kConnecting);
         RunScan(connect, monitor, disconnect);
         engine.port.Close();
@@ -35,8 +36,15 @@ void SessionState::RunScan(const ADXObject* connect, const ADXObject* monitor, c
         result = engine.RunCommand(monitor);
     }
     if (RunsDisconnect(monitor != nullptr, scanning.load(std::memory_order_relaxed))) {
-        static_cast<void>(engine.RunCommand(disconnect));  // the line is being left, whatever it says
+        stop_.RunDisconnect(disconnect);
     }
+}
+
+// The port's own lines go to its sink, which is silent in a session; this one nobody can do without.
+void SessionState::TellOddRate(const std::string& portName) {
+    const std::uint32_t wanted = engine.port.baud, taken = engine.port.lineBaud;
+    if (IsOddRate(wanted, taken))
+        DebugOutput::Print(&debug, "%s runs at %u baud instead of %u!", portName.c_str(), taken, wanted);
 }
 
 }  // namespace corvex

@@ -93,7 +93,9 @@ std::int32_t DAECallback::OnSendCommandEnd(const DataAcqStatus* status, const st
     if (status->code != kCodeSuccess) {
         DebugOutput::Print(&session_.debug, "%.3f: !!!!!!SEND COMMAND FAILURE (0x%.8X)!!!!!!",
                            static_cast<double>(sample.t), status->code);
-        if (FlashIfConnected("ALDL Data Error!")) session_.errorCount.fetch_add(1, std::memory_order_relaxed);
+        // A command that a stop has cut is nobody's fault.
+        if (status->code != kCodeStopped && FlashIfConnected("ALDL Data Error!"))
+            session_.errorCount.fetch_add(1, std::memory_order_relaxed);
     } else if (expected) {
         TakeReply(*status, *command, sample.t, Arrived(reply, count));
     } else {
@@ -122,7 +124,7 @@ std::int32_t DAECallback::On160BaudEnd(const DataAcqStatus* status, const std::u
         FlashIfConnected("Data Byte Error!");
     } else {
         DebugOutput::Print(&session_.debug, "160 BAUD PACKET ERROR");
-        FlashIfConnected("Packet Error!");
+        if (status->code != kCodeStopped) FlashIfConnected("Packet Error!");
     }
     // Bad packets too: pages that read the last packet show what there is.
     if (view && count != 0) session_.StoreLastPacket(LastPacket::Of(view, status->commandId));

@@ -28,6 +28,13 @@ constexpr bool BecomesConnected(std::uint32_t scanning, std::uint32_t connection
     return scanning != 0 && connectionState == kConnecting;
 }
 
+// The line runs at a rate so far from the one that was asked for that bytes are lost: more than 3 % away. 0 is a rate
+// that nobody can tell.
+constexpr bool IsOddRate(std::uint32_t wanted, std::uint32_t taken) {
+    const std::uint64_t apart = taken > wanted ? taken - wanted : wanted - taken;
+    return taken != 0 && apart * 100 > std::uint64_t{wanted} * 3;
+}
+
 // A recording takes good replies of a connected line only, and the one that is about to connect it.
 constexpr bool TakesSamples(std::uint32_t logState, std::uint32_t scanning, std::uint32_t connectionState) {
     return logState == kLogRecording && (connectionState == kConnected || BecomesConnected(scanning, connectionState));

@@ -15,7 +15,7 @@ SessionState::SessionState(SessionCalls calls, ISerialPlatform& serial)
 
 SessionState::~SessionState() {
     scanning.store(0, std::memory_order_relaxed);
-    engine.RequestStop();
+    stop_.Ask(false);
     // The playback thread first: it may still start a stop thread, and it calls what is gone before the log goes.
     static_cast<void>(log.RequestStop());
     log.WaitForPlayback();
@@ -45,6 +45,7 @@ void SessionState::ToggleScan() {
 bool SessionState::BeginScan() {
     const std::lock_guard lock(scanLock_);
     if (scanning.load(std::memory_order_relaxed) != 0 || connectRuns_ || scanStopsRunning_ != 0) return false;
+    stop_.Begin();
     scanning.store(1, std::memory_order_relaxed);
     connectRuns_ = true;
     return true;

@@ -19,6 +19,7 @@
 #include "session/LastPacket.h"
 #include "session/LogWishes.h"
 #include "session/RepeatFilter.h"
+#include "session/ScanStop.h"
 #include "session/SessionCalls.h"
 #include "session/base/AutoResetEvent.h"
 #include "session/base/DebugOutput.h"
@@ -58,7 +59,8 @@ public:
     SessionState& operator=(const SessionState&) = delete;
 
     // Starts a scan: clears the text log, the error count and the charts, restarts the stopwatch. While a scan, or the
-    // stop of one, has not ended, it starts one more stop thread instead, which is harmless. Main thread.
+    // stop of one, has not ended, it starts one more stop thread instead, which cuts a disconnect command that runs
+    // (ScanStop) and is harmless else. Main thread.
     void ToggleScan();
     // Starts a stop thread with these StopFlags, unwaited. Any thread.
     void StartStopThread(std::uint32_t flags);
@@ -155,8 +157,9 @@ public:
 private:
     void ConnectThread(const std::string& portName);
     void RunScan(const ADXObject* connect, const ADXObject* monitor, const ADXObject* disconnect);
+    void TellOddRate(const std::string& portName);
     void StopThread(std::uint32_t flags);
-    void StopScan();
+    void StopScan(bool insists);
     void StopLog();
     bool BeginScan();
     void EndScan();
@@ -177,6 +180,7 @@ private:
     void Jump(std::uint32_t target, std::uint32_t flags);
 
     const SessionCalls calls_;
+    ScanStop stop_{engine};
     mutable std::mutex packetLock_, rateLock_, scanLock_;
     LastPacket lastPacket_;
     bool connectRuns_ = false;       // under scanLock_: from ToggleScan to the end of the connect thread

@@ -20,14 +20,14 @@ void SessionState::StartStopThread(std::uint32_t flags) {
 }
 
 void SessionState::StopThread(std::uint32_t flags) {
-    if ((flags & kStopScan) != 0) StopScan();
+    if ((flags & kStopScan) != 0) StopScan(flags == kStopScan);
     if ((flags & kStopLog) != 0) StopLog();
     if ((flags & kStopWindow) != 0) calls_.postMain(kMessageDestroyWindow);
 }
 
-void SessionState::StopScan() {
+void SessionState::StopScan(bool insists) {
     scanning.store(0, std::memory_order_relaxed);
-    engine.RequestStop();
+    stop_.Ask(insists);
     threadDone.Wait();
     threadDone.Set();  // the wait took the signal, which says that no connect thread runs
     {

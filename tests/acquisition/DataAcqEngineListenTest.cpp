@@ -1,4 +1,6 @@
 // Silence and chatter.
+#include <thread>
+
 #include "tests/acquisition/EngineTestHelper.h"
 
 namespace corvex {
@@ -75,22 +77,30 @@ TEST_F(ListenSilenceTest, TheEndGivesTheResult) {
     EXPECT_EQ(engine.RunCommand(&command), -4);
 }
 
-TEST_F(ListenSilenceTest, AStopIsConsumedAndGoesBeforeTheTimeout) {
+TEST_F(ListenSilenceTest, AStopGoesBeforeTheTimeout) {
     line.FeedForEver(0x55, 10);
     line.onRead = [this](std::uint32_t number) {
         if (number == 10) engine.RequestStop();
     };
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.back(), "SilenceEnd 2");
-    EXPECT_EQ(engine.stopRequested, 0U);
     EXPECT_EQ(line.Calls("read").size(), 10U);
 }
 
-TEST_F(ListenSilenceTest, AStopOnAQuietLineIsNotSeen) {
+TEST_F(ListenSilenceTest, AStopIsNotSeenWhenTheSilenceIsThereBefore) {
     line.onRead = [this](std::uint32_t) { engine.RequestStop(); };
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.back(), "SilenceEnd 0");
-    EXPECT_EQ(engine.stopRequested, 1U);
+}
+
+TEST_F(ListenSilenceTest, AStopCutsTheWaitForALongSilence) {
+    command.silencelen = 0xFFFFFFFF;
+    line.onRead = [this](std::uint32_t number) {
+        if (number == 3) engine.RequestStop();
+    };
+    engine.RunCommand(&command);
+    EXPECT_EQ(callback.words.back(), "SilenceEnd 2");
+    EXPECT_EQ(clock.PeekMilliseconds(), 150.0);
 }
 
 TEST_F(ListenSilenceTest, NoLengthMakesItAPureDelay) {
@@ -102,6 +112,35 @@ TEST_F(ListenSilenceTest, NoLengthMakesItAPureDelay) {
     EXPECT_GE(clock.PeekMilliseconds(), 100.0);
     EXPECT_LE(clock.PeekMilliseconds(), 103.0);
     EXPECT_EQ(engine.status.command, &command);
+}
+
+TEST_F(ListenSilenceTest, AStopCutsADelayWithinASlice) {
+    command.silencelen = 0;
+    command.totaltimeout = 0xFFFFFFFF;
+    std::thread stopper([this] {
+        while (clock.PeekMilliseconds() < 1000)
+            std::this_thread::yield();
+        engine.RequestStop();
+    });
+    EXPECT_EQ(engine.RunCommand(&command), 0);
+    stopper.join();
+    EXPECT_EQ(engine.status.code, 2U);
+    EXPECT_EQ(callback.words, Words{});
+    clock.SetStep(1024);
+    const double began = clock.PeekMilliseconds();
+    engine.RunCommand(&command);  // the stop still stands
+    EXPECT_LE(clock.PeekMilliseconds() - began, 50.0);
+}
+
+// Most of it is slept away; what is left is a matter of milliseconds.
+TEST_F(ListenSilenceTest, ALongDelayDoesNotSpin) {
+    command.silencelen = 0;
+    command.totaltimeout = 10'000;
+    clock.SetStep(64);
+    engine.RunCommand(&command);
+    EXPECT_GE(clock.PeekMilliseconds(), 10'000.0);
+    EXPECT_LE(clock.PeekMilliseconds(), 10'001.0);
+    EXPECT_LT(clock.Readings(), 1500U);
 }
 
 TEST_F(ListenSilenceTest, NoLengthAndNoTimeReturnAtOnce) {
@@ -123,7 +162,8 @@ TEST_F(ListenSilenceTest, ADelayEndsOnAMachineWithoutACounter) {
 TEST_F(ListenChatterTest, APatternInTheFirstBytesNeedsNoShifting) {
     line.Feed({7, 8, 9});
     EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(line.Calls(), (Words{"timeouts 50 0 400 0 300", "read 3 -> 3"}));
+    EXPECT_EQ(line.Calls(), (Words{"timeouts 50 0 50 0 300", "read 1 -> 1", "read 1 -> 1", "read 1 -> 1"}));
+    EXPECT_EQ(Told(), "50 0 400 0 300");
     EXPECT_EQ(callback.words, (Words{"ChatterBegin", "ChatterEnd 0"}));
     EXPECT_EQ(callback.last.command, &command);
 }
@@ -132,14 +172,14 @@ TEST_F(ListenChatterTest, ThePatternIsFoundByShifting) {
     line.Feed({1, 7, 8, 7, 8, 9, 1});
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.back(), "ChatterEnd 0");
-    EXPECT_EQ(line.Calls("read"), (Words{"read 3 -> 3", "read 1 -> 1", "read 1 -> 1", "read 1 -> 1"}));
+    EXPECT_EQ(line.Calls("read"), Reads(6));
 }
 
 TEST_F(ListenChatterTest, TooFewBytesAtFirstTimeOutAtOnce) {
     line.Feed({7, 8});
     EXPECT_EQ(engine.RunCommand(&command), 0);
     EXPECT_EQ(callback.words.back(), "ChatterEnd 4");
-    EXPECT_EQ(line.Calls("read").size(), 1U);
+    EXPECT_EQ(clock.PeekMilliseconds(), 50.0);  // the gap
 }
 
 TEST_F(ListenChatterTest, OnlyTheTimeEndsTheSearch) {
@@ -150,19 +190,20 @@ TEST_F(ListenChatterTest, OnlyTheTimeEndsTheSearch) {
     EXPECT_EQ(clock.PeekMilliseconds(), 410.0);
 }
 
-// A failed read costs no time on this line, so that several fit into the listening time.
+// A failed read costs no time on this line, so that several fit into the listening time. The first three are those of
+// the window.
 TEST_F(ListenChatterTest, AReadOfNothingDoesNotEndTheSearch) {
     line.Feed({1, 7, 8, 7, 8, 9});
-    line.failReads = {2, 3};
+    line.failReads = {4, 5};
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.back(), "ChatterEnd 0");
-    EXPECT_EQ(line.Calls("read").size(), 6U);
+    EXPECT_EQ(line.Calls("read").size(), 8U);
 }
 
 // The window moves before each read, filled or not: a pattern with a failed read in its middle is not seen.
 TEST_F(ListenChatterTest, AReadOfNothingMovesTheWindowAllTheSame) {
     line.Feed({1, 7, 8, 9});
-    line.failReads = {2};
+    line.failReads = {4};
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.back(), "ChatterEnd 4");
 }
@@ -172,7 +213,7 @@ TEST_F(ListenChatterTest, TheLastByteStandsTwiceAfterAReadOfNothing) {
     const Bytes wanted{8, 8, 9};
     command.SetBytes(wanted.data(), 3);
     line.Feed({1, 7, 8, 9});
-    line.failReads = {2};
+    line.failReads = {4};
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.back(), "ChatterEnd 0");
 }
@@ -181,22 +222,31 @@ TEST_F(ListenChatterTest, AReadOfNothingSkipsTheCompare) {
     const Bytes wanted{8, 8, 8};
     command.SetBytes(wanted.data(), 3);
     line.Feed({1, 7, 8});
-    line.failReads = {2, 3};  // the window is 8 8 8 after the second
+    line.failReads = {4, 5};  // the window is 8 8 8 after the second
     line.onRead = [this](std::uint32_t number) {
-        if (number == 4) engine.RequestStop();
+        if (number == 6) engine.RequestStop();
     };
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.back(), "ChatterEnd 2");
 }
 
-TEST_F(ListenChatterTest, AStopStaysForTheMacroAndComesWithoutAVerdict) {
+TEST_F(ListenChatterTest, AStopComesWithoutAVerdict) {
     line.Feed({1, 7, 8, 9});
     line.onRead = [this](std::uint32_t number) {
-        if (number == 2) engine.RequestStop();
+        if (number == 4) engine.RequestStop();
     };
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.back(), "ChatterEnd 2");  // though this very read found it
-    EXPECT_EQ(engine.stopRequested, 1U);
+}
+
+TEST_F(ListenChatterTest, AStopCutsAWaitWithoutLimit) {
+    command.listentimeout = 0;
+    line.onRead = [this](std::uint32_t number) {
+        if (number == 100) engine.RequestStop();
+    };
+    engine.RunCommand(&command);
+    EXPECT_EQ(callback.words.back(), "ChatterEnd 2");
+    EXPECT_EQ(clock.PeekMilliseconds(), 5000.0);
 }
 
 TEST_F(ListenChatterTest, AStopDuringTheFirstReadIsNotSeenWhenItFinds) {

@@ -159,12 +159,12 @@ TEST_F(DataAcqEngineMacroTest, AStopBetweenNodesEndsIt) {
     EXPECT_EQ(engine.stopRequested, 1U);
 }
 
-TEST_F(DataAcqEngineMacroTest, AStopConsumedByASendDoesNotEndIt) {
+TEST_F(DataAcqEngineMacroTest, AStopThatASendSawEndsItToo) {
     AddNode(macro, poll);
     AddNode(macro, trigger);
     line.onWrite = [this] { engine.RequestStop(); };
     engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "SendBegin", "SendEnd 2 3", "Trigger", "MacroEnd 0"}));
+    EXPECT_EQ(callback.words, (Words{"MacroBegin", "SendBegin", "SendEnd 2 3", "MacroEnd 2"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, AStopSeenByChatterEndsItToo) {

@@ -23,7 +23,9 @@ protected:
 TEST_F(DataAcqEngineSendTest, SendsAndTakesTheReply) {
     line.Answer({1, 2, 3}, {10, 20, 30, 40, 50}, 4, 1);
     EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(line.Calls(), (Words{"timeouts 75 0 200 0 300", "purge 1 1", "write 1 2 3", "read 5 -> 5"}));
+    EXPECT_EQ(line.Calls(), (Words{"timeouts 75 0 50 0 300", "purge 1 1", "write 1 2 3", "read 1 -> 1", "read 1 -> 1",
+                                   "read 1 -> 1", "read 1 -> 1", "read 1 -> 1"}));
+    EXPECT_EQ(Told(), "75 0 200 0 300");
     EXPECT_EQ(callback.words, (Words{"SendBegin", "SendEnd 0 5"}));
     EXPECT_EQ(callback.bytes, (Bytes{10, 20, 30, 40, 50}));
     EXPECT_EQ(callback.last.command, &command);
@@ -120,27 +122,49 @@ TEST_F(DataAcqEngineSendTest, WithoutTheReplyFlagTheCountIsThatOfTheBytesSent) {
     EXPECT_EQ(line.Calls("read"), Words{});
 }
 
-TEST_F(DataAcqEngineSendTest, AStopAfterTheWriteIsConsumed) {
+TEST_F(DataAcqEngineSendTest, AStopAfterTheWriteReadsNothing) {
     line.onWrite = [this] { engine.RequestStop(); };
     EXPECT_EQ(engine.RunCommand(&command), 0);
     EXPECT_EQ(callback.words.back(), "SendEnd 2 3");
-    EXPECT_EQ(engine.stopRequested, 0U);
     EXPECT_EQ(line.Calls("read"), Words{});
 }
 
-TEST_F(DataAcqEngineSendTest, AStopDuringTheReadIsNotSeen) {
+TEST_F(DataAcqEngineSendTest, AReplyThatHasComeIsAReplyInSpiteOfAStop) {
     line.Answer({1, 2, 3}, {1, 2, 3, 4, 5});
     line.onRead = [this](std::uint32_t) { engine.RequestStop(); };
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.back(), "SendEnd 0 5");
-    EXPECT_EQ(engine.stopRequested, 1U);
+}
+
+TEST_F(DataAcqEngineSendTest, AStopCutsTheWaitForAReplyOrAnEcho) {
+    command.replytimeout = 3'600'000;
+    line.onRead = [this](std::uint32_t) { engine.RequestStop(); };
+    line.Answer({1, 2, 3}, {1}, 10);
+    for (const std::uint32_t flags : {0U, std::uint32_t{DataAcqEngine::kEcho}}) {
+        engine.ForgetStop();
+        engine.flags = flags;
+        const double began = clock.PeekMilliseconds();
+        engine.RunCommand(&command);
+        EXPECT_EQ(callback.words.back(), "SendEnd 2 1");
+        EXPECT_EQ(clock.PeekMilliseconds() - began, 60.0);  // the byte after 10 ms and one slice
+    }
+}
+
+// The timeouts were over when the stop was seen: the reply did come short.
+TEST_F(DataAcqEngineSendTest, AStopInTheLastSliceMakesNoOtherCode) {
+    command.replytimeout = 100;
+    line.onRead = [this](std::uint32_t number) {
+        if (number == 2) engine.RequestStop();
+    };
+    engine.RunCommand(&command);
+    EXPECT_EQ(callback.words.back(), "SendEnd 6 0");
 }
 
 TEST_F(DataAcqEngineSendTest, TheEchoIsReadAndNotCompared) {
     engine.flags = DataAcqEngine::kEcho;
     line.Answer({1, 2, 3}, {99, 98, 97, 1, 2, 3, 4, 5});
     engine.RunCommand(&command);
-    EXPECT_EQ(line.Calls("read"), (Words{"read 3 -> 3", "read 5 -> 5"}));
+    EXPECT_EQ(line.Calls("read"), Reads(3 + 5));
     EXPECT_EQ(callback.words.back(), "SendEnd 0 5");
     EXPECT_EQ(callback.bytes, (Bytes{1, 2, 3, 4, 5}));
 }
@@ -157,7 +181,7 @@ TEST_F(DataAcqEngineSendTest, AShortEchoEndsTheCommandWithItsCount) {
     line.Answer({1, 2, 3}, {1, 2});
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.back(), "SendEnd 6 2");
-    EXPECT_EQ(line.Calls("read"), (Words{"read 3 -> 2"}));
+    EXPECT_EQ(line.Calls("read"), (Words{"read 1 -> 1", "read 1 -> 1", "read 1 -> 0", "read 1 -> 0"}));
     EXPECT_EQ(callback.bytes, (Bytes{0, 0}));
 }
 
@@ -166,7 +190,7 @@ TEST_F(DataAcqEngineSendTest, NoEchoIsExpectedOfNothing) {
     GiveBytes(command, {});
     line.Feed({1, 2, 3, 4, 5}, 10);
     engine.RunCommand(&command);
-    EXPECT_EQ(line.Calls("read"), (Words{"read 5 -> 5"}));
+    EXPECT_EQ(line.Calls("read"), Reads(5));
 }
 
 TEST_F(DataAcqEngineSendTest, AnAbsurdReplyCannotBeHad) {

@@ -25,8 +25,9 @@ TEST_F(DataAcqEngineTest, BeginsEmpty) {
 
 TEST_F(DataAcqEngineTest, OpensThePortWithItsOwnTimeoutsAndQueues) {
     EXPECT_NE(engine.OpenPort("COM1", 8192), 0);
-    EXPECT_EQ(line.Calls(), (Words{"open COM1", "getstate", "setstate 8192", "timeouts 40 0 300 0 300",
-                                   "timeouts 300 0 2000 0 110", "queues 1024 512"}));
+    EXPECT_EQ(line.Calls(), (Words{"open COM1", "getstate", "setstate 8192", "getstate", "timeouts 40 0 50 0 300",
+                                   "timeouts 300 0 50 0 110", "queues 1024 512"}));
+    EXPECT_EQ(Told(), "300 0 2000 0 110");
 }
 
 TEST_F(DataAcqEngineTest, AnyFailedStepOfOpeningFails) {
@@ -66,17 +67,60 @@ TEST_F(DataAcqEngineTest, RefusesWhatItCannotRun) {
     EXPECT_EQ(engine.RunCommand(&trigger), kResultFail);
 }
 
-TEST_F(DataAcqEngineTest, EveryCommandBeginsByForgettingAStopRequest) {
+// One that fell between two commands would be lost else.
+TEST_F(DataAcqEngineTest, AStopStandsUntilItIsForgotten) {
     Open();
     const ADXCTrigger trigger;
+    ADXMacro macro;
+    AddNode(macro, trigger);
     engine.RequestStop();
-    EXPECT_EQ(engine.stopRequested, 1U);
-    EXPECT_EQ(engine.RunCommand(&trigger), 0);
-    EXPECT_EQ(engine.stopRequested, 0U);
-    const ADXObject unknown;
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(engine.RunCommand(&macro), 0);
+    EXPECT_EQ(callback.words, (Words{"MacroBegin", "MacroEnd 2", "MacroBegin", "MacroEnd 2"}));
+    engine.ForgetStop();
+    callback.words.clear();
+    engine.RunCommand(&macro);
+    EXPECT_EQ(callback.words, (Words{"MacroBegin", "Trigger", "MacroEnd 0"}));
+}
+
+TEST_F(DataAcqEngineTest, AStopIsNoCutAndNeverWeakensOne) {
     engine.RequestStop();
-    EXPECT_EQ(engine.RunCommand(&unknown), kResultFail);
-    EXPECT_EQ(engine.stopRequested, 0U);
+    EXPECT_EQ(engine.stopRequested, DataAcqEngine::kStop);
+    engine.RequestCut();
+    EXPECT_EQ(engine.stopRequested, DataAcqEngine::kCut);
+    engine.RequestStop();
+    EXPECT_EQ(engine.stopRequested, DataAcqEngine::kCut);
+}
+
+TEST_F(DataAcqEngineTest, AWholeCommandRunsInSpiteOfAStop) {
+    Open();
+    ADXCSendCommand poll;
+    MakePoll(poll);
+    poll.replytimeout = 0;
+    ADXMacro macro;
+    AddNode(macro, poll, 2);
+    line.Answer({1, 2, 3}, {1, 2, 3, 4, 5}, 2000);
+    engine.RequestStop();
+    engine.RunWhole(&macro, 5000);
+    EXPECT_EQ(callback.words,
+              (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "SendBegin", "SendEnd 0 5", "MacroEnd 0"}));
+    callback.words.clear();
+    engine.RunCommand(&macro);
+    EXPECT_EQ(callback.words, (Words{"MacroBegin", "MacroEnd 2"}));
+}
+
+TEST_F(DataAcqEngineTest, ItsTimeOrACutEndAWholeCommand) {
+    Open();
+    ADXCSendCommand poll;
+    MakePoll(poll);
+    poll.replytimeout = 0;
+    engine.RunWhole(&poll, 5000);
+    EXPECT_EQ(callback.words.back(), "SendEnd 2 0");
+    EXPECT_EQ(clock.PeekMilliseconds(), 5000.0);
+    line.onRead = [this](std::uint32_t) { engine.RequestCut(); };
+    engine.RunWhole(&poll, 5000);
+    EXPECT_EQ(callback.words.back(), "SendEnd 2 0");
+    EXPECT_EQ(clock.PeekMilliseconds(), 5050.0);
 }
 
 TEST_F(DataAcqEngineTest, ATriggerIsHandedToTheCallback) {

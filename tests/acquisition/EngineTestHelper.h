@@ -36,6 +36,18 @@ protected:
         command.SetBytes(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
     }
 
+    // What the engine told the port, which tells the system of shorter waits.
+    std::string Told() const {
+        const SerialTimeouts& t = engine.port.timeouts;
+        std::string text;
+        for (const std::uint32_t ms :
+             {t.readInterval, t.readMultiplier, t.readConstant, t.writeMultiplier, t.writeConstant})
+            text += (text.empty() ? "" : " ") + std::to_string(ms);
+        return text;
+    }
+    // So many bytes, read one by one.
+    static Words Reads(std::size_t count) { return Words(count, "read 1 -> 1"); }
+
     // A send of 1 2 3 that expects a reply of five bytes.
     void MakePoll(ADXCSendCommand& command) {
         command.SetId("poll");

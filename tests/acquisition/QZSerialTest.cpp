@@ -23,6 +23,7 @@ protected:
     }
 
     test::VirtualClock clock_;
+    ScopedClock scope_{clock_};
     test::ScriptedSerial line_;
     test::TextRecorder text_;
     DebugOutput log_;
@@ -44,7 +45,7 @@ TEST_F(QZSerialTest, BeginsClosedAndSilent) {
 
 TEST_F(QZSerialTest, OpensInTheOrderThatDriversExpect) {
     EXPECT_EQ(port_.Open("COM1", 8192), 1);
-    EXPECT_EQ(line_.Calls(), (Words{"open COM1", "getstate", "setstate 8192", "timeouts 40 0 300 0 300"}));
+    EXPECT_EQ(line_.Calls(), (Words{"open COM1", "getstate", "setstate 8192", "getstate", "timeouts 40 0 50 0 300"}));
     EXPECT_EQ(text_.Text(), "QZSerial: Successfully opened COM1\r\nQZSerial: COM1 opened at 8192 baud");
     EXPECT_TRUE(port_.IsOpen());
     EXPECT_EQ(port_.baud, 8192U);
@@ -103,6 +104,18 @@ TEST_F(QZSerialTest, ClosesWhenTheStateCannotBeSet) {
     EXPECT_EQ(port_.handle, kInvalidSerialHandle);
     EXPECT_EQ(text_.Text(),
               "QZSerial: Successfully opened COM1\r\nQZSerial: SetCommState Failed\r\nQZSerial: Port Closed");
+}
+
+TEST_F(QZSerialTest, KnowsTheRateThatTheLineReallyHas) {
+    EXPECT_EQ(port_.Open("COM1", 8192), 1);
+    EXPECT_EQ(port_.lineBaud, 8192U);
+    line_.lineBaud = 9600;
+    EXPECT_EQ(port_.Open("COM1", 8192), 1);
+    EXPECT_EQ(port_.lineBaud, 9600U);
+    EXPECT_EQ(port_.baud, 8192U);
+    line_.failOpen = true;
+    EXPECT_EQ(port_.Open("COM1", 8192), 0);
+    EXPECT_EQ(port_.lineBaud, 0U);
 }
 
 TEST_F(QZSerialTest, OpensEvenWhenTheTimeoutsAreRefused) {
@@ -165,12 +178,15 @@ TEST_F(QZSerialTest, StoresTheSelectedTimeoutsAndAppliesAll) {
         EXPECT_EQ(port_.SetTimeouts(1, 2, 3, 4, 5, mask), 1);
         return line_.Calls().at(0);
     };
-    EXPECT_EQ(applied(0), "timeouts 40 0 300 0 300");
+    // The system hears of no wait that is longer than a slice.
+    EXPECT_EQ(applied(0), "timeouts 40 0 50 0 300");
     EXPECT_EQ(applied(QZSerial::kReadConstant), "timeouts 40 0 3 0 300");
-    EXPECT_EQ(applied(QZSerial::kReadMultiplier), "timeouts 40 2 3 0 300");
-    EXPECT_EQ(applied(QZSerial::kReadInterval), "timeouts 1 2 3 0 300");
-    EXPECT_EQ(applied(QZSerial::kWriteConstant), "timeouts 1 2 3 0 5");
-    EXPECT_EQ(applied(QZSerial::kWriteMultiplier), "timeouts 1 2 3 4 5");
+    EXPECT_EQ(applied(QZSerial::kReadMultiplier), "timeouts 40 0 50 0 300");
+    EXPECT_EQ(port_.timeouts.readMultiplier, 2U);
+    EXPECT_EQ(port_.timeouts.readConstant, 3U);
+    EXPECT_EQ(applied(QZSerial::kReadInterval), "timeouts 1 0 50 0 300");
+    EXPECT_EQ(applied(QZSerial::kWriteConstant), "timeouts 1 0 50 0 5");
+    EXPECT_EQ(applied(QZSerial::kWriteMultiplier), "timeouts 1 0 50 4 5");
     EXPECT_EQ(port_.SetTimeouts(9, 9, 9, 9, 9, QZSerial::kAllTimeouts), 1);
     EXPECT_EQ(port_.timeouts.writeMultiplier, 9U);
     line_.failTimeouts = true;

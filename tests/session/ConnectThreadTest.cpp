@@ -52,6 +52,23 @@ TEST_F(ConnectThreadTest, PortThatDoesNotOpenIsToldInOneLine) {
     EXPECT_TRUE(session.threadDone.TryWait());
 }
 
+TEST_F(ConnectThreadTest, ALineAtAnotherRateIsTold) {
+    session.definition.baud = 8192;
+    session.definition.connectcmd = session.definition.monitorcmd = nullptr;
+    const auto lineAt = [this](std::uint32_t baud) {
+        serial.lineBaud = baud;
+        Scan();
+        return text.Text();
+    };
+    EXPECT_EQ("", lineAt(8192));
+    EXPECT_EQ("", lineAt(8437));  // 245 too fast; 3 % are 245.76
+    EXPECT_EQ("", lineAt(0));     // a system that can't tell
+    EXPECT_EQ("COM1 runs at 8438 baud instead of 8192!", lineAt(8438));
+    EXPECT_EQ("COM1 runs at 9600 baud instead of 8192!", lineAt(9600));
+    EXPECT_EQ("COM1 runs at 7000 baud instead of 8192!", lineAt(7000));
+    EXPECT_EQ(6U, Opened());
+}
+
 TEST_F(ConnectThreadTest, DefinitionWithoutConnectMonitorsAtOnce) {
     AnswerAll();
     session.definition.connectcmd = nullptr;
@@ -136,7 +153,8 @@ TEST_F(ConnectThreadTest, EchoIsTakenOffTheReply) {
     serial.Answer({0xC0}, {0xC0, 1, 2}, 10);
     session.definition.monitorcmd = nullptr;
     Scan();
-    EXPECT_EQ((Calls{"read 1 -> 1", "read 2 -> 2"}), serial.Calls("read"));
+    EXPECT_EQ((Calls{"read 1 -> 1", "read 1 -> 1", "read 1 -> 1"}), serial.Calls("read"));
+    EXPECT_EQ(1U, recorder.Count("reply 0 2"));
     EXPECT_EQ(1, session.CopyLastPacket().bytes[0]);
 }
 

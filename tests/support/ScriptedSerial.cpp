@@ -94,6 +94,7 @@ bool ScriptedSerial::GetState(SerialHandle /*handle*/, SerialSettings& settings)
     const Guard guard(lock_);
     Note("getstate");
     settings = settings_;
+    if (lineBaud) settings.baud = *lineBaud;
     return !failGetState;
 }
 

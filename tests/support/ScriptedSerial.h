@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -33,6 +34,7 @@ public:
 
     // What goes wrong, and what happens in passing. The hooks run before the call does its work, outside the lock.
     bool failOpen = false, failGetState = false, failSetState = false, failTimeouts = false, failQueues = false;
+    std::optional<std::uint32_t> lineBaud;             // what the line says it runs at, if not what it was told
     std::uint32_t writeLimit = 0xFFFFFFFF;             // bytes that a write takes
     std::set<std::uint32_t> failReads;                 // numbers of reads that give nothing and take no time, from 1
     std::function<void(std::uint32_t number)> onRead;  // counted from 1

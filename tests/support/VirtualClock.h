@@ -19,6 +19,8 @@ public:
         return counter_.fetch_add(step_.load(std::memory_order_relaxed));
     }
     std::int64_t Frequency() override { return frequency_; }
+    // Takes no time: the clock moves on instead.
+    void SleepUntil(std::int64_t counter) override { AdvanceTo(counter); }
 
     // Looks without pushing on.
     std::int64_t Peek() const { return counter_.load(); }
@@ -28,7 +30,9 @@ public:
     void AdvanceMilliseconds(std::int64_t milliseconds) { Advance(milliseconds * frequency_ / 1000); }
     // Never moves back.
     void AdvanceTo(std::int64_t counter) {
-        if (counter > Peek()) counter_.store(counter);
+        std::int64_t now = Peek();
+        while (counter > now && !counter_.compare_exchange_weak(now, counter)) {
+        }
     }
     void SetStep(std::int64_t counts) { step_.store(counts); }
     std::uint64_t Readings() const { return readings_.load(); }
