@@ -43,7 +43,7 @@ std::uint8_t SizeOf(tcflag_t flags) {
 
 void MakeRaw(termios2& line) {
     line.c_iflag &= ~static_cast<tcflag_t>(IGNBRK | BRKINT | IGNPAR | PARMRK | INPCK | ISTRIP | INLCR | IGNCR | ICRNL |
-                                           IXON | IXOFF | IXANY);
+                                           IUCLC | IXON | IXOFF | IXANY);
     line.c_oflag &= ~static_cast<tcflag_t>(OPOST);
     line.c_lflag &= ~static_cast<tcflag_t>(ECHO | ECHONL | ICANON | ISIG | IEXTEN);
     // With at least one byte asked for, a read of nothing tells "not yet" from "hung up".

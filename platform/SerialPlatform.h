@@ -41,8 +41,11 @@ public:
     virtual SerialHandle Open(const char* path) = 0;
     virtual void Close(SerialHandle handle) = 0;
 
+    // The baud rate is the one that the line really has, as the driver tells; 0 when it can't be known.
     virtual bool GetState(SerialHandle handle, SerialSettings& settings) = 0;
-    // Applies the settings. Any baud rate is asked for as it stands; a driver that refuses it makes this fail.
+    // Applies the settings, and makes the line pass every byte unchanged: no XON/XOFF, nothing translated, dropped or
+    // marked. Any baud rate is asked for as it stands; a driver that refuses it makes this fail, one that takes another
+    // rate may.
     virtual bool SetState(SerialHandle handle, const SerialSettings& settings) = 0;
     virtual bool SetTimeouts(SerialHandle handle, const SerialTimeouts& timeouts) = 0;
     virtual bool SetQueues(SerialHandle handle, std::uint32_t inputSize, std::uint32_t outputSize) = 0;

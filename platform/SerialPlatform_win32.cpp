@@ -13,6 +13,7 @@ namespace {
 // What stands behind a SerialHandle.
 struct Device {
     HANDLE file = INVALID_HANDLE_VALUE;
+    DWORD baud = 0;  // as last asked for
     SerialTimeouts times;
 };
 
@@ -73,7 +74,7 @@ public:
     bool GetState(SerialHandle handle, SerialSettings& settings) override {
         DCB line{};
         if (!ReadState(DeviceOf(handle), line)) return false;
-        settings.baud = line.BaudRate;
+        settings.baud = KnowsRate(*DeviceOf(handle), line) ? line.BaudRate : 0;
         settings.byteSize = line.ByteSize;
         settings.parity = line.Parity != NOPARITY;
         settings.ctsFlow = line.fOutxCtsFlow != 0;
@@ -85,7 +86,7 @@ public:
     }
 
     bool SetState(SerialHandle handle, const SerialSettings& settings) override {
-        const Device* device = DeviceOf(handle);
+        Device* device = DeviceOf(handle);
         DCB line{};
         if (!ReadState(device, line)) return false;
         line.BaudRate = settings.baud;
@@ -96,6 +97,8 @@ public:
         line.fDsrSensitivity = settings.dsrSensitivity ? 1U : 0U;
         line.fDtrControl = settings.dtrEnable ? 1U : 0U;
         line.fRtsControl = settings.rtsEnable ? 1U : 0U;
+        PassEveryByte(line);
+        device->baud = settings.baud;
         if (SetCommState(device->file, &line) != 0) return true;
         lastCode = GetLastError();
         lastBaud = settings.baud;
@@ -162,6 +165,22 @@ private:
         if (device == nullptr) return false;
         line.DCBlength = sizeof line;
         return GetCommState(device->file, &line) != 0;
+    }
+
+    // What another program has left behind would take flow characters out of the data, drop zeros, put one byte in
+    // another's place, or stop all reading after an error until somebody asks for it.
+    static void PassEveryByte(DCB& line) {
+        line.fOutX = line.fInX = 0;
+        line.fErrorChar = line.fNull = 0;
+        line.fAbortOnError = 0;
+    }
+
+    // Wine tells this rate of every line that has none of the standard ones, and of a pseudo-terminal, which has none
+    // at all.
+    static bool KnowsRate(const Device& device, const DCB& line) {
+        constexpr DWORD kStandIn = 38400;
+        static const bool emulated = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+        return !emulated || line.BaudRate != kStandIn || device.baud == kStandIn;
     }
 
     static void Vanished(std::int64_t start, std::int64_t milliseconds) {

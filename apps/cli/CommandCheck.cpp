@@ -16,7 +16,18 @@ double LineMilliseconds(const ADXDefinition& definition, std::uint32_t bytes) {
     return definition.baud == 0 ? 0.0 : bytes * 10'000.0 / definition.baud;
 }
 
+// Says so of a command that reads what need never come.
+void CheckLimit(CheckContext& context, const ADXObject& command, const char* field) {
+    context.Warn(&command, "timeout",
+                 Printf("%s is 0, which is no limit: on a silent line it waits until the scan is stopped", field));
+}
+
 void CheckReplyTime(CheckContext& context, const ADXCSendCommand& command) {
+    const bool readsEcho = (context.Definition().flags & 1) != 0 && command.size() != 0;
+    if (command.replytimeout == 0) {
+        if (command.replysize != 0 || readsEcho) CheckLimit(context, command, "replytimeout");
+        return;
+    }
     // The command itself is still on its way out when the wait for the reply begins.
     const double needed = LineMilliseconds(context.Definition(), command.size() + command.replysize);
     if (command.replysize == 0 || needed < command.replytimeout) return;
@@ -69,6 +80,7 @@ void CheckChatter(CheckContext& context, const ADXCListenChatter& command) {
     } else if (size == 0) {
         context.Error(&command, "no-bytes", "has no pattern to wait for: it always fails");
     }
+    if (size != 0 && command.listentimeout == 0) CheckLimit(context, command, "listentimeout");
     if (size >= 10)
         context.Lost(Severity::kWarning, &command,
                      Printf("a save writes the size %u in decimal, which reads back as %u", size,

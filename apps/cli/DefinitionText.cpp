@@ -44,10 +44,14 @@ std::string MacroText(const ADXMacro& macro) {
     return text + (macro.repeatcount == 1 ? "" : Printf("; all of it %u times", macro.repeatcount));
 }
 
+std::string Within(std::uint32_t ms) {
+    return ms == 0 ? "without a limit of time" : Printf("within %u ms", ms);
+}
+
 std::string SendText(const ADXCSendCommand& command) {
     std::string text = Counted(command.size(), "byte") + " out";
     if ((command.flags & 1) == 0) return text + ", no reply";
-    return text + Printf(", %u back within %u ms, packet of %u from %u", command.replysize, command.replytimeout,
+    return text + Printf(", %u back %s, packet of %u from %u", command.replysize, Within(command.replytimeout).c_str(),
                          command.packetsize, command.packetoffset);
 }
 
@@ -208,7 +212,7 @@ std::string CommandText(const ADXObject& command) {
         }
         case kTypeListenChatter: {
             const auto& chatter = static_cast<const ADXCListenChatter&>(command);
-            return BytesText(chatter.bytestring(), chatter.size()) + Printf(" within %u ms", chatter.listentimeout);
+            return BytesText(chatter.bytestring(), chatter.size()) + " " + Within(chatter.listentimeout);
         }
         case kTypeTrigger:
             return Printf("views 0x%.2X", static_cast<const ADXCTrigger&>(command).triggertype);

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <thread>
+#include <vector>
+
 #include "platform/Clock.h"
 #include "tests/support/VirtualClock.h"
 
@@ -42,6 +45,22 @@ TEST(ClockTest, AMomentThatHasPassedNeedsNoSleep) {
     SleepUntil(SystemClock().Counter());
     SleepUntil(0);
     SleepUntil(-1);
+}
+
+// From several threads at once: on Windows they share what they wait with.
+TEST(ClockTest, AMillisecondIsSleptAwayByAnyThread) {
+    IClock& clock = SystemClock();
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&clock] {
+            const std::int64_t start = clock.Counter();
+            for (int n = 0; n < 20; ++n)
+                SleepOneMillisecond();
+            EXPECT_GE(clock.Counter() - start, 20 * clock.Frequency() / 2000);
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
 }
 
 TEST(ClockTest, LocalTimeIsAPossibleOne) {

@@ -104,8 +104,19 @@ TEST_F(SerialPlatformPosixTest, LeavesStopBitsAsTheyAre) {
     close(slave);
 }
 
+// Even after a program that left every kind of translation behind.
 TEST_F(SerialPlatformPosixTest, EveryBytePassesUnchangedBothWays) {
+    const int slave = open(path_.c_str(), O_RDWR | O_NOCTTY);
+    termios line{};
+    ASSERT_EQ(tcgetattr(slave, &line), 0);
+    line.c_iflag |= BRKINT | PARMRK | INPCK | ISTRIP | INLCR | IGNCR | ICRNL | IUCLC | IXON | IXOFF | IXANY;
+    line.c_oflag |= OPOST | ONLCR | OLCUC;
+    line.c_lflag |= ECHO | ICANON | ISIG | IEXTEN;
+    ASSERT_EQ(tcsetattr(slave, TCSANOW, &line), 0);
     Open({0, 0, 2000, 0, 2000});
+    ASSERT_EQ(tcgetattr(slave, &line), 0);
+    EXPECT_EQ(line.c_iflag & (PARMRK | ISTRIP | INLCR | IGNCR | ICRNL | IUCLC | IXON | IXOFF | IXANY), 0U);
+    close(slave);
     const std::string all = Every8BitPattern();
     FromFarEnd(all);
     std::array<char, 256> got{};

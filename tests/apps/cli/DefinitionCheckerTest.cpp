@@ -337,6 +337,28 @@ TEST(DefinitionCheckerTest, NamesATimeoutThatTheLineCannotMeet) {
     ExpectOnly(send("84"), "");
 }
 
+// 0 is no limit.
+TEST(DefinitionCheckerTest, NamesAWaitThatOnlyAStopEnds) {
+    const auto send = [](const char* flags, const char* replysize) {
+        return std::string("<ADXCSENDCOMMAND id=\"S\" title=\"S\" flags=\"") + flags +
+               "\"><bytestring size=\"0x1\">1 </bytestring><replysize>" + replysize +
+               "</replysize><replytimeout>0</replytimeout><packetsize>" + replysize + "</packetsize></ADXCSENDCOMMAND>";
+    };
+    const std::string warning =
+        "warning timeout send command \"S\" (S): replytimeout is 0, which is no limit: on a silent line it waits until "
+        "the scan is stopped\n";
+    ExpectOnly(send("0x1", "3"), warning);
+    ExpectOnly(send("0x0", "0"), "");
+    const auto findings = CheckText(DefinitionWith(send("0x1", "0")));  // reads nothing
+    EXPECT_TRUE(OfKind(findings, "timeout").empty()) << Lines(findings);
+    ExpectOnly(
+        "<ADXCLISTENCHATTER id=\"C\" title=\"C\"><listentimeout>0</listentimeout><bytestring size=\"2\">0x01 0x02 "
+        "</bytestring></ADXCLISTENCHATTER>",
+        "warning timeout listen for chatter \"C\" (C): listentimeout is 0, which is no limit: on a silent line it "
+        "waits "
+        "until the scan is stopped\n");
+}
+
 TEST(DefinitionCheckerTest, NamesAPacketBeyondItsReply) {
     ExpectOnly(
         "<ADXCSENDCOMMAND id=\"S\" title=\"S\" flags=\"0x1\"><bytestring size=\"0x1\">1 </bytestring><replysize>"

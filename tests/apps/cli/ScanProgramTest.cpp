@@ -126,6 +126,25 @@ TEST(ScanProgramTest, StopsAtCtrlCAndRunsTheDisconnectCommand) {
     EXPECT_NE(result.out.find(" good replies in "), std::string::npos) << result.out;
 }
 
+// Whatever the command in hand waits for: here for ever.
+TEST(ScanProgramTest, TheEndOfItsTimeAndCtrlCStopAScanAlike) {
+    const TempFile file(
+        "<ADXFORMAT version=\"0.50\" /><ADXHEADER><baud>8192</baud><monitorcmd>WAIT</monitorcmd>"
+        "<disconnectcmd>LEAVE</disconnectcmd></ADXHEADER><ADXCSENDCOMMAND id=\"WAIT\" flags=\"0x1\"><bytestring "
+        "size=\"0x1\">1 </bytestring><replysize>10</replysize><replytimeout>0</replytimeout><packetsize>10</packetsize>"
+        "</ADXCSENDCOMMAND><ADXCSENDCOMMAND id=\"LEAVE\"><bytestring size=\"0x1\">2 </bytestring></ADXCSENDCOMMAND>");
+    const std::vector<std::string> scan{"scan",     "--simulate", "--definition", file.Path(),
+                                        "--silent", "--plain",    "--verbose"};
+    std::vector<std::string> limited = scan;
+    limited.insert(limited.end(), {"--seconds", "1"});
+    for (const ToolResult& result :
+         {RunTool(limited), RunTool(scan, "timeout --foreground --preserve-status -s INT 1 ")}) {
+        EXPECT_EQ(result.code, 1);
+        EXPECT_NE(result.out.find("0 good replies in 1."), std::string::npos) << result.out;
+        EXPECT_NE(result.err.find(": Command sent. Reply not processed.\n"), std::string::npos) << result.err;
+    }
+}
+
 TEST(ScanProgramTest, SaysThatADefinitionAsksForNothing) {
     const TempFile file("<ADXFORMAT version=\"0.50\" />");
     const ToolResult result = RunTool({"scan", "--simulate", "--definition", file.Path()});
