@@ -154,7 +154,8 @@ TEST_F(SessionStateTest, DestructionEndsAScanThatIsStillConnecting) {
     auto brief = std::make_unique<SessionState>(recorder.Calls(), serial);
     brief->definition.connectcmd = AddSend(brief->definition, "CONNECT", {0xC0}, 2);
     AutoResetEvent reading(false), released(false);
-    serial.onRead = [&](std::uint32_t) {
+    serial.onRead = [&](std::uint32_t number) {
+        if (number != 1) return;
         reading.Set();
         released.Wait();
     };
