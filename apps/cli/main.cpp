@@ -4,8 +4,10 @@
 #include <vector>
 
 #include "apps/cli/Cli.h"
+#include "platform/StandardStreams.h"
 
 int main(int argc, char** argv) {
+    corvex::HoldStandardStreams();
     try {
         return corvex::RunCli(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc), std::cout, std::cerr);
     } catch (const std::exception& error) {

@@ -10,6 +10,7 @@
 #include "apps/sim/SimLine.h"
 #include "definition/ADXDefinition.h"
 #include "platform/ConsoleStop.h"
+#include "platform/StandardStreams.h"
 
 namespace corvex {
 
@@ -51,6 +52,7 @@ int Simulate(const SimArguments& arguments) {
 }  // namespace corvex
 
 int main(int argc, char** argv) {
+    corvex::HoldStandardStreams();
     try {
         corvex::SimArguments arguments;
         int exitCode = 0;

@@ -61,6 +61,18 @@ ToolResult RunWithoutLoss(const std::vector<std::string>& args) {
     return scan;
 }
 
+// What is printed goes nowhere then, and least of all into the log.
+TEST_F(RecordProgramTest, IsWholeWithAllStreamsClosed) {
+    const ToolResult scan = RunTool(Args("harrier-8192.adx", {"--seconds", "2", "--plain", "--verbose"}),
+                                    "sh -c '\"$0\" \"$@\" <&- >&- 2>&-' ");
+    EXPECT_EQ(scan.code, 0);
+    EXPECT_EQ(scan.out + scan.err, "");
+    const nlohmann::json info = InfoOf(log.Path());
+    EXPECT_GT(info["records"], 1);
+    EXPECT_EQ(info["records"], info["sampleCount"]);
+    EXPECT_EQ(info["result"], 7);
+}
+
 // Macros with silent commands, several polled commands, and a slow stream.
 TEST_F(RecordProgramTest, HoldsEveryGoodReply) {
     for (const char* example : {"harrier-8192.adx", "osprey-multi.adx", "merlin-160.adx"}) {

@@ -1,5 +1,6 @@
 // corvex-sim as a program, repeating logs.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <array>
 #include <cstdio>
@@ -45,6 +46,16 @@ TEST(ReplayProgramTest, RepeatsTheExample) {
                                        test::ExamplePath("harrier-8192.xdl") + " --seconds 0.01");
     EXPECT_EQ(other.status, 1 << 8);
     EXPECT_NE(other.text.find(": holds no records of the definition's commands\n"), std::string::npos) << other.text;
+}
+
+// What it prints would else go out on the line.
+TEST(ReplayProgramTest, HoldsStreamsThatAreClosed) {
+    const std::string link = testing::TempDir() + "corvex_sim_" + std::to_string(getpid());
+    const Outcome streams = RunSimulator(test::ExamplePath("harrier-8192.adx") + " --seconds 60 --link " + link +
+                                         " <&- >&- 2>&- & pid=$!; until [ -e " + link +
+                                         " ] || ! kill -0 $pid; do :; done; cd /proc/$pid/fd; readlink 0 1 2; "
+                                         "kill $pid; wait $pid; true");
+    EXPECT_EQ(streams.text, "/dev/null\n/dev/null\n/dev/null\n");
 }
 
 }  // namespace
