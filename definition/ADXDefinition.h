@@ -43,7 +43,7 @@ public:
     // Clears and reads the file. 1 on success. 0 on failure, with the reader's text in `error` (kErrorSize bytes, may
     // be null) and whatever had been read left in the list, its links unresolved.
     int Load(const char* path, char* error = nullptr, IProgress* progress = nullptr);
-    // 1 on success, 0 when the file can't be opened or not be written whole.
+    // 1 on success, 0 when the file can't be written whole beside the old one, which then stands as it was.
     int Save(const char* path, IProgress* progress = nullptr) const;
 
     // An empty text leaves the field unset.

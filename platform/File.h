@@ -34,6 +34,8 @@ public:
     virtual std::optional<std::uint64_t> Size() const = 0;
     // Makes the file end at the position: cuts it off, or fills it up with zeros.
     [[nodiscard]] virtual bool EndHere() = 0;
+    // Ends all use of it, ahead of the destructor. False when the system tells only now that something was not written.
+    [[nodiscard]] virtual bool Close() { return true; }
 };
 
 // Where files come from. Any thread.

@@ -57,14 +57,6 @@ int CopyAll(int from, int to) {
     }
 }
 
-// A file whose entry is not on the disk is not on the disk. Not every file system can be told; that is no failure.
-void FlushFolderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
-    const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (opened.Get() >= 0) static_cast<void>(fsync(opened.Get()));
-}
-
 int CopyWhole(const Descriptor& source, const struct stat& info, const std::string& to) {
     Descriptor copy(open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, info.st_mode & 0777U));
     if (copy.Get() < 0) return errno;
@@ -86,6 +78,13 @@ bool IsOneEntry(const std::string& from, const std::string& to) {
 }
 
 }  // namespace
+
+void FlushFolderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
+    const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened.Get() >= 0) static_cast<void>(fsync(opened.Get()));
+}
 
 int MoveByLink(const std::string& from, const std::string& to) {
     if (link(from.c_str(), to.c_str()) != 0) return errno;

@@ -1,4 +1,4 @@
-// The ways to move a file on systems that lack one which never replaces.
+// What moving a file is made of on systems that lack a way which never replaces.
 #pragma once
 
 #include <string>
@@ -9,5 +9,8 @@ namespace corvex {
 // file systems and anywhere else, for regular files.
 int MoveByLink(const std::string& from, const std::string& to);
 int MoveByCopy(const std::string& from, const std::string& to);
+
+// A file whose entry is not on the disk is not on the disk. Not every file system can be told; that is no failure.
+void FlushFolderOf(const std::string& path);
 
 }  // namespace corvex

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include "platform/File.h"
 
@@ -14,7 +15,9 @@ namespace {
 class PosixFile final : public IFile {
 public:
     explicit PosixFile(int descriptor) : descriptor_(descriptor) {}
-    ~PosixFile() override { close(descriptor_); }
+    ~PosixFile() override {
+        if (descriptor_ >= 0) close(descriptor_);
+    }
     PosixFile(const PosixFile&) = delete;
     PosixFile& operator=(const PosixFile&) = delete;
 
@@ -57,8 +60,10 @@ public:
 
     bool EndHere() override { return ftruncate(descriptor_, static_cast<off_t>(position_)) == 0; }
 
+    bool Close() override { return close(std::exchange(descriptor_, -1)) == 0; }
+
 private:
-    const int descriptor_;
+    int descriptor_;
     std::uint64_t position_ = 0;  // followed here, so that asking costs no call
 };
 

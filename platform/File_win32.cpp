@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "platform/File.h"
 #include "platform/WindowsApi.h"
 
@@ -8,7 +10,9 @@ namespace {
 class WindowsFile final : public IFile {
 public:
     explicit WindowsFile(HANDLE handle) : handle_(handle) {}
-    ~WindowsFile() override { CloseHandle(handle_); }
+    ~WindowsFile() override {
+        if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
+    }
     WindowsFile(const WindowsFile&) = delete;
     WindowsFile& operator=(const WindowsFile&) = delete;
 
@@ -44,8 +48,13 @@ public:
 
     bool EndHere() override { return SetEndOfFile(handle_) != 0; }
 
+    bool Close() override {
+        const HANDLE closed = std::exchange(handle_, INVALID_HANDLE_VALUE);
+        return closed != INVALID_HANDLE_VALUE && CloseHandle(closed) != 0;
+    }
+
 private:
-    const HANDLE handle_;
+    HANDLE handle_;
     std::uint64_t position_ = 0;
 };
 

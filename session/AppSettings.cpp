@@ -87,9 +87,8 @@ bool PrintAll(std::FILE* file, const AppSettings& settings) {
     return printed;
 }
 
-bool PrintTo(const std::string& path, const AppSettings& settings, bool* opened) {
+bool PrintTo(const std::string& path, const AppSettings& settings) {
     std::FILE* const file = path.empty() ? nullptr : std::fopen(path.c_str(), "w");
-    *opened = file != nullptr;
     if (file == nullptr) return false;
     const bool printed = PrintAll(file, settings);
     return std::fclose(file) == 0 && printed;
@@ -123,15 +122,13 @@ int ReadSettings(AppSettings* settings) {
 }
 
 // Written beside the old file, which gives way when the new one is whole. Where there can be no file beside (a folder
-// that lets nobody in), it is written straight.
+// that lets nobody in), nothing is written: the old one is worth more than a new one that may not fit.
 int WriteSettings(const AppSettings* settings) {
     const std::string path = SettingsPath();
     if (path.empty()) return 0;
+    SweepAbandoned(path);
     const std::string fresh = FreshNameFor(path);
-    bool opened = false;
-    const bool printed = PrintTo(fresh, *settings, &opened);
-    if (!opened) return PrintTo(path, *settings, &opened) ? 1 : 0;
-    if (printed) return MoveIntoPlace(fresh, path) ? 1 : 0;
+    if (PrintTo(fresh, *settings)) return MoveIntoPlace(fresh, path) ? 1 : 0;
     std::remove(fresh.c_str());
     return 0;
 }

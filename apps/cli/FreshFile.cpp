@@ -3,11 +3,26 @@
 #include <filesystem>
 #include <system_error>
 
+#include "logging/LogContent.h"
 #include "platform/FileReplacement.h"
 
 namespace corvex {
 
-FreshFile::FreshFile(const std::string& path) : path_(path), name_(FreshNameFor(path)) {}
+namespace {
+
+// What was left on the way to a log may be all there is of it.
+void SweepBeside(const std::string& path) {
+    SweepAbandoned(path, [log = IsLogName(path)](const std::string& left) {
+        const LogContent content = LookIntoLog(left);
+        return content == LogContent::kNothing || (content == LogContent::kForeign && !log);
+    });
+}
+
+}  // namespace
+
+FreshFile::FreshFile(const std::string& path) : path_(path), name_(FreshNameFor(path)) {
+    SweepBeside(path);
+}
 
 FreshFile::~FreshFile() {
     std::error_code ignored;

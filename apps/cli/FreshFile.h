@@ -6,7 +6,8 @@
 namespace corvex {
 
 // Reserves a name beside `path`; whoever writes the content makes the file. What was written goes with the object
-// unless it was moved into place. One thread.
+// unless it was moved into place. What a killed process left beside `path` goes too, but for a log with records. One
+// thread.
 class FreshFile {
 public:
     explicit FreshFile(const std::string& path);
@@ -14,7 +15,7 @@ public:
     FreshFile(const FreshFile&) = delete;
     FreshFile& operator=(const FreshFile&) = delete;
 
-    // Empty when what stands at `path` cannot be replaced: a device, a pipe, a folder.
+    // Empty when there can be no file to take the place of `path`: a device, a pipe, a folder.
     const std::string& Name() const { return name_; }
     // The file is closed by now. False: what stood there still stands.
     [[nodiscard]] bool MoveIntoPlace();

@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "platform/FileReplacement.h"
 #include "platform/Terminal.h"
 
 namespace corvex {
@@ -12,12 +13,15 @@ TextOutput::TextOutput(const std::string& path, std::ostream& standard) {
         target_ = &standard;
         return;
     }
-    fresh_ = std::make_unique<FreshFile>(path);
-    const bool asItStands = fresh_->Name().empty();
     // What comes here is in large pieces already.
     file_.rdbuf()->pubsetbuf(nullptr, 0);
-    file_.open(asItStands ? path : fresh_->Name(), std::ios::binary);
-    if (asItStands) fresh_.reset();
+    if (IsDeviceOrPipe(path)) {
+        file_.open(path, std::ios::binary);
+    } else {
+        fresh_ = std::make_unique<FreshFile>(path);
+        if (fresh_->Name().empty()) return;
+        file_.open(fresh_->Name(), std::ios::binary);
+    }
     if (file_) target_ = &file_;
 }
 

@@ -34,14 +34,15 @@ bool Finish(const ADXDefinition& definition, XMLWriter& writer, IProgress* progr
 }  // namespace
 
 // The new file is written beside the old one and takes its place when it is whole: a disk that fills up halfway costs
-// nothing. Where there can be no file beside (a device, a folder that lets nobody in) it is written straight.
+// nothing. Where there can be no file beside, as in a folder that lets nobody in, the old one stands and nothing is
+// saved.
 int ADXDefinition::Save(const char* path, IProgress* progress) const {
     if (path == nullptr) return 0;
     XMLWriter writer;
+    if (IsDeviceOrPipe(path)) return writer.Open(path) != 0 && Finish(*this, writer, progress) ? 1 : 0;
+    SweepAbandoned(path);
     const std::string fresh = FreshNameFor(path);
-    if (fresh.empty() || writer.Open(fresh.c_str()) == 0) {
-        return writer.Open(path) != 0 && Finish(*this, writer, progress) ? 1 : 0;
-    }
+    if (fresh.empty() || writer.Open(fresh.c_str()) == 0) return 0;
     if (Finish(*this, writer, progress)) return MoveIntoPlace(fresh, path) ? 1 : 0;
     std::remove(fresh.c_str());
     return 0;

@@ -73,6 +73,31 @@ TEST_F(FileReplacementTest, RemovesTheNewFileThatCannotTakeItsPlace) {
     EXPECT_FALSE(fs::exists(fresh));
 }
 
+// The largest number is nobody's; this process has its own.
+TEST_F(FileReplacementTest, SweepsWhatIsLeftOfProcessesThatAreGone) {
+    const std::string own = FreshNameFor(Path("file"));
+    for (const char* name : {"file.2147483646.new", "file.2147483645.new", "file.x.new", "file.new", "file..new",
+                             "file.2147483646.new2", "other.2147483646.new", "file2147483646.new"})
+        Put(Path(name), "left");
+    Put(own, "being written");
+    fs::create_directory(Path("file.2147483644.new"));
+    SweepAbandoned(Path("file"), [&](const std::string& left) { return left != Path("file.2147483645.new"); });
+    EXPECT_FALSE(fs::exists(Path("file.2147483646.new")));
+    EXPECT_TRUE(fs::exists(Path("file.2147483645.new")));
+    SweepAbandoned(Path("file"));
+    EXPECT_FALSE(fs::exists(Path("file.2147483645.new")));
+    EXPECT_TRUE(fs::exists(own));
+    EXPECT_EQ(8, std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
+}
+
+TEST_F(FileReplacementTest, TellsDevicesFromFiles) {
+    Put(Path("file"), "old");
+    EXPECT_FALSE(IsDeviceOrPipe(Path("file")));
+    EXPECT_FALSE(IsDeviceOrPipe(Path("none")));
+    EXPECT_FALSE(IsDeviceOrPipe(folder_.string()));
+    EXPECT_TRUE(IsDeviceOrPipe(fs::exists("/dev/null") ? "/dev/null" : "NUL"));
+}
+
 TEST_F(FileReplacementTest, KnowsNoFreshNameForAFolder) {
     EXPECT_EQ(FreshNameFor(folder_.string()), "");
 }

@@ -44,6 +44,15 @@ TEST_F(FileTest, CreatesAndEmpties) {
     EXPECT_EQ("new", Content());
 }
 
+TEST_F(FileTest, IsClosedOnceAndAheadOfItsDestructorWhenAsked) {
+    const auto file = Open(FileAccess::kCreate);
+    ASSERT_TRUE(file && file->Write("new", 3));
+    EXPECT_TRUE(file->Close());
+    EXPECT_FALSE(file->Close());
+    EXPECT_FALSE(file->Write("more", 4));
+    EXPECT_EQ("new", Content());
+}
+
 TEST_F(FileTest, OpensOnlyWhatIsThere) {
     std::string error;
     EXPECT_FALSE(SystemFiles().Open(path_, FileAccess::kRead, &error));

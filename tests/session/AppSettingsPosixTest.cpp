@@ -4,6 +4,7 @@
 
 #include <csignal>
 
+#include "platform/FileReplacement.h"
 #include "session/AppSettings.h"
 #include "tests/support/TestFolder.h"
 
@@ -32,6 +33,17 @@ TEST(AppSettingsPosixTest, FullDiskKeepsTheOldFile) {
     EXPECT_EQ(0, WriteOnAFullDisk(settings));
     EXPECT_EQ("comport=COM4\nlastxdlpath=/logs/drive.xdl\n", folder.Content("Settings.dat"));
     EXPECT_EQ(1U, folder.FileCount());
+}
+
+TEST(AppSettingsPosixTest, KeepsTheOldFileWhereThereCanBeNoneBesideIt) {
+    const TestFolder folder;
+    FixedProgramPlace place{folder};
+    const ScopedProgramPlace scope{place};
+    folder.Put("Settings.dat", "comport=COM4\n");
+    std::filesystem::create_directory(FreshNameFor(folder.Name("Settings.dat")));
+    const AppSettings settings;
+    EXPECT_EQ(0, WriteSettings(&settings));
+    EXPECT_EQ("comport=COM4\n", folder.Content("Settings.dat"));
 }
 
 TEST(AppSettingsPosixTest, LinkToTheFileStaysALink) {

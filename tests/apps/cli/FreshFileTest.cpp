@@ -34,6 +34,18 @@ TEST(FreshFileTest, GoesWithTheObject) {
     EXPECT_EQ(ReadFile(file.Path()), "old");
 }
 
+// Nobody has this number: it is larger than any that a system gives.
+TEST(FreshFileTest, SweepsWhatAProcessLeftButForALogWithRecords) {
+    const TempFile file("", ".xdl");
+    const std::string left = file.Path() + ".2147483647.new";
+    fs::copy_file(Example("harrier-8192.xdl"), left);
+    { const FreshFile fresh(file.Path()); }
+    EXPECT_TRUE(fs::exists(left));
+    std::ofstream(left, std::ios::binary) << std::string(40, '\0');
+    { const FreshFile fresh(file.Path()); }
+    EXPECT_FALSE(fs::exists(left));
+}
+
 TEST(FreshFileTest, ReplacesNoFolder) {
     FreshFile fresh(fs::temp_directory_path().string());
     EXPECT_EQ(fresh.Name(), "");

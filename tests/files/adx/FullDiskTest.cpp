@@ -8,6 +8,7 @@
 #include <string>
 
 #include "definition/ADXDefinition.h"
+#include "platform/FileReplacement.h"
 
 namespace corvex {
 namespace {
@@ -74,6 +75,20 @@ TEST_F(FullDiskTest, LeavesNoHalfFileWhereThereWasNone) {
         EXPECT_EQ(definition_.Save(path_.c_str()), 0);
     }
     EXPECT_EQ(FilesInFolder(), 0);
+}
+
+// A name in use by a folder, as a disk without a free entry would have it.
+TEST_F(FullDiskTest, KeepsTheFileWhereThereCanBeNoneBesideIt) {
+    std::ofstream(path_) << "the only copy";
+    fs::create_directory(FreshNameFor(path_));
+    EXPECT_EQ(definition_.Save(path_.c_str()), 0);
+    EXPECT_EQ(Content(path_), "the only copy");
+}
+
+TEST_F(FullDiskTest, ASweepFollowsAKilledSave) {
+    std::ofstream(path_ + ".2147483647.new") << "half";
+    EXPECT_EQ(definition_.Save(path_.c_str()), 1);
+    EXPECT_EQ(FilesInFolder(), 1);
 }
 
 TEST_F(FullDiskTest, ASaveKeepsRightsAndLinks) {
