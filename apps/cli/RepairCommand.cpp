@@ -1,15 +1,14 @@
 #include "apps/cli/RepairCommand.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <memory>
 #include <ostream>
-#include <system_error>
 #include <vector>
 
 #include "apps/cli/FreshFile.h"
 #include "apps/cli/LogFile.h"
 #include "apps/cli/TextFormat.h"
+#include "logging/LogContent.h"
 #include "logging/LogCopy.h"
 #include "logging/LogWalk.h"
 #include "platform/ConsoleStop.h"
@@ -27,9 +26,7 @@ bool Refuse(std::ostream& err, const std::string& path, const std::string& why) 
 bool MayWrite(const RepairOptions& options, std::ostream& err) {
     if (SameFile(options.input, options.output))
         return Refuse(err, options.output, "is the log itself; it is never written to");
-    std::error_code absent;
-    const auto size = std::filesystem::file_size(options.output, absent);
-    if (!options.force && !absent && size != 0)
+    if (!options.force && LookIntoLog(options.output) != LogContent::kNothing)
         return Refuse(err, options.output, "holds something already; --force replaces it");
     return true;
 }
@@ -90,8 +87,8 @@ ExitCode RunRepair(const RepairOptions& options, std::ostream& out, std::ostream
     LogWalk walk(log);
     const std::uint64_t begin = std::min(walk.Offset(), tableEnd);
     std::uint64_t copied = 0;
-    const bool whole = CopyRecords(log, walk, *file, stop, &copied);
-    file.reset();
+    const bool copy = CopyRecords(log, walk, *file, stop, &copied);
+    const bool whole = file->Close() && copy;
     if (!whole || !fresh.MoveIntoPlace()) {
         Refuse(err, options.output, stop.Requested() ? "is not written: stopped by request" : "cannot be written");
         return kExitFailure;

@@ -5,23 +5,12 @@
 
 #include "apps/cli/LogFile.h"
 #include "definition/ADXDefinition.h"
-#include "logging/LogWalk.h"
+#include "logging/LogContent.h"
 #include "session/RecordingItems.h"
 
 namespace corvex {
 
 namespace {
-
-// A log without a record is what a scan leaves that met a silent line: nothing is lost with it.
-bool HoldsSomething(const std::string& path) {
-    std::error_code unknown;
-    const std::uintmax_t size = std::filesystem::file_size(path, unknown);
-    if (unknown || size == 0) return false;
-    DataLogEngine log;
-    if (log.Open(path.c_str(), kLogForLooking) != kLogSuccess) return true;
-    LogWalk walk(log);
-    return walk.Next() || walk.Unknown() != 0 || walk.Left() != 0;
-}
 
 bool IsFull(const std::string& path) {
     std::error_code unknown;
@@ -40,7 +29,7 @@ std::string WhyNotWritten(const std::string& path, std::uint32_t code) {
 
 bool ScanRecorder::Begin(const std::string& path, const ADXDefinition& definition, bool force, std::string& error) {
     path_ = path;
-    if (!force && HoldsSomething(path)) {
+    if (!force && LookIntoLog(path) != LogContent::kNothing) {
         error = path + ": exists and is not empty; --force replaces it";
         return false;
     }

@@ -22,7 +22,8 @@ public:
     explicit ScanRecorder(IFileSystem& files = SystemFiles()) : log_(files) {}
 
     // Makes the file, with an item for each command of the definition that brings a reply. False with one sentence in
-    // `error`: an old file that holds something is kept unless `force`; it may be emptied when the disk fails.
+    // `error`: an old file that holds something is kept unless `force`; it may be emptied when the disk fails. A log
+    // that never came to a record holds nothing.
     bool Begin(const std::string& path, const ADXDefinition& definition, bool force, std::string& error);
 
     // The whole reply of a command that ended well. What cannot be written is counted, and the next one tried.

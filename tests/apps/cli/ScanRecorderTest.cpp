@@ -137,6 +137,16 @@ TEST_F(ScanRecorderTest, KeepsAFileThatHoldsSomethingUnlessForced) {
     }
 }
 
+// What a disk leaves that was full before the table was written.
+TEST_F(ScanRecorderTest, BeginsAnewWhereAStartHasFailed) {
+    const TempFile failed(std::string(40, '\0'), ".xdl");
+    ScanRecorder recorder;
+    ASSERT_TRUE(Begin(recorder, failed.Path()));
+    Add(recorder, 1);
+    EXPECT_TRUE(recorder.End());
+    EXPECT_EQ(std::filesystem::file_size(failed.Path()), 44U + 2 * 48 + 36);
+}
+
 TEST_F(ScanRecorderTest, KeepsALogWithARecordAndReplacesOneWithout) {
     const TempFile file("", ".xdl");
     for (int scan = 0; scan < 2; ++scan) {
