@@ -127,6 +127,7 @@ private:
         command.add_option("IN", convert_.input, "The definition to read (.adx, or a legacy .ads)")->required();
         command.add_option("OUT", convert_.output, "The definition to write; replaced only when all is written")
             ->required();
+        command.add_flag("--force", convert_.force, "Replace an OUT that is IN itself, or a log");
     }
 
     void AddScan() {

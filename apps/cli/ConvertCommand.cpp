@@ -6,22 +6,45 @@
 
 #include "apps/cli/DefinitionChecker.h"
 #include "apps/cli/DefinitionFile.h"
+#include "apps/cli/FreshFile.h"
 #include "apps/cli/LegacyFile.h"
+#include "apps/cli/OutputGuard.h"
 #include "apps/cli/TextFormat.h"
 #include "definition/ADXDefinition.h"
+#include "platform/FileReplacement.h"
 
 namespace corvex {
 
+namespace {
+
+bool Refuse(std::ostream& err, const std::string& path, const std::string& why) {
+    err << "corvex-cli: " << path << ": " << why << '\n';
+    return false;
+}
+
+// Not every definition survives the way through a file, and the one that stands there may be the only one.
+bool SaveChecked(const ADXDefinition& definition, const std::string& path, std::ostream& err) {
+    if (IsDeviceOrPipe(path)) return definition.Save(path.c_str()) != 0 || Refuse(err, path, "cannot be written");
+    FreshFile fresh(path);
+    if (fresh.Name().empty() || definition.Save(fresh.Name().c_str()) == 0)
+        return Refuse(err, path, "cannot be written");
+    ADXDefinition read;
+    char error[ADXDefinition::kErrorSize] = {};
+    if (read.Load(fresh.Name().c_str(), error) == 0)
+        return Refuse(err, path, std::string("is not written, since it would not load again: ") + error);
+    return fresh.MoveIntoPlace() || Refuse(err, path, "cannot be written");
+}
+
+}  // namespace
+
 ExitCode RunConvert(const ConvertOptions& options, std::ostream&, std::ostream& err) {
+    if (!MayReplace(options.output, {options.input}, options.force, err)) return kExitFailure;
     ADXDefinition definition;
     const bool legacy = IsLegacyFile(options.input);
     if (legacy ? !ImportDefinition(definition, options.input, err) : !LoadDefinition(definition, options.input, err))
         return kExitFailure;
     const auto findings = CheckDefinition(definition, nullptr);
-    if (definition.Save(options.output.c_str()) == 0) {
-        err << "corvex-cli: " << options.output << ": cannot be written\n";
-        return kExitFailure;
-    }
+    if (!SaveChecked(definition, options.output, err)) return kExitFailure;
     const auto lost = std::count_if(findings.begin(), findings.end(), [](const Finding& f) { return f.lostonsave; });
     if (lost != 0) {
         err << "corvex-cli: " << options.output << ": " << Counted(static_cast<std::size_t>(lost), "thing")

@@ -5,6 +5,7 @@
 #include "apps/cli/CsvWriter.h"
 #include "apps/cli/DefinitionFile.h"
 #include "apps/cli/LogFile.h"
+#include "apps/cli/OutputGuard.h"
 #include "apps/cli/ProgressBar.h"
 #include "apps/cli/RecordDecoder.h"
 #include "apps/cli/TextFormat.h"
@@ -41,12 +42,7 @@ bool DecodeRun::Prepare() {
         return false;
     }
     if (!OpenLog(log_, options_.log, err_)) return false;
-    return !OverwritesInput() || Complain("would be overwritten by its own values");
-}
-
-bool DecodeRun::OverwritesInput() const {
-    if (options_.output == "-") return false;
-    return SameFile(options_.output, options_.log) || SameFile(options_.output, options_.definition);
+    return MayReplace(options_.output, {options_.log, options_.definition}, options_.force, err_);
 }
 
 bool DecodeRun::Complain(const char* what) {

@@ -28,7 +28,6 @@ public:
 
 private:
     bool Prepare();
-    bool OverwritesInput() const;
     bool WriteAll(TextOutput& output);
     bool WriteRows(CsvWriter& csv, LogWalk& walk, const ConsoleStop& stop);
     void WriteRecord(CsvWriter& csv, LogWalk& walk);

@@ -54,6 +54,7 @@ void LogArguments::AddDecode(CLI::App& app) {
     AddLogAndDefinition(command, decode_.log, decode_.definition);
     command.add_option("--output,-o", decode_.output, "The file to write; - is standard output (default)")
         ->check(FileName());
+    command.add_flag("--force", decode_.force, "Replace an output that is a log, or one of the files read");
     command.add_flag("--text", decode_.text, "Values and bits as the program shows them");
     command.add_option("--items", decode_.items, "Only items whose title or id matches, like \"*temp*\" or RPM");
     command.add_option("--from", decode_.from, "Only records from this second of the log on")->check(Seconds());

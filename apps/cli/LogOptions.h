@@ -19,6 +19,7 @@ struct DecodeOptions {
     std::string definition;
     std::string output = "-";  // "-": standard output
     std::string items;         // pattern; empty: all
+    bool force = false;        // an input, or a log, is replaced
     bool text = false;
     double from = 0.0;
     double to = std::numeric_limits<double>::infinity();

@@ -33,6 +33,7 @@ struct EvalOptions {
 
 struct ConvertOptions {
     std::string input, output;
+    bool force = false;  // the input itself, or a log, is replaced
 };
 
 // An engine that keeps the line's time unless told otherwise.

@@ -230,19 +230,23 @@ TEST(DecodeCommandTest, LosesNothingWhenItFails) {
     EXPECT_EQ(result.err, "corvex-cli: no/such/folder/x.csv cannot be written\n");
 }
 
-TEST(DecodeCommandTest, NeverWritesOverWhatItReads) {
+TEST(DecodeCommandTest, WritesOverALogOrWhatItReadsOnlyWhenForced) {
     const TempFile adx(DefinitionWith(ValueText("RPM", "X")));
     const LogTempFile xdl(Polls({{1}}));
     const std::string log = ReadFile(xdl.Path());
     const std::string link = xdl.Path() + ".csv";
     std::filesystem::create_hard_link(xdl.Path(), link);
-    for (const std::string& output : {xdl.Path(), link, adx.Path()}) {
+    const LogTempFile other(Polls({{2}}));
+    for (const std::string& output : {xdl.Path(), link, adx.Path(), other.Path()}) {
         const ToolResult result = RunInside({"decode", "-d", adx.Path(), xdl.Path(), "-o", output});
         EXPECT_EQ(result.code, 1) << output;
-        EXPECT_NE(result.err.find("would be overwritten"), std::string::npos) << result.err;
+        const char* const why = output == other.Path() ? "is a log" : "is what is read";
+        EXPECT_EQ(result.err, "corvex-cli: " + output + ": " + why + "; --force replaces it\n");
     }
     EXPECT_EQ(ReadFile(link), log);
     std::filesystem::remove(link);
+    EXPECT_EQ(RunInside({"decode", "-d", adx.Path(), xdl.Path(), "-o", other.Path(), "--force"}).code, 0);
+    EXPECT_EQ(ReadFile(other.Path()).substr(0, 8), "Time (s)");
 }
 
 TEST(DecodeCommandTest, EndsWithOneOnWhatIsNoLog) {

@@ -159,10 +159,14 @@ TEST(ProgramTest, ConvertsIntoAFileThatLoadsTheSame) {
               RunTool({"list", "--json", Example("harrier-8192.adx")}).out);
 }
 
-TEST(ProgramTest, ConvertsAFileInItsPlace) {
+TEST(ProgramTest, ConvertsAFileInItsPlaceWhenForced) {
     const TempFile file(DefinitionWith(ValueText("RPM", "X*25")));
     const std::string before = RunTool({"list", "--json", file.Path()}).out;
-    EXPECT_EQ(RunTool({"convert", file.Path(), file.Path()}).code, 0);
+    const ToolResult refused = RunTool({"convert", file.Path(), file.Path()});
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_EQ(refused.err, "corvex-cli: " + file.Path() + ": is what is read; --force replaces it\n");
+    EXPECT_EQ(FileText(file.Path()).find("Written "), std::string::npos);
+    EXPECT_EQ(RunTool({"convert", file.Path(), file.Path(), "--force"}).code, 0);
     EXPECT_NE(FileText(file.Path()).find("Written "), std::string::npos);
     EXPECT_EQ(RunTool({"list", "--json", file.Path()}).out, before);
 }
@@ -174,6 +178,22 @@ TEST(ProgramTest, LeavesTheOutputAloneWhenTheInputIsBad) {
     EXPECT_EQ(FileText(out.Path()), "precious");
 }
 
+TEST(ProgramTest, ConvertsOverNoLog) {
+    const std::string log = FileText(Example("harrier-8192.xdl"));
+    const TempFile out(log, ".xdl");
+    EXPECT_EQ(RunTool({"convert", Example("harrier-8192.adx"), out.Path()}).code, 1);
+    EXPECT_EQ(FileText(out.Path()), log);
+}
+
+TEST(ProgramTest, LeavesTheOutputAloneWhenItWouldNotLoadAgain) {
+    const TempFile in("<ADXFORMAT version=\"0.50\" /><ADXHEADER><author>&lt;b</author></ADXHEADER>");
+    const TempFile out("precious");
+    const ToolResult result = RunTool({"convert", in.Path(), out.Path()});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_NE(result.err.find(": is not written, since it would not load again: "), std::string::npos) << result.err;
+    EXPECT_EQ(FileText(out.Path()), "precious");
+}
+
 TEST(ProgramTest, SaysThatAFileCannotBeWritten) {
     const ToolResult result = RunTool({"convert", Example("merlin-160.adx"), "no/such/folder/out.adx"});
     EXPECT_EQ(result.code, 1);
@@ -181,7 +201,9 @@ TEST(ProgramTest, SaysThatAFileCannotBeWritten) {
 }
 
 TEST(ProgramTest, TellsThatASaveLosesSomething) {
-    const TempFile file(DefinitionWith(ValueText("LESS", "X&lt;5")));
+    const TempFile file(
+        DefinitionWith("<ADXCLISTENCHATTER id=\"C\" title=\"C\"><bytestring size=\"A\">1 2 3 4 5 6 7 8 9 A "
+                       "</bytestring></ADXCLISTENCHATTER>\n"));
     const TempFile out("");
     const ToolResult result = RunTool({"convert", file.Path(), out.Path()});
     EXPECT_EQ(result.code, 0);
