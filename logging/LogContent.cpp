@@ -6,7 +6,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "logging/LogWalk.h"
+#include "logging/DataLogEngine.h"
 
 namespace corvex {
 
@@ -52,9 +52,8 @@ LogContent LookIntoLog(const std::string& path) {
     DataLogEngine log;
     if (log.Open(path.c_str(), kLogForLooking) != kLogSuccess)
         return IsFailedStart(path) ? LogContent::kNothing : LogContent::kForeign;
-    LogWalk walk(log);
-    const bool something = walk.Next() || walk.Unknown() != 0 || walk.Left() != 0;
-    return something ? LogContent::kRecords : LogContent::kNothing;
+    // It stands behind its item table, which is where the records begin, whatever a damaged header says.
+    return log.FileSize() > log.Position() ? LogContent::kRecords : LogContent::kNothing;
 }
 
 bool IsLogName(const std::string& path) {

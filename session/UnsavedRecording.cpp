@@ -1,12 +1,11 @@
 #include "session/UnsavedRecording.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
-#include <vector>
 
 #include "logging/DataLogEngine.h"
+#include "logging/LogContent.h"
 #include "platform/FileMove.h"
 
 namespace corvex {
@@ -20,28 +19,12 @@ bool IsTime(const LocalTime& time) {
            time.day <= 31 && time.hour < 24 && time.minute < 60 && time.second < 60;
 }
 
-// One whole record from the position on, whatever command it is of: another definition may know it.
-bool ReadsARecord(DataLogEngine& log) {
-    std::vector<std::uint8_t> data(std::min<std::uint64_t>(log.MaxPackedSize(), log.FileSize()) + 1);
-    LogRecord record;
-    const LogItem* item = nullptr;
-    const std::uint32_t result = log.ReadRecord(&record, data.data(), static_cast<std::uint32_t>(data.size()), &item);
-    return result == kLogSuccess || result == kLogUnknownItem;
-}
-
-// A log that was just opened stands behind its item table, which is where the records begin, whatever a damaged header
-// says.
-bool HoldsARecord(DataLogEngine& log) {
-    if (ReadsARecord(log)) return true;
-    log.GoToData();
-    return ReadsARecord(log);
-}
-
 }  // namespace
 
 std::optional<LocalTime> FindUnsavedRecording(const std::string& scratch) {
     DataLogEngine log;
-    if (log.Open(scratch.c_str(), kLogForLooking) != kLogSuccess || !HoldsARecord(log)) return std::nullopt;
+    if (LookIntoLog(scratch) != LogContent::kRecords) return std::nullopt;
+    if (log.Open(scratch.c_str(), kLogForLooking) != kLogSuccess) return std::nullopt;
     return log.header.startTime;
 }
 
@@ -56,12 +39,12 @@ std::string NameOfUnsavedRecording(const LocalTime& begun, unsigned number) {
 }
 
 std::optional<KeptRecording> KeepUnsavedRecording(const std::string& scratch) {
-    const std::optional<LocalTime> begun = FindUnsavedRecording(scratch);
-    if (!begun) return std::nullopt;
+    if (!HoldsLog(scratch)) return std::nullopt;
+    const LocalTime begun = FindUnsavedRecording(scratch).value_or(LocalTime{});
     const std::filesystem::path folder = std::filesystem::path(scratch).parent_path();
     std::uint32_t error = 0;
     for (unsigned number = 1; number <= kMostOfOneSecond; ++number) {
-        const std::string name = (folder / NameOfUnsavedRecording(*begun, number)).string();
+        const std::string name = (folder / NameOfUnsavedRecording(begun, number)).string();
         error = MoveToNewName(scratch, name);
         if (error == 0) return KeptRecording{name, 0};
         std::error_code unknown;

@@ -10,7 +10,8 @@
 namespace corvex {
 
 // When the recording in this scratch file was begun. No value when there is none: no such file, one that is open
-// elsewhere, one without a record. The header's count does not decide, as it is 0 after a crash. Any thread.
+// elsewhere, one without a record or a part of one. The header's count does not decide, as it is 0 after a crash. Any
+// thread.
 std::optional<LocalTime> FindUnsavedRecording(const std::string& scratch);
 
 // "drive-2026-07-01-123456.xdl" for the time that it was begun at, or, when a damaged header holds no such time, for
@@ -22,8 +23,9 @@ struct KeptRecording {
     std::uint32_t error = 0;  // the system's; 0 when it has got its name
 };
 
-// Gives an unsaved recording a name of its own in its folder, never one that is in use, so that the scratch file may be
-// made anew. No value when there was nothing to keep. With an error it is where it was, and must stay there.
+// Gives an unsaved recording, or what may be a damaged one, a name of its own in its folder, never one that is in use,
+// so that the scratch file may be made anew. No value when there was nothing to keep. With an error it is where it was,
+// and must stay there.
 std::optional<KeptRecording> KeepUnsavedRecording(const std::string& scratch);
 
 }  // namespace corvex
