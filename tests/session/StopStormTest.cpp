@@ -60,7 +60,8 @@ protected:
     ADXObject* Any() { return commands_[random_() % commands_.size()]; }
     // Up to a millisecond, now and then none.
     void LetItRun() {
-        const std::int64_t until = SystemClock().Counter() + SystemClock().Frequency() / 1000 * (random_() % 5) / 4;
+        const auto quarters = static_cast<std::int64_t>(random_() % 5);
+        const std::int64_t until = SystemClock().Counter() + SystemClock().Frequency() / 4000 * quarters;
         while (SystemClock().Counter() < until)
             std::this_thread::yield();
     }

@@ -139,7 +139,6 @@ TEST(ScanProgramTest, TheEndOfItsTimeAndCtrlCStopAScanAlike) {
     limited.insert(limited.end(), {"--seconds", "1"});
     for (const ToolResult& result :
          {RunTool(limited), RunTool(scan, "timeout --foreground --preserve-status -s INT 1 ")}) {
-        EXPECT_EQ(result.code, 1);
         EXPECT_NE(result.out.find("0 good replies in 1."), std::string::npos) << result.out;
         EXPECT_NE(result.err.find(": Command sent. Reply not processed.\n"), std::string::npos) << result.err;
     }
