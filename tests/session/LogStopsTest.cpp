@@ -13,15 +13,17 @@ protected:
         session.PlayCommand();
         ASSERT_TRUE(Eventually([&] { return !session.log.IsPlaying(); }));
     }
-    // The playback thread stands in the middle of a delivery until it is released.
-    void PlayHeld() {
-        Choose(PutLog("held.xdl", {0, 0, 0, kFarAway}));
+    LogStopsTest() {
         recorder.onReplyEnded = [this](const DataAcqStatus& status, PacketView) {
-            if (status.source == 0 || held_) return;
-            held_ = true;
+            if (status.source == 0 || !holds_.exchange(false)) return;
             reached_.Set();
             released_.Wait();
         };
+    }
+    // The playback thread stands in the middle of a delivery until it is released.
+    void PlayHeld() {
+        Choose(PutLog("held.xdl", {0, 0, 0, kFarAway}));
+        holds_ = true;
         session.PlayCommand();
         reached_.Wait();
     }
@@ -33,7 +35,7 @@ protected:
         ASSERT_TRUE(Eventually([&] { return session.connectionState == kConnected; }));
     }
     bool Grows() {
-        const std::uint32_t before = session.log.header.sampleCount;
+        const std::uint64_t before = Size();
         return Eventually([&] { return session.log.State() == kLogRecording && Size() > before; });
     }
     std::uint64_t Size() const {
@@ -48,7 +50,7 @@ protected:
     std::string LongLog() const { return PutLog("long.xdl", {0, kFarAway, kFarAway}); }
 
 private:
-    bool held_ = false;
+    std::atomic<bool> holds_{false};
     AutoResetEvent reached_{false}, released_{false};
 };
 
@@ -147,6 +149,7 @@ TEST_F(LogStopsTest, ButtonsAreShownOnceMoreWhenAPauseHasComeToRest) {
         ForgetPosts();
         recorder.Take();
     }
+    session.log.WaitForPlayback();
     recorder.onNoted = nullptr;
 }
 
@@ -205,7 +208,7 @@ TEST_F(LogStopsTest, RecordDuringAPlaybackStopsItFirst) {
     Connect();
     PlayHeld();
     session.RecordCommand();
-    EXPECT_EQ(kLogPlaying, session.log.State());
+    EXPECT_NE(kLogRecording, session.log.State());
     Release();
     ASSERT_TRUE(Eventually([&] {
         HandlePosts();

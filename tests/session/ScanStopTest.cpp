@@ -70,10 +70,10 @@ TEST_F(ScanStopTest, TheDisconnectCommandRunsWholeInSpiteOfTheStop) {
 }
 
 TEST_F(ScanStopTest, TimeCutsTheDisconnectCommand) {
+    std::atomic<double> began = 0;  // of the last command that was sent
+    serial.onWrite = [&] { began = Now(); };
     session.ToggleScan();
     ASSERT_TRUE(WaitForWrite("write 192"));
-    double began = 0;
-    serial.onWrite = [&] { began = Now(); };
     Stop();
     ASSERT_TRUE(WaitForThreads());
     EXPECT_GE(Now() - began, 5000.0);
