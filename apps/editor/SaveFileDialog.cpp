@@ -7,10 +7,12 @@
 #include <cstring>
 
 #include "apps/editor/EditorSession.h"
+#include "platform/WorkingFolder.h"
 
 namespace corvex {
 
 std::string AskForSaveName(HWND owner, const std::string& path) {
+    const KeptWorkingFolder kept;
     char name[EditorSession::kPathSize] = {};
     path.copy(name, sizeof name - 1);
     std::replace(name, name + std::strlen(name), '/', '\\');  // the dialog takes only these

@@ -4,6 +4,7 @@
 #include <commdlg.h>
 
 #include "platform/WindowsApi.h"
+#include "platform/WorkingFolder.h"
 #include "session/AppSettings.h"
 
 namespace corvex {
@@ -30,7 +31,9 @@ std::optional<std::string> Ask(BOOL(WINAPI* dialog)(OPENFILENAMEA*), HWND owner,
     words.nMaxFile = sizeof path;
     words.lpstrTitle = prompt.title;
     words.lpstrDefExt = prompt.extension;
-    // The scratch log and the settings are found by the program's folder, but a name given without one is not.
+    // The scratch log and the settings are found by the program's folder, but a name given without one is not. The flag
+    // means nothing to the dialog that opens files.
+    const KeptWorkingFolder kept;
     words.Flags = prompt.flags | OFN_NOCHANGEDIR;
     if (dialog(&words) == FALSE) {
         if (::CommDlgExtendedError() == FNERR_BUFFERTOOSMALL) {
