@@ -20,6 +20,7 @@ FLOORS = {
 # Folders of one floor that stand on one another by design.
 SIBLINGS = {
     ("session/base", "platform"),   # the stopwatch reads the clock
+    ("files/xml", "platform"),      # its files are opened with the sharing told
     ("logging", "acquisition"),     # the log's callback extends the engine's
     ("files/ads", "files/adx"),
 }

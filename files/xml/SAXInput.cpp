@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/FileStream.h"
+
 namespace corvex {
 
 void SAXInput::Begin(ISAXCallback* receiver) {
@@ -20,7 +22,7 @@ void SAXInput::Begin(ISAXCallback* receiver) {
 
 bool SAXInput::OpenFile(const char* path, ISAXCallback* receiver) {
     Begin(receiver);
-    file.reset(std::fopen(path, "rb"));
+    file.reset(OpenToRead(path));
     if (!file) return false;
     // A buffer of our own, for the library would allocate one at the first read.
     std::setvbuf(file.get(), filebuffer_, _IOFBF, kFileBufferSize);

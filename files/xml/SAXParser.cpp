@@ -46,7 +46,7 @@ struct ParseScope {
 std::int32_t SAXParser::ParseFile(const char* path) {
     if (callback == nullptr) return kNoCallback;
     ParseScope scope(input_, *callback);
-    callback->filename = path;
+    callback->filename = path == nullptr ? "" : path;
     if (!input_.OpenFile(path, callback)) return OpenError();
     return ParseDocument();
 }

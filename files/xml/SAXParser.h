@@ -32,8 +32,9 @@ public:
     void SetCallback(ISAXCallback* receiver) { callback = receiver; }
 
     // Parses the file and closes it. kOk, or one of the codes above. path names the file in the system's narrow
-    // encoding. A file that opens but cannot be read at all, such as a directory, counts as one that does not open; a
-    // read error further on is an unexpected end.
+    // encoding; a null one does not open. A file that opens but cannot be read at all, such as a directory, counts as
+    // one that does not open; a read error further on is an unexpected end. Others may read the file meanwhile, and
+    // where the system knows such a thing not write it.
     [[nodiscard]] std::int32_t ParseFile(const char* path);
 
     // Parses size bytes, which need not be terminated and stay the caller's.

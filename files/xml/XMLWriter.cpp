@@ -5,6 +5,8 @@
 #include <cstdarg>
 #include <cstring>
 
+#include "platform/FileStream.h"
+
 namespace corvex {
 
 namespace {
@@ -58,7 +60,7 @@ XMLWriter::~XMLWriter() {
 
 int XMLWriter::Open(const char* path) {
     Close();
-    file.reset(std::fopen(path, "wb"));
+    file.reset(OpenToWrite(path));
     if (!file) return 0;
     // The buffer is ours, so that the file is written in whole blocks.
     std::setvbuf(file.get(), nullptr, _IONBF, 0);

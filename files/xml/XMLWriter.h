@@ -26,7 +26,8 @@ public:
     XMLWriter(const XMLWriter&) = delete;
     XMLWriter& operator=(const XMLWriter&) = delete;
 
-    // Creates or truncates the file. 0 when it does not open. path is in the system's narrow encoding.
+    // Creates or truncates the file. 0 when it does not open, as a null path does not. path is in the system's narrow
+    // encoding. Where the system knows such a thing, nobody else opens the file meanwhile.
     [[nodiscard]] int Open(const char* path);
     // Writes to the caller's size bytes, not terminated; what does not fit is dropped and makes Failed() true.
     [[nodiscard]] int OpenMemory(char* memory, std::size_t size);

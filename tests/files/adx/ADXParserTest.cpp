@@ -302,5 +302,12 @@ TEST(ADXDefinitionLoad, AFileThatCannotBeOpenedIsNamedAsSuch) {
     EXPECT_STREQ(error, "Error opening file");
 }
 
+TEST(ADXDefinitionLoad, NoPathIsNoFile) {
+    ADXDefinition definition;
+    char error[ADXDefinition::kErrorSize] = "";
+    EXPECT_EQ(definition.Load(nullptr, error), 0);
+    EXPECT_STREQ(error, "Error opening file");
+}
+
 }  // namespace
 }  // namespace corvex
