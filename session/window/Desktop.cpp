@@ -1,5 +1,7 @@
 #include "session/window/Desktop.h"
 
+#include <utility>
+
 #include "controls/richstatic/RichStatic.h"
 #include "session/window/FileDialogs.h"
 #include "session/window/LogBar.h"
@@ -37,10 +39,51 @@ void Desktop::Drain() {
 
 // As with the status texts, but what may be pressed goes by the state at the time when it is shown.
 void Desktop::RefreshButtons() {
-    if (::GetWindowThreadProcessId(MainWindow(), nullptr) == ::GetCurrentThreadId()) {
-        ::SendMessageA(MainWindow(), kMessageRefreshButtons, 0, 0);
-    } else if (!buttonsAsked.exchange(true) && ::PostMessageA(MainWindow(), kMessageRefreshButtons, 0, 0) == FALSE) {
-        buttonsAsked = false;  // no window yet or no more, or its queue is full
+    if (!IsOnThreadOf(MainWindow())) return buttons.Leave(MainWindow(), {});
+    static_cast<void>(buttons.Take());
+    LogBar::RefreshButtons(session);
+}
+
+// A place that a worker left before is not to come after this one.
+void Desktop::MoveSlider(std::uint32_t index) {
+    if (!IsOnThreadOf(MainWindow())) return slider.Leave(MainWindow(), index);
+    static_cast<void>(slider.Take());
+    LogBar::SetPosition(session, index);
+}
+
+void Desktop::SetSliderRange(std::uint32_t last) {
+    static_cast<void>(slider.Take());  // it was one in the log before
+    LogBar::SetRange(session, last);
+}
+
+void Desktop::Flash(FlashText news) {
+    if (!IsOnThreadOf(MainWindow())) return flash.Leave(MainWindow(), std::move(news));
+    static_cast<void>(flash.Take());
+    ShowFlash(news);
+}
+
+void Desktop::ShowFlash(const FlashText& news) const {
+    RichStatic::flash(AsWindow(session.statusLeft), news.text.c_str(), news.textColour, news.backColour,
+                      news.milliseconds);
+}
+
+bool Desktop::ShowNews(UINT message) {
+    switch (message) {
+        case kMessageRefreshStatus:
+            status.Show();
+            return true;
+        case kMessageRefreshButtons:
+            static_cast<void>(buttons.Take());  // first: what changes from here on asks anew
+            LogBar::RefreshButtons(session);
+            return true;
+        case kMessageMoveSlider:
+            if (const auto index = slider.Take()) LogBar::SetPosition(session, *index);
+            return true;
+        case kMessageFlash:
+            if (const auto news = flash.Take()) ShowFlash(*news);
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -63,10 +106,10 @@ SessionCalls Desktop::Calls() {
     calls.listVisible = [this] { return IsItemListVisible(session); };
     calls.repaintList = [this] { RepaintItemList(session); };
     calls.flash = [this](const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t ms) {
-        RichStatic::flash(AsWindow(session.statusLeft), text, textColour, backColour, ms);
+        Flash({text, textColour, backColour, ms});
     };
-    calls.setLogSlider = [this](std::uint32_t index) { LogBar::SetPosition(session, index); };
-    calls.setLogRange = [this](std::uint32_t last) { LogBar::SetRange(session, last); };
+    calls.setLogSlider = [this](std::uint32_t index) { MoveSlider(index); };
+    calls.setLogRange = [this](std::uint32_t last) { SetSliderRange(last); };
     calls.refreshTitle = [this] { RefreshTitle(session); };
     calls.checkSpeed = [this](std::uint32_t command) { CheckSpeed(MainWindow(), command); };
     calls.askSavePath = [this](const FilePrompt& prompt) { return AskSavePath(MainWindow(), prompt, &session.debug); };

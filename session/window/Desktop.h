@@ -1,10 +1,12 @@
 // The session with windows around it.
 #pragma once
 
-#include <atomic>
+#include <string>
+#include <variant>
 
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
+#include "session/window/NewestOnly.h"
 #include "session/window/OutputText.h"
 #include "session/window/StatusBoard.h"
 
@@ -15,6 +17,13 @@ namespace corvex {
 enum MainWindowMessage : UINT {
     kMessageRefreshStatus = WM_APP + 0x100,
     kMessageRefreshButtons,
+    kMessageMoveSlider,
+    kMessageFlash,
+};
+
+struct FlashText {
+    std::string text;
+    std::uint32_t textColour, backColour, milliseconds;
 };
 
 // One for the process: the session state, its calls filled with window work, and the text control's adapter. Built
@@ -31,10 +40,14 @@ public:
     // Ends what still runs after the last window is gone, and goes on answering what workers send meanwhile.
     void Drain();
 
+    // Shows what workers have left for one of the messages above; false for any other message. Main thread.
+    bool ShowNews(UINT message);
+
     OutputText output;
     StatusBoard status{session};
-    // Set from the moment that the main thread is asked for new buttons to its begin: asking once is enough.
-    std::atomic<bool> buttonsAsked{false};
+    NewestOnly<std::monostate> buttons{kMessageRefreshButtons};
+    NewestOnly<std::uint32_t> slider{kMessageMoveSlider};
+    NewestOnly<FlashText> flash{kMessageFlash};
     SessionState session;
 
 private:
@@ -42,6 +55,10 @@ private:
     void RefreshButtons();
     bool HasNoWorker() const;
     void PostForSure(UINT message) const;
+    void MoveSlider(std::uint32_t index);
+    void SetSliderRange(std::uint32_t last);
+    void Flash(FlashText news);
+    void ShowFlash(const FlashText& news) const;
 };
 
 // A window handle out of one of the session's opaque words.

@@ -16,7 +16,7 @@ public:
     static void Create(Desktop& desktop, HWND rebar, void* images);
     // Enables what the state of log and connection allows. Main thread.
     static void RefreshButtons(SessionState& session);
-    // In records. Left alone while the user has the slider in his hand. Any thread.
+    // In records. Left alone while the user has the slider in his hand. Main thread.
     static void SetPosition(SessionState& session, std::uint32_t index);
     // From 0 to `last`. Main thread.
     static void SetRange(SessionState& session, std::uint32_t last);

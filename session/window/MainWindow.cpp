@@ -87,20 +87,13 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             // The system ends the process when this returns; a recording is whole in its file at any moment.
             if (wParam != FALSE) SaveSettings();
             return 0;
-        case kMessageRefreshStatus:
-            desktop_.status.Show();
-            return 0;
-        case kMessageRefreshButtons:
-            desktop_.buttonsAsked = false;  // first: what changes from here on asks anew
-            LogBar::RefreshButtons(desktop_.session);
-            return 0;
         case kMessageDestroyWindow:
         case kMessageScanStopped:
         case kMessageLogStopped:
         case kMessagePlaybackRests:
             return OnSessionMessage(message);
         default:
-            return Default(message, wParam, lParam);
+            return desktop_.ShowNews(message) ? 0 : Default(message, wParam, lParam);
     }
 }
 

@@ -1,34 +1,28 @@
 #include "session/window/StatusBoard.h"
 
+#include <utility>
+
 #include "session/window/Desktop.h"
 
 namespace corvex {
 
-// The look is taken under the lock: of two threads with news the later one's picture stays.
-void StatusBoard::Refresh() {
-    const HWND window = AsWindow(session_.mainWindow);
-    {
-        const std::lock_guard<std::mutex> guard(lock_);
-        StatusPicture now = StatusPanels::Look(session_);
-        newest_.left = now.left;
-        if (now.right) newest_.right = std::move(now.right);
-    }
-    if (::GetWindowThreadProcessId(window, nullptr) == ::GetCurrentThreadId()) return Show();
+StatusBoard::StatusBoard(SessionState& session) : session_(session), news_(kMessageRefreshStatus) {}
 
-    const std::lock_guard<std::mutex> guard(lock_);
-    // Fails without a window, and when its queue is full: then the next refresh asks again.
-    if (!asked_) asked_ = ::PostMessageA(window, kMessageRefreshStatus, 0, 0) != FALSE;
+// The look is taken under the lock: of two threads with news the later one's picture stays. A right text that was left
+// is not lost by a picture without one.
+void StatusBoard::Refresh() {
+    news_.Merge([this](std::optional<StatusPicture>& waiting) {
+        StatusPicture now = StatusPanels::Look(session_);
+        if (waiting && !now.right) now.right = std::move(waiting->right);
+        waiting = std::move(now);
+    });
+    const HWND window = AsWindow(session_.mainWindow);
+    if (IsOnThreadOf(window)) return Show();
+    news_.Ask(window);
 }
 
 void StatusBoard::Show() {
-    StatusPicture picture;
-    {
-        const std::lock_guard<std::mutex> guard(lock_);
-        picture = newest_;
-        newest_.right.reset();
-        asked_ = false;
-    }
-    StatusPanels::Show(session_, picture);
+    if (const std::optional<StatusPicture> picture = news_.Take()) StatusPanels::Show(session_, *picture);
 }
 
 }  // namespace corvex

@@ -1,8 +1,7 @@
 // Carries the status texts from whoever has news to the panels.
 #pragma once
 
-#include <mutex>
-
+#include "session/window/NewestOnly.h"
 #include "session/window/StatusPanels.h"
 
 namespace corvex {
@@ -11,7 +10,7 @@ namespace corvex {
 // leave the serial line idle meanwhile. Only the newest picture is shown. It must outlive the session's workers.
 class StatusBoard {
 public:
-    explicit StatusBoard(SessionState& session) : session_(session) {}
+    explicit StatusBoard(SessionState& session);
     StatusBoard(const StatusBoard&) = delete;
     StatusBoard& operator=(const StatusBoard&) = delete;
 
@@ -23,9 +22,7 @@ public:
 
 private:
     SessionState& session_;
-    std::mutex lock_;  // of all below
-    StatusPicture newest_{};
-    bool asked_ = false;  // the main thread has been told that there is a picture
+    NewestOnly<StatusPicture> news_;
 };
 
 }  // namespace corvex

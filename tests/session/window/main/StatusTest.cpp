@@ -97,6 +97,39 @@ TEST_F(StatusTest, AWorkerDoesNotWaitForARefreshAndAsksOnce) {
     EXPECT_TRUE(Pumps([&] { return LeftText() == "ALDL: Not Connected"; }));
 }
 
+TEST_F(StatusTest, NorForTheSliderOrAFlashOfWhichTheNewestIsShown) {
+    UseDefinition();
+    Start();
+    session.Calls().setLogRange(200);
+    std::thread([&] {
+        for (std::uint32_t i = 0; i < 100; ++i) {
+            session.Calls().setLogSlider(i);
+            session.Calls().flash(std::to_string(i).c_str(), 0, 0xFFFFFF, 60000);
+        }
+    }).join();
+    EXPECT_EQ(0, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    HandleMessages();
+    EXPECT_EQ(99, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    EXPECT_EQ("99", LeftText());
+}
+
+TEST_F(StatusTest, ASliderThatTheMainThreadMovesIsNotMovedBack) {
+    UseDefinition();
+    Start();
+    session.Calls().setLogRange(200);
+    std::thread([&] { session.Calls().setLogSlider(50); }).join();
+    session.Calls().setLogSlider(7);
+    HandleMessages();
+    EXPECT_EQ(7, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    std::thread([&] { session.Calls().setLogSlider(50); }).join();
+    session.Calls().setLogRange(100);  // of another log
+    HandleMessages();
+    EXPECT_EQ(7, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    std::thread([&] { session.Calls().setLogSlider(60); }).join();
+    HandleMessages();
+    EXPECT_EQ(60, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+}
+
 TEST_F(StatusTest, TheMainThreadSeesARefreshAtOnce) {
     UseDefinition();
     Start();
