@@ -75,6 +75,7 @@ void DefinitionCommands::DropWhenQuiet(const std::function<void()>& work) {
     });
 }
 
+// The last packet goes with the definition: read through another one it is the reply of an engine that is not there.
 void DefinitionCommands::LoadNow(const std::string& path) {
     SessionState& session = desktop_.session;
     char error[ADXDefinition::kErrorSize] = {};
@@ -85,6 +86,7 @@ void DefinitionCommands::LoadNow(const std::string& path) {
     }
     session.origin.Loaded(loaded != 0);
     session.dashChanged = 0;  // the dashboard that was is gone in any case
+    session.StoreLastPacket({});
     if (loaded != 0) {
         SetPath(session.settings.lastadxpath, path);
         DebugOutput::Print(&session.debug, "Loaded %s", path.c_str());
@@ -105,6 +107,7 @@ void DefinitionCommands::ImportNow(const std::string& path) {
     session.origin.Imported(imported);
     if (imported) {
         session.dashChanged = 0;
+        session.StoreLastPacket({});
         RefreshPages();
         RefreshTitle(session);
     } else {

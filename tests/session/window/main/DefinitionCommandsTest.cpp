@@ -160,6 +160,37 @@ TEST_F(DefinitionCommandsTest, TheOtherTwoPromptsHaveTheirTitles) {
     EXPECT_TRUE(answer.Came());
 }
 
+TEST_F(DefinitionCommandsTest, TheLastPacketGoesWithItsDefinition) {
+    UseDefinition();
+    Start();
+    const std::uint8_t bytes[] = {1, 2};
+    const auto isKeptAfter = [&](const std::function<void()>& work) {
+        session.StoreLastPacket(LastPacket::Of({bytes, 2}, 5));
+        work();
+        return session.CopyLastPacket().size == 2 && session.CopyLastPacket().command == 5;
+    };
+    EXPECT_TRUE(isKeptAfter([&] { commands().ImportDefinition(folder.Name("none.ads")); }));
+    for (const auto& work : std::vector<std::function<void()>>{[&] { Load(folder.Name("one.adx")); },
+                                                               [&] { LoadBroken(); }, [&] { Import(); }}) {
+        EXPECT_FALSE(isKeptAfter(work));
+        EXPECT_EQ(0U, session.CopyLastPacket().size);
+        EXPECT_EQ(0U, session.CopyLastPacket().command);
+    }
+}
+
+TEST_F(DefinitionCommandsTest, AFileThatSomebodyWritesIsNotRead) {
+    UseDefinition();
+    const std::string other = PutDefinition("other.adx");
+    Start();
+    {
+        const std::ofstream writer(other, std::ios::app);
+        Load(other);
+        EXPECT_TRUE(Says("FAILED to Load " + other));
+    }
+    Load(other);
+    EXPECT_TRUE(Says("Loaded " + other));
+}
+
 TEST_F(DefinitionCommandsTest, ALoadDuringAScanEndsItFirst) {
     UseDefinition();
     serial.Answer({0xA0}, {3, 4}, 5);
