@@ -34,7 +34,10 @@ ControlClass ClassOf(HINSTANCE instance, const char* name) {
     words.name = name;
     words.style = CS_HREDRAW | CS_VREDRAW;
     words.icon = ::LoadIconA(instance, MAKEINTRESOURCEA(IDI_CORVEX));
-    words.smallIcon = ::LoadIconA(instance, MAKEINTRESOURCEA(IDI_CORVEX_SMALL));
+    // LoadIconA would make it large, for the system to shrink.
+    words.smallIcon =
+        static_cast<HICON>(::LoadImageA(instance, MAKEINTRESOURCEA(IDI_CORVEX_SMALL), IMAGE_ICON,
+                                        ::GetSystemMetrics(SM_CXSMICON), ::GetSystemMetrics(SM_CYSMICON), LR_SHARED));
     words.menu = MAKEINTRESOURCEA(IDR_MAIN);
     return words;
 }

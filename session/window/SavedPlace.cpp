@@ -34,12 +34,21 @@ RECT VisiblePlace(const AppSettings& settings) {
     return PlaceOf(defaults);
 }
 
+RECT ScreenPlace(RECT place, const RECT& monitor, const RECT& workArea) {
+    ::OffsetRect(&place, workArea.left - monitor.left, workArea.top - monitor.top);
+    return place;
+}
+
 void KeepPlace(HWND window, AppSettings* settings) {
     RECT place{};
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
     if (::IsIconic(window) != 0 && ::GetWindowPlacement(window, &placement) != 0) {
+        MONITORINFO monitor{};
+        monitor.cbSize = sizeof monitor;
         place = placement.rcNormalPosition;
+        if (::GetMonitorInfoA(::MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor) != 0)
+            place = ScreenPlace(place, monitor.rcMonitor, monitor.rcWork);
     } else {
         ::GetWindowRect(window, &place);
     }

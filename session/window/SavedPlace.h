@@ -10,6 +10,10 @@ namespace corvex {
 // gone since, and a settings file may hold anything.
 RECT VisiblePlace(const AppSettings& settings);
 
+// A rectangle that the system tells in its workspace's coordinates, which begin at the corner of what a monitor's task
+// bar leaves, in those of the screen.
+RECT ScreenPlace(RECT place, const RECT& monitor, const RECT& workArea);
+
 // The window's present rectangle into the settings; of a minimised window the one that it would come back to.
 void KeepPlace(HWND window, AppSettings* settings);
 

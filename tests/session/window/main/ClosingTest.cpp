@@ -1,4 +1,7 @@
 // The window ends by way of a stop thread, and comes back where it was.
+#include <utility>
+
+#include "session/window/SavedPlace.h"
 #include "tests/session/window/main/MainWindowHelper.h"
 
 namespace corvex::test {
@@ -85,6 +88,20 @@ TEST_F(ClosingTest, AMinimisedWindowComesBackWhereItWasBefore) {
     ASSERT_TRUE(Close());
     EXPECT_EQ("700", Line("winsizex"));
     EXPECT_EQ("520", Line("winsizey"));
+}
+
+TEST(SavedPlaceTest, ThePlaceOfAMinimisedWindowCountsFromTheTaskBar) {
+    const RECT place{40, 50, 740, 570}, monitor{0, 0, 1280, 1024}, second{1280, 0, 2560, 1024};
+    const auto told = [&](const RECT& screen, const RECT& workArea) {
+        const RECT moved = ScreenPlace(place, screen, workArea);
+        EXPECT_EQ(700, moved.right - moved.left);
+        EXPECT_EQ(520, moved.bottom - moved.top);
+        return std::pair(moved.left, moved.top);
+    };
+    EXPECT_EQ(std::pair(40L, 50L), told(monitor, monitor));
+    EXPECT_EQ(std::pair(40L, 50L), told(monitor, {0, 0, 1280, 984}));  // at the bottom
+    EXPECT_EQ(std::pair(40L, 90L), told(monitor, {0, 40, 1280, 1024}));
+    EXPECT_EQ(std::pair(102L, 50L), told(second, {1342, 0, 2560, 1024}));
 }
 
 TEST_F(ClosingTest, ClosesDuringASilentScan) {

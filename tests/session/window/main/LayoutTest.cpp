@@ -173,6 +173,17 @@ TEST_F(LayoutTest, ABandThatGrowsMovesThePages) {
     ExpectFullHouse();
 }
 
+TEST_F(LayoutTest, TheSmallIconIsSmall) {
+    Start();
+    ICONINFO icon{};
+    ASSERT_NE(FALSE, ::GetIconInfo(reinterpret_cast<HICON>(::GetClassLongPtrA(window, GCLP_HICONSM)), &icon));
+    BITMAP mask{};
+    ::GetObjectA(icon.hbmMask, sizeof mask, &mask);
+    EXPECT_EQ(::GetSystemMetrics(SM_CXSMICON), mask.bmWidth);
+    ::DeleteObject(icon.hbmMask);
+    ::DeleteObject(icon.hbmColor);
+}
+
 TEST_F(LayoutTest, ErasesNothing) {
     Start();
     EXPECT_EQ(1, ::SendMessageA(window, WM_ERASEBKGND, 0, 0));
