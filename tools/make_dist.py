@@ -71,9 +71,11 @@ def main():
     if missing:
         sys.exit("dist: %s has no %s: nothing packed for %s" % (bin_folder, ", ".join(missing), label))
     programs = [os.path.join(bin_folder, name) for name in PROGRAMS]
-    checker = os.path.join(tree, "tools", "check_imports.py")
-    if subprocess.run([sys.executable, checker, triplet + "-objdump", kind] + programs).returncode:
-        sys.exit("dist: nothing packed for " + label)
+    checks = [["check_imports.py", triplet + "-objdump", kind] + programs,
+              ["check_manifest.py"] + [program for program in programs if program.endswith(".exe")]]
+    for checker, *arguments in checks:
+        if subprocess.run([sys.executable, os.path.join(tree, "tools", checker)] + arguments).returncode:
+            sys.exit("dist: nothing packed for " + label)
     os.makedirs(folder, exist_ok=True)
     pack(path + ".new", top, contents(tree, bin_folder, triplet + "-strip", version))
     os.replace(path + ".new", path)
