@@ -85,6 +85,13 @@ TEST_F(FullDiskTest, KeepsTheFileWhereThereCanBeNoneBesideIt) {
     EXPECT_EQ(Content(path_), "the only copy");
 }
 
+TEST_F(FullDiskTest, SavesUnderTheLongestName) {
+    path_ = (folder_ / std::string(255, 'n')).string();
+    EXPECT_EQ(definition_.Save(path_.c_str()), 1);
+    EXPECT_EQ(definition_.Save(path_.c_str()), 1);
+    EXPECT_EQ(FilesInFolder(), 1);
+}
+
 TEST_F(FullDiskTest, ASweepFollowsAKilledSave) {
     std::ofstream(path_ + ".2147483647.new") << "half";
     EXPECT_EQ(definition_.Save(path_.c_str()), 1);
