@@ -158,6 +158,7 @@ TEST_F(SessionStateTest, DestructionEndsAScanThatIsStillConnecting) {
         if (number != 1) return;
         reading.Set();
         released.Wait();
+        released.Set();  // for the next slice
     };
     brief->ToggleScan();
     reading.Wait();
