@@ -49,7 +49,10 @@ protected:
         Window().Send(kSaveDefinition);
         // A look into the file would stand in the way of the new one, which comes whole.
         EXPECT_TRUE(Eventually([&] { return folder.Size("own.adx") != 0; }));
-        const std::string text = folder.Files().Content("own.adx"), mark = "<ADXDGENTRY gaugetype=\"";
+        // Whoever moved it there may hold it a moment longer.
+        std::string text;
+        EXPECT_TRUE(Eventually([&] { return !(text = folder.Files().Content("own.adx")).empty(); }));
+        const std::string mark = "<ADXDGENTRY gaugetype=\"";
         Rows entries;
         for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at + 1)) {
             const std::string line = text.substr(at, text.find("/>", at) - at);
@@ -136,6 +139,24 @@ TEST_F(DashMenu, WorksOnAGaugeWithoutAnItem) {
     EXPECT_EQ(RowsOn(0).at(1), "10 Speed");
     Choose(0, kValues, 1);
     ExpectReadout(0, "Load", 0.0F);
+    EXPECT_EQ(SavedEntries(allItems), (Rows{"1 LOAD", "0 SPEED"}));
+}
+
+TEST_F(DashMenu, AsksBeforeWhatWasBoundIsDropped) {
+    ShowDashOf(WithItems().Dashboard("Main", {{0, "SPEED"}, {1, "LOAD"}}));
+    const std::string before = folder.Files().Content("own.adx");
+    Choose(0, kValues, 2);
+    ExpectTitle(0, "Gear");
+    Window().Close();
+    CancelDialog(program->Id(), "Corvex");
+    Window().Send(kEditDefinition);
+    CancelDialog(program->Id(), "Corvex");
+    ExpectTitle(0, "Gear");
+    EXPECT_EQ(folder.Files().Content("own.adx"), before);
+    Window().Send(kExit);
+    PressButton(WaitForDialog(program->Id(), "Corvex"), IDYES);
+    EXPECT_EQ(program->WaitForExit(30000), std::optional<DWORD>(0));
+    EXPECT_NE(folder.Files().Content("own.adx").find(HashText("GEAR")), std::string::npos);
 }
 
 }  // namespace

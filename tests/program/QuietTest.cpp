@@ -121,5 +121,29 @@ TEST_F(DefinitionAtWork, IsLoadedDuringARecordingWhichIsSavedFirst) {
     ExpectScanWorks();
 }
 
+TEST_F(DefinitionAtWork, EndsARecordingThatIsBegunWhileItWaits) {
+    Settle();
+    // Its own delay keeps the end of the scan back for long enough.
+    std::string text = folder.Files().Content("harrier-8192.adx");
+    for (const std::string time : {"<totaltimeout>400<", "<totaltimeout>20<", "<replytimeout>200<"}) {
+        const std::size_t at = text.find(time), digits = time.find('>') + 1;
+        ASSERT_NE(at, std::string::npos);
+        text.replace(at + digits, time.size() - 1 - digits, "5000");
+    }
+    folder.Files().Put("harrier-8192.adx", text);
+    Start();
+    engines.Start({"--silent"});
+    Window().Send(kScan);
+    ExpectLeft("ALDL: Connecting...");
+    Window().Send(kLoadDefinition);
+    ChooseFile(program->Id(), "Select ADX...", Definition());
+    Window().Send(kRecord);
+    ChooseFile(program->Id(), "Select/Create file to save...", folder.Name("drive.xdl"));
+    ExpectOutput("Loaded " + Definition());
+    EXPECT_TRUE(folder.Files().Has("drive.xdl"));
+    ExpectLeft("ALDL: Not Connected");
+    ExpectBar({.play = true, .load = true});
+}
+
 }  // namespace
 }  // namespace corvex::test
