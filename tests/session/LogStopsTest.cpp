@@ -20,6 +20,13 @@ protected:
             released_.Wait();
         };
     }
+    // What still runs must not find the hook gone.
+    ~LogStopsTest() override {
+        Release();
+        session.StartStopThread(kStopScan | kStopLog);
+        EXPECT_TRUE(WaitForThreads());
+        session.log.WaitForPlayback();
+    }
     // The playback thread stands in the middle of a delivery until it is released.
     void PlayHeld() {
         Choose(PutLog("held.xdl", {0, 0, 0, kFarAway}));
