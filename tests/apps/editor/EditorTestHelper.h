@@ -36,8 +36,7 @@ public:
 
     HMODULE Module() const { return module_; }
     EditorEntry Entry() const {
-        return reinterpret_cast<EditorEntry>(
-            reinterpret_cast<void*>(::GetProcAddress(module_, MAKEINTRESOURCEA(1))));
+        return reinterpret_cast<EditorEntry>(reinterpret_cast<void*>(::GetProcAddress(module_, MAKEINTRESOURCEA(1))));
     }
 
 private:
