@@ -54,19 +54,6 @@ TEST_F(FileDialogsTest, OpenAnswersTheNameOfAFile) {
     EXPECT_TRUE(::IsWindowEnabled(owner));
 }
 
-// The system's own dialog may leave it elsewhere, though it was told not to.
-TEST_F(FileDialogsTest, TheWorkingFolderComesBack) {
-    folder.Put("a.adx", "x");
-    const auto before = std::filesystem::current_path();
-    const DialogOperator user("Select ADX...", [&](HWND dialog) {
-        std::filesystem::current_path(folder.Path());
-        Answer(dialog, folder.Name("a.adx"));
-    });
-    EXPECT_EQ(folder.Name("a.adx"), AskOpenPath(owner, kLoadDefinitionPrompt));
-    EXPECT_EQ(before, std::filesystem::current_path());
-    std::filesystem::current_path(before);
-}
-
 TEST_F(FileDialogsTest, CancelAnswersNothing) {
     {
         const DialogOperator user("Select ADX...", [](HWND dialog) { Cancel(dialog); });
