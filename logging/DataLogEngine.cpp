@@ -1,5 +1,7 @@
 #include "logging/DataLogEngine.h"
 
+#include "logging/LogChain.h"
+
 namespace corvex {
 
 namespace {
@@ -156,6 +158,12 @@ std::uint32_t DataLogEngine::ReadRecordLocked(const ItemTable& items, LogRecord*
         return got ? kLogEndOfFile : kLogFileError;
     }
     *record = DecodeRecord(bytes);
+    // No recording writes this: it is what a power cut leaves where the system had made the file longer already. Read
+    // as records of the first item they would be values of an engine that stands.
+    if (IsBlank(*record)) {
+        reader_.Seek(begin);
+        return kLogEndOfFile;
+    }
     if (record->itemIndex >= items.size()) {
         reader_.Seek(record->nextOffset);
         return kLogUnknownItem;
@@ -186,6 +194,11 @@ void DataLogEngine::GoToDataLocked() {
 void DataLogEngine::GoToData() {
     const std::lock_guard lock(lock_);
     GoToDataLocked();
+}
+
+void DataLogEngine::GoTo(std::uint64_t offset) {
+    const std::lock_guard lock(lock_);
+    reader_.Seek(offset);
 }
 
 std::uint64_t DataLogEngine::PositionLocked() const {

@@ -97,12 +97,16 @@ public:
 
     std::uint32_t WriteHeader();
     std::uint32_t ReadHeader();
-    // The next record. `size` is the buffer's. kLogEndOfFile also for one that is cut short; kLogUnknownItem has gone
-    // on to the place that the record names, which may lie anywhere; kLogBufferTooSmall can be tried again.
+    // The next record. `size` is the buffer's. kLogEndOfFile also for one that is cut short, and where a record would
+    // begin with twelve zeros, as the trace of a power cut does; kLogUnknownItem has gone on to the place that the
+    // record names, which may lie anywhere; kLogBufferTooSmall has filled `record` and can be tried again. The record's
+    // word about the place of the next one is not checked: LogWalk does that.
     std::uint32_t ReadRecord(LogRecord* record, std::uint8_t* buffer, std::uint32_t size, const LogItem** item);
     // Goes to the first record when the position is at or past the header's endMark, or before its dataOffset; a log
     // that stands between them carries on from there.
     void GoToData();
+    // The next record is read there, wherever that is.
+    void GoTo(std::uint64_t offset);
     // In the file, in bytes; 0 when none is open.
     std::uint64_t Position() const;
     std::uint64_t FileSize() const;

@@ -18,18 +18,59 @@ LogWalk::LogWalk(DataLogEngine& log) : log_(log), fileSize_(log.FileSize()) {
 bool LogWalk::Next() {
     while (result_ == kLogSuccess) {
         offset_ = log_.Position();
-        result_ = log_.ReadRecord(&record_, packed_.data(), static_cast<std::uint32_t>(packed_.size()), &item_);
-        if (result_ == kLogSuccess) {
-            ++records_;
-            return true;
-        }
+        const auto size = static_cast<std::uint32_t>(packed_.size());
+        const std::uint32_t result = log_.ReadRecord(&record_, packed_.data(), size, &item_);
+        if (result == kLogSuccess && Accept()) return true;
+        if (result == kLogUnknownItem) PassOver();
         // The buffer holds what the whole file holds: a record that does not fit is cut short.
-        if (result_ == kLogBufferTooSmall) result_ = kLogEndOfFile;
-        if (result_ != kLogUnknownItem || log_.Position() <= offset_) continue;
-        ++unknown_;
-        result_ = kLogSuccess;
+        if (result == kLogBufferTooSmall || result == kLogEndOfFile) End(kLogEndOfFile);
+        if (result == kLogFileError) End(kLogFileError);
     }
     return false;
+}
+
+bool LogWalk::Accept() {
+    if (ShortfallOf(record_, log_.Position()) != 0 || (record_.timeMs < times_.Floor() && !IsFollowed())) {
+        End(kLogEndOfFile);
+        return false;
+    }
+    times_.Add(record_.timeMs);
+    ++records_;
+    return true;
+}
+
+// By the end of the file, or by what looks like the next record. A hole can begin behind the nextOffset of a record.
+bool LogWalk::IsFollowed() {
+    const std::uint64_t next = log_.Position();
+    if (next >= log_.FileSize()) return true;
+    LogRecord record;
+    const LogItem* item = nullptr;
+    std::uint8_t nothing = 0;
+    const std::uint32_t result = log_.ReadRecord(&record, &nothing, 0, &item);
+    log_.GoTo(next);
+    if (result == kLogUnknownItem) return PlaceBehindUnknown(record, next, log_.FileSize()).has_value();
+    if (result != kLogSuccess && result != kLogBufferTooSmall) return false;
+    return ShortfallOf(record, next + kLogRecordBytes + item->packedSize) == 0;
+}
+
+void LogWalk::PassOver() {
+    const std::optional<std::uint64_t> next = PlaceBehindUnknown(record_, offset_, log_.FileSize());
+    if (!next) {
+        // One that leads out of the file may have been cut short.
+        End(record_.nextOffset > static_cast<std::uint32_t>(offset_) ? kLogEndOfFile : kLogUnknownItem);
+        return;
+    }
+    ++unknown_;
+    log_.GoTo(*next);
+}
+
+void LogWalk::End(std::uint32_t result) {
+    result_ = result;
+    log_.GoTo(offset_);
+    if (Left() < kLogRecordBytes) return;
+    const LogItem* const item = log_.GetItem(record_.itemIndex);
+    damaged_ =
+        IsBlank(record_) || item == nullptr || ShortfallOf(record_, offset_ + kLogRecordBytes + item->packedSize) != 0;
 }
 
 PacketView LogWalk::Reply() {

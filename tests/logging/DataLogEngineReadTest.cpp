@@ -96,13 +96,28 @@ TEST_F(DataLogEngineReadTest, UnknownItemMayPointAnywhere) {
 
 TEST_F(DataLogEngineReadTest, OffsetOfAGoodRecordIsNotFollowed) {
     LogBytes bytes = SmallLogHead();
-    bytes.RecordTo(0, 0, 0, DataOf(0))
+    bytes.RecordTo(1, 0, 0, DataOf(0))
         .RecordTo(0xFFFFFFFF, 0, 1, DataOf(1))
         .RecordTo(kSmallDataOffset, 0, 2, DataOf(2));
     Open(bytes.MarkEnd());
     const std::vector<ReadBack> records = ReadRest(log_);
     ASSERT_EQ(3U, records.size());
     EXPECT_EQ(DataOf(2), records[2].data);
+}
+
+TEST_F(DataLogEngineReadTest, TwelveZerosAreTheEnd) {
+    LogBytes bytes = SmallLogHead();
+    Open(bytes.Record(0, 0, DataOf(0)).Raw(Bytes(12, 0)).Raw(DataOf(1)).Record(0, 80, DataOf(2)).MarkEnd());
+    std::uint32_t last = 0;
+    EXPECT_EQ(1U, ReadRest(log_, &last).size());
+    EXPECT_EQ(7U, last);
+    EXPECT_EQ(7U, Read());
+    EXPECT_EQ(1U, log_.sampleIndex);
+    EXPECT_EQ(kSmallDataOffset + 15, log_.Position());
+    // Eleven are a record like any other.
+    LogBytes nearly = SmallLogHead();
+    Open(nearly.Raw({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}).Raw(DataOf(1)));
+    EXPECT_EQ(0U, Read());
 }
 
 TEST_F(DataLogEngineReadTest, AnyTailLeavesAllWholeRecords) {

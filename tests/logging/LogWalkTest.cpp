@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "logging/LogWalk.h"
+#include "tests/logging/FarFile.h"
 #include "tests/logging/LogTestHelper.h"
 #include "tests/support/MemoryFiles.h"
 
@@ -12,6 +13,7 @@ struct Walked {
     std::vector<std::uint64_t> offsets;
     std::uint32_t result = 0, records = 0, unknown = 0;
     std::uint64_t left = 0;
+    bool damaged = false;
 };
 
 Walked WalkAll(DataLogEngine& log) {
@@ -27,6 +29,7 @@ Walked WalkAll(DataLogEngine& log) {
     walked.records = walk.Records();
     walked.unknown = walk.Unknown();
     walked.left = walk.Left();
+    walked.damaged = walk.Damaged();
     return walked;
 }
 
@@ -48,6 +51,7 @@ TEST_F(LogWalkTest, MeetsAllRecordsInOrder) {
     EXPECT_EQ(4U, walked.records);
     EXPECT_EQ(0U, walked.unknown);
     EXPECT_EQ(0U, walked.left);
+    EXPECT_FALSE(walked.damaged);
     EXPECT_EQ((std::vector<Bytes>{DataOf(0), DataOf(1), DataOf(2), DataOf(3)}), walked.replies);
     EXPECT_EQ(kSmallDataOffset, walked.offsets[0]);
     EXPECT_EQ(kSmallDataOffset + 45, walked.offsets[3]);
@@ -71,6 +75,63 @@ TEST_F(LogWalkTest, UnendedLogIsWalkedToItsLastWholeRecord) {
     EXPECT_EQ(7U, walked.result);
     EXPECT_EQ(1U, walked.records);
     EXPECT_EQ(13U, walked.left);
+    EXPECT_TRUE(walked.damaged);
+    const Walked cut = Walk(SmallLogHead().Record(0, 0, DataOf(0)).RecordTo(kSmallDataOffset + 30, 0, 80, {1, 2}));
+    EXPECT_EQ(7U, cut.result);
+    EXPECT_EQ(14U, cut.left);
+    EXPECT_FALSE(cut.damaged);
+}
+
+TEST_F(LogWalkTest, RecordThatDoesNotLeadRightBehindItselfIsDamage) {
+    const std::uint32_t right = kSmallDataOffset + 30;
+    for (const std::uint32_t next : {0U, right - 1, right + 1, right + 15, right ^ 0x80000000U, 0xFFFFFFFFU}) {
+        LogBytes bytes = SmallLogHead(3);
+        bytes.Record(0, 0, DataOf(0)).RecordTo(next, 0, 80, DataOf(1)).Record(0, 160, DataOf(2));
+        const Walked walked = Walk(bytes.MarkEnd());
+        EXPECT_EQ(7U, walked.result) << next;
+        EXPECT_EQ((std::vector<Bytes>{DataOf(0)}), walked.replies) << next;
+        EXPECT_EQ(30U, walked.left);
+        EXPECT_TRUE(walked.damaged);
+    }
+}
+
+TEST_F(LogWalkTest, ZerosAreNoRecords) {
+    const Walked walked = Walk(SmallLogHead().Record(0, 0, DataOf(0)).Raw(Bytes(4096, 0)));
+    EXPECT_EQ(7U, walked.result);
+    EXPECT_EQ(1U, walked.records);
+    EXPECT_EQ(4096U, walked.left);
+    EXPECT_TRUE(walked.damaged);
+}
+
+// A hole that begins behind a record's nextOffset leaves a record of zeros with a time of zero.
+TEST_F(LogWalkTest, RecordThatGoesBackInTimeInFrontOfDamageIsDamageItself) {
+    const std::uint32_t right = kSmallDataOffset + 45;
+    const LogBytes good = SmallLogHead().Record(0, 80, DataOf(0)).Record(0, 160, DataOf(1));
+    LogBytes hole = good;
+    EXPECT_EQ(2U, Walk(hole.RecordTo(right, 0, 0, {0, 0, 0}).Raw(Bytes(30, 0))).records);
+    // In front of another record, and at the end of the file, it is what the log says.
+    LogBytes back = good;
+    EXPECT_EQ(4U, Walk(back.Record(0, 0, DataOf(2)).Record(0, 5, DataOf(3))).records);
+    LogBytes unknown = good;
+    EXPECT_EQ(4U, Walk(unknown.Record(0, 0, DataOf(2)).Record(9, 5, DataOf(3)).Record(0, 6, DataOf(4))).records);
+    // One damaged time does not make those behind it go back.
+    LogBytes late = good;
+    late.Record(0, 0x80000000, DataOf(2)).Record(0, 320, DataOf(3)).Raw(Bytes(12, 0xEE));
+    EXPECT_EQ(4U, Walk(late).records);
+}
+
+TEST_F(LogWalkTest, OffsetsWrapIn32Bits) {
+    const std::uint64_t begin = 0x100000000 - 20;
+    LogBytes head = SmallLogHead().PutWord32(4, static_cast<std::uint32_t>(begin)), tail;
+    tail.RecordTo(0xFFFFFFFB, 0, 0, DataOf(0)).RecordTo(10, 0, 80, DataOf(1)).RecordTo(25, 9, 90, {1, 2, 3});
+    tail.RecordTo(40, 0, 160, DataOf(2)).RecordTo(54, 0, 240, DataOf(3));
+    FarFiles files(head.bytes, begin, tail.bytes);
+    DataLogEngine log(files);
+    ASSERT_EQ(0U, log.Open(kPath, kLogForLooking));
+    const Walked walked = WalkAll(log);
+    EXPECT_EQ((std::vector<Bytes>{DataOf(0), DataOf(1), DataOf(2)}), walked.replies);
+    EXPECT_EQ(1U, walked.unknown);
+    EXPECT_EQ(15U, walked.left);
 }
 
 TEST_F(LogWalkTest, UnknownRecordIsPassedOver) {
@@ -95,13 +156,21 @@ TEST_F(LogWalkTest, UnknownRecordThatPointsNoFurtherEndsIt) {
 }
 
 TEST_F(LogWalkTest, UnknownRecordThatPointsPastTheFileEndsIt) {
-    for (const std::uint32_t next : {kSmallDataOffset + 1000, 0xFFFFFFFFU}) {
+    for (const std::uint32_t next : {kSmallDataOffset + 18, kSmallDataOffset + 1000, 0xFFFFFFFFU}) {
         LogBytes bytes = SmallLogHead();
-        const Walked walked = Walk(bytes.RecordTo(next, 3, 80, {}).MarkEnd());
+        const Walked walked = Walk(bytes.RecordTo(next, 3, 80, {1, 2, 3, 4, 5}).MarkEnd());
+        EXPECT_EQ(17U, walked.left) << next;
+        EXPECT_EQ(0U, walked.unknown);
         EXPECT_EQ(7U, walked.result);
         EXPECT_EQ(0U, walked.records);
-        EXPECT_EQ(1U, walked.unknown);
-        EXPECT_EQ(0U, walked.left);
+    }
+}
+
+TEST_F(LogWalkTest, UnknownRecordIsWholeFromItsTwelveBytesToTheEndOfTheFile) {
+    for (const std::uint32_t size : {11U, 12U, 17U, 18U}) {
+        const Walked walked = Walk(SmallLogHead().RecordTo(kSmallDataOffset + size, 3, 80, {1, 2, 3, 4, 5}));
+        EXPECT_EQ(size == 12 || size == 17 ? 1U : 0U, walked.unknown) << size;
+        EXPECT_EQ(size == 17 ? 0U : size == 12 ? 5U : 17U, walked.left);
     }
 }
 
@@ -135,7 +204,7 @@ TEST_F(LogWalkTest, EnormousSizesAreCutToWhatTheFileJustifies) {
 TEST_F(LogWalkTest, RecordsWithoutDataDoNotCostTheWholeFile) {
     LogBytes bytes;
     bytes.Header(kSmallDataOffset, 0).ItemCount(1).Item(kId, kTypeSendCommand, 0, 0xFFFFFFFF, Bytes(15, 0xFF));
-    bytes.Raw(Bytes(200'000, 0));
+    bytes.RecordTo(bytes.DataOffsetFor({15}) + 12, 0, 0, {}).Raw(Bytes(200'000, 0));
     files_.Put(kPath, bytes.bytes);
     ASSERT_EQ(0U, log_.Open(kPath, kLogForLooking));
     LogWalk walk(log_);
