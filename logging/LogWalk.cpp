@@ -6,9 +6,32 @@
 
 namespace corvex {
 
+namespace {
+
+constexpr std::uint64_t kFirstItem = kLogHeaderBytes + 4;
+
+std::uint64_t TableEndOf(const DataLogEngine& log) {
+    std::uint64_t end = kFirstItem;
+    for (std::uint32_t i = 0; i < log.ItemCount(); ++i)
+        end += kLogItemBytes + log.GetItem(i)->mask.Bytes().size();
+    return end;
+}
+
+}  // namespace
+
 LogWalk::LogWalk(DataLogEngine& log) : log_(log), fileSize_(log.FileSize()) {
+    const std::uint64_t tableEnd = std::min(TableEndOf(log_), fileSize_);
     log_.GoToData();
     offset_ = log_.Position();
+    if (offset_ > fileSize_) {
+        // Nothing is read, but all behind the table is there.
+        offset_ = tableEnd;
+        damaged_ = offset_ < fileSize_;
+        result_ = kLogEndOfFile;
+    } else if (offset_ == log_.header.dataOffset || offset_ == tableEnd) {
+        const std::uint64_t told = log_.header.dataOffset;
+        gap_ = offset_ - std::min(told >= kFirstItem && told < tableEnd ? told : tableEnd, offset_);
+    }
     // A record that is longer than the file is cut short whatever the buffer.
     const std::uint64_t size =
         std::clamp<std::uint64_t>(log_.MaxPackedSize(), 1, std::max<std::uint64_t>(fileSize_, 1));

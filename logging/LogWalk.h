@@ -37,6 +37,9 @@ public:
     std::uint32_t Unknown() const { return unknown_; }  // passed over so far
     // After the end: bytes of the file from the place where reading ended, which is Offset; 0 at a clean end.
     std::uint64_t Left() const;
+    // Bytes that are neither table nor read, or that the header takes for records and the table for its own: a foreign
+    // writer's, or records that are lost by a damaged header.
+    std::uint64_t Gap() const { return gap_; }
     // After the end: what stands there is no record that was merely cut short, so that whole ones may follow.
     bool Damaged() const { return damaged_; }
 
@@ -52,7 +55,7 @@ private:
     LogRecord record_;
     const LogItem* item_ = nullptr;
     LastTimes times_;
-    std::uint64_t offset_ = 0;
+    std::uint64_t offset_ = 0, gap_ = 0;
     std::uint32_t result_ = kLogSuccess, records_ = 0, unknown_ = 0;
     bool damaged_ = false;
 };

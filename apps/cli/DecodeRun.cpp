@@ -5,6 +5,7 @@
 #include "apps/cli/CsvWriter.h"
 #include "apps/cli/DefinitionFile.h"
 #include "apps/cli/LogFile.h"
+#include "apps/cli/LogLoss.h"
 #include "apps/cli/OutputGuard.h"
 #include "apps/cli/ProgressBar.h"
 #include "apps/cli/RecordDecoder.h"
@@ -106,12 +107,9 @@ void DecodeRun::Report(const LogWalk& walk) {
         err_ << begin << Counted(count, "record") << " of command " << HashText(command)
              << ", which the definition does not have\n";
     if (walk.Unknown() != 0) err_ << begin << Counted(walk.Unknown(), "record") << " of unknown items passed over\n";
-    if (walk.Result() != kLogEndOfFile)
-        err_ << begin << "warning: reading ended at byte " << walk.Offset() << " with " << LogErrorText(walk.Result())
-             << '\n';
-    else if (walk.Left() != 0)
-        err_ << begin << "the last " << Counted(static_cast<std::size_t>(walk.Left()), "byte")
-             << " are no whole record\n";
+    for (const std::string& text : {GapText(walk.Gap()), EndText(walk), MissingText(log_.header, walk.Records())}) {
+        if (!text.empty()) err_ << begin << text << '\n';
+    }
 }
 
 }  // namespace corvex

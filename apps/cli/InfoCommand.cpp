@@ -22,6 +22,9 @@ ExitCode RunInfo(const InfoOptions& options, std::ostream& out, std::ostream& er
         out << LogSummaryText(summary, named ? &definition : nullptr);
     else
         out << LogSummaryJson(summary).dump(2) << '\n';
+    // People have read it among the rest.
+    const std::string loss = LossText(summary);
+    if (!options.human && !loss.empty()) err << "corvex-cli: " << options.log << ": " << loss << '\n';
     return kExitSuccess;
 }
 

@@ -8,6 +8,7 @@
 
 #include "apps/cli/DefinitionFile.h"
 #include "apps/cli/LogFile.h"
+#include "apps/cli/LogLoss.h"
 #include "apps/cli/TextFormat.h"
 #include "logging/LogWalk.h"
 
@@ -65,6 +66,11 @@ bool LogPlayer::SeekTo(double from, std::ostream& err) {
     return false;
 }
 
+void LogPlayer::Stop() {
+    asked_ = true;
+    session_.StopCommand();
+}
+
 // The playback thread has the stop thread started before it ends.
 bool LogPlayer::Runs() const {
     return session_.log.IsPlaying() || !session_.WaitForThreads(std::chrono::milliseconds(0));
@@ -81,10 +87,26 @@ void LogPlayer::Close() {
 bool LogPlayer::Report(std::ostream& err) const {
     const std::string begin = "corvex-cli: " + path_ + ": ";
     const std::uint32_t strange = played_.load(std::memory_order_relaxed) - answered_.load(std::memory_order_relaxed);
+    if (!asked_) ReportLoss(err);
     if (strange != 0) err << begin << Counted(strange, "record") << " of commands that the definition does not have\n";
     if (stops_.load(std::memory_order_relaxed) != 0) return true;
     err << begin << WhyEndedEarly() << '\n';
     return false;
+}
+
+// A playback takes the records as they come. Whether each stood where it was written, and what follows the last, a walk
+// over the log tells.
+void LogPlayer::ReportLoss(std::ostream& err) const {
+    DataLogEngine log;
+    if (log.Open(path_.c_str(), kLogForLooking) != kLogSuccess) return;
+    LogWalk walk(log);
+    while (walk.Next()) {
+    }
+    const std::uint32_t read = std::min(session_.log.sampleIndex.load(std::memory_order_relaxed), walk.Records());
+    const bool said = stops_.load(std::memory_order_relaxed) == 0 && walk.Result() != kLogEndOfFile;
+    for (const std::string& text : {GapText(walk.Gap()), said ? "" : EndText(walk), MissingText(log.header, read)}) {
+        if (!text.empty()) err << "corvex-cli: " << path_ << ": " << text << '\n';
+    }
 }
 
 // A playback that meets such a record ends without a word.

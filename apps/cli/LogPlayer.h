@@ -29,11 +29,11 @@ public:
     // False when no thread plays or stops any more.
     bool Runs() const;
     // Asks it to end.
-    void Stop() { session_.StopCommand(); }
+    void Stop();
     // Closes the log, once it runs no more.
     void Close();
     // Of the playback that was closed: true when it ended with the log, or as asked. Tells of records that no command
-    // was for.
+    // was for, and of what the log has lost.
     bool Report(std::ostream& err) const;
 
     // Of the record played last, in seconds of the log, and its number from 1 on.
@@ -44,12 +44,14 @@ private:
     SessionCalls WithOwn(SessionCalls calls);
     bool SeekTo(double from, std::ostream& err);
     std::string WhyEndedEarly() const;
+    void ReportLoss(std::ostream& err) const;
 
     std::string path_;
     std::atomic<double> time_{0.0};
     std::atomic<std::uint32_t> index_{0};
     std::atomic<std::uint32_t> played_{0}, answered_{0};
     std::atomic<std::uint32_t> stops_{0};  // messages that the log has been stopped
+    bool asked_ = false;  // to end before the log does
     SessionState session_;
 };
 

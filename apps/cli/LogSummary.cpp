@@ -72,7 +72,9 @@ LogSummary SummarizeLog(DataLogEngine& log) {
     summary.records = walk.Records();
     summary.unknown = walk.Unknown();
     summary.result = walk.Result();
+    summary.gap = walk.Gap();
     summary.left = walk.Left();
+    summary.damaged = walk.Damaged();
     summary.medianMs = intervals.Median();
     summary.gaps = intervals.Gaps();
     return summary;

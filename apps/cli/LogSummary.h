@@ -31,7 +31,9 @@ struct LogSummary {
     std::uint32_t firstMs = 0, lastMs = 0;
     std::uint32_t result = 0;  // that ended the reading
     std::uint64_t fileSize = 0;
+    std::uint64_t gap = 0;   // bytes in front of the first record
     std::uint64_t left = 0;  // bytes from the place where reading ended
+    bool damaged = false;    // what stands there is more than a record that was cut short
 };
 
 // The log is open for looking and has not been read yet.

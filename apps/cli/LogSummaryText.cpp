@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "apps/cli/LogFile.h"
+#include "apps/cli/LogLoss.h"
 #include "apps/cli/LogSummary.h"
 #include "apps/cli/ObjectNames.h"
 #include "apps/cli/TextFormat.h"
@@ -67,19 +68,28 @@ std::string EndText(const LogSummary& summary) {
                   static_cast<unsigned>(mark - 1), static_cast<unsigned long long>(summary.fileSize));
 }
 
+std::string ReadingEndText(const LogSummary& summary) {
+    const std::string left = Counted(static_cast<std::size_t>(summary.left), "byte");
+    if (summary.result != kLogEndOfFile)
+        return "reading ended " + left + " before the end of the file with " + LogErrorText(summary.result);
+    if (summary.left == 0) return {};
+    if (summary.damaged) return DamageText(summary.fileSize - summary.left, summary.left);
+    return "cut: the last " + left + " are no whole record";
+}
+
 // What a reader of the records must know, a line each.
 std::string DamageLines(const LogSummary& summary) {
     std::string text;
     const std::string indent(10, ' ');
     if (summary.unknown != 0) text += indent + Counted(summary.unknown, "record") + " of unknown items passed over\n";
-    if (summary.header.endMark != kNeverEnded && summary.header.sampleCount != summary.records)
+    const std::string missing = MissingText(summary.header, summary.records), end = ReadingEndText(summary);
+    if (!missing.empty())
+        text += indent + missing + '\n';
+    else if (summary.header.endMark != kNeverEnded && summary.header.sampleCount != summary.records)
         text += indent + "its header counts " + Counted(summary.header.sampleCount, "record") + '\n';
-    const std::string left = Counted(static_cast<std::size_t>(summary.left), "byte");
-    if (summary.result != kLogEndOfFile)
-        text += indent + "reading ended " + left + " before the end of the file with " + LogErrorText(summary.result) +
-                '\n';
-    else if (summary.left != 0)
-        text += indent + "cut: the last " + left + " are no whole record\n";
+    for (const std::string& part : {GapText(summary.gap), end}) {
+        if (!part.empty()) text += indent + part + '\n';
+    }
     return text;
 }
 
@@ -89,6 +99,17 @@ std::string StartTimeText(const LogSummary& summary, char between) {
     const LocalTime& t = summary.header.startTime;
     return Printf("%04u-%02u-%02u%c%02u:%02u:%02u.%03u", t.year, t.month, t.day, between, t.hour, t.minute, t.second,
                   t.milliseconds);
+}
+
+std::string LossText(const LogSummary& summary) {
+    std::string text;
+    const std::string unknown =
+        summary.unknown == 0 ? "" : Counted(summary.unknown, "record") + " of unknown items passed over";
+    for (const std::string& part :
+         {unknown, MissingText(summary.header, summary.records), GapText(summary.gap), ReadingEndText(summary)}) {
+        if (!part.empty()) text += (text.empty() ? "" : "; ") + part;
+    }
+    return text;
 }
 
 nlohmann::ordered_json LogSummaryJson(const LogSummary& summary) {

@@ -1,6 +1,5 @@
 #include "apps/cli/RepairCommand.h"
 
-#include <algorithm>
 #include <memory>
 #include <ostream>
 #include <vector>
@@ -10,7 +9,7 @@
 #include "apps/cli/TextFormat.h"
 #include "logging/LogContent.h"
 #include "logging/LogCopy.h"
-#include "logging/LogWalk.h"
+#include "logging/LogRescue.h"
 #include "platform/ConsoleStop.h"
 
 namespace corvex {
@@ -38,35 +37,47 @@ bool OpenDamaged(DataLogEngine& log, const std::string& path, std::ostream& err)
     return false;
 }
 
-bool CopyRecords(DataLogEngine& log, LogWalk& walk, IFile& file, const ConsoleStop& stop, std::uint64_t* copied) {
+std::vector<LogItem> ItemsOf(const DataLogEngine& log) {
     std::vector<LogItem> items;
     for (std::uint32_t i = 0; i < log.ItemCount(); ++i)
         items.push_back(*log.GetItem(i));
+    return items;
+}
+
+bool CopyRecords(const LogHeader& header, const std::vector<LogItem>& items, LogRescue& rescue, IFile& file,
+                 const ConsoleStop& stop) {
     LogCopy copy(file);
-    if (!copy.Begin(log.header.startTime, items)) return false;
-    while (walk.Next()) {
-        if (stop.Requested() || !copy.Add(walk.Record().itemIndex, walk.Record().timeMs, walk.Packed())) return false;
-        *copied += kLogRecordBytes + walk.Item().packedSize;
+    if (!copy.Begin(header.startTime, items)) return false;
+    while (rescue.Next()) {
+        const LogRecord& record = rescue.Record();
+        if (stop.Requested() || !copy.Add(record.itemIndex, record.timeMs, rescue.Packed())) return false;
     }
     return copy.Finish();
 }
 
-std::string LeftOut(const LogWalk& walk, std::uint64_t lost) {
-    if (lost == 0) return "nothing left out";
-    const auto bytes = [](std::uint64_t count) { return Counted(static_cast<std::size_t>(count), "byte"); };
+std::string Bytes(std::uint64_t count) {
+    return Counted(static_cast<std::size_t>(count), "byte");
+}
+
+// Empty when the new log has all that the old one had.
+std::string LeftOut(const LogRescue& rescue, const LogHeader& header) {
     std::vector<std::string> parts;
-    if (lost > walk.Left()) {
-        parts.push_back(bytes(lost - walk.Left()));
-        if (walk.Unknown() != 0) parts.back() += " with " + Counted(walk.Unknown(), "record") + " of unknown items";
-    }
-    if (walk.Left() != 0) {
-        parts.push_back("the last " + bytes(walk.Left()));
-        if (walk.Result() == kLogEndOfFile)
-            parts.back() += ", which are no whole record";
-        else
-            parts.back() += ", where reading ended with " + LogErrorText(walk.Result());
-    }
-    return "left out: " + parts.front() + (parts.size() == 2 ? "; " + parts.back() : "");
+    if (rescue.Unknown() != 0)
+        parts.push_back(Bytes(rescue.UnknownBytes()) + " with " + Counted(rescue.Unknown(), "record") +
+                        " of unknown items");
+    if (rescue.Places() != 0)
+        parts.push_back(Bytes(rescue.Skipped()) + " of damage at " + Counted(rescue.Places(), "place"));
+    if (rescue.Gone() != 0) parts.push_back(Bytes(rescue.Gone()) + " that are no longer in the file");
+    if (rescue.Left() != 0)
+        parts.push_back("the last " + Bytes(rescue.Left()) +
+                        (rescue.Failed() ? ", where the file cannot be read" : ", which are no whole record"));
+    if (rescue.Records() < header.sampleCount)
+        parts.push_back(Counted(header.sampleCount - rescue.Records(), "record") + " of the " +
+                        std::to_string(header.sampleCount) + " that its header counts");
+    std::string text;
+    for (const std::string& part : parts)
+        text += (text.empty() ? "" : "; ") + part;
+    return text;
 }
 
 }  // namespace
@@ -74,29 +85,30 @@ std::string LeftOut(const LogWalk& walk, std::uint64_t lost) {
 ExitCode RunRepair(const RepairOptions& options, std::ostream& out, std::ostream& err) {
     DataLogEngine log;
     if (!OpenDamaged(log, options.input, err) || !MayWrite(options, err)) return kExitFailure;
+    const std::unique_ptr<IFile> input = SystemFiles().Open(options.input, FileAccess::kRead);
     FreshFile fresh(options.output);
     std::string reason = "nothing that a log could replace";
     std::unique_ptr<IFile> file;
     if (!fresh.Name().empty()) file = SystemFiles().Open(fresh.Name(), FileAccess::kCreate, &reason);
-    if (!file) {
-        Refuse(err, options.output, "cannot be written: " + reason);
+    if (!input || !file) {
+        Refuse(err, input ? options.output : options.input, input ? "cannot be written: " + reason : "cannot be read");
         return kExitFailure;
     }
-    const std::uint64_t tableEnd = log.Position();
+    const std::vector<LogItem> items = ItemsOf(log);
     const ConsoleStop stop;
-    LogWalk walk(log);
-    const std::uint64_t begin = std::min(walk.Offset(), tableEnd);
-    std::uint64_t copied = 0;
-    const bool copy = CopyRecords(log, walk, *file, stop, &copied);
+    LogRescue rescue(*input, log.header, items, log.Position());
+    const bool copy = CopyRecords(log.header, items, rescue, *file, stop);
     const bool whole = file->Close() && copy;
     if (!whole || !fresh.MoveIntoPlace()) {
         Refuse(err, options.output, stop.Requested() ? "is not written: stopped by request" : "cannot be written");
         return kExitFailure;
     }
-    const std::uint64_t size = log.FileSize();
-    const std::uint64_t lost = size > begin + copied ? size - begin - copied : 0;
-    out << options.output << ": " << Counted(walk.Records(), "record") << " copied; " << LeftOut(walk, lost) << '\n';
-    return kExitSuccess;
+    const std::string left = LeftOut(rescue, log.header);
+    out << options.output << ": " << Counted(rescue.Records(), "record") << " copied; "
+        << (left.empty() ? "nothing left out" : "left out: " + left) << '\n';
+    if (left.empty()) return kExitSuccess;
+    Refuse(err, options.input, "not all of it could be saved");
+    return kExitFailure;
 }
 
 }  // namespace corvex

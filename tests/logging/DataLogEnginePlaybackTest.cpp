@@ -71,6 +71,13 @@ TEST_F(DataLogEnginePlaybackTest, UnknownItemEndsItWithoutAnEnd) {
     EXPECT_EQ(kLogReady, log_.State());
 }
 
+TEST_F(DataLogEnginePlaybackTest, ZerosAreItsEnd) {
+    LogBytes bytes = SmallLogHead();
+    PlayAll(bytes.Record(0, 0, DataOf(0)).Raw(Bytes(30, 0)).Record(0, 160, DataOf(2)).MarkEnd());
+    EXPECT_EQ((std::vector<Bytes>{DataOf(0)}), DeliveredData());
+    EXPECT_EQ(1U, told_.CountOf("End"));
+}
+
 TEST_F(DataLogEnginePlaybackTest, FailedReadEndsItWithoutAnEnd) {
     told_.hook = [this](const std::string& word) {
         if (word == "Progress 0 1") files_.failReads = true;

@@ -227,6 +227,19 @@ TEST_F(LogWalkTest, DataOffsetPastTheFileIsAnEmptyLog) {
     const Walked walked = Walk(SmallLog(3).PutWord32(4, 0xFFFFFFFE));
     EXPECT_EQ(7U, walked.result);
     EXPECT_EQ(0U, walked.records);
+    EXPECT_EQ(45U, walked.left);
+    EXPECT_TRUE(walked.damaged);
+}
+
+TEST_F(LogWalkTest, TellsOfWhatStandsInFrontOfTheData) {
+    files_.Put(kPath, SmallLog(3).PutWord32(4, kSmallDataOffset + 15).bytes);
+    ASSERT_EQ(0U, log_.Open(kPath, kLogForLooking));
+    LogWalk walk(log_);
+    EXPECT_EQ(15U, walk.Gap());
+    while (walk.Next()) {
+    }
+    EXPECT_EQ(2U, walk.Records());
+    EXPECT_EQ(0U, LogWalk(log_).Gap());
 }
 
 TEST_F(LogWalkTest, FailedReadIsTold) {

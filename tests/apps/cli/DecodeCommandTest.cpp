@@ -190,6 +190,16 @@ TEST(DecodeCommandTest, WarnsWhenReadingEndsEarly) {
     EXPECT_NE(result.err.find("warning: reading ended at byte 128 with error 0x4"), std::string::npos) << result.err;
 }
 
+TEST(DecodeCommandTest, MakesNoRowsOfDamage) {
+    LogBytes log = BeginLog({kPollHash});
+    log.Record(0, 0, PollReply({1})).Raw(Bytes(72, 0)).Record(0, 249, PollReply({2})).PutWord32(36, 4).MarkEnd();
+    const ToolResult result = Decode(DefinitionWith(ValueText("RPM", "X")), log);
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.out, "Time (s),RPM title\n0.000,1\n");
+    EXPECT_NE(result.err.find(": damaged at byte 128: 108 bytes from there on not read"), std::string::npos);
+    EXPECT_NE(result.err.find(": its header counts 4 records, 3 are missing\n"), std::string::npos) << result.err;
+}
+
 TEST(DecodeCommandTest, DecodesALogThatWasNeverEndedToItsLastWholeRecord) {
     LogBytes log = BeginLog({kPollHash});
     log.Record(0, 0, PollReply({1})).Record(0, 83, PollReply({2}));

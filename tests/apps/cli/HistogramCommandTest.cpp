@@ -137,6 +137,14 @@ TEST_F(HistogramCommandTest, TakesThePacketBeforeTheLastOfASlowStream) {
     EXPECT_EQ(Run(log, {"--csv"}).out, ",0,50,100\n0,0,11,12\n2.500,,,\n");
 }
 
+TEST_F(HistogramCommandTest, TakesNoSampleFromZeros) {
+    LogBytes log = FourPolls();
+    const ToolResult result = Run(log.Raw(Bytes(72, 0)).PutWord32(36, 6).MarkEnd(), {});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_NE(result.out.find("; 4 samples, 0 outside"), std::string::npos) << result.out;
+    EXPECT_NE(result.err.find("its header counts 6 records, 2 are missing"), std::string::npos) << result.err;
+}
+
 TEST_F(HistogramCommandTest, ShowsWhatADamagedLogHasBrought) {
     LogBytes log = FourPolls();
     log.Record(9, 400, PollReply({1}));

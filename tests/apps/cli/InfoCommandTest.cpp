@@ -92,6 +92,23 @@ TEST(InfoCommandTest, EndsWhereAnUnknownItemLeadsBack) {
     EXPECT_TRUE(Has(Human(log), "reading ended 15 bytes before the end of the file with error 0x4"));
 }
 
+TEST(InfoCommandTest, TellsOfDamageAndOfWhatIsMissing) {
+    LogBytes log = BeginLog({kPollHash});
+    log.Record(0, 0, Bytes(24, 1)).Raw(Bytes(50, 0)).Record(0, 100, Bytes(24, 1)).PutWord32(36, 3).MarkEnd();
+    const std::string damaged = "damaged at byte 128: 86 bytes from there on not read (see corvex-cli repair)";
+    const std::string missing = "its header counts 3 records, 2 are missing";
+    const LogTempFile file(log);
+    const ToolResult result = RunInside({"info", file.Path()});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(nlohmann::json::parse(result.out)["records"], 1);
+    EXPECT_EQ(nlohmann::json::parse(result.out)["result"], 7);
+    EXPECT_EQ(result.err, "corvex-cli: " + file.Path() + ": " + missing + "; " + damaged + "\n");
+    EXPECT_TRUE(Has(Human(log), "          " + missing + "\n          " + damaged + "\n"));
+    EXPECT_EQ(RunInside({"info", file.Path(), "--human"}).err, "");
+    // A header that leads past a record.
+    EXPECT_TRUE(Has(Human(TwoCommands().PutWord32(4, 140 + 36)), "36 bytes in front of the first record not read\n"));
+}
+
 TEST(InfoCommandTest, EndsWithOneOnWhatIsNoLog) {
     const TempFile file("no log at all, but longer than a header is: that much is certain", ".xdl");
     const ToolResult result = RunInside({"info", file.Path()});

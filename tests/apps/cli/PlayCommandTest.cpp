@@ -129,6 +129,27 @@ TEST_F(PlayCommandTest, EndsWithTheLastWholeRecord) {
     EXPECT_NE(result.out.find("3 good replies in "), std::string::npos) << result.out;
 }
 
+TEST_F(PlayCommandTest, EndsAtZerosAndTellsWhatIsLost) {
+    LogBytes log = ThreePolls();
+    log.Raw(Bytes(36, 0)).Record(0, 3600400, PollReply({4})).PutWord32(36, 5).MarkEnd();
+    const ToolResult result = Play(log, {"--plain"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_NE(result.out.find("3 good replies in "), std::string::npos) << result.out;
+    const std::string begin = "corvex-cli: " + path + ": ";
+    EXPECT_EQ(result.err, begin + "damaged at byte 296: 72 bytes from there on not read (see corvex-cli repair)\n" +
+                              begin + "its header counts 5 records, 2 are missing\n");
+}
+
+// It plays what the log holds, whatever that is; the loss is told from how the records lead to one another.
+TEST_F(PlayCommandTest, TellsOfDamageThatItPlayedThrough) {
+    LogBytes log = ThreePolls();
+    log.PutWord32(188 + 36, 7).PutWord32(36, 3).MarkEnd();
+    const ToolResult result = Play(log, {"--plain"});
+    EXPECT_NE(result.out.find("3 good replies in "), std::string::npos) << result.out;
+    EXPECT_NE(result.err.find("damaged at byte 224: 72 bytes"), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find("its header counts 3 records, 2 are missing"), std::string::npos) << result.err;
+}
+
 TEST_F(PlayCommandTest, PlaysALogWithoutARecord) {
     const ToolResult result = Play(BeginLog({kPollHash}), {"--plain"});
     EXPECT_EQ(result.code, 0) << result.err;

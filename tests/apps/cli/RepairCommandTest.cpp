@@ -99,12 +99,16 @@ TEST(RepairCommandTest, SavesEveryWholeRecordWhereverALogIsCut) {
         while (!log.bytes.empty()) {
             log.bytes.pop_back();
             const Repaired repaired = Repair(log);
-            ASSERT_EQ(repaired.result.code, log.bytes.size() >= data ? 0 : 1) << log.bytes.size();
+            const bool clean = repaired.result.out.find("nothing left out") != std::string::npos;
+            ASSERT_EQ(repaired.result.code, log.bytes.size() >= data && clean ? 0 : 1) << log.bytes.size();
             if (log.bytes.size() < data) {
                 ASSERT_EQ(repaired.bytes, "");
                 continue;
             }
             ASSERT_EQ(RecordsOf(repaired.bytes), RecordsOf(BytesOf(log)));
+            // What is not in a whole record is told with its size.
+            const std::size_t partly = log.bytes.size() - repaired.bytes.size();
+            ASSERT_EQ(clean, partly == 0) << repaired.result.out;
             LogBytes again;
             again.bytes.assign(repaired.bytes.begin(), repaired.bytes.end());
             ASSERT_EQ(Repair(again).bytes, repaired.bytes);
@@ -131,7 +135,6 @@ TEST(RepairCommandTest, PutsZerosWhereTheFormatReservesBytes) {
     log.PutWord32(28, 0x11111111).PutWord32(48, 0x22222222);
     log.bytes[63] = 0x33;
     log.bytes[92 + 9] = 0x44;
-    log.PutWord32(92, 5);
     EXPECT_EQ(Repair(log).bytes, clean);
 }
 
@@ -146,13 +149,40 @@ TEST(RepairCommandTest, LeavesRecordsOfUnknownItemsOut) {
         << repaired.result.out;
 }
 
-TEST(RepairCommandTest, TellsWhereReadingEnded) {
+TEST(RepairCommandTest, GoesOnBehindDamageAndTellsWhatIsLost) {
     LogBytes log = BeginLog({kPollHash});
-    log.Record(0, 0, Bytes(24, 1)).RecordTo(0, 5, 40, Bytes(3, 9)).Record(0, 83, Bytes(24, 2)).MarkEnd();
-    const Repaired repaired = Repair(log);
-    EXPECT_EQ(RecordsOf(repaired.bytes).size(), 1U);
-    EXPECT_NE(repaired.result.out.find("left out: the last 51 bytes, where reading ended with error 0x4"),
-              std::string::npos)
+    log.Record(0, 0, Bytes(24, 1)).RecordTo(0, 5, 40, Bytes(3, 9)).Record(0, 83, Bytes(24, 2));
+    log.Raw(Bytes(4096, 0)).Record(0, 166, Bytes(24, 3)).Record(0, 249, Bytes(24, 4)).Raw(Bytes(5, 9)).MarkEnd();
+    const Repaired repaired = Repair(log.PutWord32(36, 6));
+    LogBytes clean = BeginLog({kPollHash});
+    for (std::uint32_t i = 0; i < 4; ++i)
+        clean.Record(0, i * 83, Bytes(24, static_cast<std::uint8_t>(i + 1)));
+    EXPECT_EQ(repaired.bytes, BytesOf(clean.PutWord32(36, 4).MarkEnd()));
+    EXPECT_EQ(repaired.result.code, 1);
+    EXPECT_NE(
+        repaired.result.out.find(": 4 records copied; left out: 4111 bytes of damage at 2 places; the last 5 bytes, "
+                                 "which are no whole record; 2 records of the 6 that its header counts\n"),
+        std::string::npos)
+        << repaired.result.out;
+    EXPECT_NE(repaired.result.err.find("not all of it could be saved"), std::string::npos) << repaired.result.err;
+}
+
+TEST(RepairCommandTest, NeedsNoWordOfTheHeaderAboutWhereTheDataBegins) {
+    LogBytes log = BeginLog({kPollHash});
+    log.Record(0, 0, Bytes(24, 1)).Record(0, 83, Bytes(24, 2)).PutWord32(36, 2).MarkEnd();
+    const std::string clean = BytesOf(log);
+    for (const std::uint32_t offset : {92U ^ 0x80000000U, 92U ^ 0x20U, 92U ^ 0x4U, 92U + 36}) {
+        const Repaired repaired = Repair(log.PutWord32(4, offset));
+        EXPECT_EQ(repaired.bytes, clean) << offset;
+        EXPECT_EQ(repaired.result.code, 0);
+    }
+}
+
+TEST(RepairCommandTest, EndsWithOneWhenTheHeaderCountsMore) {
+    LogBytes log = BeginLog({kPollHash});
+    const Repaired repaired = Repair(log.Record(0, 0, Bytes(24, 1)).PutWord32(36, 3).MarkEnd());
+    EXPECT_EQ(repaired.result.code, 1);
+    EXPECT_NE(repaired.result.out.find("left out: 2 records of the 3 that its header counts\n"), std::string::npos)
         << repaired.result.out;
 }
 
