@@ -32,6 +32,8 @@ public:
     // is refused: a null or empty text, a text for a table of numbers, a number for a table of texts.
     int AddEntry(float input, float output);
     int AddEntryText(float input, const char* text, std::uint32_t len);
+    // Room for so many entries, so that adding them moves none.
+    void Reserve(std::uint32_t count) { entries_.reserve(count); }
     float RemoveEntry(std::uint32_t index);  // the entry's input, or 0.0 past the end
     // Return 0 past the end, else fill what isn't null and return 1.
     int GetEntry(std::uint32_t index, float* input, float* output) const;

@@ -28,9 +28,9 @@ void LogReader::Seek(std::uint64_t offset) {
 bool LogReader::Fill() {
     Discard();
     if (file_ == nullptr) return false;
-    ahead_.resize(kReadAhead);
+    if (!ahead_) ahead_ = std::make_unique_for_overwrite<std::uint8_t[]>(kReadAhead);
     if (file_->Position() != start_ && !file_->Seek(start_)) return false;
-    const std::optional<std::uint32_t> got = file_->Read(ahead_.data(), kReadAhead);
+    const std::optional<std::uint32_t> got = file_->Read(ahead_.get(), kReadAhead);
     filled_ = got.value_or(0);
     return got.has_value();
 }
@@ -43,7 +43,7 @@ std::optional<std::uint32_t> LogReader::Read(void* bytes, std::uint32_t count) {
             if (filled_ == 0) break;
         }
         const std::uint32_t part = std::min(count - done, filled_ - next_);
-        std::memcpy(static_cast<std::uint8_t*>(bytes) + done, ahead_.data() + next_, part);
+        std::memcpy(static_cast<std::uint8_t*>(bytes) + done, ahead_.get() + next_, part);
         next_ += part;
         done += part;
     }

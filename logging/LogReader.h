@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <vector>
 
 #include "platform/File.h"
 
@@ -31,9 +30,9 @@ private:
     bool Fill();
 
     IFile* file_ = nullptr;
-    std::vector<std::uint8_t> ahead_;
-    std::uint64_t start_ = 0;              // of what was read ahead, in the file
-    std::uint32_t filled_ = 0, next_ = 0;  // of ahead_
+    std::unique_ptr<std::uint8_t[]> ahead_;  // made when it is needed first
+    std::uint64_t start_ = 0;                // of what was read ahead, in the file
+    std::uint32_t filled_ = 0, next_ = 0;    // of ahead_
 };
 
 }  // namespace corvex

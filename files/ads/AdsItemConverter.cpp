@@ -45,6 +45,7 @@ ADXLookupTable* AddTable(ADXDefinition& definition, const ALDLLookupTable& item)
     SetNames(*table, item);
     table->SetDesc(item.strItemComments.c_str(), SizeOf(item.strItemComments));
     // Keys begin at 1, and what was filled in between two lines is left to the table's own interpolation.
+    table->Reserve(item.slots.GivenCount());
     for (std::uint32_t i = 0; i < item.slots.count; ++i) {
         if (item.slots.IsGiven(i)) table->AddEntry(static_cast<float>(i + 1), item.slots.At(i));
     }

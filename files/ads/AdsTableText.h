@@ -19,6 +19,9 @@ struct AdsSlots {
     void Set(std::uint32_t index, float number);
     // True for a slot that a line of the text names. Past the mask, where nobody can tell any more, every slot counts.
     bool IsGiven(std::uint32_t index) const { return index >= kMaskBits || given[index]; }
+    std::uint32_t GivenCount() const {
+        return static_cast<std::uint32_t>(given.count()) + (count > kMaskBits ? count - kMaskBits : 0);
+    }
 
     std::uint32_t count = 0;
     std::vector<float> numbers;  // the first of them
