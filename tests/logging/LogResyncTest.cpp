@@ -52,25 +52,25 @@ TEST_F(LogResyncTest, FindsTwoInARowWhereverTheyOnceStood) {
 }
 
 TEST_F(LogResyncTest, TwoMustBeWrongByTheSameAmount) {
-    Garbage(50).Record(0, 2000, 100).Record(0, 2080, 101).Garbage(30);
+    Garbage(50).Record(0, 2000, 40).Record(0, 2080, 41).Garbage(30);
     EXPECT_EQ(Find(kBegin), "none");
 }
 
 TEST_F(LogResyncTest, TimesOfTwoMustNotFall) {
-    Garbage(50).Record(0, 2080, 100).Record(0, 2000, 100).Garbage(30);
+    Garbage(50).Record(0, 2080, 40).Record(0, 2000, 40).Garbage(30);
     EXPECT_EQ(Find(kBegin), "none");
 }
 
 TEST_F(LogResyncTest, ItemsOfTwoMustBeKnown) {
-    Garbage(50).Record(0, 2000, 100).Record(2, 2080, 100).Garbage(30);
+    Garbage(50).Record(0, 2000, 40).Record(2, 2080, 40).Garbage(30);
     EXPECT_EQ(Find(kBegin), "none");
 }
 
 // A block of an older part of the log that was copied to here.
 TEST_F(LogResyncTest, TwoThatMovedMustNotGoBackInTime) {
-    Garbage(50).Record(0, 900, 100).Record(0, 980, 100).Garbage(30);
+    Garbage(50).Record(0, 900, 40).Record(0, 980, 40).Garbage(30);
     EXPECT_EQ(Find(kBegin), "none");
-    EXPECT_EQ(Find(kBegin, 100), "150 100");
+    EXPECT_EQ(Find(kBegin, 40), "150 40");
 }
 
 // Nothing stood in the header or in the table.
