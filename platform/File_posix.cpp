@@ -1,20 +1,49 @@
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <utility>
 
 #include "platform/File.h"
+#include "platform/FileMove_posix.h"
 
 namespace corvex {
 
 namespace {
 
+bool StandsAtName(int descriptor, const std::string& path) {
+    struct stat open {
+    }, there{};
+    if (fstat(descriptor, &open) != 0 || stat(path.c_str(), &there) != 0) return false;
+    return open.st_dev == there.st_dev && open.st_ino == there.st_ino;
+}
+
+class PosixSync final : public IFileSync {
+public:
+    PosixSync(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
+    ~PosixSync() override { close(descriptor_); }
+    PosixSync(const PosixSync&) = delete;
+    PosixSync& operator=(const PosixSync&) = delete;
+
+    bool Sync() override {
+        if (!knowsFolder_.exchange(true)) FlushFolderOf(path_);
+        // Some file systems know of no such thing.
+        return fdatasync(descriptor_) == 0 || errno == EINVAL || errno == ENOSYS;
+    }
+
+private:
+    const int descriptor_;
+    const std::string path_;
+    std::atomic<bool> knowsFolder_{false};
+};
+
 class PosixFile final : public IFile {
 public:
-    explicit PosixFile(int descriptor) : descriptor_(descriptor) {}
+    PosixFile(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
     ~PosixFile() override {
         if (descriptor_ >= 0) close(descriptor_);
     }
@@ -62,8 +91,16 @@ public:
 
     bool Close() override { return close(std::exchange(descriptor_, -1)) == 0; }
 
+    bool StandsAt(const std::string& path) const override { return StandsAtName(descriptor_, path); }
+
+    std::unique_ptr<IFileSync> OpenSync() override {
+        const int second = fcntl(descriptor_, F_DUPFD_CLOEXEC, 0);
+        return second < 0 ? nullptr : std::make_unique<PosixSync>(second, path_);
+    }
+
 private:
     int descriptor_;
+    const std::string path_;
     std::uint64_t position_ = 0;  // followed here, so that asking costs no call
 };
 
@@ -71,17 +108,32 @@ class PosixFiles final : public IFileSystem {
 public:
     std::unique_ptr<IFile> Open(const std::string& path, FileAccess access, std::string* error) override {
         const int descriptor = open(path.c_str(), Flags(access), 0666);
-        if (descriptor >= 0 && IsSeekable(descriptor)) return std::make_unique<PosixFile>(descriptor);
-        if (error != nullptr) *error = std::strerror(errno);
+        if (descriptor >= 0 && IsSeekable(descriptor) && MayHave(descriptor, path, access))
+            return std::make_unique<PosixFile>(descriptor, path);
+        if (error != nullptr)
+            *error = errno == EWOULDBLOCK ? "it is being written by another program" : std::strerror(errno);
         if (descriptor >= 0) close(descriptor);
         return nullptr;
     }
 
 private:
-    // Without O_NONBLOCK, opening a pipe that nobody writes to would wait for ever.
+    // Without O_NONBLOCK, opening a pipe that nobody writes to would wait for ever. Emptied only when nobody writes.
     static int Flags(FileAccess access) {
-        if (access == FileAccess::kCreate) return O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
+        if (access == FileAccess::kCreate) return O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK;
         return (access == FileAccess::kReadWrite ? O_RDWR : O_RDONLY) | O_CLOEXEC | O_NONBLOCK;
+    }
+
+    static bool MayHave(int descriptor, const std::string& path, FileAccess access) {
+        if (access == FileAccess::kRead) return true;
+        // Some file systems know no locks.
+        if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
+        // Replaced between the opening and the lock: it is the other's.
+        if (!StandsAtName(descriptor, path)) {
+            errno = EWOULDBLOCK;
+            return false;
+        }
+        // A device has no length.
+        return access != FileAccess::kCreate || ftruncate(descriptor, 0) == 0 || errno == EINVAL;
     }
 
     static bool IsSeekable(int descriptor) {

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <thread>
 
 #include "platform/File.h"
 
@@ -123,6 +125,61 @@ TEST_F(FileTest, FileToReadTakesNoWrites) {
     EXPECT_FALSE(file->Write("x", 1));
     EXPECT_FALSE(file->EndHere());
     EXPECT_EQ("abc", Content());
+}
+
+// Two that write at once would write over each other.
+TEST_F(FileTest, OneMayWriteAndAnyNumberRead) {
+    Fill("abc");
+    for (const FileAccess access : {FileAccess::kCreate, FileAccess::kReadWrite}) {
+        const auto before = Open(FileAccess::kRead);
+        const auto writer = Open(access);
+        ASSERT_TRUE(before && writer && writer->Write("123", 3));
+        std::string error;
+        EXPECT_FALSE(SystemFiles().Open(path_, FileAccess::kCreate, &error));
+        EXPECT_NE("", error);
+        EXPECT_FALSE(Open(FileAccess::kReadWrite));
+        EXPECT_EQ("123", Content());
+        char text[3];
+        EXPECT_EQ(3U, before->Read(text, 3));
+    }
+    EXPECT_TRUE(Open(FileAccess::kReadWrite));
+}
+
+TEST_F(FileTest, KnowsWhetherItStillHasItsName) {
+    Fill("abc");
+    const std::string other = path_ + ".other";
+    {
+        const auto file = Open(FileAccess::kRead);
+        ASSERT_TRUE(file);
+        EXPECT_TRUE(file->StandsAt(path_));
+        EXPECT_FALSE(file->StandsAt(other));
+        std::filesystem::rename(path_, other);
+        EXPECT_FALSE(file->StandsAt(path_));
+        Fill("new");
+        EXPECT_FALSE(file->StandsAt(path_));
+        EXPECT_TRUE(file->StandsAt(other));
+    }
+}
+
+TEST_F(FileTest, IsSyncedWhileItIsWrittenAndBehindItsEnd) {
+    auto file = Open(FileAccess::kCreate);
+    ASSERT_TRUE(file);
+    const std::unique_ptr<IFileSync> sync = file->OpenSync();
+    ASSERT_TRUE(sync);
+    std::atomic<bool> good{true};
+    std::thread other([&] {
+        for (int i = 0; i < 20; ++i) {
+            if (!sync->Sync()) good = false;
+        }
+    });
+    for (int i = 0; i < 1000; ++i)
+        EXPECT_TRUE(file->Write("x", 1));
+    other.join();
+    EXPECT_TRUE(good);
+    file.reset();
+    EXPECT_TRUE(sync->Sync());
+    EXPECT_FALSE(Open(FileAccess::kCreate));  // still the one that writes
+    EXPECT_EQ(1000U, Content().size());
 }
 
 }  // namespace
