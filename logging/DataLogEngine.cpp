@@ -1,6 +1,7 @@
 #include "logging/DataLogEngine.h"
 
 #include "logging/LogChain.h"
+#include "logging/RecordingSync.h"
 
 namespace corvex {
 
@@ -17,6 +18,7 @@ FileAccess AccessOf(std::uint32_t mode) {
 DataLogEngine::~DataLogEngine() {
     static_cast<void>(Close());
     workers_.Wait();
+    WaitForSync();
 }
 
 std::uint32_t DataLogEngine::Open(const char* path, std::uint32_t mode) {
@@ -38,6 +40,10 @@ void DataLogEngine::ResetLocked() {
     ++opens_;
     reader_.Attach(nullptr);
     file_.reset();
+    EndSyncLocked();
+    sync_.reset();
+    harm_ = LogHarm::kNone;
+    partLeft_ = false;
     items_ = std::make_shared<ItemTable>();
     readMode = 0;
     looksOnly_ = false;
@@ -52,6 +58,7 @@ void DataLogEngine::ResetLocked() {
 
 std::uint32_t DataLogEngine::OpenFileLocked(const char* path, std::uint32_t mode) {
     openError_.clear();
+    path_ = path == nullptr ? "" : path;
     if (path == nullptr || *path == '\0') return kLogCannotOpen;
     file_ = files_.Open(path, AccessOf(mode), &openError_);
     if (!file_) return kLogCannotOpen;
@@ -70,6 +77,7 @@ std::uint32_t DataLogEngine::Close() {
     if (before == kLogRecording) static_cast<void>(StopRecordingLocked());  // the header below says it again
     if (WriteHeaderLocked() != kLogSuccess) return 0;
     static_cast<void>(file_->Seek(header.endMark));
+    if (before == kLogRecording) EndSyncLocked();  // the header of one that could not be ended is written by now
     reader_.Attach(nullptr);
     file_.reset();
     recordBuffer_ = {};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -19,6 +20,7 @@
 namespace corvex {
 
 class IDataLogCallback;
+class RecordingSync;
 
 // The state machine that recording and playback share.
 enum LogState : std::uint32_t {
@@ -45,6 +47,14 @@ enum LogResult : std::uint32_t {
     kLogWrongVersion = 13,
 };
 
+// What another program did to the file of a recording.
+enum class LogHarm {
+    kNone,
+    kCut,         // it was made shorter: records are lost
+    kLengthened,  // bytes that are not ours stood behind the last record; they were cut off
+    kGone,        // its name leads to another file, or to none: it was removed or replaced
+};
+
 enum LogOpenMode : std::uint32_t {
     kLogForWriting = 0,
     kLogForReading = 1,  // Close writes the header back, so the file must be writable
@@ -59,7 +69,8 @@ enum LogSeekFlag : std::uint32_t {
 
 // Never loses what it was given: a sample is one write, straight to the file, and a sample that could not be written
 // whole is taken out again, so the file is good up to the last sample at any moment. No record, once written, is
-// written over by anything but Open for writing.
+// written over by anything but Open for writing. Threads of its own bring it to the disk about once a second
+// (RecordingSync); nobody waits for them but who asks to.
 //
 // A log from elsewhere may hold any bytes. What a header says is used as told, but no buffer grows beyond what the size
 // of the file justifies, and a walk always goes forward or ends.
@@ -118,6 +129,19 @@ public:
     std::uint32_t AddSample(std::uint32_t commandId, const std::uint8_t* reply, std::uint32_t count);
     // kLogFileError leaves it as it is, still recording.
     std::uint32_t StopRecording();
+    // Of a recording: closes its file, has `move` bring that to the name `path`, and goes on in what is there then.
+    // With kLogFileError there is no recording any more, and no log open. Waits for the disk. The thread of AddSample.
+    std::uint32_t ContinueIn(const std::string& path, const std::function<bool()>& move);
+    // Of the recording at work, or the last one. Looks at the file's name, so it costs a call to the system. Any
+    // thread.
+    LogHarm Harm() const;
+    // The system has said that something of it is not on the disk. Any thread.
+    bool SyncFailed() const;
+    // While a thread brings a recording to the disk, which may be so for seconds after its end; until then its file
+    // cannot be moved on Windows. Any thread.
+    bool IsSyncing() const { return !syncers_.Wait(std::chrono::milliseconds(0)); }
+    // Blocks until a recording that was ended, or could not be, is on the disk. Any thread that may wait.
+    void WaitForSync();
 
     // Not owned; told by the playback thread. A playback that runs goes on telling the one that it began with.
     void SetCallback(IDataLogCallback* told) { callback = told; }
@@ -176,6 +200,9 @@ private:
                                   std::uint32_t count);
     std::uint32_t StopRecordingLocked();
     bool AppendLocked(const std::uint8_t* bytes, std::uint32_t size);
+    bool MendCutLocked();
+    void BeginSyncLocked();
+    void EndSyncLocked();
 
     void PlaybackThread(Playback& playback);
     std::uint32_t PlayRecords(Playback& playback);
@@ -194,14 +221,18 @@ private:
     LogReader reader_;
     std::uint64_t appendAt_ = 0;  // where the next sample goes
     bool looksOnly_ = false;
-    std::string openError_;
+    std::string openError_, path_;
+    LogHarm harm_ = LogHarm::kNone;
+    bool partLeft_ = false;  // of a sample that could not be written whole
+    std::shared_ptr<RecordingSync>
+        sync_;                 // of the recording at work, or the last one; null when there is nothing to sync
     std::uint32_t opens_ = 0;  // tells a thread that outlived its log that this is another
     // A table that a thread holds is never changed: OwnItemsLocked copies it first.
     std::shared_ptr<ItemTable> items_ = std::make_shared<ItemTable>();
     std::vector<std::uint8_t> recordBuffer_;  // of AddSample and Seek; kept until the log is closed
     StopWatch stopWatch_;                     // of the samples
     std::atomic<std::uint32_t> seeks_{0};     // so that a thread that waits with a record hears of a Seek
-    WorkerThreads workers_;
+    WorkerThreads workers_, syncers_;
 };
 
 }  // namespace corvex

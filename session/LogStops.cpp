@@ -14,7 +14,7 @@ constexpr std::uint32_t kFlashMs = 2000;
 
 // While a recording is saved a dialog may be open, and the scratch file still is the recording.
 bool SessionState::IsLogEnding() const {
-    return IsStoppingLog() || saves_;
+    return IsStoppingLog() || saves_ != Saving::kNot;
 }
 
 // A key that is held down asks many times a second, and is answered once.
@@ -35,7 +35,9 @@ void SessionState::OnLogStopped() {
     const std::uint32_t before = logStops_.load(std::memory_order_acquire);
     if (before == 0) return;
     logStops_.fetch_sub(1, std::memory_order_acq_rel);
-    if (before > 1) return;  // the message of the last stop closes the log
+    if (before > 1) return;               // the message of the last stop closes the log
+    if (saves_ == Saving::kAsks) return;  // the answer goes on with it
+    if (saves_ == Saving::kWaits) return FinishSaving();
     CloseLog();
     RunWishes();
 }

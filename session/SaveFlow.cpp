@@ -1,6 +1,7 @@
 // The Stop command, and what becomes of a recording.
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/Clock.h"
 #include "platform/FileMove.h"
@@ -25,7 +26,6 @@ void SessionState::StopCommand() {
         SaveRecording();
         calls_.refreshButtons();
         calls_.refreshStatus();
-        if (!IsLogEnding()) RunWishes();
     } else {
         StopPlayback();
     }
@@ -38,18 +38,29 @@ void SessionState::StopPlayback() {
     calls_.refreshStatus();
 }
 
-// The user who gives no name has his recording in the scratch file, and under a name of its own after the next one.
+// While the user looks for a name a stop thread waits until the disk has the recording: before that its file can't be
+// moved on Windows. The user who gives no name has his recording in the scratch file, and under a name of its own after
+// the next one.
 void SessionState::SaveRecording() {
     static_cast<void>(log.StopRecording());  // a log that can't be ended well is saved all the same
     static_cast<void>(log.Close());
     DebugOutput::Print(&debug, "Recording stopped");
-    saves_ = true;
-    const std::optional<std::string> name = calls_.askSavePath(kSaveLogPrompt);
-    if (name) {
-        MoveRecordingTo(*name);
+    saves_ = Saving::kAsks;
+    StartStopThread(kStopLog);
+    if (!IsStoppingLog()) log.WaitForSync();  // there was no thread to be had
+    savedAs_ = calls_.askSavePath(kSaveLogPrompt);
+    saves_ = Saving::kWaits;
+    if (!IsStoppingLog()) FinishSaving();
+}
+
+void SessionState::FinishSaving() {
+    if (log.SyncFailed()) DebugOutput::Print(&debug, "The disk says that it does not have all of the recording!");
+    if (savedAs_) {
+        MoveRecordingTo(*std::exchange(savedAs_, std::nullopt));
         calls_.setLogSlider(0);
     }
-    saves_ = false;
+    saves_ = Saving::kNot;
+    RunWishes();
 }
 
 // Never over another log, although the user was asked whether to: the box says where his recording is.

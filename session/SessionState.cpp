@@ -2,10 +2,13 @@
 
 #include <utility>
 
+#include "platform/FileMove.h"
+#include "session/ScratchLog.h"
+
 namespace corvex {
 
-SessionState::SessionState(SessionCalls calls, ISerialPlatform& serial)
-    : engine(serial), callback(*this), calls_(WithoutGaps(std::move(calls))) {
+SessionState::SessionState(SessionCalls calls, ISerialPlatform& serial, IFileSystem& logFiles)
+    : engine(serial), callback(*this), log(logFiles), calls_(WithoutGaps(std::move(calls))) {
     // What may be pressed changes once more with the end of the thread, and nobody else knows when that is.
     log.onRest = [this] {
         RefreshAll();
@@ -20,6 +23,8 @@ SessionState::~SessionState() {
     static_cast<void>(log.RequestStop());
     log.WaitForPlayback();
     workers_.Wait();
+    // The user has given a name, and the message that the disk has it all came too late for anybody to take it.
+    if (savedAs_ && saves_ == Saving::kWaits) static_cast<void>(MoveToNewName(ScratchLogPath(), *savedAs_));
     splash.reset();
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 
 #include "acquisition/DataAcqEngine.h"
@@ -51,7 +52,8 @@ enum StopFlag : std::uint32_t {
 // not yet mean that a new scan can start: `scanning` 0, read with acquire order, does, unless a stop has cleared it.
 class SessionState {
 public:
-    explicit SessionState(SessionCalls calls = {}, ISerialPlatform& serial = SystemSerial());
+    explicit SessionState(SessionCalls calls = {}, ISerialPlatform& serial = SystemSerial(),
+                          IFileSystem& logFiles = SystemFiles());
     // Ends the scan, the playback and the recording, which stays in its scratch file, and waits for every worker, which
     // may still call what `calls` holds: with windows, only after the last of them has gone.
     ~SessionState();
@@ -175,6 +177,7 @@ private:
     bool MakeScratchFree();
     void BeginRecording();
     void SaveRecording();
+    void FinishSaving();
     void MoveRecordingTo(const std::string& name);
     void EnterPause();
     void Jump(std::uint32_t target, std::uint32_t flags);
@@ -189,7 +192,10 @@ private:
     // playback ended sees this; down on the main thread.
     std::atomic<std::uint32_t> logStops_{0};
     std::atomic<bool> closes_{false};  // the main window is going: no log is begun any more
-    bool saves_ = false;               // a recording is being saved; this and the next two: main thread
+    // A recording: the user is asked for its name, or has given one and the disk does not have it all yet. This and the
+    // next three: main thread.
+    enum class Saving { kNot, kAsks, kWaits } saves_ = Saving::kNot;
+    std::optional<std::string> savedAs_;
     LogWishes wishes_;
     RepeatFilter refusals_;
     WorkerThreads workers_;

@@ -38,7 +38,7 @@ void SessionState::StopScan(bool insists) {
 }
 
 // The playback thread is waited for in every state: a pause may still be on its way, and what the thread delivers last
-// must not come after the log is closed.
+// must not come after the log is closed. A recording's file can be moved when the disk has it.
 void SessionState::StopLog() {
     if (log.State() == kLogRecording) {
         static_cast<void>(log.StopRecording());  // a log that can't be ended well is closed all the same
@@ -47,6 +47,7 @@ void SessionState::StopLog() {
     // Spins: the playback thread leaves its wait within a millisecond.
     while (log.IsPlaying())
         std::this_thread::yield();
+    log.WaitForSync();
     calls_.postMain(kMessageLogStopped);
 }
 

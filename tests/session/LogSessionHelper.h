@@ -18,6 +18,16 @@ inline const std::string kStoppedPlayback = "post 32770", kPlaybackRests = "post
 // The clock stands still unless the test moves it, so a record with a time is waited for without end.
 class LogSessionTest : public ScanTest {
 protected:
+    // The user takes longer to find a name than the disk to take the recording.
+    LogSessionTest() {
+        recorder.whileAsked = [this] {
+            EXPECT_TRUE(Eventually([this] {
+                HandlePosts();
+                return !session.IsStoppingLog();
+            }));
+        };
+    }
+
     struct Read {
         std::uint32_t timeMs;
         Bytes data;

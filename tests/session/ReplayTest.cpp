@@ -65,6 +65,7 @@ TEST_F(ReplayTest, LogTellsTheViewsWhatTheLineDid) {
     recorder.answer = folder.Name("drive.xdl");
     session.StopCommand();
     recorder.Take();
+    ForgetPosts();
 
     // Away with what the line left.
     session.StoreLastPacket({});

@@ -1,5 +1,6 @@
 #include "platform/FileMove.h"
 #include "tests/session/LogSessionHelper.h"
+#include "tests/support/HeldSyncs.h"
 
 namespace corvex::test {
 namespace {
@@ -13,6 +14,7 @@ protected:
         recorder.answer = name;
         RecordScan(2);
         recorder.Take();
+        ForgetPosts();
         text.Clear();
         session.StopCommand();
     }
@@ -31,7 +33,7 @@ TEST_F(SaveFlowTest, MovesTheRecordingToANewName) {
     EXPECT_EQ(name, session.settings.lastxdlpath);
     EXPECT_EQ(kLogClosed, session.log.State());
     EXPECT_EQ(Lines("Log saved to " + name), text.Text());
-    EXPECT_EQ((Calls{kAsked, "slider 0", "buttons", "status"}), recorder.Take());
+    EXPECT_EQ((Calls{kAsked, kStoppedPlayback, "slider 0", "buttons", "status"}), recorder.Take());
 }
 
 TEST_F(SaveFlowTest, PromptIsTheDialogs) {
@@ -63,7 +65,7 @@ TEST_F(SaveFlowTest, ExistingFileAndRecordingAreBothKept) {
                   static_cast<unsigned>(MoveToNewName(folder.Name("temp.xdl"), name)));
     EXPECT_EQ(Lines(line), text.Text());
     EXPECT_EQ(
-        (Calls{kAsked, "box Cannot overwrite: Log save failed. Log backup saved in install directory as \"temp.xdl\"",
+        (Calls{kAsked, kStoppedPlayback, "box Cannot overwrite: Log save failed. Log backup saved in install directory as \"temp.xdl\"",
                "slider 0", "buttons", "status"}),
         recorder.Take());
 }
@@ -82,7 +84,7 @@ TEST_F(SaveFlowTest, CancellingKeepsTheRecordingInTheScratchFile) {
     EXPECT_STREQ("before", session.settings.lastxdlpath);
     EXPECT_EQ(kLogClosed, session.log.State());
     EXPECT_EQ("Recording stopped", text.Text());
-    EXPECT_EQ((Calls{kAsked, "buttons", "status"}), recorder.Take());
+    EXPECT_EQ((Calls{kAsked, kStoppedPlayback, "buttons", "status"}), recorder.Take());
     EXPECT_TRUE(elsewhere.Has("temp.xdl"));
 }
 
@@ -147,6 +149,87 @@ TEST_F(SaveFlowTest, SessionThatGoesFinishesItsRecording) {
     brief.reset();
     DataLogEngine log;
     EXPECT_EQ(kLogSuccess, log.Open(folder.Name("temp.xdl").c_str(), kLogForLooking));
+}
+
+// On a disk that takes its time.
+class SlowSaveTest : public SaveFlowTest {
+protected:
+    SlowSaveTest() {
+        recorder.whileAsked = nullptr;
+        recorder.answer = folder.Name("drive.xdl");
+        slow.RecordCommand();
+        recorder.Take();
+    }
+    ~SlowSaveTest() override { disk.Release(); }
+    // As a message loop would, until all is done.
+    bool Ends() {
+        return Eventually([this] {
+            if (recorder.Count(kStoppedPlayback) > handled) {
+                slow.OnLogStopped();
+                ++handled;
+            }
+            return slow.WaitForThreads(std::chrono::milliseconds(0)) && !slow.IsStoppingLog();
+        });
+    }
+
+    HeldSyncs disk;
+    std::size_t handled = 0;
+    SessionState slow{recorder.Calls(), serial, disk};
+};
+
+TEST_F(SlowSaveTest, NameIsGivenWhenTheDiskHasTheRecording) {
+    slow.StopCommand();
+    EXPECT_TRUE(folder.Has("temp.xdl"));
+    EXPECT_FALSE(folder.Has("drive.xdl"));
+    disk.Release();
+    EXPECT_TRUE(Ends());
+    EXPECT_FALSE(folder.Has("temp.xdl"));
+    EXPECT_TRUE(folder.Has("drive.xdl"));
+    EXPECT_EQ(folder.Name("drive.xdl"), slow.settings.lastxdlpath);
+    EXPECT_EQ(1U, recorder.Count(kAsked));
+}
+
+TEST_F(SlowSaveTest, RecordMeanwhileIsCarriedOutThen) {
+    recorder.answer.reset();
+    slow.StopCommand();
+    slow.RecordCommand();
+    EXPECT_EQ(kLogClosed, slow.log.State());
+    disk.Release();
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(kLogRecording, slow.log.State());
+}
+
+TEST_F(SlowSaveTest, StopMeanwhileForgetsWhatWasPressedAndNotTheName) {
+    slow.StopCommand();
+    slow.RecordCommand();
+    slow.StopCommand();
+    disk.Release();
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(kLogClosed, slow.log.State());
+    EXPECT_TRUE(folder.Has("drive.xdl"));
+    EXPECT_EQ(1U, recorder.Count(kAsked));
+}
+
+TEST_F(SlowSaveTest, SaysWhatTheDiskDidNotTake) {
+    slow.debug.edit = &text;
+    disk.fails = true;
+    slow.StopCommand();
+    disk.Release();
+    EXPECT_TRUE(Ends());
+    EXPECT_NE(std::string::npos, text.Text().find("The disk says that it does not have all of the recording!"));
+}
+
+// The window may have gone by then, and nobody takes messages any more.
+TEST_F(SaveFlowTest, NameThatWasGivenIsNotForgottenAtTheEnd) {
+    recorder.whileAsked = nullptr;
+    recorder.answer = folder.Name("drive.xdl");
+    HeldSyncs disk;
+    auto brief = std::make_unique<SessionState>(recorder.Calls(), serial, disk);
+    brief->RecordCommand();
+    brief->StopCommand();
+    disk.Release();
+    brief.reset();
+    EXPECT_TRUE(folder.Has("drive.xdl"));
 }
 
 }  // namespace

@@ -49,6 +49,7 @@ public:
         calls.checkSpeed = [this](std::uint32_t command) { Note("check " + std::to_string(command)); };
         calls.askSavePath = [this](const FilePrompt& prompt) {
             Note(std::string("ask save ") + prompt.title);
+            if (whileAsked) whileAsked();
             return answer;
         };
         calls.askOpenPath = [this](const FilePrompt& prompt) {
@@ -89,6 +90,7 @@ public:
 
     std::atomic<bool> dashVisible{false}, listVisible{false};
     std::optional<std::string> answer;                // to whoever asks for a path; nothing: he is refused
+    std::function<void()> whileAsked;                 // for the name of a recording: what a dialog's own loop would do
     ReplyHook onReplyEnded;                           // set before a scan
     std::function<void(const std::string&)> onNoted;  // likewise; called on whichever thread calls
 
