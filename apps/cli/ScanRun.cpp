@@ -77,23 +77,26 @@ bool ScanRun::PrepareRecording() {
 // False when something is not in the log that should be.
 bool ScanRun::ReportRecording() {
     const bool ended = recorder_.End();
-    ReportLoss();
+    ReportTrouble();
     out_.flush();
     std::ostream& told = options_.json ? err_ : out_;
-    told << recorder_.Path() << ": " << Counted(recorder_.Records(), "record") << '\n';
+    told << recorder_.Path() << ": " << Counted(recorder_.Records(), "record")
+         << (recorder_.KeptOld() ? "; the old log is still there" : "") << '\n';
     if (recorder_.Failed())
         err_ << "corvex-cli: " << recorder_.Path() << ": " << Counted(recorder_.Lost(), "sample")
              << " could not be recorded\n";
     if (!ended)
         err_ << "corvex-cli: " << recorder_.Path() << ": the recording could not be ended; what is in it can be read\n";
-    return ended && !recorder_.Failed();
+    return ended && !troubleReported_;
 }
 
 // Once, and not on the connect thread, which has the line to serve.
-void ScanRun::ReportLoss() {
-    if (lossReported_ || !recorder_.Failed()) return;
-    lossReported_ = true;
-    err_ << "corvex-cli: " << recorder_.WhyFailed() << '\n' << std::flush;
+void ScanRun::ReportTrouble() {
+    if (troubleReported_ || options_.record.empty()) return;
+    const std::string trouble = recorder_.Trouble();
+    if (trouble.empty()) return;
+    troubleReported_ = true;
+    err_ << "corvex-cli: " << trouble << '\n' << std::flush;
 }
 
 ExitCode ScanRun::Run() {
@@ -123,7 +126,7 @@ void ScanRun::Loop(const ConsoleStop& stop) {
     bool stopping = false;
     while (!session_.WaitForThreads(0ms)) {
         Take(queue_.Take(kPatience));
-        ReportLoss();
+        ReportTrouble();
         if (!stopping && WantsStop(stop)) {
             stopping = true;
             session_.StartStopThread(kStopScan);

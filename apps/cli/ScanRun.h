@@ -42,7 +42,7 @@ private:
     void Take(const std::vector<ReplyEvent>& events);
     bool WantsStop(const ConsoleStop& stop) const;
     bool EveryoneAnswered() const;
-    void ReportLoss();
+    void ReportTrouble();
     ScanMoment Moment() const;
     std::string WhyFailed() const;
     std::string WhoIsMissing() const;
@@ -55,7 +55,7 @@ private:
     ScanTap tap_{queue_};
     StreamAppender log_;
     ScanRecorder recorder_;
-    bool lossReported_ = false;
+    bool troubleReported_ = false;
     SessionState session_;
     SimulatorSession simulator_;
     std::string port_;

@@ -139,7 +139,7 @@ TEST_F(RecordProgramTest, KeepsAnOldLog) {
     args.back() = "/nowhere/drive.xdl";
     scan = RunTool(args);
     EXPECT_EQ(scan.code, 1);
-    EXPECT_EQ(scan.err, "corvex-cli: /nowhere/drive.xdl: error 0xC (cannot be opened)\n");
+    EXPECT_EQ(scan.err, "corvex-cli: /nowhere/drive.xdl: cannot be opened: No such file or directory\n");
 }
 
 TEST_F(RecordProgramTest, NeverReplacesItsDefinition) {

@@ -94,7 +94,7 @@ TEST_F(ScanRecorderTest, GoesOnBehindASampleThatCouldNotBeWritten) {
     Add(recorder, 2);
     Add(recorder, 3);
     EXPECT_TRUE(recorder.Failed());
-    EXPECT_EQ(recorder.WhyFailed(), "drive.xdl: the recording cannot be written");
+    EXPECT_EQ(recorder.Trouble(), "drive.xdl: the recording cannot be written");
     EXPECT_EQ(RecordsIn("drive.xdl"), 1U);
     files.room = MemoryFiles::kNoLimit;
     Add(recorder, 4);
@@ -109,7 +109,7 @@ TEST_F(ScanRecorderTest, SaysThatTheFileCannotBeMade) {
     files.failOpen = true;
     std::string error;
     EXPECT_FALSE(recorder.Begin("drive.xdl", definition, false, error));
-    EXPECT_EQ(error, "drive.xdl: error 0xC (cannot be opened)");
+    EXPECT_EQ(error, "drive.xdl: cannot be opened: no such file");
 }
 
 TEST_F(ScanRecorderTest, SaysThatNotEvenTheTableFits) {
@@ -136,6 +136,100 @@ TEST_F(ScanRecorderTest, KeepsAFileThatHoldsSomethingUnlessForced) {
         EXPECT_TRUE(recorder.End());
     }
 }
+
+std::uint32_t RecordsOf(const std::string& path) {
+    DataLogEngine log;
+    EXPECT_EQ(log.Open(path.c_str(), kLogForLooking), kLogSuccess);
+    LogWalk walk(log);
+    while (walk.Next()) {
+    }
+    return walk.Records();
+}
+
+// A port that can't be opened, or a line that stays silent, costs nobody the drive of the day before.
+TEST_F(ScanRecorderTest, OldLogStaysUntilTheFirstReply) {
+    const TempFile old("precious", ".xdl");
+    ScanRecorder recorder;
+    std::string error;
+    ASSERT_TRUE(recorder.Begin(old.Path(), definition, true, error)) << error;
+    EXPECT_EQ(ReadFile(old.Path()), "precious");
+    Add(recorder, 1);
+    EXPECT_EQ(RecordsOf(old.Path()), 1U);
+    Add(recorder, 2);
+    EXPECT_EQ(RecordsOf(old.Path()), 2U);
+    EXPECT_TRUE(recorder.End());
+    EXPECT_FALSE(recorder.KeptOld());
+    EXPECT_EQ(recorder.Trouble(), "");
+    EXPECT_EQ(RecordsOf(old.Path()), 2U);
+}
+
+TEST_F(ScanRecorderTest, OldLogStaysWhenNoReplyComes) {
+    const TempFile old("precious", ".xdl");
+    {
+        ScanRecorder recorder;
+        std::string error;
+        ASSERT_TRUE(recorder.Begin(old.Path(), definition, true, error)) << error;
+        ScanRecorder other;
+        EXPECT_FALSE(other.Begin(old.Path(), definition, true, error));
+        EXPECT_TRUE(recorder.End());
+        EXPECT_TRUE(recorder.KeptOld());
+    }
+    EXPECT_EQ(ReadFile(old.Path()), "precious");
+}
+
+// Somebody else's recording may stand there by now.
+TEST_F(ScanRecorderTest, RecordingOfAnotherIsNeverReplaced) {
+    const TempFile old("precious", ".xdl");
+    ScanRecorder recorder;
+    std::string error;
+    ASSERT_TRUE(recorder.Begin(old.Path(), definition, true, error)) << error;
+    std::filesystem::rename(old.Path(), old.Path() + ".moved");
+    {
+        ScanRecorder other;
+        ASSERT_TRUE(Begin(other, old.Path()));
+        Add(other, 1);
+        Add(recorder, 2);
+        EXPECT_EQ(recorder.Trouble(), old.Path() + ": the old log cannot be replaced");
+        Add(other, 1);
+        EXPECT_TRUE(other.End());
+    }
+    EXPECT_EQ(RecordsOf(old.Path()), 2U);
+    Add(recorder, 3);  // as --force has it, once nobody writes there
+    EXPECT_TRUE(recorder.End());
+    EXPECT_EQ(recorder.Lost(), 1U);
+    EXPECT_EQ(RecordsOf(old.Path()), 1U);
+    std::filesystem::remove(old.Path() + ".moved");
+}
+
+TEST_F(ScanRecorderTest, OneAtATimeRecordsIntoAFile) {
+    const TempFile file("", ".xdl");
+    ScanRecorder first, second;
+    ASSERT_TRUE(Begin(first, file.Path()));
+    std::string error;
+    EXPECT_FALSE(second.Begin(file.Path(), definition, false, error));
+    EXPECT_NE(error.find(": cannot be opened: "), std::string::npos) << error;
+    Add(first, 1);
+    EXPECT_FALSE(second.Begin(file.Path(), definition, true, error));
+    EXPECT_NE(error.find(": cannot be replaced: "), std::string::npos) << error;
+    EXPECT_TRUE(first.End());
+    EXPECT_EQ(RecordsOf(file.Path()), 1U);
+}
+
+#ifndef _WIN32  // where such a thing cannot be done to a file that is open
+TEST_F(ScanRecorderTest, SaysThatItsFileIsGone) {
+    const TempFile file("", ".xdl");
+    ScanRecorder recorder;
+    ASSERT_TRUE(Begin(recorder, file.Path()));
+    Add(recorder, 1);
+    EXPECT_EQ(recorder.Trouble(), "");
+    std::filesystem::remove(file.Path());
+    const std::string gone =
+        file.Path() + ": the recording is no longer there: another program has removed or replaced it";
+    EXPECT_EQ(recorder.Trouble(), gone);
+    EXPECT_TRUE(recorder.End());
+    EXPECT_EQ(recorder.Trouble(), gone);
+}
+#endif
 
 // What a disk leaves that was full before the table was written.
 TEST_F(ScanRecorderTest, BeginsAnewWhereAStartHasFailed) {
