@@ -1,14 +1,9 @@
 // Recordings of the tool as a program, on a pseudo-terminal with the simulator at its other end.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <csignal>
 #include <filesystem>
 #include <nlohmann/json.hpp>
-#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -215,78 +210,6 @@ TEST_F(RecordProgramTest, SaysThatALogCannotBeReplayed) {
         {"scan", "--simulate", "-d", Example("harrier-8192.adx"), "--replay", "/no/such.xdl", "--seconds", "1"});
     EXPECT_EQ(scan.code, 1);
     EXPECT_EQ(scan.err, "corvex-cli: --simulate: /no/such.xdl: error 0xC\n");
-}
-
-// A program that is started, read from and killed.
-class KilledScan {
-public:
-    explicit KilledScan(const std::vector<std::string>& args) {
-        std::array<int, 2> ends{};
-        EXPECT_EQ(pipe(ends.data()), 0);
-        from_ = ends[0];
-        child_ = fork();
-        if (child_ == 0) Become(args, ends[1]);
-        close(ends[1]);
-    }
-    ~KilledScan() { close(from_); }
-    KilledScan(const KilledScan&) = delete;
-    KilledScan& operator=(const KilledScan&) = delete;
-
-    // Until so many bytes have come, or there are no more.
-    void ReadUntil(std::size_t bytes) {
-        while (text_.size() < bytes && ReadSome()) {
-        }
-    }
-    // All that it has said by then.
-    std::string Kill() {
-        kill(child_, SIGKILL);
-        while (ReadSome()) {
-        }
-        int status = 0;
-        waitpid(child_, &status, 0);
-        EXPECT_TRUE(WIFSIGNALED(status));
-        return text_;
-    }
-
-private:
-    [[noreturn]] static void Become(const std::vector<std::string>& args, int out) {
-        std::vector<char*> words;
-        std::string program(CORVEX_CLI);
-        words.push_back(program.data());
-        std::vector<std::string> copies(args);
-        for (std::string& copy : copies)
-            words.push_back(copy.data());
-        words.push_back(nullptr);
-        dup2(out, STDOUT_FILENO);
-        execv(program.c_str(), words.data());
-        _exit(127);
-    }
-    bool ReadSome() {
-        std::array<char, 4096> piece{};
-        const ssize_t got = read(from_, piece.data(), piece.size());
-        if (got > 0) text_.append(piece.data(), static_cast<std::size_t>(got));
-        return got > 0;
-    }
-
-    pid_t child_ = -1;
-    int from_ = -1;
-    std::string text_;
-};
-
-TEST_F(RecordProgramTest, LosesNothingThatWasShownWhenItIsKilled) {
-    std::mt19937 chance(20260701);
-    std::size_t shownByAll = 0;
-    for (int round = 0; round < 10; ++round) {
-        KilledScan scan(Args("harrier-8192.adx", {"--no-pace", "--json", "--force"}));
-        scan.ReadUntil(chance() % 200000);
-        const std::size_t shown = CountLines(scan.Kill(), "}}");
-        const nlohmann::json info = InfoOf(log.Path());
-        EXPECT_GE(info["records"], shown);
-        EXPECT_EQ(info["result"], 7);
-        EXPECT_EQ(info["endMark"], 0xFFFFFFFFU);
-        shownByAll += shown;
-    }
-    EXPECT_GT(shownByAll, 100U);
 }
 
 }  // namespace

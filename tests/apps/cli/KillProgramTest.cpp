@@ -1,0 +1,199 @@
+// The tool is killed at any moment of a recording, of its end, of the replacement of an old log and of a repair.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "tests/apps/cli/LogTestHelper.h"
+#include "tests/support/AttackRounds.h"
+#include "tests/support/TestFolder.h"
+
+namespace corvex {
+namespace {
+
+constexpr std::array<const char*, 3> kExamples = {"harrier-8192.adx", "osprey-multi.adx", "merlin-160.adx"};
+
+// A program that is started, read from and killed.
+class KilledTool {
+public:
+    explicit KilledTool(const std::vector<std::string>& args) {
+        std::array<int, 2> ends{};
+        EXPECT_EQ(pipe(ends.data()), 0);
+        from_ = ends[0];
+        child_ = fork();
+        if (child_ == 0) Become(args, ends[1]);
+        close(ends[1]);
+    }
+    ~KilledTool() { close(from_); }
+    KilledTool(const KilledTool&) = delete;
+    KilledTool& operator=(const KilledTool&) = delete;
+
+    // Until so many bytes have come, or there are no more.
+    void ReadBytes(std::size_t bytes) {
+        while (text_.size() < bytes && ReadSome()) {
+        }
+    }
+    void ReadUntil(const std::string& word) {
+        while (text_.find(word) == std::string::npos && ReadSome()) {
+        }
+    }
+    // All that it has said by then. It may have ended before.
+    std::string Kill() {
+        kill(child_, SIGKILL);
+        while (ReadSome()) {
+        }
+        int status = 0;
+        waitpid(child_, &status, 0);
+        killed_ = WIFSIGNALED(status);
+        return text_;
+    }
+    bool WasKilled() const { return killed_; }
+
+private:
+    [[noreturn]] static void Become(const std::vector<std::string>& args, int out) {
+        std::vector<char*> words;
+        std::string program(CORVEX_CLI);
+        words.push_back(program.data());
+        std::vector<std::string> copies(args);
+        for (std::string& copy : copies)
+            words.push_back(copy.data());
+        words.push_back(nullptr);
+        dup2(out, STDOUT_FILENO);
+        dup2(out, STDERR_FILENO);
+        execv(program.c_str(), words.data());
+        _exit(127);
+    }
+    bool ReadSome() {
+        std::array<char, 4096> piece{};
+        const ssize_t got = read(from_, piece.data(), piece.size());
+        if (got > 0) text_.append(piece.data(), static_cast<std::size_t>(got));
+        return got > 0;
+    }
+
+    pid_t child_ = -1;
+    int from_ = -1;
+    std::string text_;
+    bool killed_ = false;
+};
+
+// Replies that came out whole; the summary is none.
+std::size_t Shown(const std::string& text) {
+    std::size_t count = 0;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        count += line.find("\"values\":{") != std::string::npos && line.ends_with("}}") ? 1U : 0U;
+    return count;
+}
+
+class KillProgramTest : public ::testing::Test {
+protected:
+    // Without the line's pace, as thousands of replies are wanted.
+    std::vector<std::string> Scan(const char* example, const std::vector<std::string>& more = {}) const {
+        std::vector<std::string> args{"scan",     "--simulate", "-d",        Example(example),
+                                      "--record", log,          "--no-pace", "--json"};
+        args.insert(args.end(), more.begin(), more.end());
+        return args;
+    }
+    // Records of the log as a reader finds it.
+    nlohmann::json Info() const {
+        const ToolResult result = RunInside({"info", log});
+        EXPECT_EQ(result.err, "");
+        return nlohmann::json::parse(result.out, nullptr, false);
+    }
+    void Pause(unsigned most) { std::this_thread::sleep_for(std::chrono::microseconds(chance() % most)); }
+
+    const test::TestFolder folder;
+    const std::string log = folder.Name("drive.xdl");
+    std::mt19937 chance{20260701};
+};
+
+TEST_F(KillProgramTest, LosesNothingThatWasShown) {
+    std::size_t shownByAll = 0;
+    for (unsigned round = 0; round < test::AttackRounds(6); ++round) {
+        KilledTool scan(Scan(kExamples[round % kExamples.size()], {"--force"}));
+        scan.ReadBytes(chance() % 40000);
+        const std::size_t shown = Shown(scan.Kill());
+        if (shown == 0) continue;
+        const nlohmann::json info = Info();
+        EXPECT_GE(info["records"], shown);
+        EXPECT_EQ(info["result"], 7);
+        EXPECT_EQ(info["endMark"], 0xFFFFFFFFU);
+        shownByAll += shown;
+    }
+    EXPECT_GT(shownByAll, 100U);
+}
+
+// The summary is what comes just before it.
+TEST_F(KillProgramTest, LosesNothingAtTheEndOfARecording) {
+    for (unsigned round = 0; round < test::AttackRounds(6); ++round) {
+        KilledTool scan(Scan(kExamples[round % kExamples.size()], {"--force", "--seconds", "0.15"}));
+        scan.ReadUntil("\"summary\"");
+        Pause(3000);
+        const std::size_t shown = Shown(scan.Kill());
+        const nlohmann::json info = Info();
+        EXPECT_GE(info["records"], shown);
+        EXPECT_EQ(info["result"], 7);
+        const std::uint32_t endMark = info["endMark"];
+        EXPECT_TRUE(endMark == 0xFFFFFFFFU || endMark == std::filesystem::file_size(log) + 1) << endMark;
+    }
+}
+
+// Either the old drive is there, or the new one with a record in it.
+TEST_F(KillProgramTest, OldLogStaysUntilTheNewOneStandsInItsPlace) {
+    const std::string old = ReadFile(Example("harrier-8192.xdl"));
+    unsigned kept = 0;
+    for (unsigned round = 0; round < test::AttackRounds(6); ++round) {
+        folder.Put("drive.xdl", old);
+        KilledTool scan(Scan("osprey-multi.adx", {"--force"}));
+        Pause(60000);
+        scan.Kill();
+        EXPECT_TRUE(scan.WasKilled());
+        if (folder.Content("drive.xdl") == old) {
+            ++kept;
+        } else {
+            EXPECT_GT(Info()["records"], 0);
+        }
+    }
+    EXPECT_GT(kept, 0U);
+}
+
+TEST_F(KillProgramTest, RepairLeavesAllOrNothing) {
+    const std::string input = folder.Name("broken.xdl");
+    {
+        KilledTool scan(Scan("harrier-8192.adx"));
+        scan.ReadBytes(60000);
+        scan.Kill();
+    }
+    const std::string before = folder.Content("drive.xdl");
+    folder.Put("broken.xdl", before);
+    ASSERT_EQ(RunTool({"repair", input, log, "--force"}).code, 0);
+    const std::string whole = folder.Content("drive.xdl");
+    for (unsigned round = 0; round < test::AttackRounds(10); ++round) {
+        std::filesystem::remove(log);
+        KilledTool repair({"repair", input, log});
+        Pause(12000);
+        repair.Kill();
+        EXPECT_EQ(folder.Content("broken.xdl"), before);
+        if (folder.Has("drive.xdl")) {
+            EXPECT_EQ(folder.Content("drive.xdl"), whole);
+        }
+    }
+    std::filesystem::remove(log);
+    EXPECT_EQ(RunTool({"repair", input, log}).code, 0);
+    EXPECT_EQ(folder.Content("drive.xdl"), whole);
+    // But for logs with records, which may be all there is of a drive.
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path()))
+        EXPECT_TRUE(entry.path() == log || entry.path() == input || entry.path().extension() == ".new") << entry.path();
+}
+
+}  // namespace
+}  // namespace corvex
