@@ -41,7 +41,8 @@ void RecordingSync::StartSync(WorkerThreads& workers) {
 }
 
 void RecordingSync::SyncNews() {
-    if (news_.exchange(false, std::memory_order_acquire) && !file_->Sync()) failed_ = true;
+    news_.exchange(false, std::memory_order_acquire);  // what comes from here on is for the next one
+    if (!file_->Sync()) failed_ = true;
 }
 
 }  // namespace corvex
