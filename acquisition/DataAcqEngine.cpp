@@ -121,7 +121,7 @@ std::uint32_t DataAcqEngine::Exchange(const ADXCSendCommand& command, Buffer& re
         status.code = kCodeStopped;
         return count;
     }
-    if ((command.flags & 1) == 0) return count;
+    if ((command.flags & ADXCSendCommand::kReplyExpected) == 0) return count;
     if ((flags & kEcho) != 0 && size != 0) {
         count = portRef->Read(echo.data(), size);
         if (count != size) {

@@ -29,7 +29,8 @@ public:
     std::uint32_t replytimeout = 200;
     std::uint32_t packetoffset = 0;
     std::uint32_t packetsize = 0;
-    std::uint32_t flags = 0;  // bit 0: a reply is expected and is to be processed
+    static constexpr std::uint32_t kReplyExpected = 1;  // in flags: a reply comes and is to be processed
+    std::uint32_t flags = 0;
 
 private:
     ByteString bytes_;

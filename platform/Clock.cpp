@@ -6,12 +6,12 @@ namespace corvex {
 
 namespace {
 
-std::atomic<IClock*> forced{nullptr};
+std::atomic<IClock*> forcedClock{nullptr};
 
 }  // namespace
 
 IClock& CurrentClock() {
-    IClock* clock = forced.load(std::memory_order_acquire);
+    IClock* clock = forcedClock.load(std::memory_order_acquire);
     return clock != nullptr ? *clock : SystemClock();
 }
 
@@ -19,10 +19,10 @@ void SleepUntil(std::int64_t counter) {
     SystemClock().SleepUntil(counter);
 }
 
-ScopedClock::ScopedClock(IClock& clock) : previous_(forced.exchange(&clock, std::memory_order_acq_rel)) {}
+ScopedClock::ScopedClock(IClock& clock) : previous_(forcedClock.exchange(&clock, std::memory_order_acq_rel)) {}
 
 ScopedClock::~ScopedClock() {
-    forced.store(previous_, std::memory_order_release);
+    forcedClock.store(previous_, std::memory_order_release);
 }
 
 }  // namespace corvex

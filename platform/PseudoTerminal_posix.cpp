@@ -18,7 +18,7 @@ namespace corvex {
 
 namespace {
 
-constexpr std::int64_t kNanoseconds = 1'000'000'000;
+constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
 
 std::string Why(const char* what) {
     return std::string(what) + ": " + std::generic_category().message(errno);
@@ -123,7 +123,8 @@ bool PseudoTerminal::WaitForInput(std::int64_t until) {
     }
     for (;;) {
         const std::int64_t left = std::max<std::int64_t>(until - SystemClock().Counter(), 0);
-        timespec time{static_cast<time_t>(left / kNanoseconds), static_cast<long>(left % kNanoseconds)};
+        timespec time{static_cast<time_t>(left / kNanosecondsPerSecond),
+                      static_cast<long>(left % kNanosecondsPerSecond)};
         pollfd entry{state_->master, POLLIN, 0};
         const int result = ppoll(&entry, 1, &time, nullptr);
         if (result > 0) return true;

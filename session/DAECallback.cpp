@@ -6,6 +6,7 @@
 #include "definition/ADXCListenSilence.h"
 #include "definition/ADXCSendCommand.h"
 #include "definition/ADXCTrigger.h"
+#include "session/Colours.h"
 #include "session/LastPacket.h"
 #include "session/ScanPolicy.h"
 #include "session/SessionState.h"
@@ -15,11 +16,9 @@ namespace corvex {
 namespace {
 
 constexpr std::uint32_t kFromLog = 1;  // source of a status
-constexpr std::uint32_t kReplyExpected = 1;
 constexpr std::uint32_t kRepliesPerText = 200;
 
-constexpr std::uint32_t kBlack = 0x000000, kRed = 0x0000FF;
-constexpr std::uint32_t kFlashMs = 500;
+constexpr std::uint32_t kNotRecordedFlashMs = 500;
 
 enum TriggerBit : std::uint32_t { kHistograms = 0x2, kItemList = 0x4, kMonitors = 0x8, kDash = 0x10 };
 
@@ -87,7 +86,7 @@ std::int32_t DAECallback::OnSendCommandEnd(const DataAcqStatus* status, const st
     Sample sample;
     if (!FindSample(*status, kTypeSendCommand, &sample)) return kResultFail;
     const ADXCSendCommand* const command = AsSendCommand(sample.command);
-    const bool expected = command != nullptr && (command->flags & kReplyExpected) != 0;
+    const bool expected = command != nullptr && (command->flags & ADXCSendCommand::kReplyExpected) != 0;
     if (command != nullptr && status->source != kFromLog) count = std::min(count, command->replysize);
 
     if (status->code != kCodeSuccess) {
@@ -213,7 +212,7 @@ void DAECallback::Record(const DataAcqStatus& status, const ADXObject& command, 
     const bool lost = result != kLogSuccess && result != kLogWrongState;
     if (lost == losesSamples_.exchange(lost, std::memory_order_relaxed) || !lost) return;
     DebugOutput::Print(&session_.debug, "A reply could not be recorded, error 0x%X", static_cast<unsigned>(result));
-    session_.Calls().flash("Reply not recorded!", kBlack, kRed, kFlashMs);
+    session_.Calls().flash("Reply not recorded!", kBlack, kRed, kNotRecordedFlashMs);
 }
 
 void DAECallback::BecomeConnected() {
@@ -225,7 +224,7 @@ void DAECallback::BecomeConnected() {
 // A line that has yet to answer is no error.
 bool DAECallback::FlashIfConnected(const char* text) {
     if (session_.connectionState.load(std::memory_order_relaxed) != kConnected) return false;
-    session_.Calls().flash(text, kBlack, kRed, kFlashMs);
+    session_.Calls().flash(text, kBlack, kRed, kNotRecordedFlashMs);
     return true;
 }
 

@@ -1,14 +1,14 @@
 // Where one log ends and the next begins: what is refused, what is remembered, and when that is carried out.
 #include <string>
 
+#include "session/Colours.h"
 #include "session/SessionState.h"
 
 namespace corvex {
 
 namespace {
 
-constexpr std::uint32_t kBlack = 0x000000, kRed = 0x0000FF;
-constexpr std::uint32_t kFlashMs = 2000;
+constexpr std::uint32_t kRefusalFlashMs = 2000;
 
 }  // namespace
 
@@ -28,7 +28,7 @@ bool SessionState::IsRefused(const char* command) {
 
 void SessionState::Say(const std::string& line, const char* flash, std::uint32_t backColour) {
     DebugOutput::Print(&debug, "%s", line.c_str());
-    calls_.flash(flash, kBlack, backColour, kFlashMs);
+    calls_.flash(flash, kBlack, backColour, kRefusalFlashMs);
 }
 
 void SessionState::OnLogStopped() {

@@ -2,18 +2,13 @@
 #include <optional>
 #include <string>
 
+#include "session/Colours.h"
 #include "session/RecordingItems.h"
 #include "session/ScratchLog.h"
 #include "session/SessionState.h"
 #include "session/UnsavedRecording.h"
 
 namespace corvex {
-
-namespace {
-
-constexpr std::uint32_t kGreen = 0x00FF00, kRed = 0x0000FF;
-
-}  // namespace
 
 void SessionState::RecordCommand() {
     if (!IsRefused("Record")) {

@@ -9,14 +9,12 @@ namespace corvex {
 
 namespace {
 
-constexpr std::uint32_t kReplyExpected = 1;
-
 // Bytes of what the command brings; no value when that is nothing to record.
 std::optional<std::uint32_t> RecordedSize(const ADXObject& object) {
     if (object.GetType() == kType160BaudListen) return static_cast<const ADXC160BaudListen&>(object).packetsize;
     if (object.GetType() != kTypeSendCommand) return std::nullopt;
     const auto& command = static_cast<const ADXCSendCommand&>(object);
-    return (command.flags & kReplyExpected) != 0 ? std::optional(command.replysize) : std::nullopt;
+    return (command.flags & ADXCSendCommand::kReplyExpected) != 0 ? std::optional(command.replysize) : std::nullopt;
 }
 
 }  // namespace

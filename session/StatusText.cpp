@@ -3,13 +3,13 @@
 #include <cstdio>
 
 #include "logging/DataLogEngine.h"
+#include "session/Colours.h"
 #include "session/ConnectionState.h"
 
 namespace corvex {
 
 namespace {
 
-constexpr std::uint32_t kWhite = 0xFFFFFF, kBlack = 0x000000;
 constexpr std::uint32_t kBlue = 0xFF0000, kGrey = 0x787878, kYellow = 0x00FFFF, kAmber = 0x82AAFF, kOrange = 0x2873FF;
 
 std::string LineText(const RightPanelState& state) {

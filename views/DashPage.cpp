@@ -38,7 +38,7 @@ void PlaceGauge(HWND gauge, const PixelArea& place) {
         ::InvalidateRect(gauge, nullptr, FALSE);
 }
 
-void LayOut(DashPage& state) {
+void LayOutDash(DashPage& state) {
     RECT client{};
     ::GetClientRect(state.window, &client);
     const RECT combo = RectInParent(::GetDlgItem(state.window, IDC_DASH_COMBO));
@@ -77,7 +77,7 @@ void Rebind(DashPage& state, std::uint32_t index, ADXObject* item) {
     if (isOtherKind) {
         ::DestroyWindow(std::exchange(gauge, nullptr));
         gauge = ShowGauge(state, index);
-        LayOut(state);
+        LayOutDash(state);
     } else {
         BindGauge(gauge, state.session->definition);
     }
@@ -110,18 +110,18 @@ void OnGaugeMenu(HWND page, unsigned control, POINT place) {
     Rebind(*state, index, item);
 }
 
-void TakeSelection(SessionState& session, HWND page) {
+void ShowChosenDashboard(SessionState& session, HWND page) {
     const HWND combo = ::GetDlgItem(page, IDC_DASH_COMBO);
     session.currentDashboard = static_cast<ADXDashboard*>(SelectedObject(combo, session.definition, kTypeDashboard));
     ShowDashboard(session.currentDashboard, page);
     ::SendMessageA(page, WM_SIZE, 0, 0);
 }
 
-void OnCommand(DashPage& state, WPARAM wParam, LPARAM lParam) {
+void OnDashCommand(DashPage& state, WPARAM wParam, LPARAM lParam) {
     const unsigned control = LOWORD(wParam), code = HIWORD(wParam);
     const POINT place{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     if (control == IDC_DASH_COMBO && code == CBN_SELCHANGE) {
-        TakeSelection(*state.session, state.window);
+        ShowChosenDashboard(*state.session, state.window);
     } else if (control >= kFirstGaugeId && (code == kAnalogGaugeMenuCode || code == kDigitalReadoutMenuCode)) {
         OnGaugeMenu(state.window, control, place);
     }
@@ -140,14 +140,14 @@ void OnSample(DashPage& state, const SampleCall& sample, WPARAM wParam) {
     state.sender.Handle(wParam, read, draw);
 }
 
-void Begin(HWND page, LPARAM session) {
+void BeginDash(HWND page, LPARAM session) {
     auto state = std::make_unique<DashPage>();
     state->window = page;
     state->session = reinterpret_cast<SessionState*>(session);
     ::SetWindowLongPtrA(page, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state.release()));
 }
 
-void End(HWND page) {
+void EndDash(HWND page) {
     const std::unique_ptr<DashPage> state(DashPageOf(page));
     ::SetWindowLongPtrA(page, GWLP_USERDATA, 0);
     if (state == nullptr) return;
@@ -157,17 +157,17 @@ void End(HWND page) {
 
 INT_PTR CALLBACK DashProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
-        Begin(page, lParam);
+        BeginDash(page, lParam);
         return FALSE;
     }
     DashPage* const state = DashPageOf(page);
     if (state == nullptr) return FALSE;
     switch (message) {
         case WM_SIZE:
-            LayOut(*state);
+            LayOutDash(*state);
             return TRUE;
         case WM_COMMAND:
-            OnCommand(*state, wParam, lParam);
+            OnDashCommand(*state, wParam, lParam);
             return TRUE;
         case kUpdateMessage:
             OnSample(*state, *reinterpret_cast<const SampleCall*>(lParam), wParam);
@@ -178,7 +178,7 @@ INT_PTR CALLBACK DashProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lP
             PaintPageGround(page);
             return TRUE;
         case WM_DESTROY:
-            End(page);
+            EndDash(page);
             return TRUE;
         default:
             return FALSE;
@@ -204,7 +204,7 @@ void RefreshDashPage(SessionState& session) {
     // First of all, as the gauges point at entries that are gone.
     ShowDashboard(nullptr, page);
     FillPageCombo(::GetDlgItem(page, IDC_DASH_COMBO), session.definition, kTypeDashboard);
-    TakeSelection(session, page);
+    ShowChosenDashboard(session, page);
 }
 
 void ShowDashboard(ADXDashboard* dashboard, HWND page) {

@@ -71,7 +71,7 @@ void ChooseGraph(HWND page) {
 }
 
 // Grid and chart have the same place.
-void LayOut(HWND page, int width, int height) {
+void LayOutHistograms(HWND page, int width, int height) {
     const HWND grid = ::GetDlgItem(page, IDC_HISTOGRAM_GRID);
     if (grid == nullptr) return;
     const RECT before = RectInParent(grid);
@@ -82,7 +82,7 @@ void LayOut(HWND page, int width, int height) {
                    now.bottom - now.top, SWP_NOZORDER);
 }
 
-void OnCommand(HWND page, WPARAM wParam) {
+void OnHistogramCommand(HWND page, WPARAM wParam) {
     switch (wParam) {
         case MAKEWPARAM(IDC_HISTOGRAM_COMBO, CBN_SELCHANGE):
         case MAKEWPARAM(IDC_HISTOGRAM_VIEW, CBN_SELCHANGE):
@@ -96,7 +96,7 @@ void OnCommand(HWND page, WPARAM wParam) {
     }
 }
 
-void Begin(HWND page, LPARAM session) {
+void BeginHistograms(HWND page, LPARAM session) {
     ::SetWindowLongPtrA(page, GWLP_USERDATA, session);
     SessionOf(page).histogramPage = page;
     FillStatistics(::GetDlgItem(page, IDC_HISTOGRAM_VIEW));
@@ -106,13 +106,13 @@ void Begin(HWND page, LPARAM session) {
 INT_PTR CALLBACK HistogramProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
-            Begin(page, lParam);
+            BeginHistograms(page, lParam);
             return TRUE;
         case WM_COMMAND:
-            OnCommand(page, wParam);
+            OnHistogramCommand(page, wParam);
             return TRUE;
         case WM_SIZE:
-            LayOut(page, LOWORD(lParam), HIWORD(lParam));
+            LayOutHistograms(page, LOWORD(lParam), HIWORD(lParam));
             return TRUE;
         case WM_DESTROY:
             SessionOf(page).histogramPage = nullptr;

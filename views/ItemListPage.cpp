@@ -46,7 +46,7 @@ HWND ListOf(HWND page) {
     return ::GetDlgItem(page, IDC_LIST_VIEW);
 }
 
-ItemList* StateOf(HWND page) {
+ItemList* ItemListOf(HWND page) {
     return reinterpret_cast<ItemList*>(::GetWindowLongPtrA(page, GWLP_USERDATA));
 }
 
@@ -63,13 +63,13 @@ void InsertColumns(HWND list) {
     }
 }
 
-void TakeSelection(SessionState& session, HWND page) {
+void ShowChosenList(SessionState& session, HWND page) {
     const HWND combo = ::GetDlgItem(page, IDC_LIST_COMBO);
     session.currentListView = static_cast<ADXListView*>(SelectedObject(combo, session.definition, kTypeListView));
     FillItemList(ListOf(page), session.currentListView);
 }
 
-void LayOut(HWND page) {
+void LayOutItemLists(HWND page) {
     RECT client{};
     ::GetClientRect(page, &client);
     const HWND list = ListOf(page);
@@ -77,7 +77,7 @@ void LayOut(HWND page) {
     ::SetWindowPos(list, nullptr, 0, 0, client.right, height, SWP_NOMOVE | SWP_NOZORDER);
 }
 
-void Begin(HWND page, LPARAM session) {
+void BeginItemLists(HWND page, LPARAM session) {
     auto state = std::make_unique<ItemList>(*reinterpret_cast<SessionState*>(session));
     state->session.listPage = page;
     ::SetWindowLongPtrA(page, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state.release()));
@@ -85,8 +85,8 @@ void Begin(HWND page, LPARAM session) {
     PaintSteadily(ListOf(page));  // every sample repaints it
 }
 
-void End(HWND page) {
-    const std::unique_ptr<ItemList> state(StateOf(page));
+void EndItemLists(HWND page) {
+    const std::unique_ptr<ItemList> state(ItemListOf(page));
     ::SetWindowLongPtrA(page, GWLP_USERDATA, 0);
     state->session.listPage = nullptr;
 }
@@ -142,14 +142,14 @@ INT_PTR OnNotify(HWND page, ItemList& state, LPARAM lParam) {
 
 INT_PTR CALLBACK ItemListProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
-        Begin(page, lParam);
+        BeginItemLists(page, lParam);
         return FALSE;
     }
-    ItemList* const state = StateOf(page);
+    ItemList* const state = ItemListOf(page);
     if (state == nullptr) return FALSE;
     switch (message) {
         case WM_COMMAND:
-            if (wParam == MAKEWPARAM(IDC_LIST_COMBO, CBN_SELCHANGE)) TakeSelection(state->session, page);
+            if (wParam == MAKEWPARAM(IDC_LIST_COMBO, CBN_SELCHANGE)) ShowChosenList(state->session, page);
             return TRUE;
         case WM_NOTIFY:
             return OnNotify(page, *state, lParam);
@@ -158,7 +158,7 @@ INT_PTR CALLBACK ItemListProcedure(HWND page, UINT message, WPARAM wParam, LPARA
                 wParam, [] {}, [page] { RepaintRows(ListOf(page)); });
             return TRUE;
         case WM_SIZE:
-            LayOut(page);
+            LayOutItemLists(page);
             return TRUE;
         case WM_ERASEBKGND:
             return DialogResult(page, 1);
@@ -166,7 +166,7 @@ INT_PTR CALLBACK ItemListProcedure(HWND page, UINT message, WPARAM wParam, LPARA
             PaintPageGround(page);
             return TRUE;
         case WM_DESTROY:
-            End(page);
+            EndItemLists(page);
             return TRUE;
         default:
             return FALSE;
@@ -190,7 +190,7 @@ void RefreshItemListPage(SessionState& session) {
     // First of all, as the rows point at entries that are gone.
     FillItemList(ListOf(page), nullptr);
     FillPageCombo(::GetDlgItem(page, IDC_LIST_COMBO), session.definition, kTypeListView);
-    TakeSelection(session, page);
+    ShowChosenList(session, page);
 }
 
 void RepaintItemList(const SessionState& session) {

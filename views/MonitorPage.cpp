@@ -10,24 +10,24 @@ namespace corvex {
 
 namespace {
 
-MonitorPage& StateOf(HWND page) {
+MonitorPage& MonitorPageOf(HWND page) {
     return *reinterpret_cast<MonitorPage*>(::GetWindowLongPtrA(page, GWLP_USERDATA));
 }
 
-void Begin(HWND page, LPARAM state) {
+void BeginMonitors(HWND page, LPARAM state) {
     ::SetWindowLongPtrA(page, GWLP_USERDATA, state);
-    StateOf(page).window = page;
-    StateOf(page).session->monitorPage = page;
+    MonitorPageOf(page).window = page;
+    MonitorPageOf(page).session->monitorPage = page;
 }
 
-void End(HWND page) {
-    StateOf(page).window = nullptr;
-    StateOf(page).charts.clear();  // their windows go with the page's
-    StateOf(page).session->monitorPage = nullptr;
+void EndMonitors(HWND page) {
+    MonitorPageOf(page).window = nullptr;
+    MonitorPageOf(page).charts.clear();  // their windows go with the page's
+    MonitorPageOf(page).session->monitorPage = nullptr;
 }
 
 // Stacks the charts, each over the whole width.
-void LayOut(const MonitorPage& state) {
+void StackCharts(const MonitorPage& state) {
     if (state.charts.empty()) return;
     RECT client{};
     ::GetClientRect(state.window, &client);
@@ -42,13 +42,13 @@ void LayOut(const MonitorPage& state) {
 INT_PTR CALLBACK MonitorProcedure(HWND page, UINT message, WPARAM /*wParam*/, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
-            Begin(page, lParam);
+            BeginMonitors(page, lParam);
             return TRUE;
         case WM_SIZE:
-            LayOut(StateOf(page));
+            StackCharts(MonitorPageOf(page));
             return TRUE;
         case WM_DESTROY:
-            End(page);
+            EndMonitors(page);
             return TRUE;
         default:
             return FALSE;

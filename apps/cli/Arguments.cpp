@@ -13,8 +13,6 @@ namespace corvex {
 
 namespace {
 
-constexpr double kLongestSeconds = 1e9;
-
 // An equation may begin with a minus sign, which would make it an option: whatever follows "eval" and is no request for
 // help is marked as plain text.
 void ProtectEquation(std::vector<std::string>& args) {

@@ -17,22 +17,22 @@ namespace corvex {
 
 namespace {
 
-bool Refuse(std::ostream& err, const std::string& path, const std::string& why) {
+bool RefuseToSave(std::ostream& err, const std::string& path, const std::string& why) {
     err << "corvex-cli: " << path << ": " << why << '\n';
     return false;
 }
 
 // Not every definition survives the way through a file, and the one that stands there may be the only one.
 bool SaveChecked(const ADXDefinition& definition, const std::string& path, std::ostream& err) {
-    if (IsDeviceOrPipe(path)) return definition.Save(path.c_str()) != 0 || Refuse(err, path, "cannot be written");
+    if (IsDeviceOrPipe(path)) return definition.Save(path.c_str()) != 0 || RefuseToSave(err, path, "cannot be written");
     FreshFile fresh(path);
     if (fresh.Name().empty() || definition.Save(fresh.Name().c_str()) == 0)
-        return Refuse(err, path, "cannot be written");
+        return RefuseToSave(err, path, "cannot be written");
     ADXDefinition read;
     char error[ADXDefinition::kErrorSize] = {};
     if (read.Load(fresh.Name().c_str(), error) == 0)
-        return Refuse(err, path, std::string("is not written, since it would not load again: ") + error);
-    return fresh.MoveIntoPlace() || Refuse(err, path, "cannot be written");
+        return RefuseToSave(err, path, std::string("is not written, since it would not load again: ") + error);
+    return fresh.MoveIntoPlace() || RefuseToSave(err, path, "cannot be written");
 }
 
 }  // namespace

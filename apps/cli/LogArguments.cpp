@@ -9,8 +9,6 @@ namespace corvex {
 
 namespace {
 
-constexpr double kLongestSeconds = 1e9;
-
 // As a log's times, which end at 2^32 milliseconds, and beyond.
 CLI::Range Seconds() {
     return CLI::Range(0.0, kLongestSeconds);

@@ -13,6 +13,8 @@ class App;
 
 namespace corvex {
 
+inline constexpr double kLongestSeconds = 1e9;  // that any option takes
+
 class LogArguments {
 public:
     LogArguments() = default;

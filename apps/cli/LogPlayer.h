@@ -51,7 +51,7 @@ private:
     std::atomic<std::uint32_t> index_{0};
     std::atomic<std::uint32_t> played_{0}, answered_{0};
     std::atomic<std::uint32_t> stops_{0};  // messages that the log has been stopped
-    bool asked_ = false;  // to end before the log does
+    bool asked_ = false;                   // to end before the log does
     SessionState session_;
 };
 

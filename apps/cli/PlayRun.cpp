@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kPatience = 50ms;
+constexpr auto kPlayPatience = 50ms;
 constexpr double kSlowestPaced = 0.01;
 
 }  // namespace
@@ -64,7 +64,7 @@ ExitCode PlayRun::Run() {
 void PlayRun::Loop(const ConsoleStop& stop) {
     bool stopping = false;
     while (player_.Runs()) {
-        Take(queue_.Take(kPatience));
+        Take(queue_.Take(kPlayPatience));
         if (!stopping && (stop.Requested() || !out_)) {
             stopping = true;
             player_.Stop();

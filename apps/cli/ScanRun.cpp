@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 
 // A line that stays silent must not hold a script for ever.
 constexpr double kOnceSeconds = 10.0;
-constexpr auto kPatience = 50ms;
+constexpr auto kScanPatience = 50ms;
 
 double LimitOf(const ScanOptions& options) {
     return options.seconds == 0.0 && options.once ? kOnceSeconds : options.seconds;
@@ -125,7 +125,7 @@ ExitCode ScanRun::Run() {
 void ScanRun::Loop(const ConsoleStop& stop) {
     bool stopping = false;
     while (!session_.WaitForThreads(0ms)) {
-        Take(queue_.Take(kPatience));
+        Take(queue_.Take(kScanPatience));
         ReportTrouble();
         if (!stopping && WantsStop(stop)) {
             stopping = true;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::uint32_t kFromLog = 1;  // source of a status
 
-std::vector<std::uint8_t> Bytes(PacketView view) {
+std::vector<std::uint8_t> CopyOf(PacketView view) {
     if (!view) return {};
     return {view.Bytes(), view.Bytes() + view.Size()};
 }
@@ -38,7 +38,7 @@ void ScanTap::TakeSample(double t, PacketView packet) {
     if (!packet) return;
     pending_.t = t;
     pending_.sampled = true;
-    pending_.packet = Bytes(packet);
+    pending_.packet = CopyOf(packet);
 }
 
 void ScanTap::TakeReply(const DataAcqStatus& status, PacketView reply) {
@@ -50,7 +50,7 @@ void ScanTap::TakeReply(const DataAcqStatus& status, PacketView reply) {
     if (!played && !event.sampled) event.t = session_->timer.Elapsed();
     event.code = status.code;
     event.expected = ExpectsReply(event.command);
-    event.reply = Bytes(reply);
+    event.reply = CopyOf(reply);
     // Packets of a 160-baud stream are published without the raw words being taken; the table reads raw words.
     if (event.sampled && event.command != nullptr && status.command->GetType() == kType160BaudListen)
         session_->definition.UpdateValues(event.Packet(), event.command->GetIdHash());

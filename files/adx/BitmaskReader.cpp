@@ -11,7 +11,7 @@ void ReadOperation(ADXBitmask& bitmask, const ADXElement& child) {
     if (child.Text() == "XOR") bitmask.bitop = ADXBitmask::kXor;
 }
 
-constexpr ChildField<ADXBitmask> kFields[] = {
+constexpr ChildField<ADXBitmask> kBitmaskFields[] = {
     {"desc", ReadDesc},
     {"flags", HexInto<&ADXBitmask::flags>},
     {"parentcmdidhash", HexInto<&ADXBitmask::parentcmdidhash>},
@@ -37,7 +37,7 @@ constexpr ChildField<ADXBitmask> kFields[] = {
 }  // namespace
 
 void ReadBitmaskChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kFields, object, child);
+    ReadField(kBitmaskFields, object, child);
 }
 
 }  // namespace corvex

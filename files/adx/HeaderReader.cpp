@@ -30,7 +30,7 @@ void IdInto(ADXDefinition&, HeaderWords& words, const ADXElement& child) {
     ReadId(words.*Id, child);
 }
 
-constexpr HeaderField kFields[] = {
+constexpr HeaderField kHeaderFields[] = {
     {"flags", [](ADXDefinition& definition, HeaderWords&, const ADXElement& child) { definition.flags = child.Hex(); }},
     {"objectcount", CountInto<&HeaderWords::objectcount>},
     {"commandcount", CountInto<&HeaderWords::commandcount>},
@@ -46,7 +46,7 @@ constexpr HeaderField kFields[] = {
 }  // namespace
 
 void ReadHeaderChild(ADXDefinition& definition, HeaderWords& words, const ADXElement& child) {
-    for (const HeaderField& field : kFields) {
+    for (const HeaderField& field : kHeaderFields) {
         if (child.Is(field.name)) return field.read(definition, words, child);
     }
 }

@@ -5,7 +5,7 @@
 namespace corvex {
 namespace {
 
-constexpr ChildField<ADXHistogram> kFields[] = {
+constexpr ChildField<ADXHistogram> kHistogramFields[] = {
     {"desc", ReadDesc},
     {"flags", HexInto<&ADXHistogram::flags>},
     {"parentcmdidhash", HexInto<&ADXHistogram::parentcmdidhash>},
@@ -24,7 +24,7 @@ constexpr ChildField<ADXHistogram> kFields[] = {
 }  // namespace
 
 void ReadHistogramChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kFields, object, child);
+    ReadField(kHistogramFields, object, child);
 }
 
 }  // namespace corvex

@@ -21,7 +21,7 @@ void ReadRow(ADXLookupTable& table, const ADXElement& child) {
 }
 
 // "entrycount" is written for other readers of the file; the rows tell it themselves.
-constexpr ChildField<ADXLookupTable> kFields[] = {
+constexpr ChildField<ADXLookupTable> kTableFields[] = {
     {"desc", ReadDesc},
     {"flags", HexInto<&ADXLookupTable::flags>},
     {"inputtype", DecInto<&ADXLookupTable::inputtype>},
@@ -33,7 +33,7 @@ constexpr ChildField<ADXLookupTable> kFields[] = {
 }  // namespace
 
 void ReadLookupTableChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kFields, object, child);
+    ReadField(kTableFields, object, child);
 }
 
 }  // namespace corvex

@@ -33,7 +33,7 @@ void ReadVar(ADXValue& value, const ADXElement& child) {
     value.SetVar(var);
 }
 
-constexpr ChildField<ADXValue> kFields[] = {
+constexpr ChildField<ADXValue> kValueFields[] = {
     {"desc", ReadDesc},
     {"flags", HexInto<&ADXValue::flags>},
     {"parentcmdidhash", HexInto<&ADXValue::parentcmdidhash>},
@@ -56,7 +56,7 @@ constexpr ChildField<ADXValue> kFields[] = {
 }  // namespace
 
 void ReadValueChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kFields, object, child);
+    ReadField(kValueFields, object, child);
 }
 
 }  // namespace corvex

@@ -9,11 +9,11 @@
 namespace corvex {
 namespace {
 
-constexpr std::uint8_t kPacket[] = {10, 20, 30};
+constexpr std::uint8_t kThreeBytes[] = {10, 20, 30};
 
 class ADXValueLink : public testing::Test {
 protected:
-    double Compute(ADXValue* value) { return value->Compute(definition, PacketView(kPacket, sizeof kPacket)); }
+    double Compute(ADXValue* value) { return value->Compute(definition, PacketView(kThreeBytes, sizeof kThreeBytes)); }
 
     ADXDefinition definition;
 };
@@ -51,7 +51,7 @@ TEST_F(ADXValueLink, PassesOffsetAndOptionsOn) {
     auto* value = test::AddValue(definition, "A", "X");
     auto* other = test::AddValue(definition, "B", "X");
     test::Link(*value, 'X', other->GetIdHash());
-    EXPECT_EQ(value->Compute(definition, PacketView(kPacket, 3), 2, kReadAtOffset), 30.0);
+    EXPECT_EQ(value->Compute(definition, PacketView(kThreeBytes, 3), 2, kReadAtOffset), 30.0);
 }
 
 TEST_F(ADXValueLink, TakesTheVariableBeforeWhenUnresolved) {

@@ -10,12 +10,12 @@
 namespace corvex {
 namespace {
 
-constexpr std::uint8_t kPacket[] = {0x12, 0x34, 0x56, 0x78, 0xFF, 0xFF, 0xFF, 0xFE};
+constexpr std::uint8_t kEightBytes[] = {0x12, 0x34, 0x56, 0x78, 0xFF, 0xFF, 0xFF, 0xFE};
 
 class ADXValueTest : public testing::Test {
 protected:
     double Native(ADXValue& value, std::uint32_t offset, std::uint32_t options = kReadAtOffset) {
-        return value.GetNative(PacketView(kPacket, sizeof kPacket), offset, options);
+        return value.GetNative(PacketView(kEightBytes, sizeof kEightBytes), offset, options);
     }
 
     ADXDefinition definition;
@@ -51,7 +51,7 @@ TEST_F(ADXValueTest, ReadsAByteUnsignedAndSigned) {
 
 TEST_F(ADXValueTest, ReadsTwoBytesInEitherOrder) {
     value.sizeinbits = 16;
-    const PacketView packet(kPacket, sizeof kPacket);
+    const PacketView packet(kEightBytes, sizeof kEightBytes);
     EXPECT_EQ(value.GetRaw(packet), 0x1234u);
     EXPECT_EQ(value.GetRaw(packet, 0, kReadNoSwap), 0x3412u);
     value.flags = ADXValue::kLowByteFirst;
@@ -92,7 +92,7 @@ TEST_F(ADXValueTest, TakesTheOffsetArgumentOnlyWhenAsked) {
 }
 
 TEST_F(ADXValueTest, KeepsTheLastRawWord) {
-    const PacketView packet(kPacket, sizeof kPacket);
+    const PacketView packet(kEightBytes, sizeof kEightBytes);
     EXPECT_EQ(value.GetRaw(packet), 0x12u);
     EXPECT_EQ(value.GetRaw(nullptr), 0x12u);
     value.packetoffset = 8;
@@ -102,7 +102,7 @@ TEST_F(ADXValueTest, KeepsTheLastRawWord) {
 TEST_F(ADXValueTest, AppliesTheEquationToRawZeroBeforeTheFirstPacket) {
     value.SetEquation("(X*0.75)-40", 11);
     EXPECT_EQ(value.Compute(definition, nullptr), -40.0);
-    EXPECT_EQ(value.Compute(definition, PacketView(kPacket, 1)), 18 * 0.75 - 40);
+    EXPECT_EQ(value.Compute(definition, PacketView(kEightBytes, 1)), 18 * 0.75 - 40);
 }
 
 TEST_F(ADXValueTest, CutsTheEquationAtTheLengthGiven) {
@@ -162,7 +162,7 @@ TEST_F(ADXValueTest, KeepsItsVariablesInStepWhenAnEquationDoesNotParse) {
     ASSERT_EQ(value.GetVarCount(), 1u);
     value.GetVar(0, &var);
     EXPECT_EQ(var.varid, 'X');
-    EXPECT_EQ(value.Compute(definition, PacketView(kPacket, 1)), 36.0);
+    EXPECT_EQ(value.Compute(definition, PacketView(kEightBytes, 1)), 36.0);
     char text[20];
     EXPECT_EQ(value.GetEquation(text, sizeof text), 5u);
     EXPECT_STREQ(text, "(Y+Z");
@@ -173,7 +173,7 @@ TEST_F(ADXValueTest, KeepsItsVariablesInStepWhenAnEquationDoesNotParse) {
 TEST_F(ADXValueTest, ReadsZeroWithoutAnEquationThatParsed) {
     value.SetEquation("(X", 2);
     EXPECT_EQ(value.GetVarCount(), 0u);
-    EXPECT_EQ(value.Compute(definition, PacketView(kPacket, 1)), 0.0);
+    EXPECT_EQ(value.Compute(definition, PacketView(kEightBytes, 1)), 0.0);
 }
 
 TEST_F(ADXValueTest, CopiesUnits) {
@@ -193,7 +193,7 @@ TEST_F(ADXValueTest, CopiesUnits) {
 
 TEST_F(ADXValueTest, NeverClampsToItsRange) {
     value.SetEquation("X*100", 5);
-    EXPECT_EQ(value.Compute(definition, PacketView(kPacket, 1)), 1800.0);
+    EXPECT_EQ(value.Compute(definition, PacketView(kEightBytes, 1)), 1800.0);
 }
 
 class LookupTest : public ADXValueTest {
@@ -207,7 +207,7 @@ protected:
 
     std::string Formatted(std::uint32_t options = 0) {
         char text[40] = "unchanged";
-        number = value.Format(text, sizeof text, definition, PacketView(kPacket, 1), 0, options);
+        number = value.Format(text, sizeof text, definition, PacketView(kEightBytes, 1), 0, options);
         return text;
     }
 
@@ -216,8 +216,8 @@ protected:
 };
 
 TEST_F(LookupTest, ConvertsTheResultOfTheEquation) {
-    EXPECT_EQ(value.Compute(definition, PacketView(kPacket, 1)), 180.0);
-    EXPECT_EQ(value.Compute(definition, PacketView(kPacket, 1), 0, kReadBeforeTable), 18.0);
+    EXPECT_EQ(value.Compute(definition, PacketView(kEightBytes, 1)), 180.0);
+    EXPECT_EQ(value.Compute(definition, PacketView(kEightBytes, 1), 0, kReadBeforeTable), 18.0);
 }
 
 TEST_F(LookupTest, ShowsTheTablesNumberAndReturnsTheOneBefore) {
@@ -233,7 +233,7 @@ TEST_F(LookupTest, ReadsZeroFromATextTableAndShowsItsText) {
     table.SetOutputType(ADXLookupTable::kText);
     table.AddEntryText(10, "Open", 4);
     table.AddEntryText(20, "Closed", 6);
-    EXPECT_EQ(value.Compute(definition, PacketView(kPacket, 1)), 0.0);
+    EXPECT_EQ(value.Compute(definition, PacketView(kEightBytes, 1)), 0.0);
     EXPECT_EQ(Formatted(), "Closed");
     EXPECT_EQ(number, 18.0);
 }
@@ -243,7 +243,7 @@ TEST_F(LookupTest, LinksPassTheirTableByWhenItIsNotToBeApplied) {
     auto* inner = test::AddValue(definition, "IN", "X");
     inner->lookup = &table;
     test::Link(*outer, 'X', inner->GetIdHash());
-    const PacketView packet(kPacket, 1);
+    const PacketView packet(kEightBytes, 1);
     EXPECT_EQ(outer->Compute(definition, packet), 180.0);
     EXPECT_EQ(outer->Compute(definition, packet, 0, kReadBeforeTable), 18.0);
 }

@@ -5,7 +5,7 @@
 namespace corvex {
 namespace {
 
-constexpr std::uint8_t kBytes[4] = {1, 2, 3, 4};
+constexpr std::uint8_t kPacketBytes[4] = {1, 2, 3, 4};
 
 TEST(PacketView, IsNoPacketWhenNull) {
     EXPECT_FALSE(PacketView(nullptr));
@@ -16,9 +16,9 @@ TEST(PacketView, IsNoPacketWhenNull) {
 }
 
 TEST(PacketView, GivesFieldsThatAreWhollyInside) {
-    const PacketView packet(kBytes, 4);
-    EXPECT_EQ(packet.Field(0, 4), kBytes);
-    EXPECT_EQ(packet.Field(3, 1), kBytes + 3);
+    const PacketView packet(kPacketBytes, 4);
+    EXPECT_EQ(packet.Field(0, 4), kPacketBytes);
+    EXPECT_EQ(packet.Field(3, 1), kPacketBytes + 3);
     EXPECT_EQ(packet.Field(3, 2), nullptr);
     EXPECT_EQ(packet.Field(4, 1), nullptr);
     EXPECT_EQ(packet.Field(0xFFFFFFFF, 1), nullptr);
@@ -26,9 +26,9 @@ TEST(PacketView, GivesFieldsThatAreWhollyInside) {
 }
 
 TEST(PacketView, TrustsABarePointer) {
-    const PacketView packet(kBytes);
+    const PacketView packet(kPacketBytes);
     EXPECT_TRUE(packet);
-    EXPECT_EQ(packet.Field(2, 2), kBytes + 2);
+    EXPECT_EQ(packet.Field(2, 2), kPacketBytes + 2);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 namespace corvex {
 namespace {
 
-constexpr std::array<std::uint8_t, 4> kPacket{0x12, 0x34, 0x56, 0x78};
+constexpr std::array<std::uint8_t, 4> kFourBytes{0x12, 0x34, 0x56, 0x78};
 
 TEST(RawWordTest, IsZeroBeforeThereWasAPacket) {
     RawWord word;
@@ -17,35 +17,35 @@ TEST(RawWordTest, IsZeroBeforeThereWasAPacket) {
 
 TEST(RawWordTest, KeepsTheWordOfTheLastPacket) {
     RawWord word;
-    EXPECT_EQ(word.Take({1, 16, 0}, kPacket.data(), 0, 0), 0x3456U);
+    EXPECT_EQ(word.Take({1, 16, 0}, kFourBytes.data(), 0, 0), 0x3456U);
     EXPECT_EQ(word.Take({1, 16, 0}, nullptr, 0, 0), 0x3456U);
 }
 
 TEST(RawWordTest, KeepsItWhenAPacketDoesNotHoldTheWholeField) {
     RawWord word;
-    word.Take({0, 16, 0}, kPacket.data(), 0, 0);
-    EXPECT_EQ(word.Take({3, 16, 0}, PacketView(kPacket.data(), kPacket.size()), 0, 0), 0x1234U);
-    EXPECT_EQ(word.Take({0xFFFFFFFF, 16, 0}, PacketView(kPacket.data(), kPacket.size()), 0, 0), 0x1234U);
+    word.Take({0, 16, 0}, kFourBytes.data(), 0, 0);
+    EXPECT_EQ(word.Take({3, 16, 0}, PacketView(kFourBytes.data(), kFourBytes.size()), 0, 0), 0x1234U);
+    EXPECT_EQ(word.Take({0xFFFFFFFF, 16, 0}, PacketView(kFourBytes.data(), kFourBytes.size()), 0, 0), 0x1234U);
 }
 
 TEST(RawWordTest, ReadsAtTheOffsetThatIsAskedFor) {
     RawWord word;
-    EXPECT_EQ(word.Take({0, 8, 0}, kPacket.data(), 2, kReadAtOffset), 0x56U);
-    EXPECT_EQ(word.Take({0, 8, 0}, kPacket.data(), 2, 0), 0x12U);
+    EXPECT_EQ(word.Take({0, 8, 0}, kFourBytes.data(), 2, kReadAtOffset), 0x56U);
+    EXPECT_EQ(word.Take({0, 8, 0}, kFourBytes.data(), 2, 0), 0x12U);
 }
 
 TEST(RawWordTest, SwapsUnlessFlagOrOptionForbidsIt) {
     RawWord word;
-    EXPECT_EQ(word.Take({0, 16, kFlagLowByteFirst}, kPacket.data(), 0, 0), 0x3412U);
-    EXPECT_EQ(word.Take({0, 16, 0}, kPacket.data(), 0, kReadNoSwap), 0x3412U);
+    EXPECT_EQ(word.Take({0, 16, kFlagLowByteFirst}, kFourBytes.data(), 0, 0), 0x3412U);
+    EXPECT_EQ(word.Take({0, 16, 0}, kFourBytes.data(), 0, kReadNoSwap), 0x3412U);
 }
 
 TEST(RawWordTest, APeekReadsAsATakeDoesAndKeepsNothing) {
     RawWord word;
-    word.Take({0, 16, 0}, kPacket.data(), 0, 0);
-    EXPECT_EQ(word.Peek({2, 16, 0}, kPacket.data(), 0, 0), 0x5678U);
-    EXPECT_EQ(word.Peek({2, 16, kFlagLowByteFirst}, kPacket.data(), 1, kReadAtOffset), 0x5634U);
-    EXPECT_EQ(word.Peek({3, 16, 0}, PacketView(kPacket.data(), kPacket.size()), 0, 0), 0x1234U);
+    word.Take({0, 16, 0}, kFourBytes.data(), 0, 0);
+    EXPECT_EQ(word.Peek({2, 16, 0}, kFourBytes.data(), 0, 0), 0x5678U);
+    EXPECT_EQ(word.Peek({2, 16, kFlagLowByteFirst}, kFourBytes.data(), 1, kReadAtOffset), 0x5634U);
+    EXPECT_EQ(word.Peek({3, 16, 0}, PacketView(kFourBytes.data(), kFourBytes.size()), 0, 0), 0x1234U);
     EXPECT_EQ(word.Take({0, 16, 0}, nullptr, 0, 0), 0x1234U);
 }
 

@@ -12,7 +12,7 @@ namespace corvex::test {
 
 namespace {
 
-constexpr int kComboId = 1009, kFirstGaugeId = 10000;
+constexpr int kDashComboId = 1009, kFirstGaugeId = 10000;
 
 // In wide letters: asked for in bytes, Wine hands the wide ones over to another process and calls them bytes.
 std::string RowText(HWND combo, WPARAM row) {
@@ -44,7 +44,7 @@ std::vector<std::string> ComboRows(HWND combo) {
 }
 
 HWND DashView::Combo() const {
-    return FindBelow(window_, "ComboBox", kComboId);
+    return FindBelow(window_, "ComboBox", kDashComboId);
 }
 
 HWND DashView::Page() const {

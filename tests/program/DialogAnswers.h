@@ -7,6 +7,10 @@
 
 namespace corvex::test {
 
+// Titles that several tests wait for.
+inline constexpr char kEditorTitle[] = "Corvex Definition Editor";
+inline constexpr char kSaveLogTitle[] = "Select/Create file to save...";
+
 // Each waits for its dialog with a long deadline, and throws std::runtime_error when it does not come or does not go.
 
 // The visible dialog with this title.

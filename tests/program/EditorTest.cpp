@@ -3,8 +3,6 @@
 namespace corvex::test {
 namespace {
 
-constexpr char kEditor[] = "Corvex Definition Editor";
-
 class Editor : public ProgramTest {};
 
 TEST_F(Editor, SavesWhatWasEditedAndTheProgramLoadsIt) {
@@ -13,7 +11,7 @@ TEST_F(Editor, SavesWhatWasEditedAndTheProgramLoadsIt) {
     ExpectOutput("Loaded ");
     const std::size_t before = Window().OutputLines().size();
     Window().Send(kEditDefinition);
-    HWND dialog = WaitForDialog(program->Id(), kEditor);
+    HWND dialog = WaitForDialog(program->Id(), kEditorTitle);
     EXPECT_FALSE(::IsWindowEnabled(Window().Handle()));
     // The field that holds the author now.
     HWND author = nullptr;
@@ -37,7 +35,7 @@ TEST_F(Editor, LeavesTheFileAloneWhenCancelled) {
     ExpectOutput("Loaded ");
     const std::string content = folder.Files().Content("harrier-8192.adx");
     Window().Send(kEditDefinition);
-    CancelDialog(program->Id(), kEditor);
+    CancelDialog(program->Id(), kEditorTitle);
     EXPECT_TRUE(Eventually([&] { return ::IsWindowEnabled(Window().Handle()) != FALSE; }));
     EXPECT_EQ(folder.Files().Content("harrier-8192.adx"), content);
     EXPECT_EQ(Window().OutputLines().size(), 1U);
@@ -47,7 +45,7 @@ TEST_F(Editor, AsksForTheNameOfANewDefinition) {
     Settle();
     Start();
     Window().Send(kNewDefinition);
-    HWND dialog = WaitForDialog(program->Id(), kEditor);
+    HWND dialog = WaitForDialog(program->Id(), kEditorTitle);
     ::PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
     // Whatever it calls the box in which it asks.
     HWND asking = nullptr;

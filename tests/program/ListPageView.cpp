@@ -9,7 +9,7 @@ namespace corvex::test {
 
 namespace {
 
-constexpr int kListId = 1000, kComboId = 1006;
+constexpr int kListId = 1000, kListComboId = 1006;
 constexpr int kValueColumn = 1, kTitleColumn = 2;
 
 }  // namespace
@@ -19,7 +19,7 @@ HWND ListPageView::List() const {
 }
 
 HWND ListPageView::Combo() const {
-    return FindBelow(window_, "ComboBox", kComboId);
+    return FindBelow(window_, "ComboBox", kListComboId);
 }
 
 int ListPageView::RowCount() const {

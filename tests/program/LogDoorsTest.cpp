@@ -7,8 +7,6 @@
 namespace corvex::test {
 namespace {
 
-constexpr char kSaveTitle[] = "Select/Create file to save...";
-
 class LogDoors : public ProgramTest {
 protected:
     void StartWithLog(const std::string& log) {
@@ -56,7 +54,7 @@ TEST_F(LogDoors, UnsavedRecordingGetsANameOfItsOwn) {
     Connect();
     Record();
     Window().Send(kStop);
-    CancelDialog(program->Id(), kSaveTitle);
+    CancelDialog(program->Id(), kSaveLogTitle);
     const std::string drive = folder.Files().Content("temp.xdl");
     Record();
     ExpectOutput("The recording before was not saved. It is now " + folder.Name("drive-"));

@@ -5,8 +5,6 @@
 namespace corvex::test {
 namespace {
 
-constexpr char kEditor[] = "Corvex Definition Editor";
-
 // The definition is changed under a scan or a playback.
 class DefinitionAtWork : public ProgramTest {
 protected:
@@ -39,7 +37,7 @@ protected:
     }
     void Edit() {
         Window().Send(kEditDefinition);
-        HWND dialog = WaitForDialog(program->Id(), kEditor);
+        HWND dialog = WaitForDialog(program->Id(), kEditorTitle);
         HWND author = nullptr;
         for (HWND window : AllBelow(dialog)) {
             if (ClassOf(window) == "Edit" && TextOf(window) == "The Corvex authors") author = window;

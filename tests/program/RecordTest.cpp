@@ -4,8 +4,6 @@
 namespace corvex::test {
 namespace {
 
-constexpr char kSaveTitle[] = "Select/Create file to save...";
-
 class Record : public ProgramTest {
 protected:
     // A recording with samples in it.
@@ -37,7 +35,7 @@ TEST_F(Record, IsSavedToANewName) {
     RecordSome();
     EXPECT_NE(Window().RightText().find("Errors: 0"), std::string::npos) << Window().RightText();
     Window().Send(kStop);
-    ChooseFile(program->Id(), kSaveTitle, folder.Name("drive.xdl"));
+    ChooseFile(program->Id(), kSaveLogTitle, folder.Name("drive.xdl"));
     ExpectOutput("Log saved to " + folder.Name("drive.xdl"));
     EXPECT_TRUE(Window().OutputHas("Recording stopped"));
     ExpectLeft("ALDL: Connected");
@@ -53,7 +51,7 @@ TEST_F(Record, NeverReplacesALog) {
     Start();
     RecordSome();
     Window().Press(kLogToolbarId, kStopButton);
-    ChooseFile(program->Id(), kSaveTitle, folder.Name("old.xdl"));
+    ChooseFile(program->Id(), kSaveLogTitle, folder.Name("old.xdl"));
     EXPECT_EQ(CloseBox(program->Id(), "Cannot overwrite"),
               "Log save failed. Log backup saved in install directory as \"temp.xdl\"");
     ExpectOutput("Cannot overwrite existing log: " + folder.Name("old.xdl") + ", error 0xB7");
@@ -67,7 +65,7 @@ TEST_F(Record, StaysInTheScratchFileWhenNoNameIsGiven) {
     Start();
     RecordSome();
     Window().Send(kStop);
-    CancelDialog(program->Id(), kSaveTitle);
+    CancelDialog(program->Id(), kSaveLogTitle);
     ExpectBar({.play = true, .record = true, .load = true});
     ExpectOutput("Recording stopped");
     EXPECT_FALSE(Window().OutputHas("Log saved"));
@@ -80,10 +78,10 @@ TEST_F(Record, GoesOnWhileTheSaveDialogWaitsForTheScanOnly) {
     Start();
     RecordSome();
     Window().Send(kStop);
-    WaitForDialog(program->Id(), kSaveTitle);
+    WaitForDialog(program->Id(), kSaveLogTitle);
     const std::string before = Window().Output();
     EXPECT_TRUE(Eventually([&] { return Window().Output() != before; })) << "the scan stands still";
-    CancelDialog(program->Id(), kSaveTitle);
+    CancelDialog(program->Id(), kSaveLogTitle);
 }
 
 TEST_F(Record, ShowsItsTimeWhenNoLineIsConnected) {
@@ -96,7 +94,7 @@ TEST_F(Record, ShowsItsTimeWhenNoLineIsConnected) {
     EXPECT_EQ(Window().LeftText(), "Log Recording");
     ExpectBar({.stop = true});
     Window().Send(kStop);
-    ChooseFile(program->Id(), kSaveTitle, folder.Name("drive.xdl"));
+    ChooseFile(program->Id(), kSaveLogTitle, folder.Name("drive.xdl"));
     ExpectLeft("ALDL: Not Connected");
     ExpectWholeLog("drive.xdl");
 }
@@ -106,7 +104,7 @@ TEST_F(Record, IsPlayedBackAsItCame) {
     Start();
     RecordSome();
     Window().Send(kStop);
-    ChooseFile(program->Id(), kSaveTitle, folder.Name("drive.xdl"));
+    ChooseFile(program->Id(), kSaveLogTitle, folder.Name("drive.xdl"));
     ExpectOutput("Log saved to ");
     Window().Send(kScan);
     ExpectLeft("ALDL: Not Connected");

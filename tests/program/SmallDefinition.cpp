@@ -19,7 +19,7 @@ std::string Hex(std::uint32_t word) {
     return text.data();
 }
 
-std::string Command(const std::string& id, const std::string& request) {
+std::string SendCommand(const std::string& id, const std::string& request) {
     std::string text = Start("ADXCSENDCOMMAND", id, id);
     text.append(" flags=\"0x00000001\"><bytestring size=\"0x2\">").append(request).append("</bytestring><replysize>");
     text.append(std::to_string(SmallDefinition::kReplySize)).append("</replysize><replytimeout>200</replytimeout>");
@@ -44,8 +44,8 @@ SmallDefinition::SmallDefinition(const std::vector<std::string>& connect, const 
     Add("<ADXFORMAT version=\"0.50\" />");
     Add("<ADXHEADER><flags>0x00</flags><objectcount>0</objectcount><baud>8192</baud><connectcmd>CONNECT</connectcmd>"
         "<monitorcmd>MONITOR</monitorcmd></ADXHEADER>");
-    Add(Command("POLL", "0xA0 0x01 "));
-    Add(Command("OTHER", "0xB0 0x02 "));
+    Add(SendCommand("POLL", "0xA0 0x01 "));
+    Add(SendCommand("OTHER", "0xB0 0x02 "));
     Add(Start("ADXCLISTENSILENCE", "PAUSE", "Pause") +
         "><silencelen>20</silencelen><totaltimeout>400</totaltimeout></ADXCLISTENSILENCE>");
     Macro("CONNECT", connect);

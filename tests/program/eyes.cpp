@@ -11,8 +11,6 @@
 namespace corvex::test {
 namespace {
 
-constexpr UINT kGetMenu = 0x01E1;  // of a popup menu's window
-
 void TakePicture(EyesRequest& request) {
     RECT area{};
     ::GetClientRect(request.window, &area);
@@ -29,7 +27,7 @@ void TakePicture(EyesRequest& request) {
 
 void ReadMenu(EyesRequest& request) {
     std::string text;
-    for (const std::string& row : RowsOf(reinterpret_cast<HMENU>(::SendMessageA(request.window, kGetMenu, 0, 0))))
+    for (const std::string& row : RowsOf(reinterpret_cast<HMENU>(::SendMessageA(request.window, kGetPopupMenu, 0, 0))))
         text.append(row).append("\n");
     if (text.size() >= EyesRequest::kTextSize) return;
     std::memcpy(request.text, text.c_str(), text.size() + 1);

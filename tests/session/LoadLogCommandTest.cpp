@@ -5,7 +5,7 @@
 namespace corvex::test {
 namespace {
 
-constexpr char kAsked[] = "ask open Select datalog...";
+constexpr char kAskedForLog[] = "ask open Select datalog...";
 
 class LoadLogCommandTest : public LogSessionTest {};
 
@@ -13,7 +13,7 @@ TEST_F(LoadLogCommandTest, ChosenLogIsTheOneToPlay) {
     recorder.answer = folder.Name("gone.xdl");
     session.LoadLogCommand();
     EXPECT_EQ(folder.Name("gone.xdl"), session.settings.lastxdlpath);
-    EXPECT_EQ((Calls{kAsked, "buttons", "title"}), recorder.Take());
+    EXPECT_EQ((Calls{kAskedForLog, "buttons", "title"}), recorder.Take());
     EXPECT_EQ(kLogClosed, session.log.State());
     EXPECT_EQ("", text.Text());
 }
@@ -29,7 +29,7 @@ TEST_F(LoadLogCommandTest, NothingChosenChangesNothing) {
     Choose("before");
     session.LoadLogCommand();
     EXPECT_STREQ("before", session.settings.lastxdlpath);
-    EXPECT_EQ((Calls{kAsked, "buttons"}), recorder.Take());
+    EXPECT_EQ((Calls{kAskedForLog, "buttons"}), recorder.Take());
 }
 
 TEST_F(LoadLogCommandTest, LongNameIsCut) {
@@ -51,7 +51,7 @@ TEST_F(LoadLogCommandTest, PlaybackIsPausedFirstWithoutALine) {
     EXPECT_EQ("", text.Text());
     // The thread's end may be told at any moment after the pause.
     const Calls noted = recorder.Take();
-    EXPECT_EQ(1, std::count(noted.begin(), noted.end(), kAsked));
+    EXPECT_EQ(1, std::count(noted.begin(), noted.end(), kAskedForLog));
     EXPECT_LE(1, std::count(noted.begin(), noted.end(), "status"));
     EXPECT_LE(2, std::count(noted.begin(), noted.end(), "buttons"));
 }

@@ -5,7 +5,7 @@
 namespace corvex::test {
 namespace {
 
-constexpr char kAsked[] = "ask save Select/Create file to save...";
+constexpr char kAskedForName[] = "ask save Select/Create file to save...";
 
 class SaveFlowTest : public LogSessionTest {
 protected:
@@ -33,7 +33,7 @@ TEST_F(SaveFlowTest, MovesTheRecordingToANewName) {
     EXPECT_EQ(name, session.settings.lastxdlpath);
     EXPECT_EQ(kLogClosed, session.log.State());
     EXPECT_EQ(Lines("Log saved to " + name), text.Text());
-    EXPECT_EQ((Calls{kAsked, kStoppedPlayback, "slider 0", "buttons", "status"}), recorder.Take());
+    EXPECT_EQ((Calls{kAskedForName, kStoppedPlayback, "slider 0", "buttons", "status"}), recorder.Take());
 }
 
 TEST_F(SaveFlowTest, PromptIsTheDialogs) {
@@ -64,10 +64,10 @@ TEST_F(SaveFlowTest, ExistingFileAndRecordingAreBothKept) {
     std::snprintf(line, sizeof line, "Cannot overwrite existing log: %s, error 0x%X", name.c_str(),
                   static_cast<unsigned>(MoveToNewName(folder.Name("temp.xdl"), name)));
     EXPECT_EQ(Lines(line), text.Text());
-    EXPECT_EQ(
-        (Calls{kAsked, kStoppedPlayback, "box Cannot overwrite: Log save failed. Log backup saved in install directory as \"temp.xdl\"",
-               "slider 0", "buttons", "status"}),
-        recorder.Take());
+    EXPECT_EQ((Calls{kAskedForName, kStoppedPlayback,
+                     "box Cannot overwrite: Log save failed. Log backup saved in install directory as \"temp.xdl\"",
+                     "slider 0", "buttons", "status"}),
+              recorder.Take());
 }
 
 TEST_F(SaveFlowTest, FolderThatIsNotThereKeepsTheRecording) {
@@ -84,7 +84,7 @@ TEST_F(SaveFlowTest, CancellingKeepsTheRecordingInTheScratchFile) {
     EXPECT_STREQ("before", session.settings.lastxdlpath);
     EXPECT_EQ(kLogClosed, session.log.State());
     EXPECT_EQ("Recording stopped", text.Text());
-    EXPECT_EQ((Calls{kAsked, kStoppedPlayback, "buttons", "status"}), recorder.Take());
+    EXPECT_EQ((Calls{kAskedForName, kStoppedPlayback, "buttons", "status"}), recorder.Take());
     EXPECT_TRUE(elsewhere.Has("temp.xdl"));
 }
 
@@ -186,7 +186,7 @@ TEST_F(SlowSaveTest, NameIsGivenWhenTheDiskHasTheRecording) {
     EXPECT_FALSE(folder.Has("temp.xdl"));
     EXPECT_TRUE(folder.Has("drive.xdl"));
     EXPECT_EQ(folder.Name("drive.xdl"), slow.settings.lastxdlpath);
-    EXPECT_EQ(1U, recorder.Count(kAsked));
+    EXPECT_EQ(1U, recorder.Count(kAskedForName));
 }
 
 TEST_F(SlowSaveTest, RecordMeanwhileIsCarriedOutThen) {
@@ -207,7 +207,7 @@ TEST_F(SlowSaveTest, StopMeanwhileForgetsWhatWasPressedAndNotTheName) {
     EXPECT_TRUE(Ends());
     EXPECT_EQ(kLogClosed, slow.log.State());
     EXPECT_TRUE(folder.Has("drive.xdl"));
-    EXPECT_EQ(1U, recorder.Count(kAsked));
+    EXPECT_EQ(1U, recorder.Count(kAskedForName));
 }
 
 TEST_F(SlowSaveTest, SaysWhatTheDiskDidNotTake) {

@@ -5,12 +5,12 @@
 namespace corvex::test {
 namespace {
 
-using Rows = std::vector<std::string>;
+using MenuRows = std::vector<std::string>;
 
 class DashItemMenuTest : public DashTest {
 protected:
-    Rows RowsOn(HWND gauge) {
-        Rows rows;
+    MenuRows RowsOn(HWND gauge) {
+        MenuRows rows;
         Press(gauge, {}, [&](HMENU menu) { rows = RowsOf(menu); });
         return rows;
     }
@@ -31,21 +31,21 @@ protected:
 
 TEST_F(DashItemMenuTest, AnAnalogGaugeIsOfferedValuesAlone) {
     ShowOne(0, load);
-    EXPECT_EQ((Rows{"1 Values", "10 Speed", "11* Load"}), RowsOn(Gauge(0)));
+    EXPECT_EQ((MenuRows{"1 Values", "10 Speed", "11* Load"}), RowsOn(Gauge(0)));
 }
 
 TEST_F(DashItemMenuTest, TheOthersAreOfferedBitmasksToo) {
     AddEntry(1, speed);
     AddEntry(2, lamp);
     Show();
-    EXPECT_EQ((Rows{"1 Values", "10* Speed", "11 Load", "2 Bitmasks", "12 Fan", "13 Lamp"}), RowsOn(Gauge(0)));
-    EXPECT_EQ((Rows{"1 Values", "10 Speed", "11 Load", "2 Bitmasks", "12 Fan", "13* Lamp"}), RowsOn(Gauge(1)));
+    EXPECT_EQ((MenuRows{"1 Values", "10* Speed", "11 Load", "2 Bitmasks", "12 Fan", "13 Lamp"}), RowsOn(Gauge(0)));
+    EXPECT_EQ((MenuRows{"1 Values", "10 Speed", "11 Load", "2 Bitmasks", "12 Fan", "13* Lamp"}), RowsOn(Gauge(1)));
 }
 
 TEST_F(DashItemMenuTest, LongTitlesAreCut) {
     speed->SetTitle(std::string(300, 'y').c_str(), 300);
     ShowOne(0, nullptr);
-    EXPECT_EQ((Rows{"1 Values", "10 " + std::string(255, 'y'), "11 Load"}), RowsOn(Gauge(0)));
+    EXPECT_EQ((MenuRows{"1 Values", "10 " + std::string(255, 'y'), "11 Load"}), RowsOn(Gauge(0)));
 }
 
 TEST_F(DashItemMenuTest, NothingChosenChangesNothing) {
@@ -80,8 +80,8 @@ TEST_F(DashItemMenuTest, TheSameValueIsBoundAgainByItsOwnRange) {
     Update({100});
     GaugeRecorder recorder(Gauge(0));
     Press(Gauge(0), KeysFor(0, 0));
-    EXPECT_EQ((Rows{"title Speed", "units km/h", "value 20 redraw", "digits 2", "range 20 255", "no alarms",
-                    "value 100 redraw"}),
+    EXPECT_EQ((MenuRows{"title Speed", "units km/h", "value 20 redraw", "digits 2", "range 20 255", "no alarms",
+                        "value 100 redraw"}),
               recorder.lines);
     EXPECT_EQ(1U, session.dashChanged);
 }
@@ -103,7 +103,7 @@ TEST_F(DashItemMenuTest, AReadoutBecomesALampForABitmask) {
     EXPECT_EQ(2U, State().gauges.size());
     GaugeRecorder recorder(Gauge(1));
     Update({10, 90, 1});
-    EXPECT_EQ((Rows{"state 1 redraw"}), recorder.lines);
+    EXPECT_EQ((MenuRows{"state 1 redraw"}), recorder.lines);
 }
 
 TEST_F(DashItemMenuTest, ALampBecomesAReadoutForAValue) {

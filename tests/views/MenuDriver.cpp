@@ -7,7 +7,6 @@ namespace corvex::test {
 
 namespace {
 
-constexpr UINT kGetMenu = 0x01E1;  // of a popup menu's window
 constexpr char kCallClass[] = "CorvexTestCall";
 
 template <class Predicate>
@@ -54,7 +53,7 @@ void MenuDriver::Run() {
     HWND window = nullptr;
     came_ = Polls([&] { return (window = OpenMenu()) != nullptr; });
     if (!came_) return;
-    if (look_) look_(reinterpret_cast<HMENU>(::SendMessageA(window, kGetMenu, 0, 0)));
+    if (look_) look_(reinterpret_cast<HMENU>(::SendMessageA(window, kGetPopupMenu, 0, 0)));
     for (const WPARAM key : keys_)
         ::PostMessageA(window, WM_KEYDOWN, key, 1);
     // The character that Enter makes would come after keys that are posted already.

@@ -10,6 +10,8 @@
 
 namespace corvex::test {
 
+inline constexpr UINT kGetPopupMenu = 0x01E1;  // asks a popup menu's window for the menu
+
 // Waits on a thread of its own for the next popup menu of this process, 10 seconds at most, has `look` see it on that
 // thread, and then presses the keys, of which the last one chooses a row. Without keys it closes the menu.
 class MenuDriver {

@@ -9,14 +9,14 @@ namespace corvex {
 namespace {
 
 // The options of the command, or the code to end with.
-std::variant<Options, ExitCode> Parse(std::vector<std::string> args) {
+std::variant<Options, ExitCode> ParseLogArguments(std::vector<std::string> args) {
     std::ostringstream out, err;
     return ParseArguments(std::move(args), out, err);
 }
 
 template <class T>
-T Parsed(std::vector<std::string> args) {
-    const auto parsed = Parse(std::move(args));
+T OptionsFrom(std::vector<std::string> args) {
+    const auto parsed = ParseLogArguments(std::move(args));
     const Options* const options = std::get_if<Options>(&parsed);
     const T* const chosen = options == nullptr ? nullptr : std::get_if<T>(options);
     EXPECT_NE(chosen, nullptr);
@@ -24,23 +24,23 @@ T Parsed(std::vector<std::string> args) {
 }
 
 TEST(LogArgumentsTest, ReadsInfo) {
-    const auto plain = Parsed<InfoOptions>({"info", "a.xdl"});
+    const auto plain = OptionsFrom<InfoOptions>({"info", "a.xdl"});
     EXPECT_EQ(plain.log, "a.xdl");
     EXPECT_FALSE(plain.human);
     EXPECT_EQ(plain.definition, "");
-    const auto human = Parsed<InfoOptions>({"info", "a.xdl", "--human", "-d", "b.adx"});
+    const auto human = OptionsFrom<InfoOptions>({"info", "a.xdl", "--human", "-d", "b.adx"});
     EXPECT_TRUE(human.human);
     EXPECT_EQ(human.definition, "b.adx");
 }
 
 TEST(LogArgumentsTest, ReadsDecode) {
-    const auto plain = Parsed<DecodeOptions>({"decode", "-d", "b.adx", "a.xdl"});
+    const auto plain = OptionsFrom<DecodeOptions>({"decode", "-d", "b.adx", "a.xdl"});
     EXPECT_EQ(plain.log, "a.xdl");
     EXPECT_EQ(plain.definition, "b.adx");
     EXPECT_EQ(plain.output, "-");
     EXPECT_EQ(plain.from, 0.0);
     EXPECT_TRUE(std::isinf(plain.to));
-    const auto full = Parsed<DecodeOptions>(
+    const auto full = OptionsFrom<DecodeOptions>(
         {"decode", "-d", "b.adx", "a.xdl", "-o", "-", "--text", "--items", "*rpm*", "--from", "1.5", "--to", "2"});
     EXPECT_EQ(full.output, "-");
     EXPECT_TRUE(full.text);
@@ -50,9 +50,9 @@ TEST(LogArgumentsTest, ReadsDecode) {
 }
 
 TEST(LogArgumentsTest, ReadsPlay) {
-    EXPECT_EQ(Parsed<PlayOptions>({"play", "-d", "b.adx", "a.xdl"}).speed, 1.0);
+    EXPECT_EQ(OptionsFrom<PlayOptions>({"play", "-d", "b.adx", "a.xdl"}).speed, 1.0);
     const auto full =
-        Parsed<PlayOptions>({"play", "-d", "b.adx", "a.xdl", "--speed", "4", "--from", "9", "--json", "-v"});
+        OptionsFrom<PlayOptions>({"play", "-d", "b.adx", "a.xdl", "--speed", "4", "--from", "9", "--json", "-v"});
     EXPECT_EQ(full.speed, 4.0);
     EXPECT_EQ(full.from, 9.0);
     EXPECT_TRUE(full.json);
@@ -60,7 +60,7 @@ TEST(LogArgumentsTest, ReadsPlay) {
 }
 
 TEST(LogArgumentsTest, TakesSeveralViewsAndTheLogBehindThem) {
-    const auto options = Parsed<HistogramOptions>(
+    const auto options = OptionsFrom<HistogramOptions>(
         {"histogram", "-d", "b.adx", "--id", "H", "--view", "count", "--view", "average-total", "a.xdl", "--csv"});
     EXPECT_EQ(options.log, "a.xdl");
     EXPECT_EQ(options.id, "H");
@@ -69,11 +69,11 @@ TEST(LogArgumentsTest, TakesSeveralViewsAndTheLogBehindThem) {
 }
 
 TEST(LogArgumentsTest, ReadsRepairAndRecord) {
-    const auto repair = Parsed<RepairOptions>({"repair", "a.xdl", "b.xdl", "--force"});
+    const auto repair = OptionsFrom<RepairOptions>({"repair", "a.xdl", "b.xdl", "--force"});
     EXPECT_EQ(repair.input, "a.xdl");
     EXPECT_EQ(repair.output, "b.xdl");
     EXPECT_TRUE(repair.force);
-    const auto scan = Parsed<ScanOptions>({"scan", "-d", "b.adx", "-p", "COM1", "--record", "c.xdl", "--force"});
+    const auto scan = OptionsFrom<ScanOptions>({"scan", "-d", "b.adx", "-p", "COM1", "--record", "c.xdl", "--force"});
     EXPECT_EQ(scan.record, "c.xdl");
     EXPECT_TRUE(scan.force);
 }
@@ -92,7 +92,7 @@ TEST(LogArgumentsTest, CallsWrongUsageByItsCode) {
                                                {"histogram", "-d", "b", "a", "--view", "most"},
                                                {"repair", "a"},
                                                {"scan", "-d", "a", "-p", "b", "--force"}}) {
-        const auto parsed = Parse(args);
+        const auto parsed = ParseLogArguments(args);
         const ExitCode* const code = std::get_if<ExitCode>(&parsed);
         ASSERT_NE(code, nullptr) << testing::PrintToString(args);
         EXPECT_EQ(*code, kExitUsage) << testing::PrintToString(args);

@@ -9,15 +9,15 @@ namespace corvex {
 namespace {
 
 using test::Bytes;
+using test::kPollRequest;
 using test::LineFake;
 
 constexpr double kByte = 10.0 / 8192;
-const Bytes kRequest{0xE4, 0x57, 0x01, 0x00, 0xC4};
 
 class LineDriverTest : public testing::Test {
 protected:
     LineDriverTest() {
-        test::AddSend(definition, "POLL", kRequest, 63, 3, 59);
+        test::AddSend(definition, "POLL", kPollRequest, 63, 3, 59);
         test::AddValue(definition, "RPM", 0, 16).rangehigh = 60000;
         options.pace = true;
         options.seconds = 1.0;
@@ -38,7 +38,7 @@ protected:
 };
 
 TEST_F(LineDriverTest, TakesEightyThreeMillisecondsForFiveOutAndSixtyThreeBack) {
-    line.Type(0.1, kRequest);
+    line.Type(0.1, kPollRequest);
     const SimStats stats = Run();
     ASSERT_EQ(line.sent.size(), 63U);
     EXPECT_NEAR(Seconds(line.sent.front().at), 0.1 + 6 * kByte, 1e-6);
@@ -51,7 +51,7 @@ TEST_F(LineDriverTest, TakesEightyThreeMillisecondsForFiveOutAndSixtyThreeBack) 
 
 TEST_F(LineDriverTest, DoesNotAddUpTheLatenessOfSingleBytes) {
     line.lag = 150'000;  // an eighth of a byte time, every time
-    line.Type(0.1, kRequest);
+    line.Type(0.1, kPollRequest);
     const SimStats stats = Run();
     ASSERT_EQ(line.sent.size(), 63U);
     EXPECT_NEAR(Seconds(line.sent.back().at), 0.1 + 68 * kByte, 0.0004);
@@ -60,8 +60,8 @@ TEST_F(LineDriverTest, DoesNotAddUpTheLatenessOfSingleBytes) {
 }
 
 TEST_F(LineDriverTest, CountsARequestThatComesByteByByteOnceOnTheLine) {
-    for (std::size_t i = 0; i < kRequest.size(); ++i) {
-        line.Type(0.1 + static_cast<double>(i) * kByte, {kRequest[i]});
+    for (std::size_t i = 0; i < kPollRequest.size(); ++i) {
+        line.Type(0.1 + static_cast<double>(i) * kByte, {kPollRequest[i]});
     }
     Run();
     ASSERT_EQ(line.sent.size(), 63U);
@@ -70,11 +70,11 @@ TEST_F(LineDriverTest, CountsARequestThatComesByteByByteOnceOnTheLine) {
 
 TEST_F(LineDriverTest, EchoesARequestWhileItIsBeingSent) {
     options.echo = true;
-    line.Type(0.1, kRequest);
+    line.Type(0.1, kPollRequest);
     Run();
     ASSERT_EQ(line.sent.size(), 68U);
     const Bytes sent = line.SentBytes();
-    EXPECT_TRUE(std::equal(kRequest.begin(), kRequest.end(), sent.begin()));
+    EXPECT_TRUE(std::equal(kPollRequest.begin(), kPollRequest.end(), sent.begin()));
     for (std::size_t i = 0; i < sent.size(); ++i) {
         ASSERT_NEAR(Seconds(line.sent[i].at), 0.1 + static_cast<double>(i + 1) * kByte, 1e-6) << i;
     }
@@ -82,8 +82,8 @@ TEST_F(LineDriverTest, EchoesARequestWhileItIsBeingSent) {
 
 TEST_F(LineDriverTest, AnswersAtOnceWithoutPace) {
     options.pace = false;
-    line.Type(0.1, kRequest);
-    line.Type(0.1, kRequest);
+    line.Type(0.1, kPollRequest);
+    line.Type(0.1, kPollRequest);
     const SimStats stats = Run();
     EXPECT_EQ(stats.requests, 2U);
     EXPECT_EQ(stats.pacedReplies, 0U);
@@ -93,7 +93,7 @@ TEST_F(LineDriverTest, AnswersAtOnceWithoutPace) {
 TEST_F(LineDriverTest, KeepsUnpacedBytesForAFarEndThatIsFull) {
     options.pace = false;
     line.room = 7;
-    line.Type(0.1, kRequest);
+    line.Type(0.1, kPollRequest);
     const SimStats stats = Run();
     EXPECT_EQ(line.sent.size(), 63U);
     EXPECT_EQ(stats.unread, 0U);
@@ -104,7 +104,7 @@ TEST_F(LineDriverTest, NeitherWaitsNorSpinsWhenNobodyTakesTheBytes) {
         line = LineFake();
         line.room = 0;
         options.pace = pace;
-        line.Type(0.1, kRequest);
+        line.Type(0.1, kPollRequest);
         const SimStats stats = Run();
         EXPECT_EQ(stats.unread, pace ? 63U : 0U);
         EXPECT_LT(line.waits, 2000U);
@@ -114,15 +114,15 @@ TEST_F(LineDriverTest, NeitherWaitsNorSpinsWhenNobodyTakesTheBytes) {
 
 TEST_F(LineDriverTest, StartsLateWhenAsked) {
     options.late = 50;
-    line.Type(0.1, kRequest);
+    line.Type(0.1, kPollRequest);
     Run();
     ASSERT_EQ(line.sent.size(), 63U);
     EXPECT_NEAR(Seconds(line.sent.front().at), 0.15 + 6 * kByte, 1e-6);
 }
 
 TEST_F(LineDriverTest, LetsANewRequestCutOffTheReply) {
-    line.Type(0.1, kRequest);
-    line.Type(0.13, kRequest);
+    line.Type(0.1, kPollRequest);
+    line.Type(0.13, kPollRequest);
     Run();
     // The first reply's bytes up to the cut, then a whole one.
     const auto before = static_cast<std::size_t>((0.03 - 5 * kByte) / kByte);
@@ -132,17 +132,17 @@ TEST_F(LineDriverTest, LetsANewRequestCutOffTheReply) {
 
 TEST_F(LineDriverTest, EchoesUnaskedWhenTheDefinitionCountsOnIt) {
     definition.flags = 1;
-    line.Type(0.1, kRequest);
+    line.Type(0.1, kPollRequest);
     Run();
-    EXPECT_EQ(line.sent.size(), kRequest.size() + 63U);
+    EXPECT_EQ(line.sent.size(), kPollRequest.size() + 63U);
 }
 
 TEST_F(LineDriverTest, SaysNothingWhenSilentAndEchoesAllTheSame) {
     options.silent = true;
     options.echo = true;
-    line.Type(0.1, kRequest);
+    line.Type(0.1, kPollRequest);
     const SimStats stats = Run();
-    EXPECT_EQ(line.SentBytes(), kRequest);
+    EXPECT_EQ(line.SentBytes(), kPollRequest);
     EXPECT_EQ(stats.requests, 1U);
     EXPECT_EQ(stats.replies, 0U);
 }
@@ -158,7 +158,7 @@ TEST_F(LineDriverTest, CountsTheFaultsItMakes) {
     options.noise = 0.3;
     options.seconds = 100;
     for (int i = 0; i < 1000; ++i)
-        line.Type(0.1 * (i + 1) - 0.05, kRequest);
+        line.Type(0.1 * (i + 1) - 0.05, kPollRequest);
     const SimStats stats = Run();
     EXPECT_EQ(stats.requests, 1000U);
     EXPECT_EQ(stats.replies + stats.drops, 1000U);
@@ -177,7 +177,7 @@ TEST_F(LineDriverTest, RepeatsARunForASeed) {
         options.drop = options.noise = 0.2;
         options.seconds = 30;
         for (int i = 0; i < 100; ++i)
-            line.Type(0.05 + gap * i, kRequest);
+            line.Type(0.05 + gap * i, kPollRequest);
         Run();
         return line.SentBytes();
     };
@@ -215,7 +215,7 @@ TEST_F(LineDriverTest, TalksBetweenPollsWithoutTouchingReplies) {
     options.chatter = true;
     options.seconds = 21;
     for (int i = 0; i < 80; ++i)
-        line.Type(0.2 + 0.25 * i, kRequest);
+        line.Type(0.2 + 0.25 * i, kPollRequest);
     const SimStats stats = Run();
     EXPECT_EQ(stats.replies, 80U);
     EXPECT_GT(stats.idleFrames, 80U);

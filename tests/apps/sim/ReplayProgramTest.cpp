@@ -11,14 +11,14 @@
 namespace corvex {
 namespace {
 
-struct Outcome {
+struct SimulatorRun {
     int status = -1;
     std::string text;  // of both outputs
 };
 
-Outcome RunSimulator(const std::string& arguments) {
+SimulatorRun RunSimulator(const std::string& arguments) {
     const std::string line = std::string("\"") + CORVEX_SIM + "\" " + arguments + " 2>&1";
-    Outcome outcome;
+    SimulatorRun outcome;
     std::FILE* const pipe = popen(line.c_str(), "r");
     if (pipe == nullptr) return outcome;
     std::array<char, 512> piece{};
@@ -30,20 +30,20 @@ Outcome RunSimulator(const std::string& arguments) {
 
 TEST(ReplayProgramTest, FailsWithTheEnginesCodeOnABadLog) {
     const std::string definition = test::ExamplePath("harrier-8192.adx");
-    const Outcome missing = RunSimulator(definition + " --replay /no/such.xdl --seconds 0.01");
+    const SimulatorRun missing = RunSimulator(definition + " --replay /no/such.xdl --seconds 0.01");
     EXPECT_EQ(missing.status, 1 << 8);
     EXPECT_EQ(missing.text, "corvex-sim: /no/such.xdl: error 0xC\n");
-    const Outcome nolog = RunSimulator(definition + " --replay " + definition + " --seconds 0.01");
+    const SimulatorRun nolog = RunSimulator(definition + " --replay " + definition + " --seconds 0.01");
     EXPECT_EQ(nolog.status, 1 << 8);
     EXPECT_EQ(nolog.text, "corvex-sim: " + definition + ": error 0xD\n");
 }
 
 TEST(ReplayProgramTest, RepeatsTheExample) {
-    const Outcome good = RunSimulator(test::ExamplePath("harrier-8192.adx") + " --replay " +
-                                      test::ExamplePath("harrier-8192.xdl") + " --seconds 0.01");
+    const SimulatorRun good = RunSimulator(test::ExamplePath("harrier-8192.adx") + " --replay " +
+                                           test::ExamplePath("harrier-8192.xdl") + " --seconds 0.01");
     EXPECT_EQ(good.status, 0) << good.text;
-    const Outcome other = RunSimulator(test::ExamplePath("osprey-multi.adx") + " --replay " +
-                                       test::ExamplePath("harrier-8192.xdl") + " --seconds 0.01");
+    const SimulatorRun other = RunSimulator(test::ExamplePath("osprey-multi.adx") + " --replay " +
+                                            test::ExamplePath("harrier-8192.xdl") + " --seconds 0.01");
     EXPECT_EQ(other.status, 1 << 8);
     EXPECT_NE(other.text.find(": holds no records of the definition's commands\n"), std::string::npos) << other.text;
 }
@@ -51,10 +51,10 @@ TEST(ReplayProgramTest, RepeatsTheExample) {
 // What it prints would else go out on the line.
 TEST(ReplayProgramTest, HoldsStreamsThatAreClosed) {
     const std::string link = testing::TempDir() + "corvex_sim_" + std::to_string(getpid());
-    const Outcome streams = RunSimulator(test::ExamplePath("harrier-8192.adx") + " --seconds 60 --link " + link +
-                                         " <&- >&- 2>&- & pid=$!; until [ -e " + link +
-                                         " ] || ! kill -0 $pid; do :; done; cd /proc/$pid/fd; readlink 0 1 2; "
-                                         "kill $pid; wait $pid; true");
+    const SimulatorRun streams = RunSimulator(test::ExamplePath("harrier-8192.adx") + " --seconds 60 --link " + link +
+                                              " <&- >&- 2>&- & pid=$!; until [ -e " + link +
+                                              " ] || ! kill -0 $pid; do :; done; cd /proc/$pid/fd; readlink 0 1 2; "
+                                              "kill $pid; wait $pid; true");
     EXPECT_EQ(streams.text, "/dev/null\n/dev/null\n/dev/null\n");
 }
 

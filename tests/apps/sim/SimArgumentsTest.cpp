@@ -7,15 +7,15 @@
 namespace corvex {
 namespace {
 
-struct Outcome {
+struct ParsedWords {
     bool run = false;
     int exitCode = -1;
     SimArguments arguments;
 };
 
-Outcome Parse(std::vector<const char*> words) {
+ParsedWords Parse(std::vector<const char*> words) {
     words.insert(words.begin(), "corvex-sim");
-    Outcome outcome;
+    ParsedWords outcome;
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     outcome.run = ParseArguments(static_cast<int>(words.size()), words.data(), outcome.arguments, outcome.exitCode);
@@ -25,7 +25,7 @@ Outcome Parse(std::vector<const char*> words) {
 }
 
 TEST(SimArguments, TakeAllFaultsTogether) {
-    const Outcome outcome =
+    const ParsedWords outcome =
         Parse({"x.adx", "--pace", "--echo", "--seed", "5", "--drop", "0.1", "--noise", "0.2", "--faulty-replies", "7",
                "--late", "30", "--chatter", "--silent", "--unplug-after", "2.5", "--seconds", "9"});
     ASSERT_TRUE(outcome.run);
@@ -42,7 +42,7 @@ TEST(SimArguments, TakeAllFaultsTogether) {
 }
 
 TEST(SimArguments, NameALogToRepeat) {
-    const Outcome outcome = Parse({"x.adx", "--replay", "drive.xdl", "--pace"});
+    const ParsedWords outcome = Parse({"x.adx", "--replay", "drive.xdl", "--pace"});
     ASSERT_TRUE(outcome.run);
     EXPECT_EQ(outcome.arguments.replay, "drive.xdl");
     EXPECT_EQ(Parse({"x.adx"}).arguments.replay, "");
@@ -50,7 +50,7 @@ TEST(SimArguments, NameALogToRepeat) {
 
 TEST(SimArguments, EndWithZeroOnHelpAndVersion) {
     for (const char* word : {"--help", "--version"}) {
-        const Outcome outcome = Parse({word});
+        const ParsedWords outcome = Parse({word});
         EXPECT_FALSE(outcome.run);
         EXPECT_EQ(outcome.exitCode, 0);
     }
@@ -65,7 +65,7 @@ TEST(SimArguments, EndWithTwoOnWrongUsage) {
                                                       {"x.adx", "y.adx"},
                                                       {"x.adx", "--port", "COM1", "--link", "/tmp/x"}};
     for (const auto& words : cases) {
-        const Outcome outcome = Parse(words);
+        const ParsedWords outcome = Parse(words);
         EXPECT_FALSE(outcome.run);
         EXPECT_EQ(outcome.exitCode, 2);
     }

@@ -27,6 +27,9 @@ inline std::string ExamplePath(const char* name) {
     return std::string(CORVEX_SOURCE_DIR) + "/examples/" + name;
 }
 
+// As the 8192-baud example polls.
+inline const Bytes kPollRequest{0xE4, 0x57, 0x01, 0x00, 0xC4};
+
 template <class T>
 T& Add(ADXDefinition& definition, const char* id) {
     auto object = std::make_unique<T>();

@@ -11,8 +11,7 @@ namespace corvex {
 namespace {
 
 using test::Bytes;
-
-const Bytes kRequest{0xE4, 0x57, 0x01, 0x00, 0xC4};
+using test::kPollRequest;
 
 // A port opened on the simulator's name.
 class Port {
@@ -29,7 +28,7 @@ public:
 
     Bytes Poll(std::uint32_t count) {
         SystemSerial().Purge(handle_, true, true);
-        EXPECT_EQ(SystemSerial().Write(handle_, kRequest.data(), 5), 5U);
+        EXPECT_EQ(SystemSerial().Write(handle_, kPollRequest.data(), 5), 5U);
         return Read(count);
     }
     Bytes Read(std::uint32_t count) {
@@ -46,7 +45,7 @@ private:
 class SimulatorSessionTest : public testing::Test {
 protected:
     SimulatorSessionTest() {
-        test::AddSend(definition, "POLL", kRequest, 63, 3, 59);
+        test::AddSend(definition, "POLL", kPollRequest, 63, 3, 59);
         test::AddValue(definition, "RPM", 0, 16).rangehigh = 60000;
     }
 
@@ -81,7 +80,7 @@ TEST_F(SimulatorSessionTest, AnswersPacedPollsWithItsEcho) {
     Port port(name);
     const Bytes reply = port.Poll(68);
     ASSERT_EQ(reply.size(), 68U);
-    EXPECT_TRUE(std::equal(kRequest.begin(), kRequest.end(), reply.begin()));
+    EXPECT_TRUE(std::equal(kPollRequest.begin(), kPollRequest.end(), reply.begin()));
 }
 
 TEST_F(SimulatorSessionTest, ServesOnePortAfterAnotherAndCanBeStartedAgain) {

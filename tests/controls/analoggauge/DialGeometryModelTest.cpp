@@ -12,7 +12,7 @@ namespace {
 constexpr DialScale kDefault{0.0f, 150.0f, 40.0f, 300.0f};
 constexpr DialPoint kCentre{90, 90};
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN(), kInfinity = std::numeric_limits<float>::infinity();
-constexpr float kLargest = std::numeric_limits<float>::max();
+constexpr float kLargestFloat = std::numeric_limits<float>::max();
 
 TEST(DialGeometryModelTest, ScaleRunsClockwiseFromTheLowerLeftToTheLowerRight) {
     EXPECT_EQ(DialAngle(kDefault, 0.0f), -230.0f);
@@ -41,8 +41,8 @@ TEST(DialGeometryModelTest, RangeWithoutLengthGivesNoNumber) {
     EXPECT_EQ(DialAngle({5.0f, 5.0f, 40.0f, 300.0f}, 6.0f), kInfinity);
     EXPECT_EQ(DialAngle({5.0f, 5.0f, 40.0f, 300.0f}, 4.0f), -kInfinity);
     EXPECT_TRUE(std::isnan(DialAngle(kDefault, kNan)));
-    EXPECT_EQ(DialAngle({0.0f, 1.0f, 0.0f, kLargest}, kLargest), kInfinity);
-    EXPECT_EQ(DialAngle({0.0f, 1.0f, 0.0f, -kLargest}, kLargest), -kInfinity);
+    EXPECT_EQ(DialAngle({0.0f, 1.0f, 0.0f, kLargestFloat}, kLargestFloat), kInfinity);
+    EXPECT_EQ(DialAngle({0.0f, 1.0f, 0.0f, -kLargestFloat}, kLargestFloat), -kInfinity);
 }
 
 struct PointCase {
@@ -103,7 +103,7 @@ TEST(DialGeometryModelTest, WhatHasNoPlaceLiesFarOutsideOfTheDial) {
             EXPECT_GT(coordinate, -30000);
         }
     }
-    const DialPoint huge = PlainPoint(kCentre, 76, static_cast<double>(kLargest));
+    const DialPoint huge = PlainPoint(kCentre, 76, static_cast<double>(kLargestFloat));
     EXPECT_GE(huge.x, 90 - 76);
     EXPECT_LE(huge.x, 90 + 76);
 }
@@ -165,7 +165,7 @@ TEST(DialGeometryModelTest, TicksOfAnyRangeRunFromEndToEnd) {
     ASSERT_EQ(backward.size(), 2u);
     EXPECT_EQ(backward[0].value, 10.0f);
     EXPECT_EQ(backward[1].value, 0.0f);
-    EXPECT_EQ(DialTicks({-kLargest, kLargest, 0.0f, 90.0f}, 3, 1)[1].value, 0.0f);
+    EXPECT_EQ(DialTicks({-kLargestFloat, kLargestFloat, 0.0f, 90.0f}, 3, 1)[1].value, 0.0f);
 }
 
 TEST(DialGeometryModelTest, SingleMajorTickHasNoValue) {

@@ -11,7 +11,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 constexpr char kTile[] = "rectangle 0,0,100,100 pen 0 0 000000 brush ffffff";  // of a new context
-constexpr char kTitle[] = "text 50,6 align 6 font Arial 10 600 2 32 colour 000000 transparent: ";
+constexpr char kPaintedTitle[] = "text 50,6 align 6 font Arial 10 600 2 32 colour 000000 transparent: ";
 constexpr char kWord[] = "text 50,50 align 6 font Arial 24 600 2 32 colour ";
 
 void Store(GaugeText& text, const std::string& source) {
@@ -43,10 +43,10 @@ Lines WordsIn(const Lines& figures) {
 
 TEST(StatusGaugePaintTest, DrawsTileTitleAndTheWordOnItsBlock) {
     EXPECT_EQ(Painted(Fan(1), 300, 300),
-              (Lines{"mapping anisotropic window 100,100 viewport 300,300", kTile, std::string(kTitle) + "Fan",
+              (Lines{"mapping anisotropic window 100,100 viewport 300,300", kTile, std::string(kPaintedTitle) + "Fan",
                      std::string(kWord) + "000000 on 00ff00: ON"}));
     EXPECT_EQ(Painted(Fan(0), 500, 200),
-              (Lines{"mapping anisotropic window 100,100 viewport 500,200", kTile, std::string(kTitle) + "Fan",
+              (Lines{"mapping anisotropic window 100,100 viewport 500,200", kTile, std::string(kPaintedTitle) + "Fan",
                      std::string(kWord) + "000000 on 0000ff: OFF"}));
 }
 

@@ -9,14 +9,14 @@ namespace {
 using Lines = std::vector<std::string>;
 
 constexpr RECT kArea{0, 0, 120, 21};
-constexpr COLORREF kGround = 0xFFFFFF, kBar = 0x800000;
+constexpr COLORREF kGround = 0xFFFFFF, kSetBar = 0x800000;
 
 TextProgressModel Half(bool vertical = false) {
     TextProgressModel model;
     model.maximum = 3;
     model.position = 1;
     model.vertical = vertical;
-    model.barColour = kBar;
+    model.barColour = kSetBar;
     model.label.SetText("MMMMMMMM");
     model.label.SetBackColour(kGround);
     return model;
@@ -88,7 +88,7 @@ TEST(TextProgressPaintTest, TwoTonesAreDrawnInTheGroundsColourAndThenOutsideTheB
 }
 
 TEST(TextProgressPaintTest, TwoTonesMeetAtTheEdgeOfTheBar) {
-    const std::set<COLORREF> both{kGround, kBar};
+    const std::set<COLORREF> both{kGround, kSetBar};
     for (const bool vertical : {false, true}) {
         TextProgressModel model = Half(vertical);
         model.label.SetTextColour(kNoColour);
@@ -97,7 +97,7 @@ TEST(TextProgressPaintTest, TwoTonesMeetAtTheEdgeOfTheBar) {
         EXPECT_EQ(PaintedColours(model, bar), both) << vertical;
         EXPECT_EQ(PaintedColours(model, rest), both) << vertical;
         model.label.SetText("");
-        EXPECT_EQ(PaintedColours(model, bar), std::set<COLORREF>{kBar}) << vertical;
+        EXPECT_EQ(PaintedColours(model, bar), std::set<COLORREF>{kSetBar}) << vertical;
         EXPECT_EQ(PaintedColours(model, rest), std::set<COLORREF>{kGround}) << vertical;
     }
 }
@@ -106,7 +106,7 @@ TEST(TextProgressPaintTest, TwoTonesOverAFullBarAreOne) {
     TextProgressModel model = Half();
     model.position = 30;
     model.label.SetTextColour(kNoColour);
-    EXPECT_EQ(PaintedColours(model, kArea), (std::set<COLORREF>{kGround, kBar}));
+    EXPECT_EQ(PaintedColours(model, kArea), (std::set<COLORREF>{kGround, kSetBar}));
 }
 
 TEST(TextProgressPaintTest, LeavesNoObjectAndNoClipBehind) {

@@ -6,7 +6,7 @@
 namespace corvex {
 namespace {
 
-constexpr COLORREF kBar = 0xD26400, kMark = 0x010203;
+constexpr COLORREF kFirstBar = 0xD26400, kMark = 0x010203;
 
 class TextProgressTest : public ::testing::Test {
 protected:
@@ -33,7 +33,7 @@ TEST_F(TextProgressTest, BeginsEmptyFrom0To255) {
     EXPECT_EQ(Maximum(), 255);
     EXPECT_EQ(Position(), 0);
     EXPECT_EQ(Send(1026, 255), 0);
-    EXPECT_EQ(PixelOf(window, 101, 19), kBar);
+    EXPECT_EQ(PixelOf(window, 101, 19), kFirstBar);
 }
 
 TEST_F(TextProgressTest, SetRangeWordsTakesMinimumAndMaximumFromOneWord) {
@@ -99,7 +99,7 @@ TEST_F(TextProgressTest, StepItAnswersTheOldPositionAndWrapsToTheMinimum) {
 }
 
 TEST_F(TextProgressTest, SetBarColourAnswersTheOldColour) {
-    EXPECT_EQ(Send(1033, 0, 0x00FF00), static_cast<LRESULT>(kBar));
+    EXPECT_EQ(Send(1033, 0, 0x00FF00), static_cast<LRESULT>(kFirstBar));
     EXPECT_EQ(Send(1033, 0, 0), 0x00FF00);
     Send(1026, 255);
     ::UpdateWindow(window);
@@ -110,20 +110,20 @@ TEST_F(TextProgressTest, VerticalBarGrowsFromTheBottom) {
     EXPECT_EQ(Send(1326), 0);
     Send(1030, 0, 2);
     Send(1026, 1);
-    EXPECT_EQ(PixelOf(window, 25, 2), kBar);
+    EXPECT_EQ(PixelOf(window, 25, 2), kFirstBar);
     EXPECT_EQ(PixelOf(window, 75, 17), ::GetSysColor(COLOR_BTNFACE));
     Send(1325, 0, 1);
     EXPECT_EQ(Send(1326), 1);
     ::UpdateWindow(window);
     EXPECT_EQ(PixelOf(window, 25, 2), ::GetSysColor(COLOR_BTNFACE));
-    EXPECT_EQ(PixelOf(window, 75, 17), kBar);
+    EXPECT_EQ(PixelOf(window, 75, 17), kFirstBar);
     Send(1325, 0, 0);
     EXPECT_EQ(Send(1326), 0);
 }
 
 TEST_F(TextProgressTest, PositionAboveTheMaximumFillsTheWindow) {
     Send(1026, 0x7FFFFFFF);
-    EXPECT_EQ(ColoursOf(window), std::set<COLORREF>{kBar});
+    EXPECT_EQ(ColoursOf(window), std::set<COLORREF>{kFirstBar});
 }
 
 TEST_F(TextProgressTest, EmptyRangeIsPaintedWithoutABar) {
@@ -135,9 +135,9 @@ TEST_F(TextProgressTest, EmptyRangeIsPaintedWithoutABar) {
 TEST_F(TextProgressTest, MovedBarIsSeenAtOnceWithoutAMessageLoop) {
     Send(1030, 0, 2);
     Send(1026, 1);
-    EXPECT_EQ(PixelOf(window, 10, 10), kBar);
+    EXPECT_EQ(PixelOf(window, 10, 10), kFirstBar);
     Send(1029);
-    EXPECT_EQ(PixelOf(window, 90, 10), kBar);
+    EXPECT_EQ(PixelOf(window, 90, 10), kFirstBar);
     Send(1030, 0, 4);
     EXPECT_EQ(PixelOf(window, 90, 10), ::GetSysColor(COLOR_BTNFACE));
 }
@@ -149,7 +149,7 @@ TEST_F(TextProgressTest, BarThatStaysIsNotPaintedAgain) {
     Send(1026, 500001);
     EXPECT_EQ(PixelOf(window, 2, 2), kMark);
     Send(1026, 520000);
-    EXPECT_EQ(PixelOf(window, 2, 2), kBar);
+    EXPECT_EQ(PixelOf(window, 2, 2), kFirstBar);
 }
 
 TEST_F(TextProgressTest, TextColoursHaveNumbersOfTheirOwn) {

@@ -17,18 +17,18 @@ std::string Drain(AdsInput& input) {
     return text;
 }
 
-std::string Read(const std::string& bytes) {
+std::string ReadWhole(const std::string& bytes) {
     AdsInput input(bytes.data(), bytes.size());
     return Drain(input);
 }
 
 TEST(AdsInput, GivesEveryCharacterOnce) {
-    EXPECT_EQ(Read("a\tb\xFE\x80"), "a\tb\xFE\x80");
-    EXPECT_EQ(Read(""), "");
+    EXPECT_EQ(ReadWhole("a\tb\xFE\x80"), "a\tb\xFE\x80");
+    EXPECT_EQ(ReadWhole(""), "");
 }
 
 TEST(AdsInput, TakesALineEndOfTwoCharactersForOne) {
-    EXPECT_EQ(Read("a\r\nb\rc\r"), "a\nb\rc\r");
+    EXPECT_EQ(ReadWhole("a\r\nb\rc\r"), "a\nb\rc\r");
     AdsInput input("a\r\nb", 4);
     Drain(input);
     EXPECT_EQ(input.Position(), 4u);
