@@ -35,8 +35,6 @@ protected:
     ADXC160BaudListen command;
 };
 
-}  // namespace
-
 TEST_F(Listen160BaudTest, DecodesAPacket) {
     Feed(Sync());
     Feed(Framed({0x00, 0xA5, 0xFF}));
@@ -167,5 +165,7 @@ TEST_F(Listen160BaudTest, TheIdOfTheLastSendStays) {
     // The timeouts too are those of the send.
     EXPECT_EQ(Told(), "75 0 200 0 300");
 }
+
+}  // namespace
 
 }  // namespace corvex

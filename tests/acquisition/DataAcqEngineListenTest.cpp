@@ -33,8 +33,6 @@ protected:
     ADXCListenChatter command;
 };
 
-}  // namespace
-
 TEST_F(ListenSilenceTest, AQuietLineIsSilent) {
     EXPECT_EQ(engine.RunCommand(&command), 0);
     EXPECT_EQ(line.Calls(), (Words{"timeouts 20 0 20 0 300", "purge 1 1", "read 1 -> 0"}));
@@ -281,5 +279,7 @@ TEST_F(ListenChatterTest, TheEndGivesTheResult) {
     callback.answers["ChatterEnd"] = -6;
     EXPECT_EQ(engine.RunCommand(&command), -6);
 }
+
+}  // namespace
 
 }  // namespace corvex

@@ -26,8 +26,6 @@ protected:
     ADXCTrigger trigger;
 };
 
-}  // namespace
-
 TEST_F(DataAcqEngineMacroTest, EnclosesTheCallbacksOfItsNodes) {
     AddNode(macro, poll);
     EXPECT_EQ(engine.RunCommand(&macro), 0);
@@ -236,5 +234,7 @@ TEST_F(DataAcqEngineMacroTest, AMacroThatHoldsItselfEndsWithAFailure) {
     AddNode(sound, trigger);
     EXPECT_EQ(engine.RunCommand(&sound), 0);
 }
+
+}  // namespace
 
 }  // namespace corvex

@@ -18,8 +18,6 @@ protected:
     ADXCSendCommand command;
 };
 
-}  // namespace
-
 TEST_F(DataAcqEngineSendTest, SendsAndTakesTheReply) {
     line.Answer({1, 2, 3}, {10, 20, 30, 40, 50}, 4, 1);
     EXPECT_EQ(engine.RunCommand(&command), 0);
@@ -219,5 +217,7 @@ TEST_F(DataAcqEngineSendTest, NeitherOnWriteNorOnReadIsEverCalled) {
     engine.RunCommand(&command);
     EXPECT_EQ(callback.words.size(), 2U);
 }
+
+}  // namespace
 
 }  // namespace corvex

@@ -12,8 +12,6 @@ namespace {
 
 class DataAcqEngineTest : public EngineTest {};
 
-}  // namespace
-
 TEST_F(DataAcqEngineTest, BeginsEmpty) {
     const DataAcqEngine fresh(line);
     EXPECT_EQ(fresh.flags, 0U);
@@ -153,5 +151,7 @@ TEST_F(DataAcqEngineTest, AStopMayComeFromAnotherThread) {
     stopper.join();
     EXPECT_EQ(callback.words, (Words{"SilenceBegin", "SilenceEnd 2"}));
 }
+
+}  // namespace
 
 }  // namespace corvex

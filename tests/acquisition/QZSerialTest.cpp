@@ -30,8 +30,6 @@ protected:
     QZSerial port_;
 };
 
-}  // namespace
-
 TEST_F(QZSerialTest, BeginsClosedAndSilent) {
     const QZSerial port(line_);
     EXPECT_FALSE(port.IsOpen());
@@ -262,5 +260,7 @@ TEST_F(QZSerialTest, AClosedPortIsAskedAndHasNothing) {
     EXPECT_EQ(port_.Read(&byte, 1), 0U);
     EXPECT_EQ(line_.Calls(), (Words{"read 1 -> 0"}));
 }
+
+}  // namespace
 
 }  // namespace corvex

@@ -85,8 +85,6 @@ protected:
     QZSerial port_{line_};
 };
 
-}  // namespace
-
 TEST_F(SlicedReadTest, BytesAndMomentsAreThoseOfAReadInOnePiece) {
     for (unsigned seed = 1; seed <= 3000; ++seed) {
         const Script script = RandomScript(seed);
@@ -206,5 +204,7 @@ TEST_F(SlicedReadTest, WithoutACounterAReadIsInOnePiece) {
     EXPECT_EQ(Read(3), 3U);
     EXPECT_EQ(line_.Calls(), (std::vector<std::string>{"read 3 -> 3"}));
 }
+
+}  // namespace
 
 }  // namespace corvex

@@ -48,8 +48,6 @@ protected:
     const char* name_ = nullptr;
 };
 
-}  // namespace
-
 // Another program's flow control would eat data bytes.
 TEST_F(SerialPlatformWin32Test, NothingOfAnotherProgramTouchesTheBytes) {
     DCB line = State();
@@ -72,5 +70,7 @@ TEST_F(SerialPlatformWin32Test, ARateThatCannotBeKnownIsNone) {
     EXPECT_EQ(Apply(9600).baud, 9600U);
     EXPECT_EQ(Apply(38400).baud, 38400U);
 }
+
+}  // namespace
 
 }  // namespace corvex

@@ -88,8 +88,6 @@ protected:
     double took_ = 0;
 };
 
-}  // namespace
-
 TEST_F(SerialPortTest, GivesWhatIsAskedForAndKeepsTheRest) {
     Times({0, 0, 5000, 0, 300});
     Order("send 8 0");
@@ -224,5 +222,7 @@ TEST_F(SerialPortTest, TheEngineGetsItsReply) {
     EXPECT_EQ(callback.bytes.front(), 1);
     EXPECT_EQ(callback.bytes.back(), 63);
 }
+
+}  // namespace
 
 }  // namespace corvex

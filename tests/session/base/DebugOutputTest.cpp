@@ -21,8 +21,6 @@ protected:
     DebugOutput log_;
 };
 
-}  // namespace
-
 TEST_F(DebugOutputTest, BreaksStandBeforeLinesAndNeverAfter) {
     DebugOutput::Print(&log_, "one %i", 1);
     EXPECT_EQ(text_.Text(), "one 1");
@@ -129,5 +127,7 @@ TEST_F(DebugOutputTest, ThreadsDoNotSpoilEachOthersLines) {
     }
     EXPECT_EQ(lines, 400);
 }
+
+}  // namespace
 
 }  // namespace corvex

@@ -20,8 +20,6 @@ protected:
     ScopedClock scope_;
 };
 
-}  // namespace
-
 TEST_F(StopWatchTest, BeginsAtTheMomentOfConstruction) {
     const StopWatch watch;
     for (const double time : {watch.createdAt, watch.createdAt2, watch.markAt, watch.startedAt, watch.rateAt}) {
@@ -146,5 +144,7 @@ TEST(StopWatchWithoutCounterTest, DividesByZeroAndCarriesOn) {
     EXPECT_FALSE(std::isfinite(watch.Elapsed()));
     EXPECT_EQ(watch.Rate(), 0.0F);
 }
+
+}  // namespace
 
 }  // namespace corvex
