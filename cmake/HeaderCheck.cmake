@@ -25,4 +25,5 @@ function(corvex_header_check target)
   add_library(${target} OBJECT ${stubs})
   target_link_libraries(${target} PRIVATE corvex_options corvex_cli11 corvex_json)
   target_compile_options(${target} PRIVATE -O0 -g0)  # nothing of them runs
+  set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)  # alone is the point
 endfunction()
