@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Looks for what the compiler lets pass: includes that point up, system names in the portable core, switched-off tests,
-files that have grown too long. Prints one line per finding; exit code 1 when there is any."""
+"""Looks for what the compiler lets pass: includes that point up, sources that don't begin with their own header, system names
+in the portable core, switched-off tests, files that have grown too long. Prints one line per finding; exit code 1 when there is any."""
 
 import os
 import re
@@ -30,6 +30,7 @@ SOURCES = ("platform", "files", "definition", "acquisition", "logging", "control
 DESKTOP = ("controls/", "views/", "session/window/", "apps/desktop/", "apps/editor/", "tests/platform/",
            "tests/controls/", "tests/views/", "tests/session/window/", "tests/apps/desktop/", "tests/apps/editor/",
            "tests/program/", "bench/desktop/", "bench/gauges/")
+ANY_INCLUDE = re.compile(r'^\s*#\s*include\s*["<]([^">]+)[">]', re.M)
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.M)
 SYSTEM = re.compile(r"<windows\.h>|\b_WIN32\b|\b__linux__\b|\bHWND\b|\bHDC\b")
 ASLEEP = re.compile(r"\bDISABLED_|GTEST_SKIP|#\s*if 0\b|sleep_for\(|\busleep\(|[^\w]Sleep\(\d{2,}")
@@ -62,13 +63,18 @@ def findings(root):
                 path = os.path.relpath(full, root)
                 with open(full, encoding="utf-8") as source:
                     text = source.read()
-                yield from check_file(path, text)
+                own_header = name.endswith(".cpp") and name[:-4] + ".h" in names
+                yield from check_file(path, text, own_header)
 
 
-def check_file(path, text):
+def check_file(path, text, own_header):
+    """own_header: whether a header of the same name lies beside the source."""
     for target in INCLUDE.findall(text):
         if wrong_include(path, target):
             yield f"{path}: includes {target}, which is not below it"
+    # So the source shows that its header stands alone: the build checks only those that have none.
+    if own_header and ANY_INCLUDE.findall(text)[:1] != [path[:-4] + ".h"]:
+        yield f"{path}: does not begin with its own header"
     seam = path.startswith("platform/") and ("_win32." in path or path == "platform/WindowsApi.h" or "_posix." in path)
     desktop = path.startswith(DESKTOP) and not re.search(r"Model(Test)?\.(h|cpp)$", path)
     if not seam and not desktop:
