@@ -62,6 +62,14 @@ function(corvex_test name)
   endif()
 endfunction()
 
+# corvex_parser_units(SOURCE ...): units that spend their build in the argument parser's templates, and run once in a program's
+# life. Sanitizers make them three times as dear when they are optimised; what is shipped or measured stays optimised.
+function(corvex_parser_units)
+  if(CORVEX_SANITIZE)
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O0)
+  endif()
+endfunction()
+
 # corvex_resources(NAME SCRIPT DEPENDS ...): a resource script as objects to link, $<TARGET_OBJECTS:NAME>.
 # Apart from the programs' own sources, as the compiler's options mean nothing to windres, which tells Ninja of no dependency either.
 function(corvex_resources name script)
