@@ -15,7 +15,7 @@ namespace corvex {
 
 // The one object of a definition that gathers data while a session runs. Cells are not saved.
 //
-// Threads: AddSample computes its values, so it belongs to the one thread that computes them (see ADXValue); AddPoint
+// Threads: AddSample computes its values, so it belongs to the one thread that shows samples (see ADXValue); AddPoint
 // may be called on any, and cells are read and cleared on the user-interface thread. Everything that touches the cells
 // takes the lock, readers too, so that nobody sees half a cell. The axes change on the user-interface thread, under the
 // lock as well.

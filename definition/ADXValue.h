@@ -27,10 +27,9 @@ struct ADXVar {
 
 // Holds no history; the only run-time state is the last raw word.
 //
-// Threads: GetRaw runs on the acquisition or playback thread. Everything else belongs to one thread at a time, since
-// Compute and Format drive the evaluator: the user-interface thread where there are windows, and with them a histogram
-// must be fed there too; the playback thread in a tool whose main thread only waits for it. The raw word may be stored
-// by one thread while another reads it.
+// Threads: GetRaw runs on the acquisition or playback thread, and may store the raw word while another thread reads it.
+// Everything else drives the evaluator and belongs to the one thread that shows samples (session/SampleViews.h): the
+// pages' thread where there are windows; the worker that brings the samples in a tool whose main thread waits for it.
 //
 // Links are followed by hash at every computation. A chain deeper than kLinkDepth, or a computation that runs through
 // more than kLinkBudget linked values (only a cycle, or a definition made to be slow, gets there), is cut: the variable

@@ -17,10 +17,18 @@ namespace {
 
 constexpr std::uint32_t kFromLog = 1;  // source of a status
 constexpr std::uint32_t kRepliesPerText = 200;
-
-constexpr std::uint32_t kNotRecordedFlashMs = 500;
+constexpr std::uint32_t kReplyFlashMs = 500;
 
 enum TriggerBit : std::uint32_t { kHistograms = 0x2, kItemList = 0x4, kMonitors = 0x8, kDash = 0x10 };
+
+std::uint32_t ViewsOf(std::uint32_t triggerBits) {
+    std::uint32_t views = 0;
+    if ((triggerBits & kHistograms) != 0) views |= BitOf(SampleViewKind::kHistograms);
+    if ((triggerBits & kItemList) != 0) views |= BitOf(SampleViewKind::kList);
+    if ((triggerBits & kMonitors) != 0) views |= BitOf(SampleViewKind::kMonitors);
+    if ((triggerBits & kDash) != 0) views |= BitOf(SampleViewKind::kDash);
+    return views;
+}
 
 // A view that is never "no packet": nothing came, and that is known.
 PacketView Arrived(const std::uint8_t* bytes, std::uint32_t count) {
@@ -135,11 +143,7 @@ std::int32_t DAECallback::OnTrigger(const DataAcqStatus* status) {
     if (status->command == nullptr || status->command->GetType() != kTypeTrigger) return kResultOk;
     const std::uint32_t bits = static_cast<const ADXCTrigger*>(status->command)->triggertype;
     const std::uint32_t id = status->command->GetIdHash();
-    const SessionCalls& calls = session_.Calls();
-    if ((bits & kHistograms) != 0) calls.updateHistograms(session_.CopyLastPacket().View(), id);
-    if ((bits & kItemList) != 0 && calls.listVisible()) calls.repaintList();
-    if ((bits & kMonitors) != 0) calls.addMonitorSample(session_.timer.Elapsed(), nullptr, id);
-    if ((bits & kDash) != 0 && calls.dashVisible()) calls.updateDash(nullptr, id);
+    session_.PublishSample(session_.timer.Elapsed(), nullptr, id, ViewsOf(bits));
     return kResultOk;
 }
 
@@ -212,7 +216,7 @@ void DAECallback::Record(const DataAcqStatus& status, const ADXObject& command, 
     const bool lost = result != kLogSuccess && result != kLogWrongState;
     if (lost == losesSamples_.exchange(lost, std::memory_order_relaxed) || !lost) return;
     DebugOutput::Print(&session_.debug, "A reply could not be recorded, error 0x%X", static_cast<unsigned>(result));
-    session_.Calls().flash("Reply not recorded!", kBlack, kRed, kNotRecordedFlashMs);
+    session_.Calls().flash("Reply not recorded!", kBlack, kRed, kReplyFlashMs);
 }
 
 void DAECallback::BecomeConnected() {
@@ -224,7 +228,7 @@ void DAECallback::BecomeConnected() {
 // A line that has yet to answer is no error.
 bool DAECallback::FlashIfConnected(const char* text) {
     if (session_.connectionState.load(std::memory_order_relaxed) != kConnected) return false;
-    session_.Calls().flash(text, kBlack, kRed, kNotRecordedFlashMs);
+    session_.Calls().flash(text, kBlack, kRed, kReplyFlashMs);
     return true;
 }
 

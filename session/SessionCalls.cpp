@@ -16,12 +16,7 @@ void Fill(std::function<R(Arguments...)>& call) {
 SessionCalls WithoutGaps(SessionCalls calls) {
     Fill(calls.refreshStatus);
     Fill(calls.refreshButtons);
-    Fill(calls.dashVisible);
-    Fill(calls.updateDash);
-    Fill(calls.listVisible);
-    Fill(calls.repaintList);
-    Fill(calls.updateHistograms);
-    Fill(calls.addMonitorSample);
+    Fill(calls.carrySample);
     Fill(calls.flash);
     Fill(calls.clearMonitors);
     Fill(calls.setMonitorTime);

@@ -9,6 +9,7 @@
 #include "acquisition/DataAcqStatus.h"
 #include "definition/PacketView.h"
 #include "session/FilePrompt.h"
+#include "session/PublishedSample.h"
 
 namespace corvex {
 
@@ -33,19 +34,9 @@ struct SessionCalls {
     // What may be pressed may have changed: the log's state or the connection state did. Any thread.
     std::function<void()> refreshButtons;
 
-    // Is the dash page on show? Worker. Asked before every updateDash.
-    std::function<bool()> dashVisible;
-    // New values for the gauges of this command and of no command. No packet: the last raw words stand. Worker.
-    std::function<void(PacketView, std::uint32_t commandId)> updateDash;
-    // Is the list of the item list page on show? Worker. Asked before every repaintList.
-    std::function<bool()> listVisible;
-    // Items read the last packet, or their raw words, when they are painted. Worker.
-    std::function<void()> repaintList;
-    // A sample for the histograms of this command and of no command. The packet is not the one just come but the
-    // session's last packet, which on the 160-baud path is the one before; CopyLastPacket tells its command. Worker.
-    std::function<void(PacketView lastPacket, std::uint32_t commandId)> updateHistograms;
-    // A sample at `t` seconds for the charts. No packet: the last raw words stand. Worker.
-    std::function<void(double t, PacketView, std::uint32_t commandId)> addMonitorSample;
+    // Has the session's views read a sample, and then draw it, on the thread that shows them. Waited for until it is
+    // read; what it holds is not kept. Only when a view wants it. Left empty, the worker itself is that thread. Worker.
+    std::function<void(const PublishedSample&)> carrySample;
 
     // A message for `ms` milliseconds in place of the status text. Colours are 0x00BBGGRR. Worker and main thread.
     std::function<void(const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t ms)> flash;

@@ -8,12 +8,21 @@
 namespace corvex {
 
 SessionState::SessionState(SessionCalls calls, ISerialPlatform& serial, IFileSystem& logFiles)
-    : engine(serial), callback(*this), log(logFiles), calls_(WithoutGaps(std::move(calls))) {
+    : engine(serial), callback(*this), log(logFiles), calls_(WithoutGaps(WithCarrier(std::move(calls)))) {
     // What may be pressed changes once more with the end of the thread, and nobody else knows when that is.
     log.onRest = [this] {
         RefreshAll();
         calls_.postMain(kMessagePlaybackRests);
     };
+}
+
+SessionCalls SessionState::WithCarrier(SessionCalls calls) {
+    if (calls.carrySample) return calls;
+    calls.carrySample = [this](const PublishedSample& sample) {
+        views.Read(sample);
+        views.Draw();
+    };
+    return calls;
 }
 
 SessionState::~SessionState() {
@@ -91,12 +100,9 @@ void SessionState::Connect() {
     if (connectionState.compare_exchange_strong(connecting, kConnected, std::memory_order_relaxed)) RefreshAll();
 }
 
-void SessionState::PublishSample(double t, PacketView packet, std::uint32_t commandId) {
-    if (calls_.dashVisible()) calls_.updateDash(packet, commandId);
-    if (calls_.listVisible()) calls_.repaintList();
-    const LastPacket last = CopyLastPacket();
-    calls_.updateHistograms(last.View(), commandId);
-    calls_.addMonitorSample(t, packet, commandId);
+void SessionState::PublishSample(double t, PacketView packet, std::uint32_t commandId, std::uint32_t to) {
+    const std::uint32_t wanted = views.Wanted() & to;
+    if (wanted != 0) calls_.carrySample({wanted, t, packet, commandId, CopyLastPacket()});
 }
 
 LastPacket SessionState::CopyLastPacket() const {

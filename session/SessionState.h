@@ -20,6 +20,7 @@
 #include "session/LastPacket.h"
 #include "session/LogWishes.h"
 #include "session/RepeatFilter.h"
+#include "session/SampleViews.h"
 #include "session/ScanStop.h"
 #include "session/SessionCalls.h"
 #include "session/base/AutoResetEvent.h"
@@ -106,9 +107,8 @@ public:
     // What the workers wrote is visible afterwards.
     [[nodiscard]] bool WaitForThreads(std::chrono::milliseconds limit) const { return workers_.Wait(limit); }
 
-    // Hands a sample to the views: dash and item list when visible, histograms and monitors always, in this order.
-    // `t` in seconds. Worker.
-    void PublishSample(double t, PacketView packet, std::uint32_t commandId);
+    // Hands a sample to those of the views in `to` that want it, all of them at once. `t` in seconds. Worker.
+    void PublishSample(double t, PacketView packet, std::uint32_t commandId, std::uint32_t to = kAllSampleViews);
 
     // The newest decoded packet; never half of one and half of another. Any thread.
     LastPacket CopyLastPacket() const;
@@ -132,6 +132,7 @@ public:
     void *statusBar = nullptr, *statusRight = nullptr, *statusLeft = nullptr;
     void *dashPage = nullptr, *listPage = nullptr, *histogramPage = nullptr, *monitorPage = nullptr;
     std::shared_ptr<void> monitorState;  // the monitor page's own, kept for it
+    SampleViews views;
     DebugOutput debug;
     DataAcqEngine engine;
     DAECallback callback;
@@ -165,6 +166,7 @@ private:
     void StopLog();
     bool BeginScan();
     void EndScan();
+    SessionCalls WithCarrier(SessionCalls calls);
     void RefreshAll();
     bool IsLogEnding() const;
     void OpenLogAndPlay();

@@ -21,14 +21,6 @@ namespace {
 
 constexpr LONG kComboGap = 3;  // pixels between the combo box and the gauges
 
-// To the page: show the sample that lParam points to.
-constexpr UINT kUpdateMessage = WM_APP + 0x111;
-
-struct SampleCall {
-    PacketView packet;
-    std::uint32_t commandId;
-};
-
 // What it has kept of its picture is of another size.
 void PlaceGauge(HWND gauge, const PixelArea& place) {
     const RECT before = RectInParent(gauge);
@@ -127,23 +119,11 @@ void OnDashCommand(DashPage& state, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-// Everything is read before anything is drawn: drawing takes many times as long.
-void OnSample(DashPage& state, const SampleCall& sample, WPARAM wParam) {
-    std::vector<GaugeReading> readings;
-    const auto read = [&] {
-        for (const HWND gauge : state.gauges) {
-            if (const auto reading = ReadGauge(gauge, state.session->definition, sample.packet, sample.commandId))
-                readings.push_back(*reading);
-        }
-    };
-    const auto draw = [&] { std::for_each(readings.begin(), readings.end(), ShowReading); };
-    state.sender.Handle(wParam, read, draw);
-}
-
 void BeginDash(HWND page, LPARAM session) {
     auto state = std::make_unique<DashPage>();
     state->window = page;
     state->session = reinterpret_cast<SessionState*>(session);
+    state->session->views.Register(SampleViewKind::kDash, state.get());
     ::SetWindowLongPtrA(page, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state.release()));
 }
 
@@ -152,6 +132,7 @@ void EndDash(HWND page) {
     ::SetWindowLongPtrA(page, GWLP_USERDATA, 0);
     if (state == nullptr) return;
     CloseMenu(*state);
+    state->session->views.Register(SampleViewKind::kDash, nullptr);
     state->session->dashPage = nullptr;
 }
 
@@ -169,9 +150,9 @@ INT_PTR CALLBACK DashProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lP
         case WM_COMMAND:
             OnDashCommand(*state, wParam, lParam);
             return TRUE;
-        case kUpdateMessage:
-            OnSample(*state, *reinterpret_cast<const SampleCall*>(lParam), wParam);
-            return TRUE;
+        case WM_WINDOWPOSCHANGED:
+            state->session->views.Announce();  // it may have been shown or hidden
+            return FALSE;
         case WM_ERASEBKGND:
             return DialogResult(page, 1);
         case WM_PAINT:
@@ -219,20 +200,26 @@ void ShowDashboard(ADXDashboard* dashboard, HWND page) {
         state->gauges.push_back(ShowGauge(*state, i));
 }
 
-void UpdateDashPage(const SessionState& session, PacketView packet, std::uint32_t commandId) {
-    const SampleCall sample{packet, commandId};
-    SendReleasable(static_cast<HWND>(session.dashPage), kUpdateMessage, reinterpret_cast<LPARAM>(&sample));
+bool DashPage::WantsSamples() const {
+    return ::IsWindowVisible(window) != FALSE;
+}
+
+void DashPage::Read(const PublishedSample& sample) {
+    readings.clear();
+    for (const HWND gauge : gauges) {
+        if (const auto reading = ReadGauge(gauge, session->definition, sample.packet, sample.commandId))
+            readings.push_back(*reading);
+    }
+}
+
+void DashPage::Draw() {
+    std::for_each(readings.begin(), readings.end(), ShowReading);
 }
 
 DashPage* DashPageOf(HWND page) {
     const auto procedure = ::GetWindowLongPtrA(page, DWLP_DLGPROC);
     if (procedure != reinterpret_cast<LONG_PTR>(&DashProcedure)) return nullptr;
     return reinterpret_cast<DashPage*>(::GetWindowLongPtrA(page, GWLP_USERDATA));
-}
-
-bool IsDashVisible(const SessionState& session) {
-    const HWND page = static_cast<HWND>(session.dashPage);
-    return page != nullptr && ::IsWindowVisible(page) != FALSE && DashPageOf(page) != nullptr;
 }
 
 }  // namespace corvex

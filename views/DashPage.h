@@ -6,19 +6,25 @@
 #include "definition/ADXDashboard.h"
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
-#include "views/SenderRelease.h"
+#include "views/DashGauge.h"
 
 namespace corvex {
 
 // The page's state, which belongs to its window. Main thread.
-struct DashPage {
+struct DashPage : ISampleView {
+    // Everything is read before anything is drawn: drawing takes many times as long. Each gauge of the sample's command
+    // and of no command is painted at once; without a packet it shows the last raw word.
+    bool WantsSamples() const override;
+    void Read(const PublishedSample& sample) override;
+    void Draw() override;
+
     ADXDashboard* dashboard = nullptr;  // on show; not owned
     HWND window = nullptr;
     RECT area{};               // for the gauges, in client coordinates
     std::vector<HWND> gauges;  // at position i the window of entry i, null for an entry of an unknown type
     unsigned shown = 0;        // how many times a dashboard was shown: what a menu began with may be gone at its end
     bool menuIsOpen = false;
-    SenderRelease sender;
+    std::vector<GaugeReading> readings;  // of the sample read last
     SessionState* session = nullptr;
 };
 
@@ -29,15 +35,7 @@ void RefreshDashPage(SessionState& session);
 // Makes the gauges anew and binds them; the caller has them laid out by WM_SIZE. None for a null dashboard.
 void ShowDashboard(ADXDashboard* dashboard, HWND page);
 
-// Shows a sample on the gauges of its command and of no command, each of them painted at once. No packet: the last raw
-// words stand. Any thread: the call is carried to the page's own and waited for until the sample is read, not until it
-// is painted, unless samples come faster than that thread can paint. The packet is not kept.
-void UpdateDashPage(const SessionState& session, PacketView packet, std::uint32_t commandId);
-
 // Null for any other window.
 DashPage* DashPageOf(HWND page);
-
-// Is it worth while to bring the gauges up to date? Any thread, while the page lives.
-bool IsDashVisible(const SessionState& session);
 
 }  // namespace corvex

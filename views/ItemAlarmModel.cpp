@@ -1,6 +1,7 @@
 #include "views/ItemAlarmModel.h"
 
 #include "definition/ADXBitmask.h"
+#include "definition/ADXLookupTable.h"
 #include "definition/ADXValue.h"
 
 namespace corvex {
@@ -10,14 +11,20 @@ namespace {
 constexpr std::uint32_t kHighAlarm = 0x0000FF, kLowAlarm = 0x4080FF;
 constexpr std::uint32_t kBoldHeading = 0x1;
 
-CellLook LookOfValue(ADXValue& value, std::uint32_t colour, const ADXDefinition& definition, const LastPacket& last) {
-    const PacketView packet = PacketFor(value.parentcmdidhash, last);
-    const auto number = static_cast<float>(value.Compute(definition, packet));
+CellLook LookOfNumber(const ADXValue& value, float number, std::uint32_t colour) {
     const bool isHigh = (value.flags & ADXValue::kAlarmHigh) != 0 && value.alarmhigh < number;
     const bool isLow = (value.flags & ADXValue::kAlarmLow) != 0 && value.alarmlow > number;
     if (isHigh) return {kHighAlarm, CellFont::kBold};
     if (isLow) return {kLowAlarm, CellFont::kBold};
     return {colour, CellFont::kAsItIs};
+}
+
+// The alarm goes by the number behind the table, whose text is made of the one before it.
+void ReadValue(ADXValue& value, const ADXDefinition& definition, const LastPacket& last, ValueCell& cell) {
+    const PacketView packet = PacketFor(value.parentcmdidhash, last);
+    const double before = value.Format(cell.text, kValueTextSize, definition, packet, 0, 0);
+    const double number = value.lookup == nullptr ? before : value.lookup->Convert(static_cast<float>(before));
+    cell.look = LookOfNumber(value, static_cast<float>(number), cell.look.colour);
 }
 
 // Odd and wanted: the last packet counts here whatever command it belongs to, though the text beside goes by the item's
@@ -29,22 +36,33 @@ CellLook LookOfBitmask(const ADXBitmask& bitmask, std::uint32_t colour, const La
     return isOn ? CellLook{alarm, CellFont::kBold} : CellLook{colour, CellFont::kAsItIs};
 }
 
+void ReadBitmask(ADXBitmask& bitmask, const ADXDefinition& definition, const LastPacket& last, ValueCell& cell) {
+    bitmask.GetText(cell.text, kValueTextSize, definition, PacketFor(bitmask.parentcmdidhash, last), 0, 0);
+    cell.look = LookOfBitmask(bitmask, cell.look.colour, last);
+}
+
+bool IsBoldHeading(const ADXLVENTRY& entry) {
+    return entry.entrytype == ADXLVENTRY::kHeadingRow && (entry.flags & kBoldHeading) != 0;
+}
+
 }  // namespace
 
 PacketView PacketFor(std::uint32_t parentcmdidhash, const LastPacket& last) {
     return parentcmdidhash == 0 || parentcmdidhash == last.command ? last.View() : PacketView(nullptr);
 }
 
-CellLook LookOf(const ADXLVENTRY& entry, int column, const ADXDefinition& definition, const LastPacket& last) {
-    CellLook look{entry.color, CellFont::kOrdinary};
-    if (column == kValueColumn && entry.item != nullptr) {
-        if (entry.item->GetType() == kTypeValue)
-            look = LookOfValue(static_cast<ADXValue&>(*entry.item), entry.color, definition, last);
-        if (entry.item->GetType() == kTypeBitmask)
-            look = LookOfBitmask(static_cast<const ADXBitmask&>(*entry.item), entry.color, last);
-    }
-    if (entry.entrytype == ADXLVENTRY::kHeadingRow && (entry.flags & kBoldHeading) != 0) look.font = CellFont::kBold;
-    return look;
+ValueCell ReadValueCell(const ADXLVENTRY& entry, const ADXDefinition& definition, const LastPacket& last) {
+    ValueCell cell{{entry.color, CellFont::kOrdinary}, {}};
+    const std::uint32_t type = entry.item == nullptr ? 0U : entry.item->GetType();
+    if (type == kTypeValue) ReadValue(static_cast<ADXValue&>(*entry.item), definition, last, cell);
+    if (type == kTypeBitmask) ReadBitmask(static_cast<ADXBitmask&>(*entry.item), definition, last, cell);
+    if (entry.entrytype == ADXLVENTRY::kHeadingRow) cell.text[0] = '\0';
+    if (IsBoldHeading(entry)) cell.look.font = CellFont::kBold;
+    return cell;
+}
+
+CellLook TitleLook(const ADXLVENTRY& entry) {
+    return {entry.color, IsBoldHeading(entry) ? CellFont::kBold : CellFont::kOrdinary};
 }
 
 }  // namespace corvex

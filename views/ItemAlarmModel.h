@@ -22,8 +22,19 @@ struct CellLook {
 // The newest packet for an item of its command, or of none; no packet for any other: its last raw word stands.
 PacketView PacketFor(std::uint32_t parentcmdidhash, const LastPacket& last);
 
-// Items in alarm are bold and coloured in the value column. Limits themselves are no alarm. On the user-interface
-// thread, as it computes values.
-CellLook LookOf(const ADXLVENTRY& entry, int column, const ADXDefinition& definition, const LastPacket& last);
+// Room for the text of a value, with its terminator.
+inline constexpr std::uint32_t kValueTextSize = 40;
+
+// What the value column shows, out of one computation.
+struct ValueCell {
+    CellLook look;
+    char text[kValueTextSize];  // empty for a heading, without an item, and for what has no text
+};
+
+// Items in alarm are bold and coloured. Limits themselves are no alarm. On the thread that computes values.
+ValueCell ReadValueCell(const ADXLVENTRY& entry, const ADXDefinition& definition, const LastPacket& last);
+
+// The look of the other columns.
+CellLook TitleLook(const ADXLVENTRY& entry);
 
 }  // namespace corvex

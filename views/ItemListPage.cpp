@@ -1,6 +1,7 @@
 #include "views/ItemListPage.h"
 
 #include <memory>
+#include <utility>
 
 #include "controls/gauge/GaugeFont.h"
 #include "controls/tabsheet/TabSheet.h"
@@ -11,7 +12,6 @@
 #include "views/PageCombo.h"
 #include "views/PageDialog.h"
 #include "views/PageResources.h"
-#include "views/SenderRelease.h"
 #include "views/SteadyPaint.h"
 
 namespace corvex {
@@ -26,25 +26,31 @@ struct Column {
 // The first column can only be aligned left, hence one without width before the values.
 constexpr Column kColumns[] = {{"", 0, LVCFMT_LEFT}, {"Value", 100, LVCFMT_RIGHT}, {"Title", 500, LVCFMT_LEFT}};
 
-// To the page: repaint the list.
-constexpr UINT kRepaintMessage = WM_APP + 0x112;
-
 constexpr int kBoldHeight = 14;
-
-// One for the page's life. The bold font outlives every context that it is selected in.
-struct ItemList {
-    explicit ItemList(SessionState& owner) : session(owner) {}
-
-    SessionState& session;
-    SenderRelease sender;
-    OwnedFont bold = MakeGaugeFont(kBoldHeight);
-    HFONT savedRowFont = nullptr;    // what the last bold cell took the place of
-    char text[kValueTextSize] = {};  // read by the control after the handler has returned
-};
 
 HWND ListOf(HWND page) {
     return ::GetDlgItem(page, IDC_LIST_VIEW);
 }
+
+// One for the page's life. The bold font outlives every context that it is selected in.
+struct ItemList : ISampleView {
+    ItemList(SessionState& owner, HWND window) : session(owner), page(window) {}
+
+    bool WantsSamples() const override { return ::IsWindowVisible(ListOf(page)) != FALSE; }
+    // The rows read the session's last packet when they are painted.
+    void Read(const PublishedSample&) override {}
+    void Draw() override { RepaintRows(ListOf(page)); }
+
+    SessionState& session;
+    const HWND page;
+    OwnedFont bold = MakeGaugeFont(kBoldHeight);
+    HFONT savedRowFont = nullptr;  // what the last bold cell took the place of
+    // The row that is being painted: its text and its colour are asked for once each, in an order that differs from one
+    // version of the control to the next.
+    const ADXLVENTRY* painted = nullptr;
+    bool textIsDue = false, lookIsDue = false;
+    ValueCell cell{};  // the control reads the text after the handler has returned
+};
 
 ItemList* ItemListOf(HWND page) {
     return reinterpret_cast<ItemList*>(::GetWindowLongPtrA(page, GWLP_USERDATA));
@@ -78,8 +84,9 @@ void LayOutItemLists(HWND page) {
 }
 
 void BeginItemLists(HWND page, LPARAM session) {
-    auto state = std::make_unique<ItemList>(*reinterpret_cast<SessionState*>(session));
+    auto state = std::make_unique<ItemList>(*reinterpret_cast<SessionState*>(session), page);
     state->session.listPage = page;
+    state->session.views.Register(SampleViewKind::kList, state.get());
     ::SetWindowLongPtrA(page, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state.release()));
     InsertColumns(ListOf(page));
     PaintSteadily(ListOf(page));  // every sample repaints it
@@ -88,14 +95,32 @@ void BeginItemLists(HWND page, LPARAM session) {
 void EndItemLists(HWND page) {
     const std::unique_ptr<ItemList> state(ItemListOf(page));
     ::SetWindowLongPtrA(page, GWLP_USERDATA, 0);
+    state->session.views.Register(SampleViewKind::kList, nullptr);
     state->session.listPage = nullptr;
+}
+
+void ReadRow(ItemList& state, const ADXLVENTRY& entry) {
+    state.cell = ReadValueCell(entry, state.session.definition, state.session.CopyLastPacket());
+}
+
+// A row that is painted is read once; whoever asks at any other time is told how it is then.
+void BeginRow(ItemList& state, const NMLVCUSTOMDRAW& row) {
+    state.painted = EntryOfRow(row.nmcd.hdr.hwndFrom, static_cast<int>(row.nmcd.dwItemSpec));
+    if (state.painted == nullptr) return;
+    ReadRow(state, *state.painted);
+    state.textIsDue = state.lookIsDue = true;
+}
+
+void ReadUnlessDue(ItemList& state, const ADXLVENTRY& entry, bool& isDue) {
+    const bool wasDue = std::exchange(isDue, false);
+    if (!wasDue || state.painted != &entry) ReadRow(state, entry);
 }
 
 INT_PTR AnswerText(ItemList& state, LVITEMA& asked) {
     const auto* const entry = reinterpret_cast<const ADXLVENTRY*>(asked.lParam);
     if ((asked.mask & LVIF_TEXT) == 0 || asked.iSubItem != kValueColumn || entry == nullptr) return TRUE;
-    ValueText(*entry, state.session, state.text);
-    asked.pszText = state.text;
+    ReadUnlessDue(state, *entry, state.textIsDue);
+    asked.pszText = state.cell.text;
     return TRUE;
 }
 
@@ -111,8 +136,9 @@ void SelectCellFont(ItemList& state, HDC dc, CellFont font) {
 LONG_PTR DrawCell(ItemList& state, NMLVCUSTOMDRAW& cell) {
     const ADXLVENTRY* const entry = EntryOfRow(cell.nmcd.hdr.hwndFrom, static_cast<int>(cell.nmcd.dwItemSpec));
     if (entry == nullptr) return CDRF_DODEFAULT;
-    const SessionState& session = state.session;
-    const CellLook look = LookOf(*entry, cell.iSubItem, session.definition, session.CopyLastPacket());
+    const bool isValue = cell.iSubItem == kValueColumn;
+    if (isValue) ReadUnlessDue(state, *entry, state.lookIsDue);
+    const CellLook look = isValue ? state.cell.look : TitleLook(*entry);
     SelectCellFont(state, cell.nmcd.hdc, look.font);
     cell.clrText = look.colour;
     return CDRF_DODEFAULT;
@@ -120,8 +146,10 @@ LONG_PTR DrawCell(ItemList& state, NMLVCUSTOMDRAW& cell) {
 
 LONG_PTR Draw(ItemList& state, NMLVCUSTOMDRAW& draw) {
     switch (draw.nmcd.dwDrawStage) {
-        case CDDS_PREPAINT:
         case CDDS_ITEMPREPAINT:
+            BeginRow(state, draw);
+            return CDRF_NOTIFYITEMDRAW;
+        case CDDS_PREPAINT:
             return CDRF_NOTIFYITEMDRAW;
         case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
             return DrawCell(state, draw);
@@ -153,10 +181,9 @@ INT_PTR CALLBACK ItemListProcedure(HWND page, UINT message, WPARAM wParam, LPARA
             return TRUE;
         case WM_NOTIFY:
             return OnNotify(page, *state, lParam);
-        case kRepaintMessage:
-            state->sender.Handle(
-                wParam, [] {}, [page] { RepaintRows(ListOf(page)); });
-            return TRUE;
+        case WM_WINDOWPOSCHANGED:
+            state->session.views.Announce();  // it may have been shown or hidden
+            return FALSE;
         case WM_SIZE:
             LayOutItemLists(page);
             return TRUE;
@@ -191,15 +218,6 @@ void RefreshItemListPage(SessionState& session) {
     FillItemList(ListOf(page), nullptr);
     FillPageCombo(::GetDlgItem(page, IDC_LIST_COMBO), session.definition, kTypeListView);
     ShowChosenList(session, page);
-}
-
-void RepaintItemList(const SessionState& session) {
-    SendReleasable(static_cast<HWND>(session.listPage), kRepaintMessage, 0);
-}
-
-bool IsItemListVisible(const SessionState& session) {
-    const HWND page = static_cast<HWND>(session.listPage);
-    return page != nullptr && ::IsWindowVisible(ListOf(page)) != FALSE;
 }
 
 }  // namespace corvex

@@ -10,11 +10,4 @@ void CreateItemListPage(SessionState& session);
 // After every change of the definition, before a message is waited for: offers its lists, and shows the first.
 void RefreshItemListPage(SessionState& session);
 
-// Has the list ask for its values and colours again, when it is next painted. Any thread: the call is carried to the
-// page's own and waited for, the paint is not.
-void RepaintItemList(const SessionState& session);
-
-// Is the list itself on show? Any thread, while the page lives.
-bool IsItemListVisible(const SessionState& session);
-
 }  // namespace corvex

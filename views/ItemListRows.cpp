@@ -1,7 +1,5 @@
 #include "views/ItemListRows.h"
 
-#include "definition/ADXBitmask.h"
-#include "definition/ADXValue.h"
 #include "views/ItemAlarmModel.h"
 
 namespace corvex {
@@ -69,20 +67,6 @@ void RepaintRows(HWND control) {
         ::SendMessageA(control, LVM_SETITEMTEXTA, row, reinterpret_cast<LPARAM>(&words));
     ::InvalidateRect(control, nullptr, FALSE);
     ::SendMessageA(control, WM_SETREDRAW, TRUE, 0);
-}
-
-void ValueText(const ADXLVENTRY& entry, const SessionState& session, char* text) {
-    text[0] = '\0';
-    if (entry.item == nullptr || entry.entrytype == ADXLVENTRY::kHeadingRow) return;
-    const LastPacket last = session.CopyLastPacket();
-    const ADXDefinition& definition = session.definition;
-    if (entry.item->GetType() == kTypeValue) {
-        auto& value = static_cast<ADXValue&>(*entry.item);
-        value.Format(text, kValueTextSize, definition, PacketFor(value.parentcmdidhash, last), 0, 0);
-    } else if (entry.item->GetType() == kTypeBitmask) {
-        auto& bitmask = static_cast<ADXBitmask&>(*entry.item);
-        bitmask.GetText(text, kValueTextSize, definition, PacketFor(bitmask.parentcmdidhash, last), 0, 0);
-    }
 }
 
 }  // namespace corvex

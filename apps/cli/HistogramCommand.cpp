@@ -4,25 +4,26 @@
 #include <ostream>
 
 #include "apps/cli/CsvWriter.h"
-#include "apps/cli/HistogramFeed.h"
 #include "apps/cli/HistogramText.h"
 #include "apps/cli/LogPlayer.h"
 #include "apps/cli/TextOutput.h"
 #include "definition/ADXHistogram.h"
+#include "definition/HistogramFeed.h"
 #include "platform/Clock.h"
 
 namespace corvex {
 
 namespace {
 
-class HistogramRun {
+class HistogramRun : public ISampleView {
 public:
     HistogramRun(const HistogramOptions& options, std::ostream& out, std::ostream& err)
-        : options_(options), out_(out), err_(err), player_(Calls()) {}
+        : options_(options), out_(out), err_(err), player_(SessionCalls{}) {}
 
     ExitCode Run() {
         if (!player_.Open(options_.definition, options_.log, err_)) return kExitFailure;
         feed_ = std::make_unique<HistogramFeed>(player_.Session().definition);
+        player_.Session().views.Register(SampleViewKind::kHistograms, this);
         if (!Choose()) return kExitFailure;
         // What a damaged log has brought until it ended is shown all the same.
         const bool whole = Play();
@@ -30,15 +31,13 @@ public:
         return whole && written ? kExitSuccess : kExitFailure;
     }
 
-private:
-    SessionCalls Calls() {
-        SessionCalls calls;
-        calls.updateHistograms = [this](PacketView packet, std::uint32_t commandId) {
-            feed_->Update(packet, player_.Session().CopyLastPacket().command, commandId);
-        };
-        return calls;
+    bool WantsSamples() const override { return true; }
+    void Read(const PublishedSample& sample) override {
+        feed_->Update(sample.last.View(), sample.last.command, sample.commandId);
     }
+    void Draw() override {}
 
+private:
     bool Choose() {
         for (const FedHistogram& fed : feed_->All()) {
             if (options_.id.empty() || options_.id == fed.histogram->Id()) chosen_.push_back(&fed);

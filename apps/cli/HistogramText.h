@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "apps/cli/HistogramFeed.h"
+#include "definition/HistogramFeed.h"
 
 namespace corvex {
 

@@ -26,19 +26,23 @@ bool ExpectsReply(const ADXObject* command) {
 
 SessionCalls ScanTap::Calls() {
     SessionCalls calls;
-    calls.addMonitorSample = [this](double t, PacketView packet, std::uint32_t) { TakeSample(t, packet); };
     calls.replyEnded = [this](const DataAcqStatus& status, PacketView reply) { TakeReply(status, reply); };
     calls.portRefused = [this](const std::string& reason) { TakeRefusal(reason); };
     calls.refreshButtons = [this] { queue_.Wake(); };
     return calls;
 }
 
+void ScanTap::Attach(SessionState& session) {
+    session_ = &session;
+    session.views.Register(SampleViewKind::kMonitors, this);
+}
+
 // A trigger publishes too, but without a packet: nothing has come.
-void ScanTap::TakeSample(double t, PacketView packet) {
-    if (!packet) return;
-    pending_.t = t;
+void ScanTap::Read(const PublishedSample& sample) {
+    if (!sample.packet) return;
+    pending_.t = sample.t;
     pending_.sampled = true;
-    pending_.packet = CopyOf(packet);
+    pending_.packet = CopyOf(sample.packet);
 }
 
 void ScanTap::TakeReply(const DataAcqStatus& status, PacketView reply) {

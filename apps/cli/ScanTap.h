@@ -5,6 +5,7 @@
 #include <string>
 
 #include "apps/cli/ReplyQueue.h"
+#include "session/SampleViews.h"
 #include "session/SessionCalls.h"
 
 namespace corvex {
@@ -15,14 +16,14 @@ class SessionState;
 // The calls are made on the connect thread, or on the playback thread of a log; the rest is for the main thread. The
 // queue outlives the tap, and the tap outlives the session. A reply of a log comes with the log's time and the
 // definition's own command.
-class ScanTap {
+class ScanTap : public ISampleView {
 public:
     explicit ScanTap(ReplyQueue& queue) : queue_(queue) {}
 
     // For the construction of the session.
     SessionCalls Calls();
     // Before the first scan.
-    void Attach(SessionState& session) { session_ = &session; }
+    void Attach(SessionState& session);
     // Before the first scan. A good reply is recorded before it goes into the queue, so nothing is shown that is not
     // in the log. The recorder outlives the session.
     void RecordTo(ScanRecorder* recorder) { recorder_ = recorder; }
@@ -32,8 +33,11 @@ public:
     // What the port said when it vanished in use; empty while it has not.
     std::string PortLost() const;
 
+    bool WantsSamples() const override { return true; }
+    void Read(const PublishedSample& sample) override;
+    void Draw() override {}
+
 private:
-    void TakeSample(double t, PacketView packet);
     void TakeReply(const DataAcqStatus& status, PacketView reply);
     void TakeRefusal(const std::string& reason);
 

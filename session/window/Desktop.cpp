@@ -7,8 +7,6 @@
 #include "session/window/LogBar.h"
 #include "session/window/SpeedMenu.h"
 #include "session/window/TitleBar.h"
-#include "views/DashPage.h"
-#include "views/ItemListPage.h"
 
 namespace corvex {
 
@@ -67,8 +65,16 @@ void Desktop::ShowFlash(const FlashText& news) const {
                       news.milliseconds);
 }
 
-bool Desktop::ShowNews(UINT message) {
+void Desktop::ShowSample(const PublishedSample& sample, WPARAM wParam) {
+    samples_.Handle(
+        wParam, [&] { session.views.Read(sample); }, [this] { session.views.Draw(); });
+}
+
+bool Desktop::ShowNews(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        case kMessageSample:
+            ShowSample(*reinterpret_cast<const PublishedSample*>(lParam), wParam);
+            return true;
         case kMessageRefreshStatus:
             status.Show();
             return true;
@@ -93,18 +99,14 @@ void Desktop::PostForSure(UINT message) const {
         ::Sleep(1);
 }
 
-// The views take up the rest of their calls here: updateHistograms, addMonitorSample, clearMonitors and
-// setMonitorTime.
+// The charts take up their calls here: clearMonitors and setMonitorTime.
 SessionCalls Desktop::Calls() {
     SessionCalls calls;
     calls.refreshStatus = [this] { status.Refresh(); };
     calls.refreshButtons = [this] { RefreshButtons(); };
-    calls.dashVisible = [this] { return IsDashVisible(session); };
-    calls.updateDash = [this](PacketView packet, std::uint32_t commandId) {
-        UpdateDashPage(session, packet, commandId);
+    calls.carrySample = [this](const PublishedSample& sample) {
+        SendReleasable(MainWindow(), kMessageSample, reinterpret_cast<LPARAM>(&sample));
     };
-    calls.listVisible = [this] { return IsItemListVisible(session); };
-    calls.repaintList = [this] { RepaintItemList(session); };
     calls.flash = [this](const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t ms) {
         Flash({text, textColour, backColour, ms});
     };

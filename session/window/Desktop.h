@@ -9,6 +9,7 @@
 #include "session/window/NewestOnly.h"
 #include "session/window/OutputText.h"
 #include "session/window/StatusBoard.h"
+#include "views/SenderRelease.h"
 
 namespace corvex {
 
@@ -19,6 +20,7 @@ enum MainWindowMessage : UINT {
     kMessageRefreshButtons,
     kMessageMoveSlider,
     kMessageFlash,
+    kMessageSample,  // lParam points at a PublishedSample; SendReleasable's
 };
 
 struct FlashText {
@@ -40,8 +42,8 @@ public:
     // Ends what still runs after the last window is gone, and goes on answering what workers send meanwhile.
     void Drain();
 
-    // Shows what workers have left for one of the messages above; false for any other message. Main thread.
-    bool ShowNews(UINT message);
+    // Shows what workers have left, or bring, with one of the messages above; false for any other. Main thread.
+    bool ShowNews(UINT message, WPARAM wParam, LPARAM lParam);
 
     OutputText output;
     StatusBoard status{session};
@@ -59,6 +61,9 @@ private:
     void SetSliderRange(std::uint32_t last);
     void Flash(FlashText news);
     void ShowFlash(const FlashText& news) const;
+    void ShowSample(const PublishedSample& sample, WPARAM wParam);
+
+    SenderRelease samples_;
 };
 
 // A window handle out of one of the session's opaque words.

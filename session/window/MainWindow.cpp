@@ -69,6 +69,9 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SIZE:
             if (wParam != SIZE_MINIMIZED) Layout(LOWORD(lParam), HIWORD(lParam));
             return 0;
+        case WM_WINDOWPOSCHANGED:
+            desktop_.session.views.Announce();  // it may have been shown or hidden, and all pages with it
+            return Default(message, wParam, lParam);
         case WM_ERASEBKGND:
             return 1;
         case WM_COMMAND:
@@ -96,7 +99,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case kMessagePlaybackRests:
             return OnSessionMessage(message);
         default:
-            return desktop_.ShowNews(message) ? 0 : Default(message, wParam, lParam);
+            return desktop_.ShowNews(message, wParam, lParam) ? 0 : Default(message, wParam, lParam);
     }
 }
 

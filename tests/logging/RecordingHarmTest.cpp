@@ -47,6 +47,9 @@ TEST_F(RecordingHarmTest, CutIsToldAndTheRestCanBeSaved) {
         ASSERT_EQ(0U, Add(7));
         ASSERT_EQ(0U, Add(8));
         EXPECT_EQ(LogHarm::kCut, log_.Harm());
+        const std::vector<Bytes> saved = Rescued();  // by now, in case that it is killed
+        ASSERT_LE(2U, saved.size());
+        EXPECT_EQ(DataOf(8), saved.back());
     }
     EXPECT_EQ(0U, log_.StopRecording());
     EXPECT_EQ(LogHarm::kCut, log_.Harm());

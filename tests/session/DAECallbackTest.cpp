@@ -10,7 +10,10 @@ namespace {
 
 class DAECallbackTest : public testing::Test {
 protected:
-    DAECallbackTest() { session.debug.edit = &text; }
+    DAECallbackTest() {
+        session.debug.edit = &text;
+        recorder.Watch(session.views);
+    }
 
     // The end of a send, live unless told.
     std::int32_t EndSend(const ADXCSendCommand& command, const Bytes& reply, std::uint32_t code = 0) {
@@ -41,7 +44,7 @@ TEST_F(DAECallbackTest, GoodReplyTakesTheWholeRoadInOrder) {
     clock.AdvanceMilliseconds(1234);
     session.scanning = 1;
     session.connectionState = kConnecting;
-    recorder.dashVisible = recorder.listVisible = true;
+    recorder.ShowDashAndList(true);
     recorder.onNoted = [this](const std::string& call) {
         if (call.starts_with("dash")) {
             EXPECT_EQ("1.234: Command/Reply Success", text.Text());
@@ -256,7 +259,7 @@ TEST_F(DAECallbackTest, Packet160IsPublishedUnderTheStaleIdWithoutCapture) {
     ADXValue* value = AddValue(session.definition, "V", "X");
     session.scanning = 1;
     session.connectionState = kConnecting;
-    recorder.dashVisible = true;
+    recorder.ShowDashAndList(true);
     double seen = 0.0;
     const Bytes packet{5, 6};
     recorder.onNoted = [&](const std::string& call) {
@@ -268,8 +271,8 @@ TEST_F(DAECallbackTest, Packet160IsPublishedUnderTheStaleIdWithoutCapture) {
     status.commandId = send->GetIdHash();
     EXPECT_EQ(0, End160(packet));
     EXPECT_EQ("160 baud packet acquired", text.Text());
-    EXPECT_EQ((Calls{"status", "buttons", "dash 2 " + id, "histograms 0 " + id, "monitor 0.000 2 " + id, "status",
-                     "reply 0 2"}),
+    EXPECT_EQ((Calls{"status", "buttons", "dash 2 " + id, "list", "histograms 0 " + id, "monitor 0.000 2 " + id,
+                     "status", "reply 0 2"}),
               recorder.Noted());
     EXPECT_EQ(5.0, seen);
     EXPECT_EQ(kConnected, session.connectionState);
@@ -330,7 +333,7 @@ TEST_F(DAECallbackTest, TriggerMakesTheViewsCatchUp) {
     const std::string own = IdText(*trigger);
     EndSend(*send, {1, 2, 3, 4});
     recorder.Take();
-    recorder.dashVisible = recorder.listVisible = true;
+    recorder.ShowDashAndList(true);
     clock.AdvanceMilliseconds(2000);
     status.command = trigger;
     const struct {
@@ -342,7 +345,7 @@ TEST_F(DAECallbackTest, TriggerMakesTheViewsCatchUp) {
         {0x4, {"list"}},
         {0x8, {"monitor 2.000 - " + own}},
         {0x10, {"dash - " + own}},
-        {0x1E, {"histograms 4 " + own, "list", "monitor 2.000 - " + own, "dash - " + own}},
+        {0x1E, {"dash - " + own, "list", "histograms 4 " + own, "monitor 2.000 - " + own}},
     };
     for (const auto& one : cases) {
         trigger->triggertype = one.bits;
@@ -350,7 +353,7 @@ TEST_F(DAECallbackTest, TriggerMakesTheViewsCatchUp) {
         EXPECT_EQ(one.calls, recorder.Take()) << one.bits;
     }
     EXPECT_EQ(1U, session.timer.tickCount);  // the send's
-    recorder.dashVisible = recorder.listVisible = false;
+    recorder.ShowDashAndList(false);
     session.callback.OnTrigger(&status);
     EXPECT_EQ((Calls{"histograms 4 " + own, "monitor 2.000 - " + own}), recorder.Noted());
 }

@@ -9,7 +9,7 @@ namespace {
 class ReplayTest : public LogSessionTest {
 protected:
     ReplayTest() {
-        recorder.dashVisible = recorder.listVisible = true;
+        recorder.ShowDashAndList(true);
         recorder.onReplyEnded = [this](const DataAcqStatus& status, PacketView reply) {
             KeepSample(status, reply);
             if (status.source == 0 && ++replies_ == 12) session.scanning = 0;

@@ -179,6 +179,7 @@ protected:
 
 TEST_F(SlowSaveTest, NameIsGivenWhenTheDiskHasTheRecording) {
     slow.StopCommand();
+    EXPECT_FALSE(slow.WaitForThreads(std::chrono::milliseconds(100)));
     EXPECT_TRUE(folder.Has("temp.xdl"));
     EXPECT_FALSE(folder.Has("drive.xdl"));
     disk.Release();

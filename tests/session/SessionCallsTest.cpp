@@ -9,12 +9,7 @@ TEST(SessionCallsTest, EmptyCallsDoNothing) {
     const SessionCalls calls = WithoutGaps({});
     calls.refreshStatus();
     calls.refreshButtons();
-    EXPECT_FALSE(calls.dashVisible());
-    calls.updateDash(nullptr, 1);
-    EXPECT_FALSE(calls.listVisible());
-    calls.repaintList();
-    calls.updateHistograms(nullptr, 1);
-    calls.addMonitorSample(1.0, nullptr, 1);
+    calls.carrySample({0, 0.0, nullptr, 0, {}});
     calls.flash("", 0, 0, 0);
     calls.clearMonitors();
     calls.setMonitorTime(1.0);
@@ -34,11 +29,11 @@ TEST(SessionCallsTest, GivenCallsStay) {
     SessionCalls given;
     int refreshed = 0;
     given.refreshStatus = [&] { ++refreshed; };
-    given.dashVisible = [] { return true; };
+    given.askSavePath = [](const FilePrompt&) { return "name"; };
     const SessionCalls calls = WithoutGaps(given);
     calls.refreshStatus();
     EXPECT_EQ(1, refreshed);
-    EXPECT_TRUE(calls.dashVisible());
+    EXPECT_EQ("name", calls.askSavePath(kSaveLogPrompt));
 }
 
 TEST(SessionCallsTest, MessagesKeepTheirNumbers) {

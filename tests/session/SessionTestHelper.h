@@ -58,6 +58,7 @@ class ScanTest : public testing::Test {
 protected:
     ScanTest() {
         session.debug.edit = &text;
+        recorder.Watch(session.views);
         ADXDefinition& definition = session.definition;
         definition.connectcmd = connect = AddSend(definition, "CONNECT", {0xC0}, 2);
         definition.monitorcmd = monitor = AddSend(definition, "MONITOR", {0xA0}, 2);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <algorithm>
-#include <atomic>
+#include <array>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "session/SampleViews.h"
 #include "session/SessionCalls.h"
 
 namespace corvex::test {
@@ -28,16 +29,7 @@ public:
         SessionCalls calls;
         calls.refreshStatus = [this] { Note("status"); };
         calls.refreshButtons = [this] { Note("buttons"); };
-        calls.dashVisible = [this] { return dashVisible.load(); };
-        calls.updateDash = [this](PacketView packet, std::uint32_t id) { Note("dash " + Words(packet, id)); };
-        calls.listVisible = [this] { return listVisible.load(); };
-        calls.repaintList = [this] { Note("list"); };
-        calls.updateHistograms = [this](PacketView packet, std::uint32_t id) {
-            Note("histograms " + Words(packet, id));
-        };
-        calls.addMonitorSample = [this](double t, PacketView packet, std::uint32_t id) {
-            Note("monitor " + Number(t) + " " + Words(packet, id));
-        };
+        calls.carrySample = [this](const PublishedSample& sample) { NoteSample(sample); };
         calls.flash = [this](const char* text, std::uint32_t front, std::uint32_t back, std::uint32_t ms) {
             Note(std::string("flash ") + text + " " + Hex(front) + " " + Hex(back) + " " + std::to_string(ms));
         };
@@ -68,6 +60,18 @@ public:
         return calls;
     }
 
+    // Stands where the pages stand: histograms and charts want every sample, dash and list when they are on show.
+    void Watch(SampleViews& views) {
+        views_ = &views;
+        for (std::uint32_t kind = 0; kind < kSampleViewKinds; ++kind)
+            views.Register(static_cast<SampleViewKind>(kind), &pages_[kind]);
+        ShowDashAndList(false);
+    }
+    void ShowDashAndList(bool shown) {
+        pages_[0].wants = pages_[1].wants = shown;
+        views_->Announce();
+    }
+
     std::vector<std::string> Noted() {
         const std::lock_guard lock(mutex_);
         return noted_;
@@ -88,13 +92,27 @@ public:
         return wake_.wait_until(lock, deadline, [&] { return CountHeld(call) >= times; });
     }
 
-    std::atomic<bool> dashVisible{false}, listVisible{false};
     std::optional<std::string> answer;                // to whoever asks for a path; nothing: he is refused
     std::function<void()> whileAsked;                 // for the name of a recording: what a dialog's own loop would do
     ReplyHook onReplyEnded;                           // set before a scan
     std::function<void(const std::string&)> onNoted;  // likewise; called on whichever thread calls
 
 private:
+    struct Page final : ISampleView {
+        bool WantsSamples() const override { return wants; }
+        void Read(const PublishedSample&) override {}
+        void Draw() override {}
+        bool wants = true;
+    };
+
+    void NoteSample(const PublishedSample& sample) {
+        const auto isFor = [&sample](SampleViewKind kind) { return (sample.views & BitOf(kind)) != 0; };
+        const std::string words = Words(sample.packet, sample.commandId);
+        if (isFor(SampleViewKind::kDash)) Note("dash " + words);
+        if (isFor(SampleViewKind::kList)) Note("list");
+        if (isFor(SampleViewKind::kHistograms)) Note("histograms " + Words(sample.last.View(), sample.commandId));
+        if (isFor(SampleViewKind::kMonitors)) Note("monitor " + Number(sample.t) + " " + words);
+    }
     void Note(const std::string& call) {
         {
             const std::lock_guard lock(mutex_);
@@ -120,6 +138,8 @@ private:
         return (packet ? std::to_string(packet.Size()) : "-") + " " + Hex(id);
     }
 
+    std::array<Page, kSampleViewKinds> pages_;
+    SampleViews* views_ = nullptr;
     std::mutex mutex_;
     std::condition_variable wake_;
     std::vector<std::string> noted_;

@@ -182,9 +182,9 @@ TEST_F(DashGaugeTest, ASampleWithoutAPacketShowsTheLastWords) {
     session.definition.UpdateValues(PacketView(packet, 3), kCommand);
     EXPECT_EQ(0, Needle(Gauge(0)));
     GaugeRecorder status(Gauge(2));
-    UpdateDashPage(session, nullptr, kOther);
+    session.PublishSample(0.0, nullptr, kOther);
     EXPECT_EQ(0, Needle(Gauge(0)));
-    UpdateDashPage(session, nullptr, kCommand);
+    session.PublishSample(0.0, nullptr, kCommand);
     EXPECT_EQ(70, Needle(Gauge(0)));
     EXPECT_EQ(70.0F, Digits(Gauge(1)));
     EXPECT_EQ((std::vector<std::string>{"state 1 redraw"}), status.lines);
@@ -198,7 +198,7 @@ TEST_F(DashGaugeTest, AGaugeWithoutAFittingItemNeverMoves) {
     Show();
     GaugeRecorder none(Gauge(0)), bit(Gauge(1)), value(Gauge(2)), noLamp(Gauge(3));
     Update({50, 80, 3});
-    UpdateDashPage(session, nullptr, kCommand);
+    session.PublishSample(0.0, nullptr, kCommand);
     for (const GaugeRecorder* recorder : {&none, &bit, &value, &noLamp})
         EXPECT_TRUE(recorder->lines.empty());
 }

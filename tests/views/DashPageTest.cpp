@@ -102,14 +102,14 @@ TEST_F(DashPageTest, LeavesItsGroundToThePaint) {
 }
 
 TEST_F(DashPageTest, IsVisibleAsTheChosenTabOfAVisibleWindow) {
-    EXPECT_FALSE(IsDashVisible(session));
+    EXPECT_FALSE(Wants(SampleViewKind::kDash));
     CreateDashPage(session);
-    ::ShowWindow(frame, SW_SHOWNOACTIVATE);
-    EXPECT_FALSE(IsDashVisible(session));
+    ShowFrame();
+    EXPECT_FALSE(Wants(SampleViewKind::kDash));
     TabSheet::selectPage(sheet, 1);
-    EXPECT_TRUE(IsDashVisible(session));
-    ::ShowWindow(frame, SW_HIDE);
-    EXPECT_FALSE(IsDashVisible(session));
+    EXPECT_TRUE(Wants(SampleViewKind::kDash));
+    ShowFrame(false);
+    EXPECT_FALSE(Wants(SampleViewKind::kDash));
 }
 
 TEST_F(DashPageTest, ItsEndIsKnown) {
@@ -118,7 +118,7 @@ TEST_F(DashPageTest, ItsEndIsKnown) {
     ::DestroyWindow(std::exchange(frame, nullptr));
     EXPECT_EQ(nullptr, session.dashPage);
     EXPECT_EQ(nullptr, DashPageOf(page));
-    EXPECT_FALSE(IsDashVisible(session));
+    EXPECT_FALSE(Wants(SampleViewKind::kDash));
     session.currentDashboard = reinterpret_cast<ADXDashboard*>(&session);
     RefreshDashPage(session);
     EXPECT_EQ(nullptr, session.currentDashboard);

@@ -55,7 +55,7 @@ protected:
         CreateDashPage(session);
         RefreshDashPage(session);
         TabSheet::selectPage(sheet, 1);
-        ::ShowWindow(frame, SW_SHOWNOACTIVATE);
+        ShowFrame();
         ::UpdateWindow(frame);
     }
     void ShowOne(std::uint32_t gaugetype, ADXObject* item) {
@@ -65,8 +65,8 @@ protected:
     HWND DashWindow() const { return static_cast<HWND>(session.dashPage); }
     const DashPage& State() const { return *DashPageOf(DashWindow()); }
     HWND Gauge(std::size_t index) const { return State().gauges.at(index); }
-    void Update(const std::vector<std::uint8_t>& bytes, std::uint32_t command = kCommand) const {
-        UpdateDashPage(session, PacketView(bytes.data(), static_cast<std::uint32_t>(bytes.size())), command);
+    void Update(const std::vector<std::uint8_t>& bytes, std::uint32_t command = kCommand) {
+        session.PublishSample(0.0, PacketView(bytes.data(), static_cast<std::uint32_t>(bytes.size())), command);
     }
     static int Needle(HWND gauge) { return static_cast<int>(::SendMessageA(gauge, AGM_GETVALUE, 0, 0)); }
     static float Digits(HWND gauge) {

@@ -40,13 +40,13 @@ protected:
         const PacketView packet(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
         session.StoreLastPacket(LastPacket::Of(packet, poll));
         session.definition.UpdateValues(packet, poll);
-        UpdateDashPage(session, packet, poll);
+        session.PublishSample(0.0, packet, poll);
     }
     void ShowIn(const Size& size, int tab, const std::string& name) {
         TabSheet::selectPage(sheet, tab);
         ::MoveWindow(frame, 0, 0, size.width, size.height, FALSE);
         Resize(size.width, size.height);
-        ::ShowWindow(frame, SW_SHOWNOACTIVATE);
+        ShowFrame();
         SavePicture(frame, name + "-" + std::to_string(size.width));
     }
 };

@@ -29,7 +29,7 @@ protected:
     }
     void ExpectLook(std::uint32_t colour, CellFont font, ADXObject* item, int column = kValueColumn) {
         entry.item = item;
-        const CellLook look = LookOf(entry, column, definition, last);
+        const CellLook look = column == kValueColumn ? ReadValueCell(entry, definition, last).look : TitleLook(entry);
         EXPECT_EQ(colour, look.colour);
         EXPECT_EQ(font, look.font);
     }

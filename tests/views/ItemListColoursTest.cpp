@@ -243,13 +243,34 @@ TEST_F(ItemListColoursTest, AThousandPaintsLeaveNothingBehind) {
     const std::size_t before = AllGdiObjects();
     for (int i = 0; i < 1000; ++i) {
         Arrive({static_cast<std::uint8_t>(i), 1});
-        RepaintItemList(session);
+        RepaintList();
         ::UpdateWindow(List());
     }
     EXPECT_EQ(before, AllGdiObjects());
     const std::size_t owned = LiveGdiObjects();
     ::DestroyWindow(Page(1));
     EXPECT_EQ(owned - 1, LiveGdiObjects()) << "the bold font goes with the page";
+}
+
+// One moment and one computation, in whatever order the control asks.
+TEST_F(ItemListColoursTest, ARowThatIsPaintedIsReadOnce) {
+    speed->flags = ADXValue::kAlarmHigh;
+    AddRow(speed);
+    Show();
+    for (const bool textFirst : {false, true}) {
+        Arrive({50, 0});
+        Ask(0, 0, CDDS_ITEMPREPAINT);
+        Arrive({150, 0});
+        if (textFirst) {
+            EXPECT_EQ("50.0", Cell(0, 1));
+        }
+        EXPECT_EQ(kOwn, ColourOf(0, 1));
+        if (!textFirst) {
+            EXPECT_EQ("50.0", Cell(0, 1));
+        }
+        EXPECT_EQ("150.0", Cell(0, 1));
+        EXPECT_EQ(kRed, ColourOf(0, 1));
+    }
 }
 
 }  // namespace

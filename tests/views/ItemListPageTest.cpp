@@ -98,19 +98,19 @@ TEST_F(ItemListPageTest, LeavesItsGroundToThePaint) {
 }
 
 TEST_F(ItemListPageTest, TheListIsVisibleOnTheChosenTabOfAVisibleWindow) {
-    EXPECT_FALSE(IsItemListVisible(session));
+    EXPECT_FALSE(Wants(SampleViewKind::kList));
     CreateItemListPage(session);
-    ::ShowWindow(frame, SW_SHOWNOACTIVATE);
-    EXPECT_FALSE(IsItemListVisible(session));
+    ShowFrame();
+    EXPECT_FALSE(Wants(SampleViewKind::kList));
     TabSheet::selectPage(sheet, 1);
-    EXPECT_TRUE(IsItemListVisible(session));
+    EXPECT_TRUE(Wants(SampleViewKind::kList));
 }
 
 TEST_F(ItemListPageTest, ItsEndIsKnown) {
     CreateItemListPage(session);
     ::DestroyWindow(std::exchange(frame, nullptr));
     EXPECT_EQ(nullptr, session.listPage);
-    EXPECT_FALSE(IsItemListVisible(session));
+    EXPECT_FALSE(Wants(SampleViewKind::kList));
     session.currentListView = reinterpret_cast<ADXListView*>(&session);
     RefreshItemListPage(session);
     EXPECT_EQ(nullptr, session.currentListView);

@@ -169,10 +169,10 @@ TEST_F(ItemListRowsTest, ARepaintFromAWorkerIsAskedForAndNotWaitedFor) {
     MainThread mainThread;
     bool isDue = false;
     WhilePumping([&] {
-        RepaintItemList(session);
-        RepaintItemList(session);
+        RepaintList();
+        RepaintList();
         mainThread.Run([&] {
-            RepaintItemList(session);
+            RepaintList();
             isDue = ::GetUpdateRect(List(), nullptr, FALSE) != FALSE;
         });
     });
@@ -192,7 +192,7 @@ TEST_F(ItemListRowsTest, OnlyRowsInViewAreReadWhenTheyArePainted) {
     Show();
     const std::uint8_t packet[] = {50, 1};
     session.StoreLastPacket(LastPacket::Of(PacketView(packet, 2), kCommand));
-    RepaintItemList(session);
+    RepaintList();
     ::UpdateWindow(List());
     EXPECT_EQ(50U, speed->GetRaw(nullptr));
     EXPECT_EQ(0U, deep->GetRaw(nullptr));
@@ -204,7 +204,7 @@ TEST_F(ItemListRowsTest, AWorkerFindsThePageGone) {
     AddRow(speed);
     Show();
     ::DestroyWindow(std::exchange(frame, nullptr));
-    RepaintItemList(session);
+    RepaintList();
 }
 
 }  // namespace

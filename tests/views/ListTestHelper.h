@@ -58,7 +58,7 @@ protected:
         CreateItemListPage(session);
         RefreshItemListPage(session);
         TabSheet::selectPage(sheet, 1);
-        ::ShowWindow(frame, SW_SHOWNOACTIVATE);
+        ShowFrame();
         ::UpdateWindow(frame);
     }
     // What a worker leaves behind before it has the views told.

@@ -42,14 +42,14 @@ protected:
         CreateItemListPage(session);
         RefreshDashPage(session);
         RefreshItemListPage(session);
-        ::ShowWindow(frame, SW_SHOWNOACTIVATE);
+        ShowFrame();
     }
     void Sample(const std::vector<std::uint8_t>& bytes) {
         const PacketView packet(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
         session.StoreLastPacket(LastPacket::Of(packet, kCommand));
         session.definition.UpdateValues(packet, kCommand);
         Update(bytes);
-        RepaintItemList(session);
+        RepaintList();
         PaintAll();
     }
     void PaintAll() const {

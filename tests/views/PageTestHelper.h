@@ -12,6 +12,7 @@
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
 #include "tests/support/DefinitionTestHelper.h"
+#include "views/SenderRelease.h"
 
 namespace corvex::test {
 
@@ -80,6 +81,8 @@ protected:
         sheet = ::CreateWindowExA(0, kTabSheetClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 650, 400, frame,
                                   nullptr, instance, nullptr);
         EXPECT_NE(nullptr, sheet);
+        ::SetWindowLongPtrA(frame, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        ownProcedure = ::SetWindowLongPtrA(frame, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&FrameProcedure));
         session.tabSheet = sheet;
         // What the sheet shows at first.
         const HWND output =
@@ -88,6 +91,17 @@ protected:
     }
     ~PageTest() override {
         if (frame != nullptr) ::DestroyWindow(frame);
+    }
+
+    void ShowFrame(bool shown = true) {
+        ::ShowWindow(frame, shown ? SW_SHOWNOACTIVATE : SW_HIDE);
+        session.views.Announce();
+    }
+    // A wish of the session to have the list catch up.
+    void RepaintList() { session.PublishSample(0.0, nullptr, 0, BitOf(SampleViewKind::kList)); }
+    bool Wants(SampleViewKind kind) {
+        session.views.Announce();
+        return (session.views.Wanted() & BitOf(kind)) != 0;
     }
 
     HWND Page(int index) const { return TabSheet::getPage(sheet, index); }
@@ -99,8 +113,32 @@ protected:
     HWND Item(void* page, int id) const { return ::GetDlgItem(static_cast<HWND>(page), id); }
     void Resize(int width, int height) const { ::MoveWindow(sheet, 0, 0, width, height, FALSE); }
 
-    SessionState session;
+    SessionState session{Calls()};
     HWND frame = nullptr, sheet = nullptr;
+
+private:
+    static constexpr UINT kSampleMessage = WM_APP + 1;
+
+    // As the program's own window does it.
+    SessionCalls Calls() {
+        SessionCalls calls;
+        calls.carrySample = [this](const PublishedSample& sample) {
+            SendReleasable(frame, kSampleMessage, reinterpret_cast<LPARAM>(&sample));
+        };
+        return calls;
+    }
+    static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        auto& test = *reinterpret_cast<PageTest*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
+        if (message != kSampleMessage)
+            return ::CallWindowProcA(reinterpret_cast<WNDPROC>(test.ownProcedure), window, message, wParam, lParam);
+        const auto& sample = *reinterpret_cast<const PublishedSample*>(lParam);
+        test.samples.Handle(
+            wParam, [&] { test.session.views.Read(sample); }, [&] { test.session.views.Draw(); });
+        return 0;
+    }
+
+    LONG_PTR ownProcedure = 0;
+    SenderRelease samples;
 };
 
 }  // namespace corvex::test

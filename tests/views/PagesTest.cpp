@@ -60,7 +60,7 @@ TEST_F(PagesTest, StandInTheOrderOfTheirCreation) {
 
 TEST_F(PagesTest, HaveRoomForTheirControlsInSmallAndLargeWindows) {
     LoadExample();
-    ::ShowWindow(frame, SW_SHOWNOACTIVATE);
+    ShowFrame();
     for (const auto& [width, height] : {std::pair{634, 400}, std::pair{1584, 800}}) {
         ::MoveWindow(frame, 0, 0, width, height, FALSE);
         Resize(width, height);

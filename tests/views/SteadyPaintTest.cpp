@@ -33,7 +33,7 @@ protected:
     }
     // As a sample has it done, and the paint that follows.
     void Repaint() {
-        RepaintItemList(session);
+        RepaintList();
         ::UpdateWindow(List());
     }
     // What is on the screen now.

@@ -1,4 +1,4 @@
-#include "apps/cli/HistogramFeed.h"
+#include "definition/HistogramFeed.h"
 
 #include "definition/ADXDefinition.h"
 #include "definition/ADXHistogram.h"
