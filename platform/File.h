@@ -57,9 +57,10 @@ public:
 class IFileSystem {
 public:
     virtual ~IFileSystem() = default;
-    // Null when it could not be opened; `error`, when given, then has the reason in words. A file has one at a time that
-    // may write, and any number that read, before and meanwhile; one that is refused leaves it as it is. Outside Windows
-    // that holds among those who ask here: other programs are not kept away. Narrow names in the system's own code page.
+    // Null when it could not be opened; `error`, when given, then has the reason in words. A file has one at a time
+    // that may write, and any number that read, before and meanwhile; one that is refused leaves it as it is. Outside
+    // Windows that holds among those who ask here: other programs are not kept away. Narrow names in the system's own
+    // code page.
     virtual std::unique_ptr<IFile> Open(const std::string& path, FileAccess access, std::string* error = nullptr) = 0;
 };
 

@@ -20,6 +20,21 @@ protected:
         ASSERT_EQ(0U, log_.StartRecording());
     }
     std::uint32_t Add() { return log_.AddSample(kId, DataOf(1).data(), 3); }
+    // As long as another one, with something new all the time, takes for two syncs.
+    static void AwaitTwoSyncs() {
+        MemoryFiles memory;
+        HeldSyncs files(memory);
+        files.Release();
+        WorkerThreads workers;
+        const auto sync = std::make_shared<RecordingSync>(files.Open(kPath, FileAccess::kCreate)->OpenSync());
+        ASSERT_TRUE(sync->Begin(workers));
+        EXPECT_TRUE(Eventually([&] {
+            sync->Note();
+            return files.Begun() >= 2;
+        }));
+        sync->End();
+        workers.Wait();
+    }
 
     MemoryFiles memory_;
     HeldSyncs files_{memory_};
@@ -47,7 +62,7 @@ TEST_F(RecordingSyncTest, SyncThatTakesLongHoldsNobody) {
 TEST_F(RecordingSyncTest, NothingNewIsNotSynced) {
     files_.Release();
     Begin();
-    std::this_thread::sleep_for(std::chrono::milliseconds(1300));
+    AwaitTwoSyncs();
     EXPECT_EQ(0U, files_.Begun());
 }
 
@@ -82,7 +97,7 @@ TEST_F(RecordingSyncTest, DiskThatIsFarBehindGetsNoMore) {
         sync->Note();
         return files_.Begun() == RecordingSync::kMostAtOnce;
     }));
-    std::this_thread::sleep_for(std::chrono::milliseconds(1300));
+    AwaitTwoSyncs();
     EXPECT_EQ(RecordingSync::kMostAtOnce, files_.Begun());
     files_.Release();
     EXPECT_TRUE(Eventually([&] { return files_.Begun() == RecordingSync::kMostAtOnce + 1; }));

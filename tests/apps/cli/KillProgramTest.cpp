@@ -4,15 +4,14 @@
 #include <unistd.h>
 
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <nlohmann/json.hpp>
 #include <random>
 #include <sstream>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "platform/Clock.h"
 #include "tests/apps/cli/LogTestHelper.h"
 #include "tests/support/AttackRounds.h"
 #include "tests/support/TestFolder.h"
@@ -109,7 +108,11 @@ protected:
         EXPECT_EQ(result.err, "");
         return nlohmann::json::parse(result.out, nullptr, false);
     }
-    void Pause(unsigned most) { std::this_thread::sleep_for(std::chrono::microseconds(chance() % most)); }
+    // Up to so many microseconds.
+    void Pause(unsigned most) {
+        IClock& clock = SystemClock();
+        SleepUntil(clock.Counter() + clock.Frequency() * static_cast<std::int64_t>(chance() % most) / 1'000'000);
+    }
 
     const test::TestFolder folder;
     const std::string log = folder.Name("drive.xdl");

@@ -137,6 +137,16 @@ TEST_F(RecordProgramTest, KeepsAnOldLog) {
     EXPECT_EQ(scan.err, "corvex-cli: /nowhere/drive.xdl: cannot be opened: No such file or directory\n");
 }
 
+// Said at once, as the drive is still going on.
+TEST_F(RecordProgramTest, SaysThatItsFileIsGone) {
+    const ToolResult scan = RunTool(Args("harrier-8192.adx", {"--seconds", "2", "--plain"}),
+                                    "sh -c '{ sleep 1; rm " + log.Path() + "; } & exec \"$0\" \"$@\" 2>&1' ");
+    EXPECT_EQ(scan.code, 1);
+    const std::string gone = "corvex-cli: " + log.Path() +
+                             ": the recording is no longer there: another program has removed or replaced it\n";
+    EXPECT_LT(scan.out.find(gone), scan.out.find(" good repl")) << scan.out;
+}
+
 TEST_F(RecordProgramTest, NeverReplacesItsDefinition) {
     const TempFile definition(ReadFile(Example("harrier-8192.adx")));
     const ToolResult scan = RunTool(

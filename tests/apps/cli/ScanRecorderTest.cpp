@@ -215,22 +215,6 @@ TEST_F(ScanRecorderTest, OneAtATimeRecordsIntoAFile) {
     EXPECT_EQ(RecordsOf(file.Path()), 1U);
 }
 
-#ifndef _WIN32  // where such a thing cannot be done to a file that is open
-TEST_F(ScanRecorderTest, SaysThatItsFileIsGone) {
-    const TempFile file("", ".xdl");
-    ScanRecorder recorder;
-    ASSERT_TRUE(Begin(recorder, file.Path()));
-    Add(recorder, 1);
-    EXPECT_EQ(recorder.Trouble(), "");
-    std::filesystem::remove(file.Path());
-    const std::string gone =
-        file.Path() + ": the recording is no longer there: another program has removed or replaced it";
-    EXPECT_EQ(recorder.Trouble(), gone);
-    EXPECT_TRUE(recorder.End());
-    EXPECT_EQ(recorder.Trouble(), gone);
-}
-#endif
-
 // What a disk leaves that was full before the table was written.
 TEST_F(ScanRecorderTest, BeginsAnewWhereAStartHasFailed) {
     const TempFile failed(std::string(40, '\0'), ".xdl");
