@@ -14,6 +14,7 @@
 #include "tests/support/Eventually.h"
 #include "tests/support/LogCallbackRecorder.h"
 #include "tests/support/PeerProcess.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex::test {
 namespace {
@@ -79,21 +80,6 @@ public:
 
 class KillTest : public ::testing::Test {
 protected:
-    KillTest() {
-        const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
-        folder_ = std::filesystem::temp_directory_path() / ("corvex_kill_" + std::to_string(stamp));
-        std::filesystem::create_directory(folder_);
-        path_ = (folder_ / "drive.xdl").string();
-    }
-    ~KillTest() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-
-    std::string Content() const {
-        std::ifstream file(path_, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
     // How many records there are; each must be the sample of its number.
     std::uint32_t CheckRecords() const {
         DataLogEngine log;
@@ -113,7 +99,7 @@ protected:
         return i;
     }
     void CheckThatItPlays(std::uint32_t records) const {
-        const std::string before = Content();
+        const std::string before = folder_.Content("drive.xdl");
         CountingCallback told;
         DataLogEngine log;
         ASSERT_EQ(0U, log.Open(path_.c_str(), kLogForReading));
@@ -124,11 +110,11 @@ protected:
         EXPECT_EQ(records, told.count);
         EXPECT_EQ(1U, told.ends);
         EXPECT_NE(0U, log.Close());
-        EXPECT_TRUE(before == Content());
+        EXPECT_TRUE(before == folder_.Content("drive.xdl"));
     }
 
-    std::filesystem::path folder_;
-    std::string path_;
+    const TestFolder folder_;
+    const std::string path_ = folder_.Name("drive.xdl");
 };
 
 // `delay` in counts of the clock, from the first sample on or from the very beginning.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/FileReplacement.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
@@ -13,22 +14,14 @@ namespace fs = std::filesystem;
 
 class FileReplacementTest : public testing::Test {
 protected:
-    FileReplacementTest() {
-        const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-        folder_ = fs::temp_directory_path() / ("corvex-replace-" + name);
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-    }
-    ~FileReplacementTest() override { fs::remove_all(folder_); }
-
-    std::string Path(const char* name) const { return (folder_ / name).string(); }
+    std::string Path(const char* name) const { return folder_.Name(name); }
     static void Put(const std::string& path, const char* text) { std::ofstream(path) << text; }
     static std::string Content(const std::string& path) {
         std::ifstream file(path);
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    fs::path folder_;
+    const test::TestFolder folder_;
 };
 
 TEST_F(FileReplacementTest, TakesThePlaceOfAFileThatStandsThere) {
@@ -66,7 +59,7 @@ TEST_F(FileReplacementTest, KeepsWhatStandsThereWhenTheNewFileIsMissing) {
 }
 
 TEST_F(FileReplacementTest, RemovesTheNewFileThatCannotTakeItsPlace) {
-    fs::create_directories(folder_ / "inhabited" / "folder");
+    fs::create_directories(folder_.Path() / "inhabited" / "folder");
     const std::string fresh = Path("fresh");
     Put(fresh, "new");
     EXPECT_FALSE(MoveIntoPlace(fresh, Path("inhabited")));
@@ -87,19 +80,19 @@ TEST_F(FileReplacementTest, SweepsWhatIsLeftOfProcessesThatAreGone) {
     SweepAbandoned(Path("file"));
     EXPECT_FALSE(fs::exists(Path("file.2147483645.new")));
     EXPECT_TRUE(fs::exists(own));
-    EXPECT_EQ(8, std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
+    EXPECT_EQ(8U, folder_.FileCount());
 }
 
 TEST_F(FileReplacementTest, TellsDevicesFromFiles) {
     Put(Path("file"), "old");
     EXPECT_FALSE(IsDeviceOrPipe(Path("file")));
     EXPECT_FALSE(IsDeviceOrPipe(Path("none")));
-    EXPECT_FALSE(IsDeviceOrPipe(folder_.string()));
+    EXPECT_FALSE(IsDeviceOrPipe(folder_.Path().string()));
     EXPECT_TRUE(IsDeviceOrPipe(fs::exists("/dev/null") ? "/dev/null" : "NUL"));
 }
 
 TEST_F(FileReplacementTest, KnowsNoFreshNameForAFolder) {
-    EXPECT_EQ(FreshNameFor(folder_.string()), "");
+    EXPECT_EQ(FreshNameFor(folder_.Path().string()), "");
 }
 
 }  // namespace

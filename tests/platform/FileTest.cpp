@@ -1,29 +1,18 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <chrono>
 #include <filesystem>
 #include <string>
 #include <thread>
 
 #include "platform/File.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
 
 class FileTest : public ::testing::Test {
 protected:
-    FileTest() {
-        const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
-        folder_ = std::filesystem::temp_directory_path() / ("corvex_file_" + std::to_string(stamp));
-        std::filesystem::create_directory(folder_);
-        path_ = (folder_ / "one.bin").string();
-    }
-    ~FileTest() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-
     std::unique_ptr<IFile> Open(FileAccess access) const { return SystemFiles().Open(path_, access); }
     void Fill(const std::string& text) const {
         const auto file = Open(FileAccess::kCreate);
@@ -36,8 +25,8 @@ protected:
         return text;
     }
 
-    std::filesystem::path folder_;
-    std::string path_;
+    const test::TestFolder folder_;
+    const std::string path_ = folder_.Name("one.bin");
 };
 
 TEST_F(FileTest, CreatesAndEmpties) {
@@ -61,12 +50,12 @@ TEST_F(FileTest, OpensOnlyWhatIsThere) {
     EXPECT_NE("", error);
     EXPECT_FALSE(Open(FileAccess::kReadWrite));
     EXPECT_FALSE(std::filesystem::exists(path_));
-    EXPECT_FALSE(SystemFiles().Open((folder_ / "no" / "such").string(), FileAccess::kCreate));
+    EXPECT_FALSE(SystemFiles().Open(folder_.Name("no/such"), FileAccess::kCreate));
 }
 
 TEST_F(FileTest, FolderIsNoFile) {
     std::string error;
-    EXPECT_FALSE(SystemFiles().Open(folder_.string(), FileAccess::kRead, &error));
+    EXPECT_FALSE(SystemFiles().Open(folder_.Path().string(), FileAccess::kRead, &error));
     EXPECT_NE("", error);
 }
 

@@ -19,10 +19,12 @@ class TestFolder {
 public:
     TestFolder() {
         static std::atomic<int> number{0};
-        const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
-        const std::string name = "corvex_" + std::to_string(stamp) + "_" + std::to_string(++number);
-        path_ = std::filesystem::temp_directory_path() / name;
-        std::filesystem::create_directory(path_);
+        // The same tests of other builds may run at this moment: the one that makes it has it.
+        do {
+            const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
+            const std::string name = "corvex_" + std::to_string(stamp) + "_" + std::to_string(++number);
+            path_ = std::filesystem::temp_directory_path() / name;
+        } while (!std::filesystem::create_directory(path_));
     }
     ~TestFolder() {
         std::error_code ignored;
@@ -34,9 +36,10 @@ public:
     const std::filesystem::path& Path() const { return path_; }
     std::string Name(const std::string& file) const { return (path_ / file).string(); }
     bool Has(const std::string& file) const { return std::filesystem::exists(path_ / file); }
-    // Every byte as it is.
-    void Put(const std::string& file, const std::string& bytes) const {
+    // Every byte as it is. The file's whole name.
+    std::string Put(const std::string& file, const std::string& bytes) const {
         std::ofstream(path_ / file, std::ios::binary) << bytes;
+        return Name(file);
     }
     std::string Content(const std::string& file) const {
         std::ifstream opened(path_ / file, std::ios::binary);

@@ -11,6 +11,7 @@
 #include "platform/ConsoleStop.h"
 #include "platform/PseudoTerminal.h"
 #include "platform/SerialPlatform.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
@@ -19,17 +20,10 @@ namespace fs = std::filesystem;
 
 class PseudoTerminalTest : public testing::Test {
 protected:
-    PseudoTerminalTest() {
-        const auto number = SystemClock().Counter();
-        folder = fs::temp_directory_path() / ("corvex-terminal-" + std::to_string(number));
-        fs::create_directory(folder);
-        terminal = PseudoTerminal::Open(error);
-        link = (folder / "port").string();
-    }
-    ~PseudoTerminalTest() override { fs::remove_all(folder); }
+    PseudoTerminalTest() { terminal = PseudoTerminal::Open(error); }
 
-    std::string error, link;
-    fs::path folder;
+    const test::TestFolder folder;
+    std::string error, link = folder.Name("port");
     std::unique_ptr<PseudoTerminal> terminal;
 };
 
@@ -78,7 +72,7 @@ TEST_F(PseudoTerminalTest, ReplacesALinkAndRemovesItAtTheEnd) {
     EXPECT_EQ(fs::read_symlink(link), terminal->Name());
     terminal.reset();
     EXPECT_FALSE(fs::is_symlink(fs::symlink_status(link)));
-    EXPECT_TRUE(fs::is_empty(folder));
+    EXPECT_TRUE(fs::is_empty(folder.Path()));
 }
 
 TEST_F(PseudoTerminalTest, LeavesALinkThatAnotherHasTakenOver) {
@@ -94,7 +88,7 @@ TEST_F(PseudoTerminalTest, RefusesToReplaceAFile) {
     EXPECT_FALSE(terminal->Link(link, error));
     EXPECT_EQ(error, link + " exists and is not a link");
     EXPECT_TRUE(fs::is_regular_file(link));
-    EXPECT_FALSE(terminal->Link((folder / "no" / "such").string(), error));
+    EXPECT_FALSE(terminal->Link((folder.Path() / "no" / "such").string(), error));
 }
 
 TEST_F(PseudoTerminalTest, IsGoneWhenUnplugged) {

@@ -1,35 +1,23 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "apps/sim/RecordedReplies.h"
 #include "apps/sim/SimOptions.h"
 #include "platform/Clock.h"
 #include "tests/apps/sim/SimTestHelper.h"
 #include "tests/support/LogBytes.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
 
-namespace fs = std::filesystem;
 using test::Bytes;
 using test::LogBytes;
 
 class RecordedRepliesTest : public ::testing::Test {
 protected:
-    RecordedRepliesTest()
-        : path((fs::temp_directory_path() / ("corvex-replies-" + std::to_string(SystemClock().Counter()) + ".xdl"))
-                   .string()) {}
-    ~RecordedRepliesTest() override {
-        std::error_code ignored;
-        fs::remove(path, ignored);
-    }
-
-    void Write(const LogBytes& log) {
-        std::ofstream file(path, std::ios::binary);
-        file.write(reinterpret_cast<const char*>(log.bytes.data()), static_cast<std::streamsize>(log.bytes.size()));
-    }
+    void Write(const LogBytes& log) { folder.Put("replies.xdl", std::string(log.bytes.begin(), log.bytes.end())); }
     bool Read(const LogBytes& log) {
         Write(log);
         return replies.Read(path, error);
@@ -41,7 +29,8 @@ protected:
         return log.Item(0x11, 0x20000, 3, 3, Bytes(15, 0xFF)).Item(0x22, 0x20000, 2, 3, {0x05});
     }
 
-    const std::string path;
+    const test::TestFolder folder;
+    const std::string path = folder.Name("replies.xdl");
     std::string error;
     RecordedReplies replies;
 };

@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 
 #include "apps/sim/BitStream160.h"
@@ -11,11 +10,11 @@
 #include "platform/Clock.h"
 #include "tests/apps/sim/SimTestHelper.h"
 #include "tests/support/LogBytes.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
 
-namespace fs = std::filesystem;
 using test::Bytes;
 using test::LogBytes;
 
@@ -37,13 +36,11 @@ protected:
         log.Record(0, 0, {1, 2, 3});
         if (withStream) log.Record(1, 10, {0xA5, 0x0F}).Record(1, 20, {0x5A, 0xF0});
         log.Record(0, 30, {4, 5, 6});
-        const fs::path path = fs::temp_directory_path() / ("corvex-source-" + std::to_string(SystemClock().Counter()));
-        std::ofstream(path, std::ios::binary)
-            .write(reinterpret_cast<const char*>(log.bytes.data()), static_cast<std::streamsize>(log.bytes.size()));
+        const test::TestFolder folder;
+        const std::string path = folder.Put("source.xdl", std::string(log.bytes.begin(), log.bytes.end()));
         auto recording = std::make_shared<RecordedReplies>();
         std::string error;
-        EXPECT_TRUE(recording->Read(path.string(), error)) << error;
-        fs::remove(path);
+        EXPECT_TRUE(recording->Read(path, error)) << error;
         return recording;
     }
 

@@ -9,6 +9,7 @@
 
 #include "definition/ADXDefinition.h"
 #include "platform/FileReplacement.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
@@ -36,26 +37,14 @@ private:
     void (*handler_)(int) = nullptr;
 };
 
+constexpr char kSaved[] = "saved.adx";
+
 class FullDiskTest : public testing::Test {
 protected:
-    FullDiskTest() {
-        const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-        folder_ = fs::temp_directory_path() / ("corvex-full-" + name);
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-        path_ = (folder_ / "saved.adx").string();
-        EXPECT_EQ(definition_.Load(CORVEX_SOURCE_DIR "/examples/harrier-8192.adx"), 1);
-    }
-    ~FullDiskTest() override { fs::remove_all(folder_); }
+    FullDiskTest() { EXPECT_EQ(definition_.Load(CORVEX_SOURCE_DIR "/examples/harrier-8192.adx"), 1); }
 
-    static std::string Content(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    auto FilesInFolder() const { return std::distance(fs::directory_iterator(folder_), fs::directory_iterator()); }
-
-    fs::path folder_;
-    std::string path_;
+    const test::TestFolder folder_;
+    std::string path_ = folder_.Name(kSaved);
     ADXDefinition definition_;
 };
 
@@ -65,8 +54,8 @@ TEST_F(FullDiskTest, TellsOfItAndKeepsTheFileThatWasThere) {
         const RoomLeft room(20000);
         EXPECT_EQ(definition_.Save(path_.c_str()), 0);
     }
-    EXPECT_EQ(Content(path_), "the only copy");
-    EXPECT_EQ(FilesInFolder(), 1);
+    EXPECT_EQ(folder_.Content(kSaved), "the only copy");
+    EXPECT_EQ(folder_.FileCount(), 1U);
 }
 
 TEST_F(FullDiskTest, LeavesNoHalfFileWhereThereWasNone) {
@@ -74,7 +63,7 @@ TEST_F(FullDiskTest, LeavesNoHalfFileWhereThereWasNone) {
         const RoomLeft room(20000);
         EXPECT_EQ(definition_.Save(path_.c_str()), 0);
     }
-    EXPECT_EQ(FilesInFolder(), 0);
+    EXPECT_EQ(folder_.FileCount(), 0U);
 }
 
 // A name in use by a folder, as a disk without a free entry would have it.
@@ -82,33 +71,33 @@ TEST_F(FullDiskTest, KeepsTheFileWhereThereCanBeNoneBesideIt) {
     std::ofstream(path_) << "the only copy";
     fs::create_directory(FreshNameFor(path_));
     EXPECT_EQ(definition_.Save(path_.c_str()), 0);
-    EXPECT_EQ(Content(path_), "the only copy");
+    EXPECT_EQ(folder_.Content(kSaved), "the only copy");
 }
 
 TEST_F(FullDiskTest, SavesUnderTheLongestName) {
-    path_ = (folder_ / std::string(255, 'n')).string();
+    path_ = folder_.Name(std::string(255, 'n'));
     EXPECT_EQ(definition_.Save(path_.c_str()), 1);
     EXPECT_EQ(definition_.Save(path_.c_str()), 1);
-    EXPECT_EQ(FilesInFolder(), 1);
+    EXPECT_EQ(folder_.FileCount(), 1U);
 }
 
 TEST_F(FullDiskTest, ASweepFollowsAKilledSave) {
     std::ofstream(path_ + ".2147483647.new") << "half";
     EXPECT_EQ(definition_.Save(path_.c_str()), 1);
-    EXPECT_EQ(FilesInFolder(), 1);
+    EXPECT_EQ(folder_.FileCount(), 1U);
 }
 
 TEST_F(FullDiskTest, ASaveKeepsRightsAndLinks) {
     std::ofstream(path_) << "old";
     ASSERT_EQ(chmod(path_.c_str(), 0640), 0);
-    const std::string link = (folder_ / "link.adx").string();
+    const std::string link = folder_.Name("link.adx");
     fs::create_symlink("saved.adx", link);
     EXPECT_EQ(definition_.Save(link.c_str()), 1);
     EXPECT_TRUE(fs::is_symlink(link));
     struct stat info {};
     ASSERT_EQ(stat(path_.c_str(), &info), 0);
     EXPECT_EQ(info.st_mode & 07777U, 0640U);
-    EXPECT_GT(Content(path_).size(), 20000U);
+    EXPECT_GT(folder_.Content(kSaved).size(), 20000U);
 }
 
 }  // namespace

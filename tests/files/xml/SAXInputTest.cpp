@@ -2,7 +2,7 @@
 
 #include "files/xml/SAXInput.h"
 #include "tests/files/xml/SAXRecorder.h"
-#include "tests/files/xml/TempFolder.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
@@ -100,8 +100,8 @@ TEST(SAXInput, TellsTheSamePlacesForWideInput) {
 }
 
 TEST(SAXInput, ReadsAFileAndNamesItDuringTheParse) {
-    const TempFolder folder;
-    const std::string path = folder.Write("a.adx", "<a>\r\n" + std::string(50000, 'x') + "</a>\r\n");
+    const test::TestFolder folder;
+    const std::string path = folder.Put("a.adx", "<a>\r\n" + std::string(50000, 'x') + "</a>\r\n");
     SAXRecorder recorder;
     SAXParser parser;
     parser.SetCallback(&recorder);
@@ -113,12 +113,12 @@ TEST(SAXInput, ReadsAFileAndNamesItDuringTheParse) {
 }
 
 TEST(SAXInput, ReadsAFileAsItReadsMemory) {
-    const TempFolder folder;
+    const test::TestFolder folder;
     std::string text = "<a>";
     for (int i = 0; i < 3000; ++i)
         text += "<b c='" + std::to_string(i) + "'>" + std::to_string(i * i) + "</b>\n";
     text[9000] = '\0';
-    const std::string path = folder.Write("b.adx", text);
+    const std::string path = folder.Put("b.adx", text);
     SAXRecorder file, memory;
     SAXParser parser;
     parser.SetCallback(&file);
@@ -129,9 +129,9 @@ TEST(SAXInput, ReadsAFileAsItReadsMemory) {
 }
 
 TEST(SAXInput, ClosesTheFileInEveryCase) {
-    const TempFolder folder;
+    const test::TestFolder folder;
     for (const char* text : {"<a/>", "<1/>", "<refused/>", "nothing"}) {
-        const std::string path = folder.Write("c.adx", text);
+        const std::string path = folder.Put("c.adx", text);
         SAXRecorder recorder;
         recorder.refuse = "<refused";
         SAXParser parser;
@@ -143,31 +143,31 @@ TEST(SAXInput, ClosesTheFileInEveryCase) {
 }
 
 TEST(SAXInput, TellsAFileThatDoesNotOpen) {
-    const TempFolder folder;
+    const test::TestFolder folder;
     SAXRecorder recorder;
     SAXParser parser;
     parser.SetCallback(&recorder);
-    EXPECT_EQ(parser.ParseFile(folder.Path("missing.adx").c_str()), static_cast<std::int32_t>(0x861B0001));
+    EXPECT_EQ(parser.ParseFile(folder.Name("missing.adx").c_str()), static_cast<std::int32_t>(0x861B0001));
     EXPECT_EQ(recorder.errorcode, static_cast<std::int32_t>(0x861B0001));
     EXPECT_EQ(recorder.message, "Error opening file");
     EXPECT_EQ(recorder.events, Events{"error"});
 }
 
 TEST(SAXInput, TellsAFolderAsAFileThatDoesNotOpen) {
-    const TempFolder folder;
+    const test::TestFolder folder;
     SAXRecorder recorder;
     SAXParser parser;
     parser.SetCallback(&recorder);
-    EXPECT_EQ(parser.ParseFile(folder.Path("").c_str()), SAXParser::kOpenError);
+    EXPECT_EQ(parser.ParseFile(folder.Name("").c_str()), SAXParser::kOpenError);
     EXPECT_EQ(recorder.message, "Error opening file");
 }
 
 TEST(SAXInput, RefusesAnEmptyFile) {
-    const TempFolder folder;
+    const test::TestFolder folder;
     SAXRecorder recorder;
     SAXParser parser;
     parser.SetCallback(&recorder);
-    EXPECT_EQ(parser.ParseFile(folder.Write("empty.adx", "").c_str()), SAXParser::kSyntaxError);
+    EXPECT_EQ(parser.ParseFile(folder.Put("empty.adx", "").c_str()), SAXParser::kSyntaxError);
     EXPECT_EQ(recorder.message, "Unrecognized encoding (parser does not support UTF-8 language encodings)");
 }
 

@@ -5,7 +5,7 @@
 
 #include "files/xml/XMLWriter.h"
 #include "tests/files/xml/SAXRecorder.h"
-#include "tests/files/xml/TempFolder.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
@@ -254,30 +254,30 @@ TEST(XMLWriter, DoesNothingWhenNotOpen) {
 }
 
 TEST(XMLWriter, WritesAFileWithCRLF) {
-    const TempFolder folder;
+    const test::TestFolder folder;
     XMLWriter writer;
-    ASSERT_NE(writer.Open(folder.Path("a.adx").c_str()), 0);
+    ASSERT_NE(writer.Open(folder.Name("a.adx").c_str()), 0);
     writer.StartElement("a");
     writer.WriteElementText("b", "x\ny");
     writer.WriteComment("c");
     writer.EndElement();
     writer.Close();
     EXPECT_FALSE(writer.Failed());
-    EXPECT_EQ(folder.Read("a.adx"), "<a>\r\n    <b>x\ny</b>\r\n\r\n    <!-- c -->\r\n</a>\r\n");
+    EXPECT_EQ(folder.Content("a.adx"), "<a>\r\n    <b>x\ny</b>\r\n\r\n    <!-- c -->\r\n</a>\r\n");
 }
 
 TEST(XMLWriter, TruncatesTheFileThatWasThere) {
-    const TempFolder folder;
-    const std::string path = folder.Write("a.adx", std::string(100000, 'o'));
+    const test::TestFolder folder;
+    const std::string path = folder.Put("a.adx", std::string(100000, 'o'));
     XMLWriter writer;
     ASSERT_NE(writer.Open(path.c_str()), 0);
     writer.Close();
-    EXPECT_EQ(folder.Read("a.adx"), "");
+    EXPECT_EQ(folder.Content("a.adx"), "");
 }
 
 TEST(XMLWriter, WritesWholeBlocksAndTheRestAtClose) {
-    const TempFolder folder;
-    const std::string path = folder.Path("a.adx");
+    const test::TestFolder folder;
+    const std::string path = folder.Name("a.adx");
     for (const std::size_t length : {16383U, 16384U, 16385U, 32767U, 32768U, 32769U, 100000U}) {
         std::string text(length, '\0');
         for (std::size_t i = 0; i < length; ++i)
@@ -291,42 +291,42 @@ TEST(XMLWriter, WritesWholeBlocksAndTheRestAtClose) {
         EXPECT_EQ(std::filesystem::file_size(path), length / 16384 * 16384) << length;
         writer.Close();
         EXPECT_FALSE(writer.Failed());
-        EXPECT_EQ(folder.Read("a.adx"), text);
+        EXPECT_EQ(folder.Content("a.adx"), text);
     }
 }
 
 TEST(XMLWriter, ClosesTwiceAndOpensAnew) {
-    const TempFolder folder;
+    const test::TestFolder folder;
     XMLWriter writer;
-    ASSERT_NE(writer.Open(folder.Path("a.adx").c_str()), 0);
+    ASSERT_NE(writer.Open(folder.Name("a.adx").c_str()), 0);
     writer.SetIndent(2);
     writer.StartElement("left-open");
     writer.Close();
     writer.Close();
     EXPECT_EQ(writer.StartElement("a"), 0);
-    EXPECT_EQ(folder.Read("a.adx"), "<left-open");
-    ASSERT_NE(writer.Open(folder.Path("b.adx").c_str()), 0);
+    EXPECT_EQ(folder.Content("a.adx"), "<left-open");
+    ASSERT_NE(writer.Open(folder.Name("b.adx").c_str()), 0);
     writer.StartElement("a");
     writer.StartElement("b");
     writer.Close();
-    EXPECT_EQ(folder.Read("b.adx"), "<a>\r\n    <b");
+    EXPECT_EQ(folder.Content("b.adx"), "<a>\r\n    <b");
 }
 
 TEST(XMLWriter, ClosesWhatIsLeftOpenWithTheObject) {
-    const TempFolder folder;
+    const test::TestFolder folder;
     {
         XMLWriter writer;
-        ASSERT_NE(writer.Open(folder.Path("a.adx").c_str()), 0);
+        ASSERT_NE(writer.Open(folder.Name("a.adx").c_str()), 0);
         writer.WriteElementInt("a", 7);
     }
-    EXPECT_EQ(folder.Read("a.adx"), "<a>7</a>\r\n");
-    EXPECT_TRUE(std::filesystem::remove(folder.Path("a.adx")));
+    EXPECT_EQ(folder.Content("a.adx"), "<a>7</a>\r\n");
+    EXPECT_TRUE(std::filesystem::remove(folder.Name("a.adx")));
 }
 
 TEST(XMLWriter, TellsAFileThatDoesNotOpen) {
-    const TempFolder folder;
+    const test::TestFolder folder;
     XMLWriter writer;
-    EXPECT_EQ(writer.Open(folder.Path("missing/a.adx").c_str()), 0);
+    EXPECT_EQ(writer.Open(folder.Name("missing/a.adx").c_str()), 0);
     EXPECT_EQ(writer.StartElement("a"), 0);
 }
 
@@ -346,8 +346,8 @@ TEST(XMLWriter, TellsOfAFullDisk) {
 }
 
 TEST(XMLWriter, WritesWhatTheParserReads) {
-    const TempFolder folder;
-    const std::string path = folder.Path("a.adx");
+    const test::TestFolder folder;
+    const std::string path = folder.Name("a.adx");
     char escaped[64];
     XMLWriter::Escape("<\"fuel\" & 'air'>", 64, escaped, 59);
     XMLWriter writer;
