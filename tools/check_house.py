@@ -11,11 +11,12 @@ FLOORS = {
     "platform": 0, "files/xml": 0, "session/base": 0,
     "definition": 1,
     "acquisition": 2, "logging": 2, "files/adx": 2, "files/ads": 2,
-    "controls": 3,
-    "session": 4,
-    "views": 5,
-    "session/window": 6,
-    "apps": 7,
+    "controls": 3, "export/text": 3,
+    "session": 4, "export": 4,
+    "session/diagnosis": 5, "checking": 5,
+    "views": 6,
+    "session/window": 7,
+    "apps": 8,
 }
 # Folders of one floor that stand on one another by design.
 SIBLINGS = {
@@ -24,8 +25,8 @@ SIBLINGS = {
     ("logging", "acquisition"),     # the log's callback extends the engine's
     ("files/ads", "files/adx"),
 }
-SOURCES = ("platform", "files", "definition", "acquisition", "logging", "controls", "session", "views", "apps", "bench",
-           "tests")
+SOURCES = ("platform", "files", "definition", "acquisition", "logging", "controls", "export", "session", "checking",
+           "views", "apps", "bench", "tests")
 # The desktop may name the system, but for the models of its controls and pages, which build everywhere.
 DESKTOP = ("controls/", "views/", "session/window/", "apps/desktop/", "apps/editor/", "tests/platform/",
            "tests/controls/", "tests/views/", "tests/session/window/", "tests/apps/desktop/", "tests/apps/editor/",

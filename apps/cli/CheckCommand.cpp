@@ -1,17 +1,16 @@
-#include "apps/cli/CheckCommand.h"
-
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
 #include <vector>
 
-#include "apps/cli/DefinitionChecker.h"
+#include "apps/cli/Commands.h"
 #include "apps/cli/DefinitionFile.h"
 #include "apps/cli/DefinitionJson.h"
 #include "apps/cli/DefinitionText.h"
-#include "apps/cli/ObjectNames.h"
-#include "apps/cli/TextFormat.h"
+#include "checking/DefinitionChecker.h"
 #include "definition/ADXDefinition.h"
+#include "export/text/ObjectNames.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

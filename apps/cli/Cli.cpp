@@ -5,17 +5,7 @@
 #include <variant>
 
 #include "apps/cli/Arguments.h"
-#include "apps/cli/CheckCommand.h"
-#include "apps/cli/ConvertCommand.h"
-#include "apps/cli/DecodeCommand.h"
-#include "apps/cli/EvalCommand.h"
-#include "apps/cli/HashCommand.h"
-#include "apps/cli/HistogramCommand.h"
-#include "apps/cli/InfoCommand.h"
-#include "apps/cli/ListCommand.h"
-#include "apps/cli/PlayCommand.h"
-#include "apps/cli/RepairCommand.h"
-#include "apps/cli/ScanCommand.h"
+#include "apps/cli/Commands.h"
 
 namespace corvex {
 

@@ -1,16 +1,15 @@
-#include "apps/cli/ConvertCommand.h"
-
 #include <algorithm>
 #include <ostream>
 #include <string>
 
-#include "apps/cli/DefinitionChecker.h"
+#include "apps/cli/Commands.h"
 #include "apps/cli/DefinitionFile.h"
 #include "apps/cli/FreshFile.h"
 #include "apps/cli/LegacyFile.h"
 #include "apps/cli/OutputGuard.h"
-#include "apps/cli/TextFormat.h"
+#include "checking/DefinitionChecker.h"
 #include "definition/ADXDefinition.h"
+#include "export/text/TextFormat.h"
 #include "platform/FileReplacement.h"
 
 namespace corvex {

@@ -1,5 +1,4 @@
-#include "apps/cli/DecodeCommand.h"
-
+#include "apps/cli/Commands.h"
 #include "apps/cli/DecodeRun.h"
 
 namespace corvex {

@@ -2,15 +2,15 @@
 
 #include <ostream>
 
-#include "apps/cli/CsvWriter.h"
 #include "apps/cli/DefinitionFile.h"
 #include "apps/cli/LogFile.h"
 #include "apps/cli/LogLoss.h"
 #include "apps/cli/OutputGuard.h"
 #include "apps/cli/ProgressBar.h"
-#include "apps/cli/RecordDecoder.h"
-#include "apps/cli/TextFormat.h"
 #include "apps/cli/TextOutput.h"
+#include "export/CsvWriter.h"
+#include "export/RecordDecoder.h"
+#include "export/text/TextFormat.h"
 #include "logging/LogWalk.h"
 #include "platform/ConsoleStop.h"
 #include "platform/Terminal.h"

@@ -6,10 +6,10 @@
 #include <map>
 #include <memory>
 
-#include "apps/cli/ColumnSet.h"
 #include "apps/cli/ExitCode.h"
 #include "apps/cli/LogOptions.h"
 #include "definition/ADXDefinition.h"
+#include "export/ColumnSet.h"
 #include "logging/DataLogEngine.h"
 
 namespace corvex {

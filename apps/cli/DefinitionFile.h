@@ -4,7 +4,7 @@
 #include <iosfwd>
 #include <string>
 
-#include "apps/cli/FileFacts.h"
+#include "checking/FileFacts.h"
 #include "definition/ADXDefinition.h"
 
 namespace corvex {

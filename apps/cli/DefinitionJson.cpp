@@ -4,9 +4,7 @@
 #include <string>
 
 #include "apps/cli/DefinitionText.h"
-#include "apps/cli/EquationFacts.h"
-#include "apps/cli/ObjectNames.h"
-#include "apps/cli/TextFormat.h"
+#include "checking/EquationFacts.h"
 #include "definition/ADXBitmask.h"
 #include "definition/ADXC160BaudListen.h"
 #include "definition/ADXCListenChatter.h"
@@ -20,6 +18,8 @@
 #include "definition/ADXMacro.h"
 #include "definition/ADXMonitor.h"
 #include "definition/ADXValue.h"
+#include "export/text/ObjectNames.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

@@ -1,12 +1,11 @@
-#include "apps/cli/EvalCommand.h"
-
 #include <algorithm>
 #include <ostream>
 #include <string>
 
-#include "apps/cli/EquationFacts.h"
-#include "apps/cli/TextFormat.h"
+#include "apps/cli/Commands.h"
+#include "checking/EquationFacts.h"
 #include "definition/EquationEvaluator.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

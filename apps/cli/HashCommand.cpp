@@ -1,11 +1,10 @@
-#include "apps/cli/HashCommand.h"
-
 #include <cstdint>
 #include <ostream>
 #include <string>
 
-#include "apps/cli/TextFormat.h"
+#include "apps/cli/Commands.h"
 #include "definition/ADXObject.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

@@ -1,14 +1,13 @@
-#include "apps/cli/HistogramCommand.h"
-
 #include <memory>
 #include <ostream>
 
-#include "apps/cli/CsvWriter.h"
+#include "apps/cli/Commands.h"
 #include "apps/cli/HistogramText.h"
 #include "apps/cli/LogPlayer.h"
 #include "apps/cli/TextOutput.h"
 #include "definition/ADXHistogram.h"
 #include "definition/HistogramFeed.h"
+#include "export/CsvWriter.h"
 #include "platform/Clock.h"
 
 namespace corvex {

@@ -4,12 +4,12 @@
 #include <iterator>
 #include <vector>
 
-#include "apps/cli/CsvWriter.h"
-#include "apps/cli/ItemReading.h"
 #include "apps/cli/LogOptions.h"
-#include "apps/cli/ObjectNames.h"
-#include "apps/cli/TextFormat.h"
 #include "definition/ADXHistogram.h"
+#include "export/CsvWriter.h"
+#include "export/ItemReading.h"
+#include "export/text/ObjectNames.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

@@ -1,13 +1,12 @@
-#include "apps/cli/InfoCommand.h"
-
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "apps/cli/Commands.h"
 #include "apps/cli/DefinitionFile.h"
 #include "apps/cli/LogFile.h"
-#include "apps/cli/LogSummary.h"
 #include "apps/cli/LogSummaryText.h"
 #include "definition/ADXDefinition.h"
+#include "export/LogSummary.h"
 
 namespace corvex {
 

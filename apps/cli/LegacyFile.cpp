@@ -4,8 +4,8 @@
 #include <ostream>
 #include <string_view>
 
-#include "apps/cli/TextFormat.h"
 #include "definition/ADXListView.h"
+#include "export/text/TextFormat.h"
 #include "files/ads/AdsConverter.h"
 
 namespace corvex {

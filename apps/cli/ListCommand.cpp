@@ -1,8 +1,7 @@
-#include "apps/cli/ListCommand.h"
-
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "apps/cli/Commands.h"
 #include "apps/cli/DefinitionFile.h"
 #include "apps/cli/DefinitionJson.h"
 #include "apps/cli/DefinitionText.h"

@@ -1,8 +1,8 @@
 #include "apps/cli/LiveTable.h"
 
-#include "apps/cli/ItemReading.h"
-#include "apps/cli/ObjectNames.h"
 #include "definition/ADXDefinition.h"
+#include "export/ItemReading.h"
+#include "export/text/ObjectNames.h"
 
 namespace corvex {
 

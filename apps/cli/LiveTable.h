@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "apps/cli/ReplyEvent.h"
+#include "session/diagnosis/ReplyEvent.h"
 
 namespace corvex {
 

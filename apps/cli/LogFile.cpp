@@ -4,7 +4,7 @@
 #include <ostream>
 #include <system_error>
 
-#include "apps/cli/TextFormat.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

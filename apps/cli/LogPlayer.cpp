@@ -9,7 +9,7 @@
 #include "apps/cli/DefinitionFile.h"
 #include "apps/cli/LogFile.h"
 #include "apps/cli/LogLoss.h"
-#include "apps/cli/TextFormat.h"
+#include "export/text/TextFormat.h"
 #include "logging/LogWalk.h"
 
 namespace corvex {

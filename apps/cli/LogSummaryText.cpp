@@ -6,10 +6,10 @@
 
 #include "apps/cli/LogFile.h"
 #include "apps/cli/LogLoss.h"
-#include "apps/cli/LogSummary.h"
-#include "apps/cli/ObjectNames.h"
-#include "apps/cli/TextFormat.h"
 #include "definition/ADXDefinition.h"
+#include "export/LogSummary.h"
+#include "export/text/ObjectNames.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

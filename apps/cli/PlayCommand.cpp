@@ -1,5 +1,4 @@
-#include "apps/cli/PlayCommand.h"
-
+#include "apps/cli/Commands.h"
 #include "apps/cli/PlayRun.h"
 
 namespace corvex {

@@ -4,10 +4,10 @@
 #include <chrono>
 #include <ostream>
 
-#include "apps/cli/LineState.h"
-#include "apps/cli/TextFormat.h"
+#include "export/text/TextFormat.h"
 #include "platform/ConsoleStop.h"
 #include "platform/Terminal.h"
+#include "session/diagnosis/LineState.h"
 
 namespace corvex {
 

@@ -9,10 +9,10 @@
 #include "apps/cli/LogPlayer.h"
 #include "apps/cli/Options.h"
 #include "apps/cli/ReplyQueue.h"
-#include "apps/cli/ScanSummary.h"
 #include "apps/cli/ScanTap.h"
 #include "apps/cli/ScanView.h"
 #include "apps/cli/StreamAppender.h"
+#include "session/diagnosis/ScanSummary.h"
 
 namespace corvex {
 

@@ -4,7 +4,7 @@
 #include <ostream>
 #include <string>
 
-#include "apps/cli/TextFormat.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

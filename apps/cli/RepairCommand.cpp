@@ -1,12 +1,11 @@
-#include "apps/cli/RepairCommand.h"
-
 #include <memory>
 #include <ostream>
 #include <vector>
 
+#include "apps/cli/Commands.h"
 #include "apps/cli/FreshFile.h"
 #include "apps/cli/LogFile.h"
-#include "apps/cli/TextFormat.h"
+#include "export/text/TextFormat.h"
 #include "logging/LogContent.h"
 #include "logging/LogCopy.h"
 #include "logging/LogRescue.h"

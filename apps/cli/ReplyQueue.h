@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/cli/ReplyEvent.h"
+#include "session/diagnosis/ReplyEvent.h"
 
 namespace corvex {
 

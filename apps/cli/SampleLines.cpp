@@ -3,10 +3,10 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
-#include "apps/cli/ItemReading.h"
-#include "apps/cli/ObjectNames.h"
-#include "apps/cli/TextFormat.h"
 #include "definition/ADXDefinition.h"
+#include "export/ItemReading.h"
+#include "export/text/ObjectNames.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

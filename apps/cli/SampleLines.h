@@ -4,7 +4,7 @@
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 
-#include "apps/cli/ReplyEvent.h"
+#include "session/diagnosis/ReplyEvent.h"
 
 namespace corvex {
 

@@ -1,5 +1,4 @@
-#include "apps/cli/ScanCommand.h"
-
+#include "apps/cli/Commands.h"
 #include "apps/cli/ScanRun.h"
 
 namespace corvex {

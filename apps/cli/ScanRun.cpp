@@ -6,14 +6,14 @@
 #include <utility>
 
 #include "apps/cli/DefinitionFile.h"
-#include "apps/cli/LineState.h"
 #include "apps/cli/LogFile.h"
-#include "apps/cli/ObjectNames.h"
-#include "apps/cli/PolledCommands.h"
-#include "apps/cli/TextFormat.h"
 #include "apps/sim/RecordedReplies.h"
+#include "export/text/ObjectNames.h"
+#include "export/text/TextFormat.h"
 #include "platform/ConsoleStop.h"
 #include "platform/Terminal.h"
+#include "session/diagnosis/LineState.h"
+#include "session/diagnosis/PolledCommands.h"
 
 namespace corvex {
 

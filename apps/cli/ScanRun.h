@@ -8,16 +8,16 @@
 #include <vector>
 
 #include "apps/cli/ExitCode.h"
-#include "apps/cli/LineDiagnosis.h"
 #include "apps/cli/Options.h"
 #include "apps/cli/ReplyQueue.h"
 #include "apps/cli/ScanRecorder.h"
-#include "apps/cli/ScanSummary.h"
 #include "apps/cli/ScanTap.h"
 #include "apps/cli/ScanView.h"
 #include "apps/cli/StreamAppender.h"
 #include "apps/sim/SimulatorSession.h"
 #include "session/SessionState.h"
+#include "session/diagnosis/LineDiagnosis.h"
+#include "session/diagnosis/ScanSummary.h"
 
 namespace corvex {
 

@@ -10,8 +10,8 @@
 #include "apps/cli/SampleLines.h"
 #include "apps/cli/ScreenLines.h"
 #include "apps/cli/TableLines.h"
-#include "apps/cli/TextFormat.h"
 #include "definition/ADXObject.h"
+#include "export/text/TextFormat.h"
 #include "platform/Terminal.h"
 
 namespace corvex {

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "apps/cli/LiveTable.h"
-#include "apps/cli/ReplyEvent.h"
-#include "apps/cli/ScanSummary.h"
+#include "session/diagnosis/ReplyEvent.h"
+#include "session/diagnosis/ScanSummary.h"
 
 namespace corvex {
 

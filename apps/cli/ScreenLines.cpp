@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "apps/cli/TextFormat.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "apps/cli/TextFormat.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "apps/cli/FreshFile.h"
-#include "apps/cli/ITextSink.h"
+#include "export/text/ITextSink.h"
 
 namespace corvex {
 

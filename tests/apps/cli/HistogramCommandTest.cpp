@@ -2,9 +2,9 @@
 
 #include "apps/cli/HistogramText.h"
 #include "apps/cli/LogOptions.h"
-#include "apps/cli/TextFormat.h"
 #include "definition/ADXHistogram.h"
 #include "definition/ADXValue.h"
+#include "export/text/TextFormat.h"
 #include "tests/apps/cli/LogTestHelper.h"
 
 namespace corvex {

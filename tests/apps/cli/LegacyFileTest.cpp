@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "apps/cli/LegacyFile.h"
-#include "tests/apps/cli/CheckTestHelper.h"
 #include "tests/apps/cli/ToolRunner.h"
+#include "tests/checking/CheckTestHelper.h"
 
 namespace corvex {
 namespace {

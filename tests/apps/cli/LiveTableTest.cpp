@@ -4,13 +4,13 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/cli/LiveTable.h"
-#include "apps/cli/PolledCommands.h"
 #include "apps/cli/SampleLines.h"
 #include "definition/ADXBitmask.h"
 #include "definition/ADXCSendCommand.h"
 #include "definition/ADXDefinition.h"
 #include "definition/ADXMacro.h"
 #include "definition/ADXValue.h"
+#include "session/diagnosis/PolledCommands.h"
 
 namespace corvex {
 namespace {

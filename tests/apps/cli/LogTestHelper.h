@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/apps/cli/CheckTestHelper.h"
 #include "tests/apps/cli/ToolRunner.h"
+#include "tests/checking/CheckTestHelper.h"
 #include "tests/support/LogBytes.h"
 
 namespace corvex {

@@ -8,8 +8,8 @@
 #include <string>
 
 #include "definition/ADXObject.h"
-#include "tests/apps/cli/CheckTestHelper.h"
 #include "tests/apps/cli/ToolRunner.h"
+#include "tests/checking/CheckTestHelper.h"
 
 namespace corvex {
 namespace {

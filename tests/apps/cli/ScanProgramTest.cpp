@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/apps/cli/CheckTestHelper.h"
 #include "tests/apps/cli/ToolRunner.h"
+#include "tests/checking/CheckTestHelper.h"
 
 namespace corvex {
 namespace {

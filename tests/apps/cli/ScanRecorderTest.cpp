@@ -137,7 +137,7 @@ TEST_F(ScanRecorderTest, KeepsAFileThatHoldsSomethingUnlessForced) {
     }
 }
 
-std::uint32_t RecordsOf(const std::string& path) {
+std::uint32_t LoggedRecords(const std::string& path) {
     DataLogEngine log;
     EXPECT_EQ(log.Open(path.c_str(), kLogForLooking), kLogSuccess);
     LogWalk walk(log);
@@ -154,13 +154,13 @@ TEST_F(ScanRecorderTest, OldLogStaysUntilTheFirstReply) {
     ASSERT_TRUE(recorder.Begin(old.Path(), definition, true, error)) << error;
     EXPECT_EQ(ReadFile(old.Path()), "precious");
     Add(recorder, 1);
-    EXPECT_EQ(RecordsOf(old.Path()), 1U);
+    EXPECT_EQ(LoggedRecords(old.Path()), 1U);
     Add(recorder, 2);
-    EXPECT_EQ(RecordsOf(old.Path()), 2U);
+    EXPECT_EQ(LoggedRecords(old.Path()), 2U);
     EXPECT_TRUE(recorder.End());
     EXPECT_FALSE(recorder.KeptOld());
     EXPECT_EQ(recorder.Trouble(), "");
-    EXPECT_EQ(RecordsOf(old.Path()), 2U);
+    EXPECT_EQ(LoggedRecords(old.Path()), 2U);
 }
 
 TEST_F(ScanRecorderTest, OldLogStaysWhenNoReplyComes) {
@@ -193,11 +193,11 @@ TEST_F(ScanRecorderTest, RecordingOfAnotherIsNeverReplaced) {
         Add(other, 1);
         EXPECT_TRUE(other.End());
     }
-    EXPECT_EQ(RecordsOf(old.Path()), 2U);
+    EXPECT_EQ(LoggedRecords(old.Path()), 2U);
     Add(recorder, 3);  // as --force has it, once nobody writes there
     EXPECT_TRUE(recorder.End());
     EXPECT_EQ(recorder.Lost(), 1U);
-    EXPECT_EQ(RecordsOf(old.Path()), 1U);
+    EXPECT_EQ(LoggedRecords(old.Path()), 1U);
     std::filesystem::remove(old.Path() + ".moved");
 }
 
@@ -212,7 +212,7 @@ TEST_F(ScanRecorderTest, OneAtATimeRecordsIntoAFile) {
     EXPECT_FALSE(second.Begin(file.Path(), definition, true, error));
     EXPECT_NE(error.find(": cannot be replaced: "), std::string::npos) << error;
     EXPECT_TRUE(first.End());
-    EXPECT_EQ(RecordsOf(file.Path()), 1U);
+    EXPECT_EQ(LoggedRecords(file.Path()), 1U);
 }
 
 // What a disk leaves that was full before the table was written.

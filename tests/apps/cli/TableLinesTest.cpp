@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "apps/cli/TableLines.h"
-#include "apps/cli/TextFormat.h"
+#include "export/text/TextFormat.h"
 
 namespace corvex {
 namespace {

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "tests/apps/cli/CheckTestHelper.h"
+#include "tests/checking/CheckTestHelper.h"
 
 namespace corvex {
 

@@ -1,0 +1,68 @@
+// What the single checks share: the definition, the index of hashes, and the list that findings go to.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "checking/FileFacts.h"
+#include "checking/Finding.h"
+#include "definition/ADXDefinition.h"
+
+namespace corvex {
+
+class CheckContext {
+public:
+    CheckContext(const ADXDefinition& definition, const FileFacts* facts);
+
+    const ADXDefinition& Definition() const { return definition_; }
+    // Null when there is no file. The facts of one object are null too where the file and the list do not agree.
+    const FileFacts* Facts() const { return facts_; }
+    const FileFacts::Object* FactsOf(const ADXObject& object) const;
+
+    // As ADXDefinition::FindByHash, in constant time.
+    const ADXObject* Find(std::uint32_t hash) const;
+
+    // A null object means the definition as a whole.
+    void Error(const ADXObject* object, const char* kind, std::string text);
+    void Warn(const ADXObject* object, const char* kind, std::string text);
+    void Note(const ADXObject* object, const char* kind, std::string text);
+    // What a save loses, or what makes the saved file unreadable.
+    void Lost(Severity severity, const ADXObject* object, std::string text);
+
+    // "unresolved-link" unless the hash names an object with a bit of `mask`; 0 is nobody's and no link.
+    // `attribute` is where the hash stands, `effect` what comes of it.
+    void RequireLink(const ADXObject& owner, const char* attribute, std::uint32_t hash, std::uint32_t mask,
+                     const char* effect);
+
+    std::vector<Finding> TakeFindings() { return std::move(findings_); }
+
+private:
+    Finding& Add(Severity severity, const ADXObject* object, const char* kind, std::string text);
+
+    const ADXDefinition& definition_;
+    const FileFacts* facts_;
+    std::unordered_map<std::uint32_t, const ADXObject*> byhash_;
+    std::unordered_map<const ADXObject*, std::size_t> place_;
+    std::vector<Finding> findings_;
+};
+
+// Why no object is found by this id text, as far as it can be told.
+std::string WhyIdNotFound(const CheckContext& context, const std::string& id);
+
+// The checks, one unit for each subject. CheckDefinition runs them over the whole and over each object.
+void CheckHeader(CheckContext& context);
+void CheckIdentities(CheckContext& context);
+void CheckCycles(CheckContext& context);
+void CheckLinks(CheckContext& context, const ADXObject& object);
+void CheckCommand(CheckContext& context, const ADXObject& object);
+void CheckField(CheckContext& context, const ADXObject& object);
+void CheckEquation(CheckContext& context, const ADXObject& object);
+void CheckTable(CheckContext& context, const ADXObject& object);
+void CheckView(CheckContext& context, const ADXObject& object);
+void CheckSavedTexts(CheckContext& context, const ADXObject& object);
+void CheckSavedHeader(CheckContext& context);
+void CheckFileText(CheckContext& context, const ADXObject& object);
+
+}  // namespace corvex

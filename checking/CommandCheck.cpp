@@ -1,0 +1,131 @@
+#include "checking/CheckContext.h"
+#include "definition/ADXC160BaudListen.h"
+#include "definition/ADXCListenChatter.h"
+#include "definition/ADXCSendCommand.h"
+#include "definition/ADXMacro.h"
+#include "export/text/ObjectNames.h"
+#include "export/text/TextFormat.h"
+#include "session/LastPacket.h"
+
+namespace corvex {
+
+namespace {
+
+// One start bit, eight data bits, one stop bit.
+double LineMilliseconds(const ADXDefinition& definition, std::uint32_t bytes) {
+    return definition.baud == 0 ? 0.0 : bytes * 10'000.0 / definition.baud;
+}
+
+// Says so of a command that reads what need never come.
+void CheckLimit(CheckContext& context, const ADXObject& command, const char* field) {
+    context.Warn(&command, "timeout",
+                 Printf("%s is 0, which is no limit: on a silent line it waits until the scan is stopped", field));
+}
+
+void CheckReplyTime(CheckContext& context, const ADXCSendCommand& command) {
+    const bool readsEcho = (context.Definition().flags & 1) != 0 && command.size() != 0;
+    if (command.replytimeout == 0) {
+        if (command.replysize != 0 || readsEcho) CheckLimit(context, command, "replytimeout");
+        return;
+    }
+    // The command itself is still on its way out when the wait for the reply begins.
+    const double needed = LineMilliseconds(context.Definition(), command.size() + command.replysize);
+    if (command.replysize == 0 || needed < command.replytimeout) return;
+    context.Error(&command, "timeout",
+                  Printf("replytimeout is %u ms, but %u bytes out and %u back take %.1f ms at %u baud",
+                         command.replytimeout, command.size(), command.replysize, needed, context.Definition().baud));
+}
+
+void CheckSend(CheckContext& context, const ADXCSendCommand& command) {
+    if (command.size() == 0 && command.replysize == 0)
+        context.Warn(&command, "no-bytes", "sends nothing and expects nothing");
+    if ((command.flags & 1) == 0) {
+        if (command.replysize != 0)
+            context.Note(&command, "no-reply", "has a replysize, but its flags say that no reply is to be processed");
+        return;
+    }
+    const std::uint64_t end = std::uint64_t{command.packetoffset} + command.packetsize;
+    if (end > command.replysize)
+        context.Error(&command, "packet-place",
+                      Printf("packetoffset %u and packetsize %u reach beyond the reply of %u bytes",
+                             command.packetoffset, command.packetsize, command.replysize));
+    if (command.packetsize == 0)
+        context.Warn(&command, "no-packet", "packetsize is 0: pages that read the last packet see none of it");
+    if (command.packetsize > LastPacket::kSize)
+        context.Warn(&command, "no-packet",
+                     Printf("pages that read the last packet see its first %u bytes", LastPacket::kSize));
+    CheckReplyTime(context, command);
+}
+
+void CheckSendBytes(CheckContext& context, const ADXCSendCommand& command) {
+    const FileFacts::Object* facts = context.FactsOf(command);
+    if (facts != nullptr && facts->bytes != command.size())
+        context.Error(&command, "byte-count",
+                      Printf("bytestring holds %s but its size is %s, so %u are sent",
+                             Counted(facts->bytes, "byte").c_str(), facts->bytesize.c_str(), command.size()));
+    // What a reader's text holds of them; a save itself would keep 409.
+    if (command.size() > 204)
+        context.Lost(Severity::kWarning, &command,
+                     Printf("only 204 of its %u bytes are read back after a save", command.size()));
+}
+
+void CheckChatter(CheckContext& context, const ADXCListenChatter& command) {
+    const std::uint32_t size = command.size();
+    const FileFacts::Object* facts = context.FactsOf(command);
+    if (facts != nullptr && facts->bytes != size) {
+        context.Error(
+            &command, "byte-count",
+            Printf("bytestring holds %s but its size \"%s\", read as hexadecimal, makes it %u: the rest is zeros",
+                   Counted(facts->bytes, "byte").c_str(), facts->bytesize.c_str(), size));
+    } else if (size == 0) {
+        context.Error(&command, "no-bytes", "has no pattern to wait for: it always fails");
+    }
+    if (size != 0 && command.listentimeout == 0) CheckLimit(context, command, "listentimeout");
+    if (size >= 10)
+        context.Lost(Severity::kWarning, &command,
+                     Printf("a save writes the size %u in decimal, which reads back as %u", size,
+                            static_cast<unsigned>(std::stoul(std::to_string(size), nullptr, 16))));
+    if (size > 51) context.Lost(Severity::kWarning, &command, Printf("a save keeps 51 of its %u bytes", size));
+}
+
+void CheckMacro(CheckContext& context, const ADXMacro& macro) {
+    if (macro.GetNodeCount() == 0) context.Warn(&macro, "empty-macro", "has no nodes: it runs nothing");
+    if (macro.repeatcount == 0) context.Warn(&macro, "no-repeat", "repeatcount is 0: it runs nothing");
+    ADXMacroNode node;
+    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
+        macro.GetNode(i, &node);
+        if (node.repeatcount == 0)
+            context.Warn(&macro, "no-repeat", Printf("repeatcount of node %u is 0: it is passed over", i + 1));
+    }
+}
+
+}  // namespace
+
+void CheckCommand(CheckContext& context, const ADXObject& object) {
+    switch (object.GetType()) {
+        case kTypeSendCommand:
+            CheckSend(context, static_cast<const ADXCSendCommand&>(object));
+            CheckSendBytes(context, static_cast<const ADXCSendCommand&>(object));
+            break;
+        case kTypeListenChatter:
+            CheckChatter(context, static_cast<const ADXCListenChatter&>(object));
+            break;
+        case kTypeMacro:
+            CheckMacro(context, static_cast<const ADXMacro&>(object));
+            break;
+        case kType160BaudListen:
+            if (static_cast<const ADXC160BaudListen&>(object).packetsize == 0)
+                context.Error(&object, "no-packet", "packetsize is 0: it listens for nothing");
+            break;
+        default:
+            break;
+    }
+    const FileFacts::Object* facts = context.FactsOf(object);
+    const NamedKind* kind = KindOfType(object.GetType());
+    if (facts != nullptr && facts->baseflags && kind != nullptr && !kind->keepsBaseFlags)
+        context.Warn(&object, "baseflags", "the file gives it baseflags, which are not read on a command and are lost");
+    if (object.GetBaseFlags() != 0 && kind != nullptr && !kind->keepsBaseFlags)
+        context.Lost(Severity::kWarning, &object, "its baseflags are saved, but not read back on a command");
+}
+
+}  // namespace corvex

@@ -1,0 +1,122 @@
+#include <string>
+
+#include "checking/CheckContext.h"
+#include "definition/ADXBitmask.h"
+#include "definition/ADXDashboard.h"
+#include "definition/ADXHistogram.h"
+#include "definition/ADXListView.h"
+#include "definition/ADXLookupTable.h"
+#include "definition/ADXMacro.h"
+#include "definition/ADXMonitor.h"
+#include "definition/ADXValue.h"
+#include "export/text/ObjectNames.h"
+#include "export/text/TextFormat.h"
+
+namespace corvex {
+
+namespace {
+
+constexpr const char* kNoParent = "no reply ever carries it";
+
+void CheckValueLinks(CheckContext& context, const ADXValue& value) {
+    context.RequireLink(value, "parentcmdidhash", value.parentcmdidhash, kPacketTypes, kNoParent);
+    context.RequireLink(value, "lookupidhash", value.lookupidhash, kTypeLookupTable,
+                        "the value is shown without a table, and the link vanishes at the next save");
+    ADXVar var;
+    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
+        if (var.type != 1) continue;
+        const std::string name = Printf("linkIDHash of %c", var.varid);
+        if (var.linkidhash == 0)
+            context.Error(&value, "unresolved-link",
+                          Printf("the letter %c is a link to nothing; it reads as the letter before it", var.varid));
+        context.RequireLink(value, name.c_str(), var.linkidhash, kTypeValue,
+                            "the letter reads as the one before it, or 0");
+    }
+}
+
+void CheckHistogramLinks(CheckContext& context, const ADXHistogram& histogram) {
+    constexpr const char* effect = "the histogram stays empty, and the link vanishes at the next save";
+    context.RequireLink(histogram, "parentcmdidhash", histogram.parentcmdidhash, kCommandTypes, kNoParent);
+    context.RequireLink(histogram, "xidhash", histogram.xidhash, kTypeValue, effect);
+    context.RequireLink(histogram, "yidhash", histogram.yidhash, kTypeValue, effect);
+    context.RequireLink(histogram, "zidhash", histogram.zidhash, kTypeValue, effect);
+    if (histogram.GetX() == nullptr || histogram.GetY() == nullptr || histogram.GetZ() == nullptr)
+        context.Warn(&histogram, "no-axis", "has not all of x, y and z: it records nothing");
+}
+
+void CheckListLinks(CheckContext& context, const ADXListView& view) {
+    for (std::uint32_t i = 0; i < view.GetEntryCount(); ++i) {
+        const ADXLVENTRY& entry = *view.GetEntry(i);
+        if (entry.entrytype != 0) continue;
+        const std::string name = Printf("itemidhash of row %u", i + 1);
+        context.RequireLink(view, name.c_str(), entry.itemidhash, kItemTypes, "the row shows nothing");
+        if (entry.itemidhash == 0) context.Warn(&view, "empty-row", Printf("row %u names no item", i + 1));
+    }
+}
+
+void CheckDashLinks(CheckContext& context, const ADXDashboard& dash) {
+    for (std::uint32_t i = 0; i < dash.GetEntryCount(); ++i) {
+        const std::string name = Printf("itemidhash of gauge %u", i + 1);
+        context.RequireLink(dash, name.c_str(), dash.GetEntry(i)->itemidhash, kItemTypes,
+                            "the gauge shows nothing, and an unresolved link vanishes at the next save");
+    }
+}
+
+void CheckMonitorLinks(CheckContext& context, const ADXMonitor& monitor) {
+    constexpr const char* effect = "a chart traces values only";
+    // The loader has taken unresolved series out already; only the file still knows them.
+    if (const FileFacts::Object* facts = context.FactsOf(monitor)) {
+        for (std::size_t i = 0; i < facts->serieshashes.size(); ++i) {
+            if (context.Find(facts->serieshashes[i]) != nullptr) continue;
+            context.Error(&monitor, "unresolved-link",
+                          Printf("itemidhash %s of series %u names no object of this definition; the series is removed",
+                                 HashText(facts->serieshashes[i]).c_str(), static_cast<unsigned>(i + 1)));
+        }
+    }
+    for (std::uint32_t i = 0; i < monitor.GetEntryCount(); ++i) {
+        const std::string name = Printf("itemidhash of series %u", i + 1);
+        context.RequireLink(monitor, name.c_str(), monitor.GetEntry(i)->itemidhash, kItemTypes, effect);
+    }
+}
+
+void CheckMacroLinks(CheckContext& context, const ADXMacro& macro) {
+    ADXMacroNode node;
+    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
+        macro.GetNode(i, &node);
+        if (node.command == nullptr) {
+            context.Error(
+                &macro, "unresolved-link",
+                Printf("commandID \"%s\" of node %u: %s; the node is passed over and vanishes at the next save",
+                       DisplayText(node.commandid).c_str(), i + 1, WhyIdNotFound(context, node.commandid).c_str()));
+        } else if ((node.command->GetType() & kCommandTypes) == 0) {
+            context.Error(&macro, "wrong-link",
+                          Printf("node %u names the %s, which is no command", i + 1, NameOf(*node.command).c_str()));
+        }
+    }
+}
+
+}  // namespace
+
+void CheckLinks(CheckContext& context, const ADXObject& object) {
+    switch (object.GetType()) {
+        case kTypeValue:
+            return CheckValueLinks(context, static_cast<const ADXValue&>(object));
+        case kTypeHistogram:
+            return CheckHistogramLinks(context, static_cast<const ADXHistogram&>(object));
+        case kTypeListView:
+            return CheckListLinks(context, static_cast<const ADXListView&>(object));
+        case kTypeDashboard:
+            return CheckDashLinks(context, static_cast<const ADXDashboard&>(object));
+        case kTypeMonitor:
+            return CheckMonitorLinks(context, static_cast<const ADXMonitor&>(object));
+        case kTypeMacro:
+            return CheckMacroLinks(context, static_cast<const ADXMacro&>(object));
+        case kTypeBitmask:
+            return context.RequireLink(object, "parentcmdidhash",
+                                       static_cast<const ADXBitmask&>(object).parentcmdidhash, kPacketTypes, kNoParent);
+        default:
+            return;
+    }
+}
+
+}  // namespace corvex

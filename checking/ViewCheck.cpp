@@ -1,0 +1,84 @@
+#include "checking/CheckContext.h"
+#include "definition/ADXDashboard.h"
+#include "definition/ADXHistogram.h"
+#include "definition/ADXListView.h"
+#include "definition/ADXMonitor.h"
+#include "export/text/TextFormat.h"
+
+namespace corvex {
+
+namespace {
+
+// What a view of `count` entries made of the rows in the file. Unresolved series of a monitor are told as links.
+void CheckEntryRows(CheckContext& context, const ADXObject& view, std::uint32_t count) {
+    const FileFacts::Object* facts = context.FactsOf(view);
+    if (facts == nullptr) return;
+    if (view.GetType() == kTypeListView) {
+        if (facts->rowsBeforeSize != 0)
+            context.Error(&view, "row-order",
+                          Printf("%s before its entrycount and dropped",
+                                 facts->rowsBeforeSize == 1 ? "1 row stands"
+                                                            : Printf("%u rows stand", facts->rowsBeforeSize).c_str()));
+        const std::uint32_t behind = facts->rows - facts->rowsBeforeSize;
+        if (behind > count)
+            context.Error(
+                &view, "dropped-rows",
+                Printf("%u of its %u rows are dropped on reading: entrycount is %u%s", behind - count, facts->rows,
+                       facts->entrycount, facts->entrycount > 255 ? ", and more than 255 makes none" : ""));
+        else if (behind < count)
+            context.Warn(&view, "empty-row",
+                         Printf("entrycount is %u, but there are %u rows: the rest is empty", count, behind));
+    } else if (facts->rows > 255) {
+        context.Error(
+            &view, "dropped-rows",
+            Printf("%u of its %u entries are dropped on reading: 255 is the most", facts->rows - 255, facts->rows));
+    }
+}
+
+void CheckGauges(CheckContext& context, const ADXDashboard& dash) {
+    for (std::uint32_t i = 0; i < dash.GetEntryCount(); ++i) {
+        const ADXDGENTRY& gauge = *dash.GetEntry(i);
+        if (gauge.gaugetype > 2)
+            context.Error(&dash, "gauge-type",
+                          Printf("gaugetype %u of gauge %u is none of 0 to 2", gauge.gaugetype, i + 1));
+        const bool empty = gauge.right <= gauge.left || gauge.bottom <= gauge.top;
+        if (empty || gauge.right > 100 || gauge.bottom > 100)
+            context.Warn(&dash, "gauge-place",
+                         Printf("gauge %u lies %s: left %u, top %u, right %u, bottom %u percent", i + 1,
+                                empty ? "on no area" : "partly outside the page", gauge.left, gauge.top, gauge.right,
+                                gauge.bottom));
+    }
+}
+
+void CheckHistogramGrid(CheckContext& context, const ADXHistogram& histogram) {
+    if (histogram.GetRows() == 0 || histogram.GetCols() == 0)
+        context.Warn(
+            &histogram, "grid",
+            Printf("its grid of %u rows and %u columns has no cell", histogram.GetRows(), histogram.GetCols()));
+    if (histogram.GetXMin() >= histogram.GetXMax() || histogram.GetYMin() >= histogram.GetYMax())
+        context.Warn(&histogram, "range", "an axis ends where it begins, or before: all samples fall into few cells");
+}
+
+}  // namespace
+
+void CheckView(CheckContext& context, const ADXObject& object) {
+    switch (object.GetType()) {
+        case kTypeListView:
+            CheckEntryRows(context, object, static_cast<const ADXListView&>(object).GetEntryCount());
+            break;
+        case kTypeDashboard:
+            CheckEntryRows(context, object, static_cast<const ADXDashboard&>(object).GetEntryCount());
+            CheckGauges(context, static_cast<const ADXDashboard&>(object));
+            break;
+        case kTypeMonitor:
+            CheckEntryRows(context, object, static_cast<const ADXMonitor&>(object).GetEntryCount());
+            break;
+        case kTypeHistogram:
+            CheckHistogramGrid(context, static_cast<const ADXHistogram&>(object));
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace corvex

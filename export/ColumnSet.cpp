@@ -1,0 +1,125 @@
+#include "export/ColumnSet.h"
+
+#include <string_view>
+#include <utility>
+
+#include "definition/ADXBitmask.h"
+#include "definition/ADXDefinition.h"
+#include "definition/ADXValue.h"
+#include "export/CsvWriter.h"
+#include "export/ItemPattern.h"
+#include "export/ItemReading.h"
+#include "export/RecordDecoder.h"
+#include "export/text/NumberMemo.h"
+#include "export/text/ObjectNames.h"
+#include "export/text/TextFormat.h"
+
+namespace corvex {
+
+namespace {
+
+// The longest number: 309 digits before the point, 255 behind it.
+constexpr std::size_t kTextSize = 1024;
+
+// As a view passes it: an item of another command is read from its raw word.
+PacketView PacketFor(std::uint32_t parent, const DecodedRecord& record) {
+    return parent == 0 || parent == record.commandId ? record.packet : PacketView(nullptr);
+}
+
+// A linked value has a raw word of its own.
+bool HangsOnRawWord(const ADXValue& value) {
+    ADXVar var;
+    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
+        if (var.type == ADXVar::kLink) return false;
+    }
+    return true;
+}
+
+std::string HeaderOf(const ADXObject& item, const char* units) {
+    const std::string title = Utf8Text(*item.Title() != '\0' ? item.Title() : item.Id());
+    return *units == '\0' ? title : title + " (" + Utf8Text(units) + ')';
+}
+
+}  // namespace
+
+ColumnSet::ColumnSet(ADXDefinition& definition, const std::string& pattern) : definition_(definition) {
+    for (const auto& object : definition.Objects()) {
+        if ((object->GetType() & kItemTypes) == 0) continue;
+        const bool isValue = object->GetType() == kTypeValue;
+        Column column{isValue ? static_cast<ADXValue*>(object.get()) : nullptr,
+                      isValue ? nullptr : static_cast<ADXBitmask*>(object.get()), ParentOf(*object),
+                      ItemMatches(pattern, *object), nullptr};
+        if (column.chosen) ++chosen_;
+        if (column.chosen && isValue && HangsOnRawWord(*column.value)) column.memo = std::make_unique<NumberMemo>();
+        columns_.push_back(std::move(column));
+    }
+}
+
+ColumnSet::~ColumnSet() = default;
+
+void ColumnSet::WriteHeader(CsvWriter& csv) const {
+    for (const Column& column : columns_) {
+        if (!column.chosen) continue;
+        csv.Text(column.value != nullptr ? HeaderOf(*column.value, column.value->Units())
+                                         : HeaderOf(*column.bitmask, ""));
+    }
+}
+
+void ColumnSet::WriteRow(CsvWriter& csv, const DecodedRecord& record, bool text) {
+    if (record.updates) definition_.UpdateValues(record.packet, record.commandId);
+    for (const Column& column : columns_) {
+        if (column.chosen)
+            WriteField(csv, column, record, text);
+        else if (!record.updates)
+            Look(column, record);
+    }
+}
+
+// Without an update it is looking at an item that takes its raw word.
+void ColumnSet::Follow(const DecodedRecord& record) {
+    if (record.updates) {
+        definition_.UpdateValues(record.packet, record.commandId);
+        return;
+    }
+    for (const Column& column : columns_)
+        Look(column, record);
+}
+
+void ColumnSet::Look(const Column& column, const DecodedRecord& record) {
+    const PacketView packet = PacketFor(column.parent, record);
+    if (column.value != nullptr)
+        column.value->Compute(definition_, packet);
+    else
+        column.bitmask->IsSet(definition_, packet);
+}
+
+void ColumnSet::WriteField(CsvWriter& csv, const Column& column, const DecodedRecord& record, bool text) {
+    const PacketView packet = PacketFor(column.parent, record);
+    if (column.bitmask != nullptr) {
+        const bool set = column.bitmask->IsSet(definition_, packet) != 0;
+        if (text)
+            csv.Text(Utf8Text(set ? column.bitmask->TrueString() : column.bitmask->FalseString()));
+        else
+            csv.Flag(set);
+    } else if (text) {
+        char formatted[kTextSize] = "";
+        column.value->Format(formatted, sizeof formatted, definition_, packet);
+        csv.Text(Utf8Text(formatted));
+    } else {
+        WriteNumber(csv, column, packet);
+    }
+}
+
+// Most bytes of an engine in traffic were there before.
+void ColumnSet::WriteNumber(CsvWriter& csv, const Column& column, PacketView packet) {
+    const std::uint32_t word = column.memo ? column.value->GetRaw(packet) : 0;
+    const std::string_view known = column.memo ? column.memo->Find(word) : std::string_view();
+    if (!known.empty()) {
+        csv.Plain(known);
+        return;
+    }
+    const std::string_view text = csv.Number(column.value->Compute(definition_, packet));
+    if (column.memo) column.memo->Keep(word, text);
+}
+
+}  // namespace corvex

@@ -1,0 +1,93 @@
+#include "session/diagnosis/LineDiagnosis.h"
+
+#include <algorithm>
+#include <span>
+
+#include "acquisition/DataAcqStatus.h"
+#include "definition/ADXCSendCommand.h"
+#include "export/text/TextFormat.h"
+
+namespace corvex {
+
+namespace {
+
+const ADXCSendCommand* AsSend(const ADXObject* object) {
+    const bool is = object != nullptr && object->GetType() == kTypeSendCommand;
+    return is ? static_cast<const ADXCSendCommand*>(object) : nullptr;
+}
+
+// The reply is nothing but the command coming back, or the beginning of it.
+bool IsOnlyEcho(const ADXCSendCommand& command, const std::vector<std::uint8_t>& reply) {
+    return reply.size() <= command.size() && std::equal(reply.begin(), reply.end(), command.bytestring());
+}
+
+// Fewer bytes than this may well be the same by chance: replies often begin as their command does.
+constexpr std::uint32_t kTellingBytes = 3;
+
+bool BeginsWithEcho(const ADXCSendCommand& command, const std::vector<std::uint8_t>& reply) {
+    return command.size() >= kTellingBytes && reply.size() > command.size() &&
+           std::equal(command.bytestring(), command.bytestring() + command.size(), reply.begin());
+}
+
+}  // namespace
+
+void LineDiagnosis::Add(const ReplyEvent& event) {
+    if (event.code == kCodeSuccess) {
+        ++good_;
+        const ADXCSendCommand* const command = AsSend(event.command);
+        if (!echo_ && command != nullptr && event.sampled && BeginsWithEcho(*command, event.reply)) ++echoedgood_;
+        return;
+    }
+    if (event.code == kCodeStopped) return;
+    ++bad_;
+    if (event.code == kCodeShortWrite) ++writes_;
+    if (event.code == kCodeShortReply) AddShort(event);
+    if (event.code == kCodeBadFraming) ++framings_;
+    if (event.code == kCodeNoSync) ++syncs_;
+}
+
+void LineDiagnosis::AddShort(const ReplyEvent& event) {
+    const ADXCSendCommand* const command = AsSend(event.command);
+    if (command != nullptr) wanted_ = command->replysize;
+    if (event.reply.empty()) {
+        ++silent_;
+    } else if (!echo_ && command != nullptr && IsOnlyEcho(*command, event.reply)) {
+        ++echoes_;
+    } else {
+        ++shorts_;
+        ++lengths_[event.reply.size()];
+    }
+}
+
+std::string LineDiagnosis::WhyNoReply(double seconds) const {
+    if (good_ != 0) return {};
+    if (bad_ == 0) return Printf("no reply in %.1f s: no command that is answered has run yet", seconds);
+    if (writes_ * 2 > bad_) return Printf("no reply in %.1f s: the port takes no bytes", seconds);
+    if (syncs_ * 2 > bad_)
+        return Printf("no packet in %.1f s: the line is silent, or carries no 160-baud stream", seconds);
+    if (framings_ * 2 > bad_) return Printf("no packet in %.1f s: every packet has badly framed bytes", seconds);
+    return WhyShort(seconds);
+}
+
+std::string LineDiagnosis::WhyShort(double seconds) const {
+    if (shorts_ * 4 >= bad_) {
+        const auto most = std::max_element(lengths_.begin(), lengths_.end(),
+                                           [](const auto& a, const auto& b) { return a.second < b.second; });
+        if (most != lengths_.end() && most->second * 4 >= shorts_ * 3)
+            return Printf("no whole reply in %.1f s: %s come where the definition expects %u", seconds,
+                          Counted(most->first, "byte").c_str(), wanted_);
+        return Printf(
+            "no whole reply in %.1f s: bytes come that are no reply; another device talks, or the baud is wrong",
+            seconds);
+    }
+    if (echoes_ > silent_) return Printf("no reply in %.1f s: only our own echo comes back", seconds);
+    if (echo_) return Printf("no reply in %.1f s: the line is silent, or carries only our own echo", seconds);
+    return Printf("no reply in %.1f s: the line is silent", seconds);
+}
+
+std::string LineDiagnosis::Doubt() const {
+    if (good_ == 0 || echoedgood_ * 2 <= good_) return {};
+    return "replies begin with our own command: the interface seems to echo, but the definition does not say so";
+}
+
+}  // namespace corvex

@@ -1,0 +1,44 @@
+// Tells from the replies, good and bad, what is the matter with a line.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "session/diagnosis/ReplyEvent.h"
+
+namespace corvex {
+
+// Pure: fed with replies, asked for a verdict at any time. One thread.
+class LineDiagnosis {
+public:
+    // `echo` as the engine has it: it takes the echo off before the reply.
+    explicit LineDiagnosis(bool echo) : echo_(echo) {}
+
+    void Add(const ReplyEvent& event);
+
+    // Why nothing good has come in `seconds`, as one sentence without a full stop; empty once something good has.
+    std::string WhyNoReply(double seconds) const;
+    // A doubt about replies that count as good; empty when there is none.
+    std::string Doubt() const;
+
+    bool AnyGood() const { return good_ != 0; }
+
+private:
+    void AddShort(const ReplyEvent& event);
+    std::string WhyShort(double seconds) const;
+
+    bool echo_;
+    std::size_t good_ = 0, bad_ = 0;
+    std::size_t silent_ = 0;  // nothing came
+    std::size_t echoes_ = 0;  // the command's own bytes came, or a piece of them
+    std::size_t shorts_ = 0;  // some other bytes, too few
+    std::size_t writes_ = 0;  // the command could not be written
+    std::size_t framings_ = 0, syncs_ = 0;
+    std::size_t echoedgood_ = 0;                  // good replies that begin with the command's own bytes
+    std::map<std::size_t, std::size_t> lengths_;  // of the short ones
+    std::uint32_t wanted_ = 0;                    // bytes of the last short reply, had it been whole
+};
+
+}  // namespace corvex

@@ -1,0 +1,66 @@
+#include "tests/checking/CheckTestHelper.h"
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "checking/DefinitionChecker.h"
+#include "definition/ADXDefinition.h"
+
+namespace corvex {
+
+namespace fs = std::filesystem;
+
+TempFile::TempFile(const std::string& text, const std::string& suffix) {
+    std::random_device random;
+    path_ = (fs::temp_directory_path() / ("corvex_" + std::to_string(random()) + std::to_string(random()) + suffix))
+                .string();
+    std::ofstream(path_, std::ios::binary) << text;
+}
+
+TempFile::~TempFile() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+}
+
+std::string DefinitionWith(const std::string& objects) {
+    return "<ADXFORMAT version=\"0.50\" />\n"
+           "<ADXHEADER><flags>0x00</flags><baud>8192</baud><monitorcmd>MONITOR</monitorcmd></ADXHEADER>\n"
+           "<ADXCSENDCOMMAND id=\"POLL\" title=\"Poll\" flags=\"0x1\">"
+           "<bytestring size=\"0x2\">0xF4 0x57 </bytestring><replysize>24</replysize><replytimeout>200</replytimeout>"
+           "<packetoffset>3</packetoffset><packetsize>20</packetsize></ADXCSENDCOMMAND>\n"
+           "<ADXMACRO id=\"MONITOR\" title=\"Monitor\"><NODE commandID=\"POLL\" /></ADXMACRO>\n" +
+           objects;
+}
+
+std::string ValueText(const std::string& id, const std::string& equation, const std::string& more) {
+    return "<ADXVALUE id=\"" + id + "\" title=\"" + id + " title\"><packetoffset>0x00</packetoffset>" + more +
+           "<MATH equation=\"" + equation + "\" /></ADXVALUE>\n";
+}
+
+std::vector<Finding> CheckText(const std::string& text) {
+    const TempFile file(text);
+    ADXDefinition definition;
+    char error[ADXDefinition::kErrorSize] = {};
+    if (definition.Load(file.Path().c_str(), error) == 0) return {{Severity::kError, "load", {}, error, 0, false}};
+    const FileFacts facts = ReadFileFacts(file.Path().c_str());
+    return CheckDefinition(definition, &facts);
+}
+
+std::vector<Finding> OfKind(const std::vector<Finding>& findings, const std::string& kind) {
+    std::vector<Finding> chosen;
+    for (const Finding& finding : findings) {
+        if (finding.kind == kind) chosen.push_back(finding);
+    }
+    return chosen;
+}
+
+std::string Lines(const std::vector<Finding>& findings) {
+    std::string lines;
+    for (const Finding& finding : findings)
+        lines += std::string(SeverityName(finding.severity)) + ' ' + finding.kind + ' ' + finding.object + ": " +
+                 finding.text + '\n';
+    return lines;
+}
+
+}  // namespace corvex

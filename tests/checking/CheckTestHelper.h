@@ -1,0 +1,40 @@
+// Definitions out of a few lines of text, and what the checker finds in them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "checking/Finding.h"
+
+namespace corvex {
+
+// A file of its own for the life of the object, in the system's folder for such files.
+class TempFile {
+public:
+    explicit TempFile(const std::string& text, const std::string& suffix = ".adx");
+    ~TempFile();
+    TempFile(const TempFile&) = delete;
+    TempFile& operator=(const TempFile&) = delete;
+    const std::string& Path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+// The format line, a sane header, a send command POLL (packet of 20 bytes), a macro MONITOR that runs it, and
+// `objects`.
+std::string DefinitionWith(const std::string& objects);
+
+// A value with this equation, at packetoffset 0 of POLL; `more` goes among its children.
+std::string ValueText(const std::string& id, const std::string& equation, const std::string& more = "");
+
+// Loads the text as a file and checks it.
+std::vector<Finding> CheckText(const std::string& text);
+
+// The findings of one kind.
+std::vector<Finding> OfKind(const std::vector<Finding>& findings, const std::string& kind);
+
+// "severity kind object: text" lines, for messages and comparisons.
+std::string Lines(const std::vector<Finding>& findings);
+
+}  // namespace corvex
