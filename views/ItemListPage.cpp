@@ -7,12 +7,12 @@
 #include "controls/tabsheet/TabSheet.h"
 #include "controls/window/CommonControls.h"
 #include "definition/ADXListView.h"
+#include "views/DoubleBufferedControl.h"
 #include "views/ItemAlarmModel.h"
 #include "views/ItemListRows.h"
 #include "views/PageCombo.h"
 #include "views/PageDialog.h"
 #include "views/PageResources.h"
-#include "views/SteadyPaint.h"
 
 namespace corvex {
 
@@ -89,7 +89,7 @@ void BeginItemLists(HWND page, LPARAM session) {
     state->session.views.Register(SampleViewKind::kList, state.get());
     ::SetWindowLongPtrA(page, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state.release()));
     InsertColumns(ListOf(page));
-    PaintSteadily(ListOf(page));  // every sample repaints it
+    MakeDoubleBuffered(ListOf(page));  // every sample repaints it
 }
 
 void EndItemLists(HWND page) {

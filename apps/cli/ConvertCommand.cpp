@@ -2,9 +2,9 @@
 #include <ostream>
 #include <string>
 
+#include "apps/cli/AtomicReplace.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/DefinitionFile.h"
-#include "apps/cli/FreshFile.h"
 #include "apps/cli/LegacyFile.h"
 #include "apps/cli/OutputGuard.h"
 #include "checking/DefinitionChecker.h"
@@ -24,7 +24,7 @@ bool RefuseToSave(std::ostream& err, const std::string& path, const std::string&
 // Not every definition survives the way through a file, and the one that stands there may be the only one.
 bool SaveChecked(const ADXDefinition& definition, const std::string& path, std::ostream& err) {
     if (IsDeviceOrPipe(path)) return definition.Save(path.c_str()) != 0 || RefuseToSave(err, path, "cannot be written");
-    FreshFile fresh(path);
+    AtomicReplace fresh(path);
     if (fresh.Name().empty() || definition.Save(fresh.Name().c_str()) == 0)
         return RefuseToSave(err, path, "cannot be written");
     ADXDefinition read;

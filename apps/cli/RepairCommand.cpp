@@ -2,8 +2,8 @@
 #include <ostream>
 #include <vector>
 
+#include "apps/cli/AtomicReplace.h"
 #include "apps/cli/Commands.h"
-#include "apps/cli/FreshFile.h"
 #include "apps/cli/LogFile.h"
 #include "export/text/TextFormat.h"
 #include "logging/LogContent.h"
@@ -85,7 +85,7 @@ ExitCode RunRepair(const RepairOptions& options, std::ostream& out, std::ostream
     DataLogEngine log;
     if (!OpenDamaged(log, options.input, err) || !MayWrite(options, err)) return kExitFailure;
     const std::unique_ptr<IFile> input = SystemFiles().Open(options.input, FileAccess::kRead);
-    FreshFile fresh(options.output);
+    AtomicReplace fresh(options.output);
     std::string reason = "nothing that a log could replace";
     std::unique_ptr<IFile> file;
     if (!fresh.Name().empty()) file = SystemFiles().Open(fresh.Name(), FileAccess::kCreate, &reason);

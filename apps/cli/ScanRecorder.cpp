@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "apps/cli/FreshFile.h"
+#include "apps/cli/AtomicReplace.h"
 #include "definition/ADXDefinition.h"
 #include "logging/LogContent.h"
 #include "platform/FileReplacement.h"
@@ -62,7 +62,7 @@ bool ScanRecorder::Begin(const std::string& path, const ADXDefinition& definitio
     if (replaces_) {
         std::string reason = "there can be no file beside it";
         old_ = files_.Open(path, FileAccess::kReadWrite, &reason);
-        const bool may = old_ && !FreshFile(path).Name().empty();
+        const bool may = old_ && !AtomicReplace(path).Name().empty();
         if (!may) error = path + ": cannot be replaced: " + reason;
         return may;
     }
@@ -99,7 +99,7 @@ std::uint32_t ScanRecorder::Write(const ADXObject& command, PacketView reply) {
 // Whatever fails, the old log still stands, and the next reply tries again.
 std::uint32_t ScanRecorder::Replace(const ADXObject& command, PacketView reply) {
     if (!HoldOld()) return kNotReplaced;
-    FreshFile fresh(path_);
+    AtomicReplace fresh(path_);
     if (fresh.Name().empty()) return kNotReplaced;
     std::uint32_t result = Open(fresh.Name());
     if (result == kLogSuccess) result = Write(command, reply);

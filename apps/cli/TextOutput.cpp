@@ -18,7 +18,7 @@ TextOutput::TextOutput(const std::string& path, std::ostream& standard) {
     if (IsDeviceOrPipe(path)) {
         file_.open(path, std::ios::binary);
     } else {
-        fresh_ = std::make_unique<FreshFile>(path);
+        fresh_ = std::make_unique<AtomicReplace>(path);
         if (fresh_->Name().empty()) return;
         file_.open(fresh_->Name(), std::ios::binary);
     }

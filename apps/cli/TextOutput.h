@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "apps/cli/FreshFile.h"
+#include "apps/cli/AtomicReplace.h"
 #include "export/text/ITextSink.h"
 
 namespace corvex {
@@ -25,7 +25,7 @@ public:
     [[nodiscard]] bool Finish();
 
 private:
-    std::unique_ptr<FreshFile> fresh_;
+    std::unique_ptr<AtomicReplace> fresh_;
     std::ofstream file_;
     std::ostream* target_ = nullptr;
 };

@@ -2,7 +2,7 @@
 
 #include "controls/analoggauge/AnalogGaugeModel.h"
 #include "controls/gauge/LogicalSquare.h"
-#include "controls/gauge/ShapeSheet.h"
+#include "controls/gauge/MaskBitmap.h"
 
 namespace corvex {
 
@@ -42,7 +42,7 @@ void KeptDialCurves::Begin(const RECT& client, bool round) {
 
 void KeptDialCurves::DrawFace(HDC dc, COLORREF outline, COLORREF face) {
     if (!outline_ || !face_) {
-        const ShapeSheet sheet(client_);
+        const MaskBitmap sheet(client_);
         const LogicalSquare square(sheet.Dc(), client_, AnalogGaugeModel::kSide, round_);
         DialCurves::DrawFace(sheet.Dc(), kLine, kGround);
         outline_ = sheet.ShapeOf(kLine);
@@ -62,7 +62,7 @@ void KeptDialCurves::DrawArc(HDC dc, const DialArc& arc, COLORREF colour) {
 }
 
 OwnedRegion KeptDialCurves::ShapeOf(const DialArc& arc) {
-    const ShapeSheet sheet(client_);
+    const MaskBitmap sheet(client_);
     const LogicalSquare square(sheet.Dc(), client_, AnalogGaugeModel::kSide, round_);
     DialCurves::DrawArc(sheet.Dc(), arc, kLine);
     return sheet.ShapeOf(kLine);

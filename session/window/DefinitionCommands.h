@@ -5,13 +5,13 @@
 #include <functional>
 #include <string>
 
-#include "session/window/QuietWork.h"
+#include "session/window/IdleWork.h"
 
 namespace corvex {
 
 class Desktop;
 
-// Main thread. What changes the definition waits until no worker runs; see QuietWork. What drops it, or edits its file,
+// Main thread. What changes the definition waits until no worker runs; see IdleWork. What drops it, or edits its file,
 // asks first whether a dashboard that was changed is to be saved, and does nothing when the user would rather not.
 class DefinitionCommands {
 public:
@@ -47,7 +47,7 @@ private:
     void RefreshPages();
 
     Desktop& desktop_;
-    QuietWork quiet_;
+    IdleWork quiet_;
     bool asking_ = false;
 };
 

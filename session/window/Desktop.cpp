@@ -105,7 +105,7 @@ SessionCalls Desktop::Calls() {
     calls.refreshStatus = [this] { status.Refresh(); };
     calls.refreshButtons = [this] { RefreshButtons(); };
     calls.carrySample = [this](const PublishedSample& sample) {
-        SendReleasable(MainWindow(), kMessageSample, reinterpret_cast<LPARAM>(&sample));
+        SendForEarlyReply(MainWindow(), kMessageSample, reinterpret_cast<LPARAM>(&sample));
     };
     calls.flash = [this](const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t ms) {
         Flash({text, textColour, backColour, ms});

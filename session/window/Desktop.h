@@ -6,10 +6,10 @@
 
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
-#include "session/window/NewestOnly.h"
+#include "session/window/Mailbox.h"
 #include "session/window/OutputText.h"
-#include "session/window/StatusBoard.h"
-#include "views/SenderRelease.h"
+#include "session/window/StatusMailbox.h"
+#include "views/EarlyReply.h"
 
 namespace corvex {
 
@@ -20,7 +20,7 @@ enum MainWindowMessage : UINT {
     kMessageRefreshButtons,
     kMessageMoveSlider,
     kMessageFlash,
-    kMessageSample,  // lParam points at a PublishedSample; SendReleasable's
+    kMessageSample,  // lParam points at a PublishedSample; SendForEarlyReply's
 };
 
 struct FlashText {
@@ -46,10 +46,10 @@ public:
     bool ShowNews(UINT message, WPARAM wParam, LPARAM lParam);
 
     OutputText output;
-    StatusBoard status{session};
-    NewestOnly<std::monostate> buttons{kMessageRefreshButtons};
-    NewestOnly<std::uint32_t> slider{kMessageMoveSlider};
-    NewestOnly<FlashText> flash{kMessageFlash};
+    StatusMailbox status{session};
+    Mailbox<std::monostate> buttons{kMessageRefreshButtons};
+    Mailbox<std::uint32_t> slider{kMessageMoveSlider};
+    Mailbox<FlashText> flash{kMessageFlash};
     SessionState session;
 
 private:
@@ -63,7 +63,7 @@ private:
     void ShowFlash(const FlashText& news) const;
     void ShowSample(const PublishedSample& sample, WPARAM wParam);
 
-    SenderRelease samples_;
+    EarlyReply samples_;
 };
 
 // A window handle out of one of the session's opaque words.

@@ -12,7 +12,7 @@
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
 #include "tests/support/DefinitionTestHelper.h"
-#include "views/SenderRelease.h"
+#include "views/EarlyReply.h"
 
 namespace corvex::test {
 
@@ -123,7 +123,7 @@ private:
     SessionCalls Calls() {
         SessionCalls calls;
         calls.carrySample = [this](const PublishedSample& sample) {
-            SendReleasable(frame, kSampleMessage, reinterpret_cast<LPARAM>(&sample));
+            SendForEarlyReply(frame, kSampleMessage, reinterpret_cast<LPARAM>(&sample));
         };
         return calls;
     }
@@ -138,7 +138,7 @@ private:
     }
 
     LONG_PTR ownProcedure = 0;
-    SenderRelease samples;
+    EarlyReply samples;
 };
 
 }  // namespace corvex::test

@@ -14,12 +14,12 @@ class Desktop;
 // waits for them: it asks them to end and is called back by a timer of its own when they have. Scan and playback end
 // then as by the user's own hand, and a recording, also one that was begun meanwhile, goes through its save first: its
 // table would be of another definition. Main thread.
-class QuietWork {
+class IdleWork {
 public:
-    explicit QuietWork(Desktop& desktop) : desktop_(desktop) {}
-    ~QuietWork();
-    QuietWork(const QuietWork&) = delete;
-    QuietWork& operator=(const QuietWork&) = delete;
+    explicit IdleWork(Desktop& desktop) : desktop_(desktop) {}
+    ~IdleWork();
+    IdleWork(const IdleWork&) = delete;
+    IdleWork& operator=(const IdleWork&) = delete;
 
     // At once when all is quiet, else as soon as it is, in the order of the calls; asked for by such work, after it.
     // What is still waiting when this goes is not done.

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "apps/cli/FreshFile.h"
+#include "apps/cli/AtomicReplace.h"
 #include "tests/apps/cli/LogTestHelper.h"
 
 namespace corvex {
@@ -11,9 +11,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(FreshFileTest, TakesTheOthersPlace) {
+TEST(AtomicReplaceTest, TakesTheOthersPlace) {
     const TempFile file("old");
-    FreshFile fresh(file.Path());
+    AtomicReplace fresh(file.Path());
     std::ofstream(fresh.Name()) << "new";
     EXPECT_EQ(ReadFile(file.Path()), "old");
     EXPECT_TRUE(fresh.MoveIntoPlace());
@@ -21,11 +21,11 @@ TEST(FreshFileTest, TakesTheOthersPlace) {
     EXPECT_FALSE(fs::exists(fresh.Name()));
 }
 
-TEST(FreshFileTest, GoesWithTheObject) {
+TEST(AtomicReplaceTest, GoesWithTheObject) {
     const TempFile file("old");
     std::string name;
     {
-        const FreshFile fresh(file.Path());
+        const AtomicReplace fresh(file.Path());
         name = fresh.Name();
         std::ofstream(name) << "new";
         EXPECT_TRUE(fs::exists(name));
@@ -35,19 +35,19 @@ TEST(FreshFileTest, GoesWithTheObject) {
 }
 
 // Nobody has this number: it is larger than any that a system gives.
-TEST(FreshFileTest, SweepsWhatAProcessLeftButForALogWithRecords) {
+TEST(AtomicReplaceTest, SweepsWhatAProcessLeftButForALogWithRecords) {
     const TempFile file("", ".xdl");
     const std::string left = file.Path() + ".2147483647.new";
     fs::copy_file(Example("harrier-8192.xdl"), left);
-    { const FreshFile fresh(file.Path()); }
+    { const AtomicReplace fresh(file.Path()); }
     EXPECT_TRUE(fs::exists(left));
     std::ofstream(left, std::ios::binary) << std::string(40, '\0');
-    { const FreshFile fresh(file.Path()); }
+    { const AtomicReplace fresh(file.Path()); }
     EXPECT_FALSE(fs::exists(left));
 }
 
-TEST(FreshFileTest, ReplacesNoFolder) {
-    FreshFile fresh(fs::temp_directory_path().string());
+TEST(AtomicReplaceTest, ReplacesNoFolder) {
+    AtomicReplace fresh(fs::temp_directory_path().string());
     EXPECT_EQ(fresh.Name(), "");
     EXPECT_FALSE(fresh.MoveIntoPlace());
 }

@@ -8,10 +8,10 @@
 namespace corvex {
 
 // Black, and as large as the area. One thread.
-class ShapeSheet {
+class MaskBitmap {
 public:
     // Like a context, or like the screen when that is null.
-    explicit ShapeSheet(const RECT& area, HDC like = nullptr);
+    explicit MaskBitmap(const RECT& area, HDC like = nullptr);
 
     HDC Dc() const { return dc_.Get(); }
     // All pixels of just this colour, from 0, 0 of the area. Null when there is no sheet: for an area without pixels,

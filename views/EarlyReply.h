@@ -9,10 +9,10 @@
 namespace corvex {
 
 // Sends a message whose handling may release its sender. Any thread.
-void SendReleasable(HWND page, UINT message, LPARAM lParam);
+void SendForEarlyReply(HWND page, UINT message, LPARAM lParam);
 
 // One for each page, which it belongs to. The page's thread.
-class SenderRelease {
+class EarlyReply {
 public:
     // Handles such a message, whose wParam it takes: reads, while the sender waits and what it has sent is there, and
     // then draws, while the sender goes on. When the thread has had less time for anything else than the last handling

@@ -1,18 +1,18 @@
 // Carries the status texts from whoever has news to the panels.
 #pragma once
 
-#include "session/window/NewestOnly.h"
+#include "session/window/Mailbox.h"
 #include "session/window/StatusPanels.h"
 
 namespace corvex {
 
 // A worker leaves a picture of the moment here and goes on: every poll brings one, and waiting until it is drawn would
 // leave the serial line idle meanwhile. Only the newest picture is shown. It must outlive the session's workers.
-class StatusBoard {
+class StatusMailbox {
 public:
-    explicit StatusBoard(SessionState& session);
-    StatusBoard(const StatusBoard&) = delete;
-    StatusBoard& operator=(const StatusBoard&) = delete;
+    explicit StatusMailbox(SessionState& session);
+    StatusMailbox(const StatusMailbox&) = delete;
+    StatusMailbox& operator=(const StatusMailbox&) = delete;
 
     // Takes the state as it is now. On the main thread it is shown at once, else when kMessageRefreshStatus comes
     // there.
@@ -22,7 +22,7 @@ public:
 
 private:
     SessionState& session_;
-    NewestOnly<StatusPicture> news_;
+    Mailbox<StatusPicture> news_;
 };
 
 }  // namespace corvex

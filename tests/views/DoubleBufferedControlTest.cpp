@@ -4,7 +4,7 @@
 
 #include "tests/controls/window/PaintTestHelper.h"
 #include "tests/views/ListTestHelper.h"
-#include "views/SteadyPaint.h"
+#include "views/DoubleBufferedControl.h"
 
 namespace corvex::test {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 using Pixels = std::vector<COLORREF>;
 
 // The item list's control, watched from its page while it paints.
-class SteadyPaintTest : public ListTest {
+class DoubleBufferedControlTest : public ListTest {
 protected:
     // A list of this many rows in a small window, painted.
     void ShowRows(int count) {
@@ -24,9 +24,9 @@ protected:
         Repaint();
         former_ = reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(Page(1), GWLP_WNDPROC));
         ::SetPropA(Page(1), kProperty, this);
-        ::SetWindowLongPtrA(Page(1), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SteadyPaintTest::Procedure));
+        ::SetWindowLongPtrA(Page(1), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DoubleBufferedControlTest::Procedure));
     }
-    ~SteadyPaintTest() override {
+    ~DoubleBufferedControlTest() override {
         if (former_ == nullptr) return;
         ::SetWindowLongPtrA(Page(1), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(former_));
         ::RemovePropA(Page(1), kProperty);
@@ -62,10 +62,10 @@ protected:
     std::function<void(const NMCUSTOMDRAW&)> onDraw;
 
 private:
-    static constexpr char kProperty[] = "SteadyPaintTest";
+    static constexpr char kProperty[] = "DoubleBufferedControlTest";
 
     static LRESULT CALLBACK Procedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-        const auto& self = *static_cast<SteadyPaintTest*>(::GetPropA(page, kProperty));
+        const auto& self = *static_cast<DoubleBufferedControlTest*>(::GetPropA(page, kProperty));
         if (message == WM_NOTIFY && self.onDraw) {
             const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
             if (header.code == static_cast<UINT>(NM_CUSTOMDRAW)) self.onDraw(*reinterpret_cast<NMCUSTOMDRAW*>(lParam));
@@ -76,7 +76,7 @@ private:
     WNDPROC former_ = nullptr;
 };
 
-TEST_F(SteadyPaintTest, TheOldRowsStandUntilTheNewOnesAreDrawn) {
+TEST_F(DoubleBufferedControlTest, TheOldRowsStandUntilTheNewOnesAreDrawn) {
     ShowRows(4);
     const Pixels before = Picture();
     int looks = 0, changes = 0;
@@ -93,7 +93,7 @@ TEST_F(SteadyPaintTest, TheOldRowsStandUntilTheNewOnesAreDrawn) {
     EXPECT_NE(before, Picture());
 }
 
-TEST_F(SteadyPaintTest, TheControlLooksAsItDoesByItself) {
+TEST_F(DoubleBufferedControlTest, TheControlLooksAsItDoesByItself) {
     speed->flags = ADXValue::kAlarmHigh;
     AddHeading("Engine", 1);
     ShowRows(3);
@@ -105,7 +105,7 @@ TEST_F(SteadyPaintTest, TheControlLooksAsItDoesByItself) {
     }
 }
 
-TEST_F(SteadyPaintTest, NothingIsLeftOfWhatScrollsOrGoes) {
+TEST_F(DoubleBufferedControlTest, NothingIsLeftOfWhatScrollsOrGoes) {
     ShowRows(60);
     const auto send = [this](UINT message, WPARAM wParam, LPARAM lParam = 0) {
         ::SendMessageA(List(), message, wParam, lParam);
@@ -122,7 +122,7 @@ TEST_F(SteadyPaintTest, NothingIsLeftOfWhatScrollsOrGoes) {
     send(LVM_DELETEALLITEMS, 0);
 }
 
-TEST_F(SteadyPaintTest, AGrownWindowIsPaintedWhole) {
+TEST_F(DoubleBufferedControlTest, AGrownWindowIsPaintedWhole) {
     ShowRows(4);
     Resize(500, 300);
     ::UpdateWindow(List());
@@ -130,7 +130,7 @@ TEST_F(SteadyPaintTest, AGrownWindowIsPaintedWhole) {
     EXPECT_EQ(OwnPicture(), steady);
 }
 
-TEST_F(SteadyPaintTest, TheControlStaysTheWindowItWas) {
+TEST_F(DoubleBufferedControlTest, TheControlStaysTheWindowItWas) {
     ShowRows(1);
     EXPECT_TRUE(::IsWindowUnicode(List()));
     EXPECT_EQ(LVS_EX_FULLROWSELECT, ::SendMessageA(List(), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0));

@@ -1,4 +1,4 @@
-#include "apps/cli/FreshFile.h"
+#include "apps/cli/AtomicReplace.h"
 
 #include <filesystem>
 #include <system_error>
@@ -20,16 +20,16 @@ void SweepBeside(const std::string& path) {
 
 }  // namespace
 
-FreshFile::FreshFile(const std::string& path) : path_(path), name_(FreshNameFor(path)) {
+AtomicReplace::AtomicReplace(const std::string& path) : path_(path), name_(FreshNameFor(path)) {
     SweepBeside(path);
 }
 
-FreshFile::~FreshFile() {
+AtomicReplace::~AtomicReplace() {
     std::error_code ignored;
     if (!done_ && !name_.empty()) std::filesystem::remove(name_, ignored);
 }
 
-bool FreshFile::MoveIntoPlace() {
+bool AtomicReplace::MoveIntoPlace() {
     done_ = true;
     return !name_.empty() && corvex::MoveIntoPlace(name_, path_);
 }

@@ -1,4 +1,4 @@
-#include "views/SteadyPaint.h"
+#include "views/DoubleBufferedControl.h"
 
 #include "controls/window/OffscreenPaint.h"
 
@@ -19,7 +19,7 @@ void Paint(HWND control) {
     Own(control, WM_PRINTCLIENT, dc, PRF_CLIENT);
 }
 
-LRESULT CALLBACK SteadyProcedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK DoubleBufferedProcedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_ERASEBKGND:
             return 1;
@@ -34,9 +34,9 @@ LRESULT CALLBACK SteadyProcedure(HWND control, UINT message, WPARAM wParam, LPAR
 }  // namespace
 
 // By the wide calls, as the common controls are wide windows and would be taken for others by the narrow ones.
-void PaintSteadily(HWND control) {
+void MakeDoubleBuffered(HWND control) {
     ::SetWindowLongPtrW(control, GWLP_USERDATA, ::GetWindowLongPtrW(control, GWLP_WNDPROC));
-    ::SetWindowLongPtrW(control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SteadyProcedure));
+    ::SetWindowLongPtrW(control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DoubleBufferedProcedure));
 }
 
 }  // namespace corvex

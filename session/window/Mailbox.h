@@ -13,12 +13,12 @@ namespace corvex {
 // playback for as long as the main thread is busy. However many are left, one posted message tells of them, and what it
 // finds is the newest. Any thread, except for Take; must outlive the workers.
 template <class News>
-class NewestOnly {
+class Mailbox {
 public:
     // The message that is posted.
-    explicit NewestOnly(UINT message) : message_(message) {}
-    NewestOnly(const NewestOnly&) = delete;
-    NewestOnly& operator=(const NewestOnly&) = delete;
+    explicit Mailbox(UINT message) : message_(message) {}
+    Mailbox(const Mailbox&) = delete;
+    Mailbox& operator=(const Mailbox&) = delete;
 
     // In place of what still waits.
     void Leave(HWND window, News news) {

@@ -1,4 +1,4 @@
-#include "controls/gauge/ShapeSheet.h"
+#include "controls/gauge/MaskBitmap.h"
 
 #include <algorithm>
 #include <vector>
@@ -40,14 +40,14 @@ OwnedRegion RegionOf(const std::vector<RECT>& runs, const RECT& bounds) {
 
 }  // namespace
 
-ShapeSheet::ShapeSheet(const RECT& area, HDC like)
+MaskBitmap::MaskBitmap(const RECT& area, HDC like)
     : width_(area.right - area.left),
       height_(area.bottom - area.top),
       dc_(like),
       bitmap_(MakeSheet(width_, height_, &pixels_)),
       selected_(dc_.Get(), bitmap_.Get()) {}
 
-OwnedRegion ShapeSheet::ShapeOf(COLORREF colour) const {
+OwnedRegion MaskBitmap::ShapeOf(COLORREF colour) const {
     // On a sheet that nothing can be drawn on, every figure would be an empty one, and kept.
     if (pixels_ == nullptr || !selected_) return {};
     ::GdiFlush();  // what is drawn may come late

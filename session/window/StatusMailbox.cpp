@@ -1,4 +1,4 @@
-#include "session/window/StatusBoard.h"
+#include "session/window/StatusMailbox.h"
 
 #include <utility>
 
@@ -6,11 +6,11 @@
 
 namespace corvex {
 
-StatusBoard::StatusBoard(SessionState& session) : session_(session), news_(kMessageRefreshStatus) {}
+StatusMailbox::StatusMailbox(SessionState& session) : session_(session), news_(kMessageRefreshStatus) {}
 
 // The look is taken under the lock: of two threads with news the later one's picture stays. A right text that was left
 // is not lost by a picture without one.
-void StatusBoard::Refresh() {
+void StatusMailbox::Refresh() {
     news_.Merge([this](std::optional<StatusPicture>& waiting) {
         StatusPicture now = StatusPanels::Look(session_);
         if (waiting && !now.right) now.right = std::move(waiting->right);
@@ -21,7 +21,7 @@ void StatusBoard::Refresh() {
     news_.Ask(window);
 }
 
-void StatusBoard::Show() {
+void StatusMailbox::Show() {
     if (const std::optional<StatusPicture> picture = news_.Take()) StatusPanels::Show(session_, *picture);
 }
 

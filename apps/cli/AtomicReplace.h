@@ -8,12 +8,12 @@ namespace corvex {
 // Reserves a name beside `path`; whoever writes the content makes the file. What was written goes with the object
 // unless it was moved into place. What a killed process left beside `path` goes too, but for a log with records. One
 // thread.
-class FreshFile {
+class AtomicReplace {
 public:
-    explicit FreshFile(const std::string& path);
-    ~FreshFile();
-    FreshFile(const FreshFile&) = delete;
-    FreshFile& operator=(const FreshFile&) = delete;
+    explicit AtomicReplace(const std::string& path);
+    ~AtomicReplace();
+    AtomicReplace(const AtomicReplace&) = delete;
+    AtomicReplace& operator=(const AtomicReplace&) = delete;
 
     // Empty when there can be no file to take the place of `path`: a device, a pipe, a folder.
     const std::string& Name() const { return name_; }

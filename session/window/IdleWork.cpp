@@ -1,4 +1,4 @@
-#include "session/window/QuietWork.h"
+#include "session/window/IdleWork.h"
 
 #include <utility>
 
@@ -13,22 +13,22 @@ constexpr UINT kPollMs = 10;
 
 }  // namespace
 
-QuietWork::~QuietWork() {
+IdleWork::~IdleWork() {
     StopTimer();
 }
 
-void QuietWork::Run(std::function<void()> work) {
+void IdleWork::Run(std::function<void()> work) {
     waiting_.push_back(std::move(work));
     Poll();
 }
 
 // The timer's id is the object: the procedure has nothing else to go by.
-void CALLBACK QuietWork::OnTimer(HWND, UINT, UINT_PTR id, DWORD) {
-    reinterpret_cast<QuietWork*>(id)->Poll();
+void CALLBACK IdleWork::OnTimer(HWND, UINT, UINT_PTR id, DWORD) {
+    reinterpret_cast<IdleWork*>(id)->Poll();
 }
 
 // A dialog goes on handling messages: the timer's among them, and those that end the window and with it this.
-void QuietWork::Poll() {
+void IdleWork::Poll() {
     const ControlHold hold(ObjectOf(desktop_.MainWindow()));
     if (polling_) return;
     polling_ = true;
@@ -37,7 +37,7 @@ void QuietWork::Poll() {
 }
 
 // Nothing is handled between the looks at what runs and the work, so that nobody can begin anything there.
-void QuietWork::DoWhatIsDue() {
+void IdleWork::DoWhatIsDue() {
     while (!waiting_.empty()) {
         EndRecording();
         if (::IsWindow(desktop_.MainWindow()) == FALSE) return;
@@ -55,14 +55,14 @@ void QuietWork::DoWhatIsDue() {
 
 // Once more for a recording that was begun while the dialog of another was open. One that its disk keeps from ending is
 // left as it is: it would be asked about for ever.
-void QuietWork::EndRecording() {
+void IdleWork::EndRecording() {
     SessionState& session = desktop_.session;
     for (int i = 0; i < 2 && session.log.State() == kLogRecording; ++i)
         session.StopCommand();
 }
 
 // Asked again at every look: the user may have started something new meanwhile. What is ending already is left alone.
-void QuietWork::AskWorkersToEnd() {
+void IdleWork::AskWorkersToEnd() {
     SessionState& session = desktop_.session;
     std::uint32_t flags = 0;
     if (session.scanning.load(std::memory_order_relaxed) != 0) flags |= kStopScan;
@@ -70,13 +70,13 @@ void QuietWork::AskWorkersToEnd() {
     if (flags != 0) session.StartStopThread(flags);
 }
 
-void QuietWork::StartTimer() {
+void IdleWork::StartTimer() {
     if (timerRuns_) return;
     DebugOutput::Print(&desktop_.session.debug, "Ending scan and playback first");
-    timerRuns_ = ::SetTimer(desktop_.MainWindow(), reinterpret_cast<UINT_PTR>(this), kPollMs, &QuietWork::OnTimer) != 0;
+    timerRuns_ = ::SetTimer(desktop_.MainWindow(), reinterpret_cast<UINT_PTR>(this), kPollMs, &IdleWork::OnTimer) != 0;
 }
 
-void QuietWork::StopTimer() {
+void IdleWork::StopTimer() {
     if (timerRuns_) ::KillTimer(desktop_.MainWindow(), reinterpret_cast<UINT_PTR>(this));
     timerRuns_ = false;
 }
