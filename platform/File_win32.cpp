@@ -7,14 +7,15 @@ namespace corvex {
 
 namespace {
 
-constexpr DWORD kAnyone = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr DWORD kSharedByAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 bool Identify(HANDLE handle, BY_HANDLE_FILE_INFORMATION* information) {
     return GetFileInformationByHandle(handle, information) != 0;
 }
 
 bool StandsAtName(HANDLE handle, const std::string& path) {
-    const HANDLE other = CreateFileA(path.c_str(), FILE_READ_ATTRIBUTES, kAnyone, nullptr, OPEN_EXISTING, 0, nullptr);
+    const HANDLE other =
+        CreateFileA(path.c_str(), FILE_READ_ATTRIBUTES, kSharedByAll, nullptr, OPEN_EXISTING, 0, nullptr);
     if (other == INVALID_HANDLE_VALUE) return false;
     BY_HANDLE_FILE_INFORMATION open{}, there{};
     const bool known = Identify(handle, &open) && Identify(other, &there);
@@ -139,7 +140,7 @@ public:
     std::unique_ptr<IFile> Open(const std::string& path, FileAccess access, std::string* error) override {
         const DWORD rights = access == FileAccess::kRead ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE;
         // Who reads lets a recording get its name meanwhile, too.
-        const DWORD sharing = access == FileAccess::kRead ? kAnyone : FILE_SHARE_READ;
+        const DWORD sharing = access == FileAccess::kRead ? kSharedByAll : FILE_SHARE_READ;
         const DWORD disposition = access == FileAccess::kCreate ? CREATE_ALWAYS : OPEN_EXISTING;
         constexpr DWORD kFlags = FILE_FLAG_SEQUENTIAL_SCAN | FILE_FLAG_OVERLAPPED;
         const HANDLE handle = CreateFileA(path.c_str(), rights, sharing, nullptr, disposition, kFlags, nullptr);
