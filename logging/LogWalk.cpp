@@ -92,8 +92,7 @@ void LogWalk::End(std::uint32_t result) {
     log_.GoTo(offset_);
     if (Left() < kLogRecordBytes) return;
     const LogItem* const item = log_.GetItem(record_.itemIndex);
-    damaged_ =
-        IsBlank(record_) || item == nullptr || ShortfallOf(record_, offset_ + kLogRecordBytes + item->packedSize) != 0;
+    damaged_ = item == nullptr || ShortfallOf(record_, offset_ + kLogRecordBytes + item->packedSize) != 0;
 }
 
 PacketView LogWalk::Reply() {

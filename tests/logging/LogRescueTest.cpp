@@ -14,7 +14,7 @@ struct Rescued {
     std::vector<std::uint32_t> times;
     std::vector<Bytes> data;
     std::uint32_t unknown = 0, places = 0;
-    std::uint64_t unknownBytes = 0, skipped = 0, left = 0;
+    std::uint64_t unknownBytes = 0, skipped = 0, left = 0, gone = 0;
 };
 
 // Logs of SmallLog: records of 15 bytes, 80 ms apart.
@@ -37,6 +37,7 @@ protected:
         rescued.unknownBytes = rescue.UnknownBytes();
         rescued.skipped = rescue.Skipped();
         rescued.left = rescue.Left();
+        rescued.gone = rescue.Gone();
         return rescued;
     }
     Rescued Rescue(const LogBytes& bytes) {
@@ -123,6 +124,7 @@ TEST_F(LogRescueTest, InsertedBlockCostsAtMostTheRecordThatItIsIn) {
 TEST_F(LogRescueTest, RemovedBlockCostsWhatItTook) {
     const LogBytes log = SmallLog(20);
     const Rescued whole = Rescue(Cut(log, PlaceOf(5), 45));
+    EXPECT_EQ(whole.gone, 45U);
     ExpectAllBut(whole, {5, 6, 7}, 20);
     EXPECT_EQ(whole.skipped, 0U);
     ExpectAllBut(Rescue(Cut(log, PlaceOf(5) + 1, 40)), {5, 6, 7}, 20);
@@ -180,6 +182,17 @@ TEST_F(LogRescueTest, UnknownItemThatLeadsToNoRecordIsDamage) {
     LogBytes log = SmallLog(20).PutWord32(PlaceOf(5), static_cast<std::uint32_t>(PlaceOf(15) + 3));
     log.bytes[PlaceOf(5) + 8] = 9;
     ExpectAllBut(Rescue(log), {5}, 20);
+    // No record in front looks where it leads.
+    log.PutWord32(PlaceOf(0), static_cast<std::uint32_t>(PlaceOf(3) + 3));
+    log.bytes[PlaceOf(0) + 8] = 9;
+    ExpectAllBut(Rescue(log), {0, 5}, 20);
+}
+
+TEST_F(LogRescueTest, UnknownItemsThatLeadToEachOtherAndNoFurtherAreDamage) {
+    LogBytes log = SmallLog(20).PutWord32(PlaceOf(5), static_cast<std::uint32_t>(PlaceOf(12)));
+    log.PutWord32(PlaceOf(12), static_cast<std::uint32_t>(PlaceOf(15) + 3));
+    log.bytes[PlaceOf(5) + 8] = log.bytes[PlaceOf(12) + 8] = 9;
+    ExpectAllBut(Rescue(log), {5, 12}, 20);
 }
 
 TEST_F(LogRescueTest, CutEndIsLeft) {

@@ -51,6 +51,12 @@ TEST_F(LogResyncTest, FindsTwoInARowWhereverTheyOnceStood) {
     }
 }
 
+// It stands where it was written, whatever was wrong in front of it.
+TEST_F(LogResyncTest, FindsOneAloneWhoseOffsetIsRight) {
+    Garbage(50).Record(1, 2000).Garbage(30);
+    EXPECT_EQ(Find(kBegin, 40), "150 0");
+}
+
 TEST_F(LogResyncTest, TwoMustBeWrongByTheSameAmount) {
     Garbage(50).Record(0, 2000, 40).Record(0, 2080, 41).Garbage(30);
     EXPECT_EQ(Find(kBegin), "none");
