@@ -247,11 +247,11 @@ TEST_F(LogStopsTest, NothingBeginsWhenTheWindowIsGoing) {
 TEST_F(LogStopsTest, WhatIsPressedWhileARecordingIsSavedComesAfterIt) {
     RecordScan(2);
     recorder.answer = folder.Name("saved.xdl");
-    recorder.onNoted = [this](const std::string& call) {
-        if (call.starts_with("ask save")) session.RecordCommand();
+    recorder.whileAsked = [this, waits = recorder.whileAsked] {
+        session.RecordCommand();
+        waits();
     };
     session.StopCommand();
-    recorder.onNoted = nullptr;
     EXPECT_EQ(kLogRecording, session.log.State());
     EXPECT_EQ(3U, ReadLog(folder.Name("saved.xdl")).size());
 }

@@ -18,6 +18,12 @@ protected:
         text.Clear();
         session.StopCommand();
     }
+    // Without the message of the disk, which comes while the user is asked, or before.
+    Calls TakeAnswers() {
+        Calls calls = recorder.Take();
+        EXPECT_EQ(1, std::erase(calls, kStoppedPlayback));
+        return calls;
+    }
     static std::string Lines(const std::string& second) { return "Recording stopped\r\n" + second; }
     const std::vector<Read> kRecorded{{0, {1, 2}}, {10, {3, 4}}, {20, {5, 6}}};
 
@@ -33,7 +39,7 @@ TEST_F(SaveFlowTest, MovesTheRecordingToANewName) {
     EXPECT_EQ(name, session.settings.lastxdlpath);
     EXPECT_EQ(kLogClosed, session.log.State());
     EXPECT_EQ(Lines("Log saved to " + name), text.Text());
-    EXPECT_EQ((Calls{kAskedForName, kStoppedPlayback, "slider 0", "buttons", "status"}), recorder.Take());
+    EXPECT_EQ((Calls{kAskedForName, "slider 0", "buttons", "status"}), TakeAnswers());
 }
 
 TEST_F(SaveFlowTest, PromptIsTheDialogs) {
@@ -64,10 +70,10 @@ TEST_F(SaveFlowTest, ExistingFileAndRecordingAreBothKept) {
     std::snprintf(line, sizeof line, "Cannot overwrite existing log: %s, error 0x%X", name.c_str(),
                   static_cast<unsigned>(MoveToNewName(folder.Name("temp.xdl"), name)));
     EXPECT_EQ(Lines(line), text.Text());
-    EXPECT_EQ((Calls{kAskedForName, kStoppedPlayback,
+    EXPECT_EQ((Calls{kAskedForName,
                      "box Cannot overwrite: Log save failed. Log backup saved in install directory as \"temp.xdl\"",
                      "slider 0", "buttons", "status"}),
-              recorder.Take());
+              TakeAnswers());
 }
 
 TEST_F(SaveFlowTest, FolderThatIsNotThereKeepsTheRecording) {
@@ -84,7 +90,7 @@ TEST_F(SaveFlowTest, CancellingKeepsTheRecordingInTheScratchFile) {
     EXPECT_STREQ("before", session.settings.lastxdlpath);
     EXPECT_EQ(kLogClosed, session.log.State());
     EXPECT_EQ("Recording stopped", text.Text());
-    EXPECT_EQ((Calls{kAskedForName, kStoppedPlayback, "buttons", "status"}), recorder.Take());
+    EXPECT_EQ((Calls{kAskedForName, "buttons", "status"}), TakeAnswers());
     EXPECT_TRUE(elsewhere.Has("temp.xdl"));
 }
 
