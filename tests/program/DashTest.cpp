@@ -175,7 +175,7 @@ TEST_F(DashOnShow, CatchesUpAtATriggerWithTheLastWordsAndNoSample) {
     ExpectShown(0.0F, 0.0F, false, {0.0F});
     ExpectRounds(50);
     EXPECT_EQ(CountReplies(Window().OutputLines()).All(), 2);
-    EXPECT_EQ(Window().RightText(), "0.00 Hz   Errors: 0");
+    EXPECT_TRUE(Window().RightText().ends_with("   Errors: 0")) << Window().RightText();
 }
 
 }  // namespace
