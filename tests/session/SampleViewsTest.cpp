@@ -1,7 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "session/SessionState.h"
@@ -79,6 +80,8 @@ TEST_F(SampleViewsTest, NobodyIsAskedWhoWantsNone) {
 
 TEST_F(SampleViewsTest, SampleForOneIsForNoOther) {
     RegisterAll();
+    session.PublishSample(0.0, nullptr, 6);
+    lines.clear();
     session.PublishSample(0.0, nullptr, 7, BitOf(SampleViewKind::kList));
     EXPECT_EQ((Lines{"list reads 7", "list draws"}), lines);
 }
@@ -92,6 +95,14 @@ TEST_F(SampleViewsTest, ViewThatIsGoneDrawsNothing) {
                      "histograms draws", "monitors draws"}),
               lines);
     EXPECT_EQ(0U, session.views.Wanted() & BitOf(SampleViewKind::kList));
+}
+
+TEST_F(SampleViewsTest, ViewThatComesInBetweenHasNothingToDraw) {
+    NotedView other("other", lines);
+    RegisterAll();
+    monitors.onRead = [&](const PublishedSample&) { session.views.Register(SampleViewKind::kDash, &other); };
+    session.PublishSample(0.0, nullptr, 7);
+    EXPECT_EQ(lines.end(), std::find(lines.begin(), lines.end(), "other draws"));
 }
 
 TEST_F(SampleViewsTest, NothingIsCarriedToNobody) {
