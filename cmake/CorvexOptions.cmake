@@ -37,6 +37,14 @@ function(corvex_library name)
   target_link_libraries(${name} PUBLIC corvex_options ${A_LIBS})
 endfunction()
 
+# corvex_fuzz_fast(TARGET): of a library whose compares tell a fuzzer little, as its format is numbers without magic words, they
+# are not traced: that is a third of a run.
+function(corvex_fuzz_fast target)
+  if(CORVEX_FUZZ)
+    target_compile_options(${target} PRIVATE -fno-sanitize-coverage=trace-cmp)
+  endif()
+endfunction()
+
 # corvex_test(NAME [THREADS] SOURCES ... LIBS ...): one test program per folder; THREADS for one in which threads start.
 # Natively each case is a ctest of its own; sanitizers and Wine run the program whole, where a process is dear.
 function(corvex_test name)
