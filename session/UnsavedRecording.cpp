@@ -24,6 +24,8 @@ bool IsTime(const LocalTime& time) {
 std::optional<LocalTime> FindUnsavedRecording(const std::string& scratch) {
     DataLogEngine log;
     if (LookIntoLog(scratch) != LogContent::kRecords) return std::nullopt;
+    // Who reads is let in while another writes: whether one does, only somebody else who would write is told.
+    if (!SystemFiles().Open(scratch, FileAccess::kReadWrite)) return std::nullopt;
     if (log.Open(scratch.c_str(), kLogForLooking) != kLogSuccess) return std::nullopt;
     return log.header.startTime;
 }

@@ -46,6 +46,14 @@ TEST_F(UnsavedRecordingTest, NothingElseDoes) {
     EXPECT_EQ(1U, folder.FileCount());
 }
 
+// The program was started twice, and the other one records.
+TEST_F(UnsavedRecordingTest, RecordingAtWorkIsNotUnsaved) {
+    EXPECT_TRUE(Finds(Log(1).bytes));
+    const std::unique_ptr<IFile> other = SystemFiles().Open(scratch, FileAccess::kReadWrite);
+    ASSERT_TRUE(other);
+    EXPECT_FALSE(FindUnsavedRecording(scratch).has_value());
+}
+
 TEST_F(UnsavedRecordingTest, IsNamedByItsBeginning) {
     const LocalTime begun{2026, 7, 3, 1, 12, 34, 56, 789};
     EXPECT_EQ("drive-2026-07-01-123456.xdl", NameOfUnsavedRecording(begun, 1));
