@@ -224,8 +224,8 @@ private:
     std::string openError_, path_;
     LogHarm harm_ = LogHarm::kNone;
     bool partLeft_ = false;  // of a sample that could not be written whole
-    std::shared_ptr<RecordingSync>
-        sync_;                 // of the recording at work, or the last one; null when there is nothing to sync
+    // Of the recording at work, or the last one; null when there is nothing to sync.
+    std::shared_ptr<RecordingSync> sync_;
     std::uint32_t opens_ = 0;  // tells a thread that outlived its log that this is another
     // A table that a thread holds is never changed: OwnItemsLocked copies it first.
     std::shared_ptr<ItemTable> items_ = std::make_shared<ItemTable>();

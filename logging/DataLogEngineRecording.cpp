@@ -42,9 +42,7 @@ void DataLogEngine::BeginSyncLocked() {
 }
 
 void DataLogEngine::EndSyncLocked() {
-    if (!sync_) return;
-    sync_->Note();  // of the header
-    sync_->End();
+    if (sync_) sync_->End();
 }
 
 void DataLogEngine::WaitForSync() {

@@ -18,6 +18,7 @@
 #include "definition/ADXObject.h"
 #include "logging/DataLogEngine.h"
 #include "tests/support/AllocationCount.h"
+#include "tests/support/ForwardingFile.h"
 
 namespace corvex {
 namespace {
@@ -98,29 +99,23 @@ private:
     const std::chrono::milliseconds least_;
 };
 
-class SyncedFile final : public IFile {
+class SyncedFile final : public test::ForwardingFile {
 public:
     SyncedFile(std::unique_ptr<IFile> file, SyncWaits& waits, SyncKind kind)
-        : file_(std::move(file)), waits_(waits), kind_(kind) {}
-    std::optional<std::uint32_t> Read(void* bytes, std::uint32_t count) override { return file_->Read(bytes, count); }
+        : ForwardingFile(std::move(file)), waits_(waits), kind_(kind) {}
     bool Write(const void* bytes, std::uint32_t count) override {
-        const bool written = file_->Write(bytes, count);
+        const bool written = ForwardingFile::Write(bytes, count);
         waits_.Wrote();
         return written;
     }
-    std::uint64_t Position() const override { return file_->Position(); }
-    bool Seek(std::uint64_t offset) override { return file_->Seek(offset); }
-    std::optional<std::uint64_t> Size() const override { return file_->Size(); }
-    bool EndHere() override { return file_->EndHere(); }
     std::unique_ptr<IFileSync> OpenSync() override {
         if (!kind_.syncs) return nullptr;
-        std::unique_ptr<IFileSync> sync = file_->OpenSync();
+        std::unique_ptr<IFileSync> sync = ForwardingFile::OpenSync();
         if (!sync) Fail("the file cannot be synced");
         return std::make_unique<SlowSync>(std::move(sync), waits_, kind_.least);
     }
 
 private:
-    const std::unique_ptr<IFile> file_;
     SyncWaits& waits_;
     const SyncKind kind_;
 };
@@ -139,23 +134,17 @@ private:
 };
 
 // Counts the calls to the system on their way.
-class CountedFile final : public IFile {
+class CountedFile final : public test::ForwardingFile {
 public:
     CountedFile(std::unique_ptr<IFile> file, std::uint64_t& writes, bool syncs)
-        : file_(std::move(file)), writes_(writes), syncs_(syncs) {}
-    std::optional<std::uint32_t> Read(void* bytes, std::uint32_t count) override { return file_->Read(bytes, count); }
+        : ForwardingFile(std::move(file)), writes_(writes), syncs_(syncs) {}
     bool Write(const void* bytes, std::uint32_t count) override {
         ++writes_;
-        return file_->Write(bytes, count);
+        return ForwardingFile::Write(bytes, count);
     }
-    std::uint64_t Position() const override { return file_->Position(); }
-    bool Seek(std::uint64_t offset) override { return file_->Seek(offset); }
-    std::optional<std::uint64_t> Size() const override { return file_->Size(); }
-    bool EndHere() override { return file_->EndHere(); }
-    std::unique_ptr<IFileSync> OpenSync() override { return syncs_ ? file_->OpenSync() : nullptr; }
+    std::unique_ptr<IFileSync> OpenSync() override { return syncs_ ? ForwardingFile::OpenSync() : nullptr; }
 
 private:
-    const std::unique_ptr<IFile> file_;
     std::uint64_t& writes_;
     const bool syncs_;
 };

@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/File.h"
+#include "tests/support/ForwardingFile.h"
 
 namespace corvex::test {
 
@@ -48,24 +48,13 @@ private:
         HeldSyncs& owner_;
     };
 
-    class HeldFile final : public IFile {
+    class HeldFile final : public ForwardingFile {
     public:
-        HeldFile(HeldSyncs& owner, std::unique_ptr<IFile> file) : owner_(owner), file_(std::move(file)) {}
-        std::optional<std::uint32_t> Read(void* bytes, std::uint32_t count) override {
-            return file_->Read(bytes, count);
-        }
-        bool Write(const void* bytes, std::uint32_t count) override { return file_->Write(bytes, count); }
-        std::uint64_t Position() const override { return file_->Position(); }
-        bool Seek(std::uint64_t offset) override { return file_->Seek(offset); }
-        std::optional<std::uint64_t> Size() const override { return file_->Size(); }
-        bool EndHere() override { return file_->EndHere(); }
-        bool Close() override { return file_->Close(); }
-        bool StandsAt(const std::string& path) const override { return file_->StandsAt(path); }
+        HeldFile(HeldSyncs& owner, std::unique_ptr<IFile> file) : ForwardingFile(std::move(file)), owner_(owner) {}
         std::unique_ptr<IFileSync> OpenSync() override { return std::make_unique<HeldSync>(owner_); }
 
     private:
         HeldSyncs& owner_;
-        const std::unique_ptr<IFile> file_;
     };
 
     bool Hold() {

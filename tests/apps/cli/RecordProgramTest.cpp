@@ -140,7 +140,8 @@ TEST_F(RecordProgramTest, KeepsAnOldLog) {
 // Said at once, as the drive is still going on.
 TEST_F(RecordProgramTest, SaysThatItsFileIsGone) {
     const ToolResult scan = RunTool(Args("harrier-8192.adx", {"--seconds", "2", "--plain"}),
-                                    "sh -c '{ sleep 1; rm " + log.Path() + "; } & exec \"$0\" \"$@\" 2>&1' ");
+                                    "sh -c '{ until [ -s " + log.Path() + " ]; do sleep 0.05; done; rm " + log.Path() +
+                                        "; } & exec \"$0\" \"$@\" 2>&1' ");
     EXPECT_EQ(scan.code, 1);
     const std::string gone = "corvex-cli: " + log.Path() +
                              ": the recording is no longer there: another program has removed or replaced it\n";
