@@ -9,7 +9,7 @@
 #include "bench/gauges/BareCalls.h"
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/analoggauge/AnalogGaugePaint.h"
-#include "controls/analoggauge/KeptDialCurves.h"
+#include "controls/analoggauge/DialCurves.h"
 #include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/digitalreadout/DigitalReadoutPaint.h"
 #include "controls/statusgauge/StatusGauge.h"

@@ -1,7 +1,7 @@
 #include "controls/analoggauge/AnalogGauge.h"
 
 #include "controls/analoggauge/AnalogGaugePaint.h"
-#include "controls/analoggauge/KeptDialCurves.h"
+#include "controls/analoggauge/DialCurves.h"
 #include "controls/gauge/GaugeNumberModel.h"
 #include "controls/gauge/GaugeWindow.h"
 #include "controls/window/ControlWindow.h"

@@ -14,7 +14,7 @@ template <class Result, class Operation>
 Result OnTree(HWND window, Result otherwise, Operation operation) {
     PropTreeWindow* const control = ControlOf<PropTreeWindow>(window);
     if (control == nullptr) return otherwise;
-    const ControlHold hold(control);
+    const WindowHold hold(control);
     return operation(*control);
 }
 

@@ -12,7 +12,7 @@ template <class Result, class Operation>
 Result OnSheet(HWND sheet, Result otherwise, Operation operation) {
     TabSheetWindow* const control = ControlOf<TabSheetWindow>(sheet);
     if (control == nullptr) return otherwise;
-    const ControlHold hold(control);
+    const WindowHold hold(control);
     return operation(*control);
 }
 

@@ -1,5 +1,6 @@
 #include "controls/window/ControlWindow.h"
 
+#include <exception>
 #include <new>
 
 namespace corvex {
@@ -34,14 +35,12 @@ LRESULT DispatchToControl(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     ControlWindow* const control = ObjectOf(window);
     if (control == nullptr) return ::DefWindowProcA(window, message, wParam, lParam);
 
-    ++control->depth_;
+    const WindowHold hold(control);
     const LRESULT result = control->OnMessage(message, wParam, lParam);
-    --control->depth_;
     if (message == WM_NCDESTROY) {
         Bind(window, nullptr);
-        control->gone_ = true;
+        hold.Release();
     }
-    if (control->gone_ && control->depth_ == 0) delete control;
     return result;
 } catch (...) {
     std::terminate();

@@ -1,56 +1,25 @@
 // The one window wrapper: registers a class, binds an object to each window of it, and turns messages into calls.
 #pragma once
 
-#include <exception>
 #include <memory>
 #include <type_traits>
 
-#include "platform/WindowsApi.h"
+#include "controls/window/WindowObject.h"
 
 namespace corvex {
 
-// The object behind a window. It is built at WM_NCCREATE and goes with WM_NCDESTROY, or, when its window is destroyed
-// from inside one of its own handlers, as soon as the outermost of them has returned. Only on the window's thread.
-class ControlWindow {
+// The object behind a window of a class of ours. It is built at WM_NCCREATE and belongs to the window.
+class ControlWindow : public WindowObject {
 public:
-    explicit ControlWindow(HWND window) : window_(window) {}
-    virtual ~ControlWindow() = default;
-    ControlWindow(const ControlWindow&) = delete;
-    ControlWindow& operator=(const ControlWindow&) = delete;
+    explicit ControlWindow(HWND window) : WindowObject(window) {}
 
     // Every message from WM_NCCREATE to WM_NCDESTROY. What it does not handle it hands to Default. May not throw.
     virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 
-    HWND Window() const { return window_; }
-
 protected:
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam) {
-        return ::DefWindowProcA(window_, message, wParam, lParam);
+        return ::DefWindowProcA(Window(), message, wParam, lParam);
     }
-
-private:
-    friend LRESULT DispatchToControl(HWND, UINT, WPARAM, LPARAM, std::unique_ptr<ControlWindow> (*)(HWND, void*));
-    friend class ControlHold;
-    const HWND window_;
-    unsigned depth_ = 0;  // handlers on the stack
-    bool gone_ = false;   // the window is; the object waits for them
-};
-
-// Keeps the object of a window, though not the window, for its lifetime: for an operation that no message carries and
-// in which a handler of somebody else's may destroy the window. Null is kept too.
-class ControlHold {
-public:
-    explicit ControlHold(ControlWindow* control) : control_(control) {
-        if (control_ != nullptr) ++control_->depth_;
-    }
-    ~ControlHold() {
-        if (control_ != nullptr && --control_->depth_ == 0 && control_->gone_) delete control_;
-    }
-    ControlHold(const ControlHold&) = delete;
-    ControlHold& operator=(const ControlHold&) = delete;
-
-private:
-    ControlWindow* const control_;
 };
 
 struct ControlClass {

@@ -1,5 +1,7 @@
 #include "controls/window/OffscreenPaint.h"
 
+#include <algorithm>
+
 namespace corvex {
 
 namespace {
@@ -10,18 +12,43 @@ RECT ClientOf(HWND window) {
     return area;
 }
 
+bool Holds(SIZE outer, SIZE inner) {
+    return outer.cx >= inner.cx && outer.cy >= inner.cy;
+}
+
+// Of what is kept, no more than the client can show.
+SIZE Larger(SIZE due, SIZE kept, SIZE client) {
+    return {std::max(due.cx, std::min(kept.cx, client.cx)), std::max(due.cy, std::min(kept.cy, client.cy))};
+}
+
 }  // namespace
 
-OffscreenPaint::OffscreenPaint(HWND window)
+OffscreenBitmap::Sheet::Sheet(HDC screen, SIZE pixels)
+    : size(pixels),
+      dc(screen),
+      bitmap(::CreateCompatibleBitmap(screen, pixels.cx, pixels.cy)),
+      selected(dc.Get(), bitmap.Get()) {}
+
+HDC OffscreenBitmap::Fit(HDC screen, SIZE due, SIZE client) {
+    const SIZE kept = sheet_ ? sheet_->size : SIZE{};
+    if (!sheet_ || !Holds(kept, due) || !Holds(client, kept)) {
+        sheet_.reset();  // first, so that there are never two of them
+        sheet_.emplace(screen, Larger(due, kept, client));
+    }
+    return sheet_->dc.Get();
+}
+
+OffscreenPaint::OffscreenPaint(HWND window, OffscreenBitmap* kept)
     : window_(window),
       screen_(::BeginPaint(window, &paint_)),
       area_(ClientOf(window)),
-      memory_(screen_),
-      bitmap_(::CreateCompatibleBitmap(screen_, paint_.rcPaint.right, paint_.rcPaint.bottom)),
-      selected_(memory_.Get(), bitmap_.Get()) {}
+      memory_((kept == nullptr ? own_ : *kept)
+                  .Fit(screen_, {paint_.rcPaint.right, paint_.rcPaint.bottom}, {area_.right, area_.bottom})),
+      saved_(::SaveDC(memory_)) {}
 
 OffscreenPaint::~OffscreenPaint() {
-    ::BitBlt(screen_, 0, 0, paint_.rcPaint.right, paint_.rcPaint.bottom, memory_.Get(), 0, 0, SRCCOPY);
+    ::RestoreDC(memory_, saved_);
+    ::BitBlt(screen_, 0, 0, paint_.rcPaint.right, paint_.rcPaint.bottom, memory_, 0, 0, SRCCOPY);
     ::EndPaint(window_, &paint_);
 }
 

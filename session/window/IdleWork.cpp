@@ -29,7 +29,7 @@ void CALLBACK IdleWork::OnTimer(HWND, UINT, UINT_PTR id, DWORD) {
 
 // A dialog goes on handling messages: the timer's among them, and those that end the window and with it this.
 void IdleWork::Poll() {
-    const ControlHold hold(ObjectOf(desktop_.MainWindow()));
+    const WindowHold hold(ObjectOf(desktop_.MainWindow()));
     if (polling_) return;
     polling_ = true;
     DoWhatIsDue();

@@ -159,14 +159,14 @@ TEST_F(ControlWindowTest, HoldKeepsTheObjectOfAWindowThatGoes) {
     const HWND window = Create();
     Probe* const probe = ControlOf<Probe>(window);
     {
-        const ControlHold hold(probe);
+        const WindowHold hold(probe);
         ::DestroyWindow(window);
         EXPECT_EQ(wishes_.alive, 1);
         EXPECT_EQ(probe->Sum(), 0);
         EXPECT_EQ(ControlOf<Probe>(window), nullptr);
     }
     EXPECT_EQ(wishes_.alive, 0);
-    const ControlHold nothing(nullptr);
+    const WindowHold nothing(nullptr);
 }
 
 TEST_F(ControlWindowTest, MessageAfterTheLastFindsNoObject) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "controls/analoggauge/AnalogGaugePaint.h"
-#include "controls/analoggauge/KeptDialCurves.h"
 #include "tests/controls/gauge/FigureRecorder.h"
 #include "tests/controls/window/PaintTestHelper.h"
 
@@ -151,12 +150,17 @@ TEST(KeptDialCurvesTest, LongCurvesAreFilledAndTheRestIsDrawnAsEver) {
         EXPECT_EQ(expected, Figures(model, AreaOf(kSizes[0]), kept));
 }
 
-TEST(KeptDialCurvesTest, WindowFarLargerThanAnyScreenIsDrawnAsEver) {
-    KeptDialCurves kept;
+// Also where a side alone is larger than any bitmap's, or there is none.
+TEST(KeptDialCurvesTest, OfMorePixelsThanAreKeptItIsDrawnAsEver) {
     DialCurves drawn;
     const AnalogGaugeModel model = With({kHigh});
-    const RECT area{0, 0, 700000, 400000};
-    EXPECT_EQ(Figures(model, area, drawn), Figures(model, area, kept));
+    const auto isKept = [&](const RECT& area) {
+        KeptDialCurves kept;
+        return Figures(model, area, drawn) != Figures(model, area, kept);
+    };
+    EXPECT_TRUE(isKept({0, 0, 2048, 2048}));
+    for (const SIZE& size : {SIZE{2048, 2049}, SIZE{700000, 400000}, SIZE{1 << 22, 2}, SIZE{0, 0}, SIZE{0, 50}})
+        EXPECT_FALSE(isKept(AreaOf(size))) << size.cx << " by " << size.cy;
 }
 
 TEST(KeptDialCurvesTest, ShapesOfArcsThatAreGoneGoToo) {
