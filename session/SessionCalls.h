@@ -8,18 +8,11 @@
 
 #include "acquisition/DataAcqStatus.h"
 #include "definition/PacketView.h"
+#include "platform/PrivateMessages.h"
 #include "session/FilePrompt.h"
 #include "session/PublishedSample.h"
 
 namespace corvex {
-
-// What workers post to the main thread; a stop thread where nothing else is said.
-enum SessionMessage : std::uint32_t {
-    kMessageDestroyWindow = 32768,  // last of all: the main window is to destroy itself
-    kMessageScanStopped = 32769,    // the scan has ended: refresh the status text
-    kMessageLogStopped = 32770,     // playback and recording have ended: close the log
-    kMessagePlaybackRests = 32771,  // no playback thread is left: do what waited for that. By the playback thread
-};
 
 // Handed over when the session is built; the session keeps its own copy for life. A call that is left empty does
 // nothing, and answers false or nothing.
@@ -60,7 +53,7 @@ struct SessionCalls {
     // A box with a stop icon that waits to be closed. Main thread.
     std::function<void(const char* caption, const char* text)> showBox;
 
-    // A SessionMessage, to be handled later on the main thread, each of them once. Must not wait for that thread. Stop
+    // A message to the main window, to be handled later on the main thread, each of them once. Must not wait for that thread. Stop
     // and playback thread.
     std::function<void(std::uint32_t message)> postMain;
 

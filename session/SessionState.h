@@ -131,7 +131,7 @@ public:
     void *mainWindow = nullptr, *preferencesWindow = nullptr, *outputEdit = nullptr, *tabSheet = nullptr;
     void *statusBar = nullptr, *statusRight = nullptr, *statusLeft = nullptr;
     void *dashPage = nullptr, *listPage = nullptr, *histogramPage = nullptr, *monitorPage = nullptr;
-    std::shared_ptr<void> monitorState;  // the monitor page's own, kept for it
+    void* monitorState = nullptr;  // the MonitorPage behind monitorPage, cast to its true type by the caller
     SampleViews views;
     DebugOutput debug;
     DataAcqEngine engine;

@@ -1,42 +1,48 @@
 #include "views/DoubleBufferedControl.h"
 
 #include "controls/window/OffscreenPaint.h"
+#include "controls/window/WindowSubclass.h"
 
 namespace corvex {
 
 namespace {
 
-LRESULT Own(HWND control, UINT message, WPARAM wParam, LPARAM lParam) {
-    const auto procedure = reinterpret_cast<WNDPROC>(::GetWindowLongPtrW(control, GWLP_USERDATA));
-    return ::CallWindowProcW(procedure, control, message, wParam, lParam);
-}
+class DoubleBuffer final : public WindowSubclass {
+public:
+    static constexpr char kProperty[] = "CorvexDoubleBuffer";
+    using WindowSubclass::WindowSubclass;
 
-void Paint(HWND control) {
-    const OffscreenPaint paint(control);
-    const auto dc = reinterpret_cast<WPARAM>(paint.Dc());
-    // Not left to PRF_ERASEBKGND, which not every version of the common controls heeds.
-    Own(control, WM_ERASEBKGND, dc, 0);
-    Own(control, WM_PRINTCLIENT, dc, PRF_CLIENT);
-}
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
-LRESULT CALLBACK DoubleBufferedProcedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam) {
+private:
+    void Paint();
+    OffscreenBitmap bitmap_;
+};
+
+LRESULT DoubleBuffer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_ERASEBKGND:
             return 1;
         case WM_PAINT:
-            Paint(control);
+            Paint();
             return 0;
         default:
-            return Own(control, message, wParam, lParam);
+            return Former(message, wParam, lParam);
     }
+}
+
+void DoubleBuffer::Paint() {
+    const OffscreenPaint paint(Window(), bitmap_);
+    const auto dc = reinterpret_cast<WPARAM>(paint.Dc());
+    // Not left to PRF_ERASEBKGND, which not every version of the common controls heeds.
+    Former(WM_ERASEBKGND, dc, 0);
+    Former(WM_PRINTCLIENT, dc, PRF_CLIENT);
 }
 
 }  // namespace
 
-// By the wide calls, as the common controls are wide windows and would be taken for others by the narrow ones.
 void MakeDoubleBuffered(HWND control) {
-    ::SetWindowLongPtrW(control, GWLP_USERDATA, ::GetWindowLongPtrW(control, GWLP_WNDPROC));
-    ::SetWindowLongPtrW(control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DoubleBufferedProcedure));
+    static_cast<void>(Attach(std::make_unique<DoubleBuffer>(control)));
 }
 
 }  // namespace corvex

@@ -4,8 +4,7 @@
 #include <vector>
 
 #include "definition/ADXMonitor.h"
-#include "platform/WindowsApi.h"
-#include "session/SessionState.h"
+#include "views/DefinitionPage.h"
 
 namespace corvex {
 
@@ -15,14 +14,22 @@ struct MonitorChart {
     ADXMonitor* monitor = nullptr;  // not owned
 };
 
-// What session.monitorState points at. Main thread.
-struct MonitorPage {
-    HWND window = nullptr;             // null before and after the page
-    std::vector<MonitorChart> charts;  // in definition order, from top to bottom
-    SessionState* session = nullptr;
+// What session.monitorState points at, as long as its window is there.
+class MonitorPage final : public DefinitionPage {
+public:
+    explicit MonitorPage(SessionState& session);
+
+    void Refresh();
+
+    std::vector<MonitorChart> charts;  // in definition order, from top to bottom; the page's children
+
+private:
+    void OnInit() override { Session().monitorState = this; }
+    void LayOut(int width, int height) override;
+    void OnEnd() override;
 };
 
-// Adds the page to session.tabSheet and makes session.monitorState. Once. Main thread, like the next.
+// Adds the page to session.tabSheet. Once. Main thread, like the next.
 void CreateMonitorPage(SessionState& session);
 // After every change of the definition, before a message is waited for: the charts go and new ones come.
 void RefreshMonitorPage(SessionState& session);

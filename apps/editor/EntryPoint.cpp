@@ -33,7 +33,7 @@ private:
 int RunEditor(HWND owner, char* path, DebugOutput* output) {
     EditorSession session(std::string(path, TextLength(path, EditorSession::kPathSize - 1)));
     if (!session.Open(owner)) return 0;
-    HeaderDialog(session).Show(owner);
+    ShowHeaderDialog(session, owner);
     if (!session.IsSaved()) return 0;
     const std::size_t length = session.Path().copy(path, EditorSession::kPathSize - 1);
     path[length] = '\0';

@@ -3,9 +3,12 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "apps/editor/EditorResource.h"
+#include "apps/editor/HeaderModel.h"
 #include "apps/editor/OwnModule.h"
+#include "controls/window/DialogWindow.h"
 #include "views/browser/ItemBrowser.h"
 
 namespace corvex {
@@ -37,32 +40,35 @@ int ControlOf(HeaderField field) {
     return IDC_AUTHOR;
 }
 
-}  // namespace
+// Shows what the HeaderModel holds and gives back what was typed.
+class HeaderDialog final : public DialogWindow {
+public:
+    explicit HeaderDialog(EditorSession& session)
+        : DialogWindow(DialogFocus::kFirstControl), session_(session), model_(session.Document().Definition()) {}
 
-HeaderDialog::HeaderDialog(EditorSession& session) : session_(session), model_(session.Document().Definition()) {}
+private:
+    DialogAnswer OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnCommand(int id);
 
-void HeaderDialog::Show(HWND owner) {
-    ::DialogBoxParamA(OwnModule(), MAKEINTRESOURCEA(IDD_HEADER), owner, &HeaderDialog::Procedure,
-                      reinterpret_cast<LPARAM>(this));
-}
+    void Fill();
+    void FillCommands();
+    HeaderFields Read() const;
+    void Save(bool ask);
+    void Cancel();
+    void Browse(HeaderCommand command);
+    void Complain(const HeaderProblem& problem);
+    std::string Text(int id) const;
 
-// Nothing may leave through the system's frames: what is thrown here ends the program.
-INT_PTR CALLBACK HeaderDialog::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    if (message == WM_INITDIALOG) ::SetWindowLongPtrA(dialog, DWLP_USER, lParam);
-    auto* const page = reinterpret_cast<HeaderDialog*>(::GetWindowLongPtrA(dialog, DWLP_USER));
-    if (page == nullptr) return FALSE;
-    page->dialog_ = dialog;
-    return page->OnMessage(message, wParam, lParam) ? TRUE : FALSE;
-}
+    EditorSession& session_;
+    HeaderModel model_;
+    HeaderFields shown_;  // as the controls gave back what they had been filled with
+};
 
-bool HeaderDialog::OnMessage(UINT message, WPARAM wParam, LPARAM) {
-    if (message == WM_INITDIALOG) {
-        Fill();
-        return true;  // the focus goes to the first field
-    }
-    if (message != WM_COMMAND) return false;
+DialogAnswer HeaderDialog::OnMessage(UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_INITDIALOG) Fill();
+    if (message != WM_COMMAND) return {};
     if (HIWORD(wParam) == BN_CLICKED) OnCommand(LOWORD(wParam));
-    return true;
+    return 0;
 }
 
 void HeaderDialog::OnCommand(int id) {
@@ -86,17 +92,17 @@ void HeaderDialog::OnCommand(int id) {
 
 void HeaderDialog::Fill() {
     const HeaderFields& fields = model_.Fields();
-    ::SetWindowTextA(Control(IDC_FILE), session_.Path().empty() ? "(a new definition)" : session_.Path().c_str());
-    ::SetWindowTextA(Control(IDC_AUTHOR), fields.author.c_str());
-    ::SetWindowTextA(Control(IDC_VERSION), fields.version.c_str());
-    ::SetWindowTextA(Control(IDC_DESCRIPTION), fields.description.c_str());
-    ::SendMessageA(Control(IDC_AUTHOR), EM_LIMITTEXT, HeaderModel::kAuthorLength, 0);
-    ::SendMessageA(Control(IDC_VERSION), EM_LIMITTEXT, HeaderModel::kVersionLength, 0);
-    ::SendMessageA(Control(IDC_DESCRIPTION), EM_LIMITTEXT, HeaderModel::kDescriptionLength, 0);
+    ::SetWindowTextA(Item(IDC_FILE), session_.Path().empty() ? "(a new definition)" : session_.Path().c_str());
+    ::SetWindowTextA(Item(IDC_AUTHOR), fields.author.c_str());
+    ::SetWindowTextA(Item(IDC_VERSION), fields.version.c_str());
+    ::SetWindowTextA(Item(IDC_DESCRIPTION), fields.description.c_str());
+    ::SendMessageA(Item(IDC_AUTHOR), EM_LIMITTEXT, HeaderModel::kAuthorLength, 0);
+    ::SendMessageA(Item(IDC_VERSION), EM_LIMITTEXT, HeaderModel::kVersionLength, 0);
+    ::SendMessageA(Item(IDC_DESCRIPTION), EM_LIMITTEXT, HeaderModel::kDescriptionLength, 0);
     for (const int baud : kUsualBauds)
-        ::SendMessageA(Control(IDC_BAUD), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(std::to_string(baud).c_str()));
-    ::SetWindowTextA(Control(IDC_BAUD), fields.baud.c_str());
-    ::CheckDlgButton(dialog_, IDC_ECHO, fields.echo ? BST_CHECKED : BST_UNCHECKED);
+        ::SendMessageA(Item(IDC_BAUD), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(std::to_string(baud).c_str()));
+    ::SetWindowTextA(Item(IDC_BAUD), fields.baud.c_str());
+    ::CheckDlgButton(Window(), IDC_ECHO, fields.echo ? BST_CHECKED : BST_UNCHECKED);
     FillCommands();
     shown_ = Read();
 }
@@ -104,7 +110,7 @@ void HeaderDialog::Fill() {
 void HeaderDialog::FillCommands() {
     for (std::size_t place = 0; place < kHeaderCommandCount; ++place) {
         const auto command = static_cast<HeaderCommand>(place);
-        const HWND box = Control(CommandId(IDC_COMMAND, command));
+        const HWND box = Item(CommandId(IDC_COMMAND, command));
         for (const CommandChoice& choice : model_.Choices(command))
             ::SendMessageA(box, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.label.c_str()));
         ::SendMessageA(box, CB_SETCURSEL, model_.Fields().command[place], 0);
@@ -112,7 +118,7 @@ void HeaderDialog::FillCommands() {
 }
 
 std::string HeaderDialog::Text(int id) const {
-    const HWND control = Control(id);
+    const HWND control = Item(id);
     std::string text(static_cast<std::size_t>(::GetWindowTextLengthA(control)) + 1, '\0');
     text.resize(static_cast<std::size_t>(::GetWindowTextA(control, text.data(), static_cast<int>(text.size()))));
     return text;
@@ -124,9 +130,9 @@ HeaderFields HeaderDialog::Read() const {
     fields.version = Text(IDC_VERSION);
     fields.description = Text(IDC_DESCRIPTION);
     fields.baud = Text(IDC_BAUD);
-    fields.echo = ::IsDlgButtonChecked(dialog_, IDC_ECHO) == BST_CHECKED;
+    fields.echo = ::IsDlgButtonChecked(Window(), IDC_ECHO) == BST_CHECKED;
     for (std::size_t place = 0; place < kHeaderCommandCount; ++place) {
-        const HWND box = Control(CommandId(IDC_COMMAND, static_cast<HeaderCommand>(place)));
+        const HWND box = Item(CommandId(IDC_COMMAND, static_cast<HeaderCommand>(place)));
         fields.command[place] = static_cast<std::size_t>(::SendMessageA(box, CB_GETCURSEL, 0, 0));
     }
     return fields;
@@ -136,30 +142,36 @@ void HeaderDialog::Save(bool ask) {
     const HeaderFields fields = model_.Typed(shown_, Read());
     if (const auto problem = model_.Validate(fields)) return Complain(*problem);
     model_.Apply(fields);
-    if (session_.Save(dialog_, ask)) ::EndDialog(dialog_, IDOK);
+    if (session_.Save(Window(), ask)) ::EndDialog(Window(), IDOK);
 }
 
 void HeaderDialog::Complain(const HeaderProblem& problem) {
-    ::MessageBoxA(dialog_, problem.message.c_str(), kEditorTitle, MB_OK | MB_ICONWARNING);
-    const HWND control = Control(ControlOf(problem.field));
-    ::SendMessageA(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+    ::MessageBoxA(Window(), problem.message.c_str(), kEditorTitle, MB_OK | MB_ICONWARNING);
+    const HWND control = Item(ControlOf(problem.field));
+    ::SendMessageA(Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 
 void HeaderDialog::Cancel() {
-    if (Read() != shown_ && ::MessageBoxA(dialog_, "The changes have not been saved. Leave the editor without them?",
+    if (Read() != shown_ && ::MessageBoxA(Window(), "The changes have not been saved. Leave the editor without them?",
                                           kEditorTitle, MB_YESNO | MB_ICONQUESTION) != IDYES) {
         return;
     }
-    ::EndDialog(dialog_, IDCANCEL);
+    ::EndDialog(Window(), IDCANCEL);
 }
 
 void HeaderDialog::Browse(HeaderCommand command) {
     std::unique_ptr<ADXObject*[]> items;
     std::uint32_t count = 0;
-    if (!BrowseItems(dialog_, session_.Document().Definition(), kHeaderCommandTypes, kBrowseSingle, items, count))
+    if (!BrowseItems(Window(), session_.Document().Definition(), kHeaderCommandTypes, kBrowseSingle, items, count))
         return;
     if (count == 0) return;
-    ::SendMessageA(Control(CommandId(IDC_COMMAND, command)), CB_SETCURSEL, model_.ChoiceOf(command, items[0]), 0);
+    ::SendMessageA(Item(CommandId(IDC_COMMAND, command)), CB_SETCURSEL, model_.ChoiceOf(command, items[0]), 0);
+}
+
+}  // namespace
+
+void ShowHeaderDialog(EditorSession& session, HWND owner) {
+    RunDialog(std::make_unique<HeaderDialog>(session), OwnModule(), IDD_HEADER, owner);
 }
 
 }  // namespace corvex

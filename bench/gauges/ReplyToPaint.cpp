@@ -24,7 +24,7 @@ namespace {
 constexpr int kReplies = 300, kWarmUp = 10;
 constexpr int kWidth = 1000, kHeight = 740;  // within the screen of the tests' desktop
 constexpr int kDashTab = 1;
-constexpr UINT kHandedOver = WM_APP + 0x200;  // to the main thread itself
+constexpr UINT kHandedOver = WM_APP + 0x200;  // to the main thread itself, beyond all of PrivateMessages.h
 constexpr DWORD kRest = 10;                   // ms from reply to reply, in which what the last one left over is done
 
 // The main window of a program of its own, with the dash in front.
@@ -55,7 +55,7 @@ public:
     SessionState& Session() { return desktop_.session; }
     // Throws std::runtime_error when not every one of them can be seen.
     const std::vector<HWND>& Gauges() {
-        const std::vector<HWND>& gauges = DashPageOf(AsWindow(Session().dashPage))->gauges;
+        const std::vector<HWND>& gauges = PageOf<DashPage>(Session().dashPage)->Gauges();
         bool all = gauges.size() == kGaugesOnDash;
         for (const HWND gauge : gauges)
             all = all && ::IsWindowVisible(gauge) != FALSE;

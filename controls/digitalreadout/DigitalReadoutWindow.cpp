@@ -4,18 +4,13 @@
 #include "controls/digitalreadout/DigitalReadoutPaint.h"
 #include "controls/gauge/GaugeWindow.h"
 #include "controls/window/OffscreenPaint.h"
+#include "platform/PrivateMessages.h"
 
 namespace corvex {
 
-namespace {
-
-constexpr UINT kWorkMessage = WM_APP + 0x102;  // lParam: a Work of this process
-
-}  // namespace
-
 void DigitalReadoutWindow::RunOnOwner(HWND window, const Work& work) {
     if (!HasClassProcedure(window, &ControlProcedure<DigitalReadoutWindow>)) return;
-    ::SendMessageA(window, kWorkMessage, 0, reinterpret_cast<LPARAM>(&work));
+    ::SendMessageA(window, kMessageReadoutWork, 0, reinterpret_cast<LPARAM>(&work));
 }
 
 LRESULT DigitalReadoutWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -32,7 +27,7 @@ LRESULT DigitalReadoutWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lPar
             return 1;
         case WM_CONTEXTMENU:
             return ForwardContextMenu(Window(), kDigitalReadoutMenuCode, lParam);
-        case kWorkMessage:
+        case kMessageReadoutWork:
             if (lParam == 0) return Default(message, wParam, lParam);
             (*reinterpret_cast<const Work*>(lParam))(*this);
             return 0;

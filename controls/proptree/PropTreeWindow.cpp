@@ -5,13 +5,12 @@
 
 #include "controls/proptree/PropTreeContainer.h"
 #include "controls/window/PageWindow.h"
+#include "platform/PrivateMessages.h"
 
 namespace corvex {
 
 namespace {
 
-constexpr UINT kReady = 0x8000;
-constexpr UINT kDropPages = 0x8001;
 constexpr int kOkId = 1000;
 constexpr int kCancelId = 1001;
 
@@ -36,11 +35,11 @@ LRESULT PropTreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CREATE:
             return Create() ? 0 : -1;
-        case kReady:
+        case kMessageReady:
             settled_ = true;
             Tell(PTN_READY);
             return 0;
-        case kDropPages:
+        case kMessageDropPages:
             DropPages();
             return 0;
         case WM_SIZE:
@@ -90,7 +89,7 @@ bool PropTreeWindow::Create() {
     ok_ = MakeButton("OK", kOkId, BS_DEFPUSHBUTTON);
     cancel_ = MakeButton("Cancel", kCancelId, BS_PUSHBUTTON);
     if (ok_ == nullptr || cancel_ == nullptr) return false;
-    ::PostMessageA(Window(), kReady, 0, 0);
+    ::PostMessageA(Window(), kMessageReady, 0, 0);
     return true;
 }
 
@@ -186,7 +185,7 @@ void PropTreeWindow::OnNotify(const NMHDR& notice) {
             OnSelected(reinterpret_cast<HWND>(change.itemOld.lParam), reinterpret_cast<HWND>(change.itemNew.lParam));
     } else if (notice.code == TVN_DELETEITEMA || notice.code == TVN_DELETEITEMW) {
         dropped_.push_back(reinterpret_cast<HWND>(change.itemOld.lParam));
-        if (!deleting_) ::PostMessageA(Window(), kDropPages, 0, 0);
+        if (!deleting_) ::PostMessageA(Window(), kMessageDropPages, 0, 0);
     }
 }
 

@@ -1,6 +1,6 @@
 #include "controls/richstatic/FlashTextControl.h"
 
-#include "controls/window/OffscreenPaint.h"
+#include "platform/PrivateMessages.h"
 
 namespace corvex {
 
@@ -10,8 +10,6 @@ struct FlashCall {
 };
 
 namespace {
-
-constexpr UINT kFlashMessage = WM_APP + 0x101;  // lParam: a FlashCall of this process
 
 const char* OrEmpty(const char* text) {
     return text == nullptr ? "" : text;
@@ -38,7 +36,7 @@ void FlashTextControl::SendAll(HWND window, UINT textColourMessage, UINT backCol
 void FlashTextControl::SendFlash(HWND window, const char* text, std::uint32_t textColour, std::uint32_t backColour,
                                  std::uint32_t milliseconds) {
     const FlashCall call{OrEmpty(text), textColour, backColour, milliseconds};
-    ::SendMessageA(window, kFlashMessage, 0, reinterpret_cast<LPARAM>(&call));
+    ::SendMessageA(window, kMessageBeginFlash, 0, reinterpret_cast<LPARAM>(&call));
 }
 
 LRESULT FlashTextControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -67,7 +65,7 @@ LRESULT FlashTextControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_PAINT:
             PaintOffscreen();
             return 0;
-        case kFlashMessage:
+        case kMessageBeginFlash:
             Flash(*reinterpret_cast<const FlashCall*>(lParam));
             return 0;
         default:
@@ -108,7 +106,7 @@ LRESULT FlashTextControl::GetText(char* buffer, std::size_t capacity) {
 }
 
 void FlashTextControl::PaintOffscreen() {
-    const OffscreenPaint paint(Window());
+    const OffscreenPaint paint(Window(), bitmap_);
     const SelectGuard font(paint.Dc(), font_.InUse());
     Paint(paint.Dc(), paint.Area());
 }

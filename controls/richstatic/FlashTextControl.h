@@ -6,6 +6,7 @@
 #include "controls/richstatic/AdoptedFont.h"
 #include "controls/richstatic/FlashTextModel.h"
 #include "controls/window/ControlWindow.h"
+#include "controls/window/OffscreenPaint.h"
 
 namespace corvex {
 
@@ -44,6 +45,7 @@ private:
     void EndFlash();
 
     AdoptedFont font_;
+    OffscreenBitmap bitmap_;
 };
 
 }  // namespace corvex

@@ -2,67 +2,53 @@
 
 #include "controls/tabsheet/TabSheet.h"
 #include "controls/window/PageWindow.h"
+#include "controls/window/WindowSubclass.h"
 
 namespace corvex {
 
 namespace {
 
-constexpr char kProcedureProperty[] = "CorvexPageProcedure";
-constexpr char kSheetProperty[] = "CorvexPageSheet";
+class PageSubclass final : public WindowSubclass {
+public:
+    static constexpr char kProperty[] = "CorvexPage";
+    using WindowSubclass::WindowSubclass;
 
-HWND SheetOf(HWND page) {
-    return static_cast<HWND>(::GetPropA(page, kSheetProperty));
-}
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
-WNDPROC OwnProcedure(HWND page) {
-    return reinterpret_cast<WNDPROC>(::GetPropA(page, kProcedureProperty));
-}
+    HWND sheet = nullptr;  // null while whoever came in front of this keeps it from going
+};
 
-LRESULT CALLBACK PageProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    const WNDPROC own = OwnProcedure(page);
-    if (own == nullptr) return ::DefWindowProcA(page, message, wParam, lParam);
+LRESULT PageSubclass::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_CONTEXTMENU) {
-        const HWND sheet = SheetOf(page);
         const HWND parent = sheet == nullptr ? nullptr : ParentToTell(sheet);
         if (parent != nullptr) ::SendMessageA(parent, TSM_PAGECONTEXTMENU, wParam, lParam);
-        if (!::IsWindow(page)) return 0;
+        if (!::IsWindow(Window())) return 0;
     }
     if (message == WM_NCDESTROY) {
-        const HWND sheet = SheetOf(page);
-        UnsubclassPage(page);
-        ::RemovePropA(page, kProcedureProperty);
-        if (sheet != nullptr) ::SendMessageA(sheet, kPageGone, 0, reinterpret_cast<LPARAM>(page));
+        const HWND told = sheet;
+        UnsubclassPage(Window());
+        if (told != nullptr) ::SendMessageA(told, kMessagePageGone, 0, reinterpret_cast<LPARAM>(Window()));
     }
-    return ::CallWindowProcA(own, page, message, wParam, lParam);
-}
-
-bool PageProcedureIsFirst(HWND page) {
-    return ::GetWindowLongPtrA(page, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&PageProcedure);
+    return Former(message, wParam, lParam);
 }
 
 }  // namespace
 
 bool SubclassPage(HWND page, HWND sheet) {
     // A page that came back with somebody else's procedure in front of ours still has ours in its chain.
-    if (OwnProcedure(page) == nullptr) {
-        const LONG_PTR own = ::GetWindowLongPtrA(page, GWLP_WNDPROC);
-        if (own == 0 || !::SetPropA(page, kProcedureProperty, reinterpret_cast<HANDLE>(own))) return false;
-        ::SetWindowLongPtrA(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&PageProcedure));
-    }
-    return ::SetPropA(page, kSheetProperty, sheet) != FALSE;
+    if (SubclassOf<PageSubclass>(page) == nullptr && !Attach(std::make_unique<PageSubclass>(page))) return false;
+    SubclassOf<PageSubclass>(page)->sheet = sheet;
+    return true;
 }
 
 void UnsubclassPage(HWND page) {
-    ::RemovePropA(page, kSheetProperty);
-    const WNDPROC own = OwnProcedure(page);
-    // Whoever came in front of us calls us on: then our procedure stays, and hands everything through.
-    if (own == nullptr || !PageProcedureIsFirst(page)) return;
-    ::SetWindowLongPtrA(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(own));
-    ::RemovePropA(page, kProcedureProperty);
+    if (auto* const subclass = SubclassOf<PageSubclass>(page)) subclass->sheet = nullptr;
+    static_cast<void>(Detach<PageSubclass>(page));
 }
 
 bool IsSubclassedPage(HWND window) {
-    return SheetOf(window) != nullptr;
+    const auto* const subclass = SubclassOf<PageSubclass>(window);
+    return subclass != nullptr && subclass->sheet != nullptr;
 }
 
 }  // namespace corvex

@@ -1,16 +1,14 @@
 // Listens in on a page: when it goes, wherever it stands, and when a context menu is asked for on it.
 #pragma once
 
+#include "platform/PrivateMessages.h"
 #include "platform/WindowsApi.h"
 
 namespace corvex {
 
-// To the sheet, with the page in lParam: the page is being destroyed.
-inline constexpr UINT kPageGone = 0x8002;
-
 // Puts a procedure in front of the page's own, which goes on getting every message. It hands WM_CONTEXTMENU to the
-// sheet's parent as TSM_PAGECONTEXTMENU first. A dialog's procedure is untouched. False for a page that has one
-// already.
+// sheet's parent as TSM_PAGECONTEXTMENU first, and tells the sheet of its end by kMessagePageGone. A dialog's procedure
+// is untouched. False for a window that is gone.
 bool SubclassPage(HWND page, HWND sheet);
 // Gives the page its own procedure back. For a window that is no page nothing happens.
 void UnsubclassPage(HWND page);

@@ -13,9 +13,6 @@ namespace corvex {
 
 namespace {
 
-constexpr UINT kReady = 0x8000;
-constexpr UINT kShowAnother = 0x8001;  // wParam: where the page was that went
-
 HFONT MakeSheetFont() {
     return ::CreateFontA(14, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, PROOF_QUALITY, 0x32, "Arial");
 }
@@ -28,13 +25,13 @@ LRESULT TabSheetWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CREATE:
             return Create() ? 0 : -1;
-        case kReady:
+        case kMessageReady:
             Tell(TSN_READY);
             return 0;
-        case kShowAnother:
+        case kMessageShowAnotherPage:
             ShowAnother(static_cast<int>(wParam));
             return 0;
-        case kPageGone:
+        case kMessagePageGone:
             OnPageGone(reinterpret_cast<HWND>(lParam));
             return 0;
         case WM_SIZE:
@@ -86,7 +83,7 @@ LRESULT TabSheetWindow::OnFrameMessage(UINT message, WPARAM wParam, LPARAM lPara
 
 bool TabSheetWindow::Create() {
     if (!tabs_.Create(Window(), font_.Get())) return false;
-    ::PostMessageA(Window(), kReady, 0, 0);
+    ::PostMessageA(Window(), kMessageReady, 0, 0);
     return true;
 }
 
@@ -177,7 +174,7 @@ void TabSheetWindow::ShowAnother(int index) {
 
 // While a page or the tab control is being destroyed is no time to destroy what stands around it.
 void TabSheetWindow::ShowAnotherLater(int index) {
-    ::PostMessageA(Window(), kShowAnother, static_cast<WPARAM>(index), 0);
+    ::PostMessageA(Window(), kMessageShowAnotherPage, static_cast<WPARAM>(index), 0);
 }
 
 bool TabSheetWindow::Detach() {

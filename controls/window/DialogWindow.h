@@ -70,4 +70,12 @@ INT_PTR RunDialog(std::unique_ptr<Dialog> dialog, HINSTANCE module, const DLGTEM
     return ::DialogBoxIndirectParamA(module, layout, owner, &DialogProcedure<Dialog>, ParameterOf(object));
 }
 
+// Modeless, a child of `parent` or owned by it as the template says. Null on failure.
+template <class Dialog>
+HWND MakeDialog(std::unique_ptr<Dialog> dialog, HINSTANCE module, int templateId, HWND parent) {
+    std::unique_ptr<DialogWindow> object = std::move(dialog);
+    return ::CreateDialogParamA(module, MAKEINTRESOURCEA(templateId), parent, &DialogProcedure<Dialog>,
+                                ParameterOf(object));
+}
+
 }  // namespace corvex

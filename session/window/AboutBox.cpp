@@ -1,7 +1,7 @@
 #include "session/window/AboutBox.h"
 
+#include "controls/window/DialogWindow.h"
 #include "platform/ProgramPlace.h"
-#include "platform/WindowsApi.h"
 #include "session/base/VersionText.h"
 #include "session/window/DialogResources.h"
 
@@ -9,30 +9,39 @@ namespace corvex {
 
 namespace {
 
-void ShowVersion(HWND dialog) {
-    char version[64] = "";
-    GetVersionText(CurrentProgramPlace().FileName(nullptr).c_str(), version, sizeof version);
-    ::SetDlgItemTextA(dialog, IDC_ABOUT_VERSION, version);
-}
+class AboutDialog final : public DialogWindow {
+public:
+    AboutDialog() : DialogWindow(DialogFocus::kFirstControl) {}
 
-INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
+private:
+    DialogAnswer OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void ShowVersion() const;
+};
+
+DialogAnswer AboutDialog::OnMessage(UINT message, WPARAM wParam, LPARAM) {
     switch (message) {
         case WM_INITDIALOG:
-            ShowVersion(dialog);
-            return TRUE;
+            ShowVersion();
+            return 0;
         case WM_COMMAND:
-            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) ::EndDialog(dialog, LOWORD(wParam));
-            return TRUE;
+            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) ::EndDialog(Window(), LOWORD(wParam));
+            return 0;
         default:
-            return FALSE;
+            return {};
     }
+}
+
+void AboutDialog::ShowVersion() const {
+    char version[64] = "";
+    GetVersionText(CurrentProgramPlace().FileName(nullptr).c_str(), version, sizeof version);
+    ::SetDlgItemTextA(Window(), IDC_ABOUT_VERSION, version);
 }
 
 }  // namespace
 
 void ShowAboutBox(const SessionState& session) {
-    ::DialogBoxParamA(static_cast<HINSTANCE>(session.instance), MAKEINTRESOURCEA(IDD_ABOUT),
-                      static_cast<HWND>(session.mainWindow), &AboutProcedure, 0);
+    RunDialog(std::make_unique<AboutDialog>(), static_cast<HINSTANCE>(session.instance), IDD_ABOUT,
+              static_cast<HWND>(session.mainWindow));
 }
 
 }  // namespace corvex

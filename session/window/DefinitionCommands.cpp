@@ -12,10 +12,7 @@
 #include "session/window/ResourceIds.h"
 #include "session/window/StatusPanels.h"
 #include "session/window/TitleBar.h"
-#include "views/DashPage.h"
-#include "views/HistogramPage.h"
-#include "views/ItemListPage.h"
-#include "views/MonitorPage.h"
+#include "views/Pages.h"
 
 namespace corvex {
 
@@ -94,7 +91,7 @@ void DefinitionCommands::LoadNow(const std::string& path) {
         DebugOutput::Print(&session.debug, "FAILED to Load %s", path.c_str());
         if (error[0] != '\0') DebugOutput::Print(&session.debug, "%s", error);
     }
-    RefreshPages();
+    RefreshPages(session);
     RefreshTitle(session);
 }
 
@@ -108,20 +105,12 @@ void DefinitionCommands::ImportNow(const std::string& path) {
     if (imported) {
         session.dashChanged = 0;
         session.StoreLastPacket({});
-        RefreshPages();
+        RefreshPages(session);
         RefreshTitle(session);
     } else {
         DebugOutput::Print(&session.debug, "FAILED to Import %s", path.c_str());
     }
     session.settings.lastadxpath[0] = '\0';
-}
-
-void DefinitionCommands::RefreshPages() {
-    SessionState& session = desktop_.session;
-    RefreshDashPage(session);
-    RefreshItemListPage(session);
-    RefreshHistogramPage(session);
-    RefreshMonitorPage(session);
 }
 
 void DefinitionCommands::LoadCommand() {

@@ -44,7 +44,6 @@ private:
     bool SaveAs();
     bool Write(const std::string& path);
     bool Edit(char* path);
-    void RefreshPages();
 
     Desktop& desktop_;
     IdleWork quiet_;

@@ -13,16 +13,6 @@
 
 namespace corvex {
 
-// What the session's calls tell the main window, so that what a worker wants to show is shown by the main thread.
-// Beyond the numbers that the session posts.
-enum MainWindowMessage : UINT {
-    kMessageRefreshStatus = WM_APP + 0x100,
-    kMessageRefreshButtons,
-    kMessageMoveSlider,
-    kMessageFlash,
-    kMessageSample,  // lParam points at a PublishedSample; SendForEarlyReply's
-};
-
 struct FlashText {
     std::string text;
     std::uint32_t textColour, backColour, milliseconds;
@@ -42,7 +32,7 @@ public:
     // Ends what still runs after the last window is gone, and goes on answering what workers send meanwhile.
     void Drain();
 
-    // Shows what workers have left, or bring, with one of the messages above; false for any other. Main thread.
+    // Shows what workers have left, or bring, with a message of PrivateMessages.h; false for any other. Main thread.
     bool ShowNews(UINT message, WPARAM wParam, LPARAM lParam);
 
     OutputText output;

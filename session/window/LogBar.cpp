@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "controls/window/CommonControls.h"
+#include "controls/window/DialogWindow.h"
 #include "session/LogButtons.h"
 #include "session/window/Desktop.h"
 #include "session/window/ResourceIds.h"
@@ -28,62 +29,70 @@ LPARAM AsPosition(std::uint32_t index) {
     return static_cast<LPARAM>(std::min(index, kLargestPosition));
 }
 
-void Layout(HWND dialog) {
-    RECT client{};
-    ::GetClientRect(dialog, &client);
-    const int width = std::clamp(static_cast<int>(client.right) - kToolbarWidth - 1 - 2, 0, kSliderLimit);
-    ::MoveWindow(::GetDlgItem(dialog, IDC_LOG_SLIDER), kToolbarWidth + 1, 0, width, client.bottom, TRUE);
+class LogBarDialog final : public DialogWindow {
+public:
+    explicit LogBarDialog(SessionState& session) : DialogWindow(DialogFocus::kUntouched), session_(session) {}
+
+private:
+    DialogAnswer OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void LayOut() const;
+    void OnCommand(int id);
+    void OnSlider(HWND slider, int action);
+
+    SessionState& session_;
+};
+
+DialogAnswer LogBarDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SIZE:
+            LayOut();
+            return 0;
+        case WM_COMMAND:
+            OnCommand(LOWORD(wParam));
+            return 0;
+        case WM_HSCROLL:
+            if (reinterpret_cast<HWND>(lParam) == Item(IDC_LOG_SLIDER))
+                OnSlider(reinterpret_cast<HWND>(lParam), LOWORD(wParam));
+            return 0;
+        case WM_NOTIFY:
+            return AnswerToolTip(reinterpret_cast<NMHDR*>(lParam)) ? DialogAnswer(0) : DialogAnswer();
+        default:
+            return {};
+    }
 }
 
-void OnCommand(SessionState& session, int id) {
+void LogBarDialog::LayOut() const {
+    RECT client{};
+    ::GetClientRect(Window(), &client);
+    const int width = std::clamp(static_cast<int>(client.right) - kToolbarWidth - 1 - 2, 0, kSliderLimit);
+    ::MoveWindow(Item(IDC_LOG_SLIDER), kToolbarWidth + 1, 0, width, client.bottom, TRUE);
+}
+
+void LogBarDialog::OnCommand(int id) {
     switch (id) {
         case IDC_LOG_RECORD:
-            return session.RecordCommand();
+            return session_.RecordCommand();
         case IDC_LOG_PLAY:
-            return session.PlayCommand();
+            return session_.PlayCommand();
         case IDC_LOG_PAUSE:
-            return session.PauseCommand();
+            return session_.PauseCommand();
         case IDC_LOG_STOP:
-            return session.StopCommand();
+            return session_.StopCommand();
         case IDC_LOG_LOAD:
-            return session.LoadLogCommand();
+            return session_.LoadLogCommand();
         default:
             return;
     }
 }
 
 // A log that plays on moves the slider; not out of the user's hand.
-void OnSlider(SessionState& session, HWND slider, int action) {
+void LogBarDialog::OnSlider(HWND slider, int action) {
     if (action == TB_THUMBTRACK) {
         ::SetPropA(slider, kDraggedProperty, reinterpret_cast<HANDLE>(1));
     } else {
         ::RemovePropA(slider, kDraggedProperty);
     }
-    session.MoveLogSlider(static_cast<std::uint32_t>(::SendMessageA(slider, TBM_GETPOS, 0, 0)));
-}
-
-INT_PTR CALLBACK LogBarProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) ::SetWindowLongPtrA(dialog, GWLP_USERDATA, lParam);
-    auto* const session = reinterpret_cast<SessionState*>(::GetWindowLongPtrA(dialog, GWLP_USERDATA));
-    if (session == nullptr) return FALSE;
-    switch (message) {
-        case WM_INITDIALOG:
-            return FALSE;  // the focus stays where it is
-        case WM_SIZE:
-            Layout(dialog);
-            return TRUE;
-        case WM_COMMAND:
-            OnCommand(*session, LOWORD(wParam));
-            return TRUE;
-        case WM_HSCROLL:
-            if (reinterpret_cast<HWND>(lParam) == ::GetDlgItem(dialog, IDC_LOG_SLIDER))
-                OnSlider(*session, reinterpret_cast<HWND>(lParam), LOWORD(wParam));
-            return TRUE;
-        case WM_NOTIFY:
-            return AnswerToolTip(reinterpret_cast<NMHDR*>(lParam)) ? TRUE : FALSE;
-        default:
-            return FALSE;
-    }
+    session_.MoveLogSlider(static_cast<std::uint32_t>(::SendMessageA(slider, TBM_GETPOS, 0, 0)));
 }
 
 void EnableButton(const SessionState& session, int id, bool on) {
@@ -103,8 +112,7 @@ void EnableSlider(const SessionState& session, bool on) {
 
 void LogBar::Create(Desktop& desktop, HWND rebar, void* images) {
     SessionState& session = desktop.session;
-    const HWND dialog = ::CreateDialogParamA(desktop.Instance(), MAKEINTRESOURCEA(IDD_LOG_BAR), rebar, &LogBarProcedure,
-                                             reinterpret_cast<LPARAM>(&session));
+    const HWND dialog = MakeDialog(std::make_unique<LogBarDialog>(session), desktop.Instance(), IDD_LOG_BAR, rebar);
     session.logBarDialog = dialog;
     const HWND bar = MakeToolbar(dialog, desktop.Instance(), IDC_LOG_TOOLBAR, images, kLogButtons, 5);
     ::MoveWindow(bar, 0, 0, kToolbarWidth, kToolbarHeight, TRUE);

@@ -12,10 +12,7 @@
 #include "session/window/StatusPanels.h"
 #include "session/window/TitleBar.h"
 #include "session/window/ToolTips.h"
-#include "views/DashPage.h"
-#include "views/HistogramPage.h"
-#include "views/ItemListPage.h"
-#include "views/MonitorPage.h"
+#include "views/Pages.h"
 
 namespace corvex {
 
@@ -112,7 +109,7 @@ void MainWindow::OnCreate() {
     StatusPanels::Create(session);
     images_ = std::make_unique<ToolImages>(desktop_.Instance());
     ToolBand::Create(desktop_, *images_);
-    CreatePages();
+    CreateTabs();
     session.TellUnsavedRecording();
     if (session.settings.loadlastdef != 0) router_.Definitions().LoadDefinition(session.settings.lastadxpath);
     session.SetSpeed(1.0F);
@@ -131,7 +128,7 @@ void MainWindow::TakeSavedPlace() {
                    SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void MainWindow::CreatePages() {
+void MainWindow::CreateTabs() {
     SessionState& session = desktop_.session;
     const HWND edit = desktop_.output.Create(Window(), desktop_.Instance());
     session.outputEdit = edit;
@@ -140,10 +137,7 @@ void MainWindow::CreatePages() {
     session.tabSheet = sheet;
     TabSheet::addWindowPage(sheet, edit, "Output", -1);
     session.debug.edit = &desktop_.output;
-    CreateDashPage(session);
-    CreateItemListPage(session);
-    CreateHistogramPage(session);
-    CreateMonitorPage(session);
+    CreatePages(session);
 }
 
 void MainWindow::WarnWithoutCounter() {

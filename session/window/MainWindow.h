@@ -25,7 +25,7 @@ private:
     void OnCreate();
     void ShowSplash();
     void TakeSavedPlace();
-    void CreatePages();
+    void CreateTabs();
     void WarnWithoutCounter();
     void Layout(int width, int height);
     LRESULT OnNotify(NMHDR* header);

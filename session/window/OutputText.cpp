@@ -2,13 +2,13 @@
 
 #include <utility>
 
+#include "controls/window/WindowSubclass.h"
+#include "platform/PrivateMessages.h"
 #include "session/window/ResourceIds.h"
 
 namespace corvex {
 
 namespace {
-
-constexpr UINT kMessageBring = WM_APP + 1;
 
 OwnedFont MakeFont() {
     return OwnedFont(::CreateFontA(6, 0, 0, 0, 100, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
@@ -35,6 +35,29 @@ bool MayChangeTheText(UINT message) {
 
 }  // namespace
 
+// What stands in front of the edit control.
+class OutputText::Edit final : public WindowSubclass {
+public:
+    static constexpr char kProperty[] = "CorvexOutputText";
+    Edit(HWND window, OutputText& owner) : WindowSubclass(window), owner_(owner) {}
+
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    // By the control itself, past what is done here.
+    LRESULT Own(UINT message, WPARAM wParam, LPARAM lParam) const { return Former(message, wParam, lParam); }
+
+private:
+    OutputText& owner_;
+};
+
+LRESULT OutputText::Edit::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == kMessageBringText || message == WM_GETTEXT || message == WM_GETTEXTLENGTH) owner_.Bring();
+    if (message == kMessageBringText) return 0;
+    if (message == WM_NCDESTROY) owner_.Forget();
+    const LRESULT result = Former(message, wParam, lParam);
+    if (MayChangeTheText(message)) owner_.Measure();
+    return result;
+}
+
 HWND OutputText::Create(HWND parent, HINSTANCE instance) {
     edit_ = ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL, 0, 0,
                               0, 0, parent, reinterpret_cast<HMENU>(IDC_OUTPUT), instance, nullptr);
@@ -42,34 +65,15 @@ HWND OutputText::Create(HWND parent, HINSTANCE instance) {
     font_ = MakeFont();
     ::SendMessageA(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), FALSE);
     ::SendMessageA(edit_, EM_SETLIMITTEXT, 0, 0);
-    former_ = reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(edit_, GWLP_WNDPROC));
-    ::SetWindowLongPtrA(edit_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    ::SetWindowLongPtrA(edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&OutputText::Procedure));
+    if (!Attach(std::make_unique<Edit>(edit_, *this))) return edit_;
+    control_ = SubclassOf<Edit>(edit_);
     const std::lock_guard<std::mutex> guard(lock_);
     attached_ = true;
     return edit_;
 }
 
-LRESULT CALLBACK OutputText::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* const self = reinterpret_cast<OutputText*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
-    return self->OnMessage(message, wParam, lParam);
-}
-
-LRESULT OutputText::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == kMessageBring || message == WM_GETTEXT || message == WM_GETTEXTLENGTH) Bring();
-    if (message == kMessageBring) return 0;
-    if (message == WM_NCDESTROY) Forget();
-    const LRESULT result = Former(message, wParam, lParam);
-    if (MayChangeTheText(message)) Measure();
-    return result;
-}
-
-LRESULT OutputText::Former(UINT message, WPARAM wParam, LPARAM lParam) const {
-    return ::CallWindowProcA(former_, edit_, message, wParam, lParam);
-}
-
 void OutputText::Bring() {
-    if (bringing_) return;  // the control asks for its own text while it changes
+    if (bringing_ || control_ == nullptr) return;  // the control asks for its own text while it changes
     std::string text;
     bool clear = false;
     {
@@ -80,7 +84,7 @@ void OutputText::Bring() {
     }
     if (text.empty() && !clear) return;
     bringing_ = true;
-    if (clear) Former(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(""));
+    if (clear) control_->Own(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(""));
     if (!text.empty()) AppendHere(text);
     bringing_ = false;
     Measure();
@@ -88,18 +92,20 @@ void OutputText::Bring() {
 
 // At the end, wherever the user has put the caret.
 void OutputText::AppendHere(const std::string& text) {
-    const auto end = static_cast<WPARAM>(Former(WM_GETTEXTLENGTH, 0, 0));
-    Former(EM_SETSEL, end, static_cast<LPARAM>(end));
-    Former(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
+    const auto end = static_cast<WPARAM>(control_->Own(WM_GETTEXTLENGTH, 0, 0));
+    control_->Own(EM_SETSEL, end, static_cast<LPARAM>(end));
+    control_->Own(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 void OutputText::Measure() {
-    const auto shown = static_cast<std::size_t>(Former(WM_GETTEXTLENGTH, 0, 0));
+    if (control_ == nullptr) return;
+    const auto shown = static_cast<std::size_t>(control_->Own(WM_GETTEXTLENGTH, 0, 0));
     const std::lock_guard<std::mutex> guard(lock_);
     length_ = (clearFirst_ ? 0 : shown) + waiting_.size();
 }
 
 void OutputText::Forget() {
+    control_ = nullptr;
     const std::lock_guard<std::mutex> guard(lock_);
     attached_ = clearFirst_ = false;
     waiting_.clear();
@@ -116,7 +122,7 @@ void OutputText::Ask() {
         const std::lock_guard<std::mutex> guard(lock_);
         if (!attached_ || std::exchange(asked_, true)) return;
     }
-    if (::PostMessageA(edit_, kMessageBring, 0, 0) != FALSE) return;
+    if (::PostMessageA(edit_, kMessageBringText, 0, 0) != FALSE) return;
     const std::lock_guard<std::mutex> guard(lock_);
     asked_ = false;  // the queue was full; the next line tries again
 }

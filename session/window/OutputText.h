@@ -26,9 +26,8 @@ public:
     void Clear() override;
 
 private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT Former(UINT message, WPARAM wParam, LPARAM lParam) const;
+    class Edit;
+
     void Ask();
     void Bring();
     void AppendHere(const std::string& text);
@@ -36,7 +35,7 @@ private:
     void Forget();
 
     HWND edit_ = nullptr;
-    WNDPROC former_ = nullptr;
+    Edit* control_ = nullptr;  // main thread; null before and after the window
     OwnedFont font_;
     bool bringing_ = false;  // main thread
 

@@ -96,11 +96,11 @@ TEST_F(DashItemMenuTest, AReadoutBecomesALampForABitmask) {
     EXPECT_EQ("QZSTATUSGAUGE", ClassNameOf(Gauge(1)));
     EXPECT_EQ(10001, ::GetDlgCtrlID(Gauge(1)));
     EXPECT_TRUE(::IsWindowVisible(Gauge(1)));
-    EXPECT_EQ(State().area.right, PlaceInParent(Gauge(1)).right);
+    EXPECT_EQ(State().Area().right, PlaceInParent(Gauge(1)).right);
     EXPECT_EQ(2U, dashboard->GetEntry(1)->gaugetype);
     EXPECT_EQ(fan, dashboard->GetEntry(1)->item);
     EXPECT_EQ("Fan", TextOfGauge(Gauge(1), SGM_GETTITLE));
-    EXPECT_EQ(2U, State().gauges.size());
+    EXPECT_EQ(2U, State().Gauges().size());
     GaugeRecorder recorder(Gauge(1));
     Update({10, 90, 1});
     EXPECT_EQ((MenuRows{"state 1 redraw"}), recorder.lines);
@@ -167,7 +167,7 @@ TEST_F(DashItemMenuTest, ALoadWhileItIsOpenDropsTheChoice) {
         RefreshDashPage(session);
     });
     EXPECT_FALSE(::IsWindow(gauge));
-    ASSERT_EQ(1U, State().gauges.size());
+    ASSERT_EQ(1U, State().Gauges().size());
     EXPECT_EQ(load, dashboard->GetEntry(0)->item);
     EXPECT_EQ(0U, session.dashChanged);
     EXPECT_EQ("Load", TextOfGauge(Gauge(0), AGM_GETTITLE));
@@ -179,7 +179,7 @@ TEST_F(DashItemMenuTest, SoDoesALoadOfNothing) {
         session.definition.Clear();
         RefreshDashPage(session);
     });
-    EXPECT_TRUE(State().gauges.empty());
+    EXPECT_TRUE(State().Gauges().empty());
     EXPECT_EQ(0U, session.dashChanged);
 }
 

@@ -54,7 +54,7 @@ TEST_F(DashPageGaugesTest, EveryEntryHasItsGaugeOnShow) {
     AddEntry(1, load);
     AddEntry(2, fan);
     Show();
-    ASSERT_EQ(3U, State().gauges.size());
+    ASSERT_EQ(3U, State().Gauges().size());
     const char* const classes[] = {"QZANALOGGAUGE", "QZDIGITALGAUGEREADOUT", "QZSTATUSGAUGE"};
     for (std::uint32_t i = 0; i < 3; ++i) {
         EXPECT_EQ(classes[i], ClassNameOf(Gauge(i)));
@@ -69,16 +69,16 @@ TEST_F(DashPageGaugesTest, EveryEntryHasItsGaugeOnShow) {
 TEST_F(DashPageGaugesTest, TheFirstDashboardHasItsGaugesFromTheStart) {
     AddEntry(0, speed);
     CreateDashPage(session);
-    ASSERT_EQ(1U, State().gauges.size());
-    ExpectPlace(State().area, Gauge(0));
+    ASSERT_EQ(1U, State().Gauges().size());
+    ExpectPlace(State().Area(), Gauge(0));
 }
 
 TEST_F(DashPageGaugesTest, AnEntryOfAllPercentFillsTheArea) {
     ShowOne(0, speed);
     for (const auto& [width, height] : {std::pair{700, 420}, std::pair{1600, 800}, std::pair{300, 200}}) {
         Resize(width, height);
-        ExpectPlace(State().area, Gauge(0));
-        EXPECT_EQ(PlaceInParent(Item(session.dashPage, IDC_DASH_COMBO)).bottom + 3, State().area.top);
+        ExpectPlace(State().Area(), Gauge(0));
+        EXPECT_EQ(PlaceInParent(Item(session.dashPage, IDC_DASH_COMBO)).bottom + 3, State().Area().top);
     }
 }
 
@@ -89,7 +89,7 @@ TEST_F(DashPageGaugesTest, PercentagesFollowTheAreasSize) {
     Show();
     for (const auto& [width, height] : {std::pair{700, 420}, std::pair{1601, 803}}) {
         Resize(width, height);
-        const RECT area = State().area;
+        const RECT area = State().Area();
         const LONG w = area.right - area.left, h = area.bottom - area.top;
         ExpectPlace({0, area.top, 33 * w / 100, 50 * h / 100 + area.top}, Gauge(0));
         ExpectPlace({33 * w / 100, area.top, 66 * w / 100, 50 * h / 100 + area.top}, Gauge(1));
@@ -104,7 +104,7 @@ TEST_F(DashPageGaugesTest, APageTooSmallForThemIsSurvived) {
     Resize(0, 0);
     Update({50});
     Resize(700, 420);
-    ExpectPlace(State().area, Gauge(0));
+    ExpectPlace(State().Area(), Gauge(0));
 }
 
 TEST_F(DashPageGaugesTest, AnUnknownTypeLeavesAGapAndTheOthersInPlace) {
@@ -112,7 +112,7 @@ TEST_F(DashPageGaugesTest, AnUnknownTypeLeavesAGapAndTheOthersInPlace) {
     AddEntry(7, speed);
     AddEntry(2, fan);
     Show();
-    ASSERT_EQ(3U, State().gauges.size());
+    ASSERT_EQ(3U, State().Gauges().size());
     EXPECT_EQ(nullptr, Gauge(1));
     EXPECT_EQ(10002, ::GetDlgCtrlID(Gauge(2)));
     EXPECT_EQ(dashboard->GetEntry(2), EntryOf(Gauge(2)));
@@ -137,12 +137,12 @@ TEST_F(DashPageGaugesTest, AnotherDashboardMakesAllGaugesAnew) {
     const HWND first = Gauge(0);
     Choose(DashWindow(), IDC_DASH_COMBO, 1);
     EXPECT_FALSE(::IsWindow(first));
-    ASSERT_EQ(2U, State().gauges.size());
+    ASSERT_EQ(2U, State().Gauges().size());
     EXPECT_EQ("QZDIGITALGAUGEREADOUT", ClassNameOf(Gauge(0)));
-    ExpectPlace(State().area, Gauge(1));
+    ExpectPlace(State().Area(), Gauge(1));
     EXPECT_EQ(nullptr, ::GetDlgItem(DashWindow(), 10002));
     Choose(DashWindow(), IDC_DASH_COMBO, -1);
-    EXPECT_TRUE(State().gauges.empty());
+    EXPECT_TRUE(State().Gauges().empty());
     EXPECT_EQ(nullptr, ::GetDlgItem(DashWindow(), 10000));
 }
 
@@ -192,7 +192,7 @@ TEST_F(DashPageGaugesTest, AnEmptyDefinitionLeavesAnEmptyPage) {
     session.definition.Clear();
     RefreshDashPage(session);
     EXPECT_FALSE(::IsWindow(gauge));
-    EXPECT_TRUE(State().gauges.empty());
+    EXPECT_TRUE(State().Gauges().empty());
     Update({50});
     Resize(900, 600);
 }
@@ -208,7 +208,7 @@ TEST_F(DashPageGaugesTest, AReloadShowsTheFirstDashboardAgain) {
     AddEntry(2, fan);
     RefreshDashPage(session);
     EXPECT_EQ(0, ::SendMessageA(Item(session.dashPage, IDC_DASH_COMBO), CB_GETCURSEL, 0, 0));
-    ASSERT_EQ(1U, State().gauges.size());
+    ASSERT_EQ(1U, State().Gauges().size());
     EXPECT_EQ("QZSTATUSGAUGE", ClassNameOf(Gauge(0)));
 }
 
@@ -258,7 +258,7 @@ TEST_F(DashPageGaugesTest, NothingOfAnOldLayoutIsLeft) {
     ::UpdateWindow(DashWindow());
     const RECT client = ClientOf(DashWindow());
     EXPECT_EQ(std::set<COLORREF>{ground},
-              TestBitmap(DashWindow()).ColoursIn(0, State().area.top, client.right, client.bottom));
+              TestBitmap(DashWindow()).ColoursIn(0, State().Area().top, client.right, client.bottom));
 }
 
 TEST_F(DashPageGaugesTest, AGaugeOfAnotherSizeIsPaintedWhole) {

@@ -14,7 +14,7 @@ protected:
         first = AddTitled<ADXDashboard>(session.definition, "A", "Engine");
         second = AddTitled<ADXDashboard>(session.definition, "B", "Gearbox");
     }
-    const DashPage& State() const { return *DashPageOf(static_cast<HWND>(session.dashPage)); }
+    const DashPage& State() const { return *PageOf<DashPage>(session.dashPage); }
 
     ADXDashboard *first = nullptr, *second = nullptr;
 };
@@ -29,7 +29,7 @@ TEST_F(DashPageTest, IsATabOfTheSheet) {
 TEST_F(DashPageTest, ShowsTheFirstDashboardFromTheStart) {
     AddTwo();
     CreateDashPage(session);
-    EXPECT_EQ(first, State().dashboard);
+    EXPECT_EQ(first, State().Dashboard());
 }
 
 TEST_F(DashPageTest, RefreshOffersAllAndTakesTheFirst) {
@@ -38,7 +38,7 @@ TEST_F(DashPageTest, RefreshOffersAllAndTakesTheFirst) {
     RefreshDashPage(session);
     EXPECT_EQ((std::vector<std::string>{"Engine", "Gearbox"}), Rows(Item(session.dashPage, IDC_DASH_COMBO)));
     EXPECT_EQ(first, session.currentDashboard);
-    EXPECT_EQ(first, State().dashboard);
+    EXPECT_EQ(first, State().Dashboard());
 }
 
 TEST_F(DashPageTest, RefreshAfterAChoiceGoesBackToTheFirst) {
@@ -57,7 +57,7 @@ TEST_F(DashPageTest, ChoosingARowShowsItsDashboard) {
     RefreshDashPage(session);
     Choose(Page(1), IDC_DASH_COMBO, 1);
     EXPECT_EQ(second, session.currentDashboard);
-    EXPECT_EQ(second, State().dashboard);
+    EXPECT_EQ(second, State().Dashboard());
     Choose(Page(1), IDC_DASH_COMBO, -1);
     EXPECT_EQ(nullptr, session.currentDashboard);
 }
@@ -69,7 +69,7 @@ TEST_F(DashPageTest, AnEmptyDefinitionShowsNone) {
     session.definition.Clear();
     RefreshDashPage(session);
     EXPECT_EQ(nullptr, session.currentDashboard);
-    EXPECT_EQ(nullptr, State().dashboard);
+    EXPECT_EQ(nullptr, State().Dashboard());
     EXPECT_TRUE(Rows(Item(session.dashPage, IDC_DASH_COMBO)).empty());
 }
 
@@ -88,10 +88,10 @@ TEST_F(DashPageTest, TheGaugesHaveWhatTheComboBoxLeaves) {
         Resize(width, height);
         const RECT client = ClientOf(Page(1));
         const RECT combo = PlaceInParent(Item(session.dashPage, IDC_DASH_COMBO));
-        EXPECT_EQ(0, State().area.left);
-        EXPECT_EQ(combo.bottom + 3, State().area.top);
-        EXPECT_EQ(client.right, State().area.right);
-        EXPECT_EQ(client.bottom, State().area.bottom);
+        EXPECT_EQ(0, State().Area().left);
+        EXPECT_EQ(combo.bottom + 3, State().Area().top);
+        EXPECT_EQ(client.right, State().Area().right);
+        EXPECT_EQ(client.bottom, State().Area().bottom);
         EXPECT_GT(client.right, width - 30);
     }
 }
@@ -117,7 +117,7 @@ TEST_F(DashPageTest, ItsEndIsKnown) {
     const HWND page = Page(1);
     ::DestroyWindow(std::exchange(frame, nullptr));
     EXPECT_EQ(nullptr, session.dashPage);
-    EXPECT_EQ(nullptr, DashPageOf(page));
+    EXPECT_EQ(nullptr, PageOf<DashPage>(page));
     EXPECT_FALSE(Wants(SampleViewKind::kDash));
     session.currentDashboard = reinterpret_cast<ADXDashboard*>(&session);
     RefreshDashPage(session);
@@ -125,8 +125,8 @@ TEST_F(DashPageTest, ItsEndIsKnown) {
 }
 
 TEST_F(DashPageTest, OtherWindowsHaveNoState) {
-    EXPECT_EQ(nullptr, DashPageOf(nullptr));
-    EXPECT_EQ(nullptr, DashPageOf(frame));
+    EXPECT_EQ(nullptr, PageOf<DashPage>(nullptr));
+    EXPECT_EQ(nullptr, PageOf<DashPage>(frame));
     ShowDashboard(nullptr, frame);
 }
 

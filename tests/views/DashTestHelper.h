@@ -63,8 +63,8 @@ protected:
         Show();
     }
     HWND DashWindow() const { return static_cast<HWND>(session.dashPage); }
-    const DashPage& State() const { return *DashPageOf(DashWindow()); }
-    HWND Gauge(std::size_t index) const { return State().gauges.at(index); }
+    const DashPage& State() const { return *PageOf<DashPage>(DashWindow()); }
+    HWND Gauge(std::size_t index) const { return State().Gauges().at(index); }
     void Update(const std::vector<std::uint8_t>& bytes, std::uint32_t command = kCommand) {
         session.PublishSample(0.0, PacketView(bytes.data(), static_cast<std::uint32_t>(bytes.size())), command);
     }

@@ -60,11 +60,11 @@ bool IsOnScreen(HWND window) {
 }
 
 TEST_F(ExampleTest, ItsDashHasEveryKindOfGaugeAndOfAlarm) {
-    const DashPage& page = *DashPageOf(static_cast<HWND>(session.dashPage));
-    ASSERT_EQ(8U, page.gauges.size());
+    const DashPage& page = *PageOf<DashPage>(session.dashPage);
+    ASSERT_EQ(8U, page.Gauges().size());
     std::set<std::string> classes;
     int high = 0, low = 0, onSet = 0, onNotSet = 0;
-    for (const HWND gauge : page.gauges) {
+    for (const HWND gauge : page.Gauges()) {
         classes.insert(ClassNameOf(gauge));
         const ADXDGENTRY& entry = *EntryOf(gauge);
         ASSERT_NE(nullptr, entry.item);
@@ -86,9 +86,9 @@ TEST_F(ExampleTest, ItsDashHasEveryKindOfGaugeAndOfAlarm) {
 TEST_F(ExampleTest, ItsGaugesCoverTheDashInEverySize) {
     for (const Size& size : kSizes) {
         ShowIn(size, 1, "dash");
-        const DashPage& page = *DashPageOf(static_cast<HWND>(session.dashPage));
-        const TestBitmap picture(page.window);
-        for (const HWND gauge : page.gauges) {
+        const DashPage& page = *PageOf<DashPage>(session.dashPage);
+        const TestBitmap picture(page.Window());
+        for (const HWND gauge : page.Gauges()) {
             const RECT place = PlaceInParent(gauge);
             if (!IsOnScreen(gauge)) continue;  // and so not painted
             // Faces of dials are as grey as the ground, but do not reach the corners.

@@ -3,10 +3,7 @@
 #include "files/adx/ADXParser.h"
 #include "tests/views/PageTestHelper.h"
 #include "tests/views/WindowPicture.h"
-#include "views/DashPage.h"
-#include "views/HistogramPage.h"
-#include "views/ItemListPage.h"
-#include "views/MonitorPage.h"
+#include "views/Pages.h"
 
 namespace corvex::test {
 namespace {
@@ -14,17 +11,11 @@ namespace {
 class PagesTest : public PageTest {
 protected:
     PagesTest() {
-        CreateDashPage(session);
-        CreateItemListPage(session);
-        CreateHistogramPage(session);
-        CreateMonitorPage(session);
+        CreatePages(session);
     }
     void LoadExample() {
         ASSERT_EQ(1, session.definition.Load(CORVEX_SOURCE_DIR "/examples/harrier-8192.adx"));
-        RefreshDashPage(session);
-        RefreshItemListPage(session);
-        RefreshHistogramPage(session);
-        RefreshMonitorPage(session);
+        RefreshPages(session);
     }
 };
 
@@ -88,10 +79,7 @@ TEST_F(PagesTest, DefinitionsComeAndGo) {
         EXPECT_NE(nullptr, session.currentListView);
         EXPECT_NE(nullptr, session.currentHistogram);
         session.definition.Clear();
-        RefreshDashPage(session);
-        RefreshItemListPage(session);
-        RefreshHistogramPage(session);
-        RefreshMonitorPage(session);
+        RefreshPages(session);
         EXPECT_EQ(nullptr, session.currentDashboard);
         EXPECT_EQ(nullptr, session.currentListView);
         EXPECT_EQ(nullptr, session.currentHistogram);
@@ -100,10 +88,7 @@ TEST_F(PagesTest, DefinitionsComeAndGo) {
 
 TEST(PagesWithoutSheetTest, CreatingThemWithoutASheetLeavesNothing) {
     SessionState session;
-    CreateDashPage(session);
-    CreateItemListPage(session);
-    CreateHistogramPage(session);
-    CreateMonitorPage(session);
+    CreatePages(session);
     EXPECT_EQ(nullptr, session.dashPage);
     EXPECT_EQ(nullptr, session.listPage);
     EXPECT_EQ(nullptr, session.histogramPage);

@@ -1,12 +1,10 @@
 #include "views/browser/ItemBrowser.h"
 
+#include <utility>
 #include <vector>
 
-// commctrl.h leans on what WindowsApi.h brings.
-// clang-format off
-#include <commctrl.h>
-// clang-format on
-
+#include "controls/window/CommonControls.h"
+#include "controls/window/DialogWindow.h"
 #include "views/browser/DialogTemplate.h"
 
 namespace corvex {
@@ -16,65 +14,65 @@ constexpr WORD kListId = 1001;
 constexpr int kWidth = 200, kHeight = 300, kColumnWidth = 500;
 constexpr int kMargin = 6, kButtonWidth = 75, kButtonHeight = 23;
 
-class ItemBrowser {
+class ItemBrowser final : public DialogWindow {
 public:
-    ItemBrowser(HWND parent, const ADXDefinition& definition, std::uint32_t mask)
-        : parent_(parent), definition_(definition), mask_(mask) {}
-
-    static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    const std::vector<ADXObject*>& Selected() const { return selected_; }
+    // What was selected goes to `selected`, which is there until the dialog has ended.
+    ItemBrowser(HWND parent, const ADXDefinition& definition, std::uint32_t mask, std::vector<ADXObject*>& selected)
+        : DialogWindow(DialogFocus::kUntouched),
+          parent_(parent),
+          definition_(definition),
+          mask_(mask),
+          selected_(selected) {}
 
 private:
-    INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    DialogAnswer OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    DialogAnswer OnCommand(int id);
+    DialogAnswer OnNotify(const NMITEMACTIVATE& notice);
     void Fill();
     void OpenCentred();
     void Layout(int width, int height);
     void Finish();
-    HWND List() const { return ::GetDlgItem(dialog_, kListId); }
+    HWND List() const { return Item(kListId); }
 
     const HWND parent_;
     const ADXDefinition& definition_;
     const std::uint32_t mask_;
-    HWND dialog_ = nullptr;
-    std::vector<ADXObject*> selected_;
+    std::vector<ADXObject*>& selected_;
 };
 
-// The system's frames lie between here and the caller, so whatever is thrown ends here; running out of memory ends the
-// program, as it does in any other window.
-INT_PTR CALLBACK ItemBrowser::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    if (message == WM_INITDIALOG) ::SetWindowLongPtrA(dialog, DWLP_USER, lParam);
-    auto* const browser = reinterpret_cast<ItemBrowser*>(::GetWindowLongPtrA(dialog, DWLP_USER));
-    if (browser == nullptr) return FALSE;
-    browser->dialog_ = dialog;
-    return browser->OnMessage(message, wParam, lParam);
-}
-
-INT_PTR ItemBrowser::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+DialogAnswer ItemBrowser::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
             Fill();
             OpenCentred();
             ::SetFocus(List());
-            return FALSE;
+            return 0;
         case WM_SIZE:
             Layout(LOWORD(lParam), HIWORD(lParam));
-            return TRUE;
+            return 0;
         case WM_GETMINMAXINFO:
             reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {kWidth, kHeight};
-            return TRUE;
+            return 0;
         case WM_COMMAND:
-            if (LOWORD(wParam) == IDOK) Finish();
-            if (LOWORD(wParam) == IDCANCEL) ::EndDialog(dialog_, IDCANCEL);
-            return LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL;
-        case WM_NOTIFY: {
-            const auto& activated = *reinterpret_cast<const NMITEMACTIVATE*>(lParam);
-            if (activated.hdr.idFrom != kListId || activated.hdr.code != static_cast<UINT>(NM_DBLCLK)) return FALSE;
-            if (activated.iItem >= 0) Finish();
-            return TRUE;
-        }
+            return OnCommand(LOWORD(wParam));
+        case WM_NOTIFY:
+            return OnNotify(*reinterpret_cast<const NMITEMACTIVATE*>(lParam));
         default:
-            return FALSE;
+            return {};
     }
+}
+
+DialogAnswer ItemBrowser::OnCommand(int id) {
+    if (id != IDOK && id != IDCANCEL) return {};
+    if (id == IDOK) Finish();
+    if (id == IDCANCEL) ::EndDialog(Window(), IDCANCEL);
+    return 0;
+}
+
+DialogAnswer ItemBrowser::OnNotify(const NMITEMACTIVATE& notice) {
+    if (notice.hdr.idFrom != kListId || notice.hdr.code != static_cast<UINT>(NM_DBLCLK)) return {};
+    if (notice.iItem >= 0) Finish();
+    return 0;
 }
 
 void ItemBrowser::Fill() {
@@ -102,16 +100,16 @@ void ItemBrowser::OpenCentred() {
     ::GetWindowRect(parent_ != nullptr ? parent_ : ::GetDesktopWindow(), &around);
     const int left = around.left + (around.right - around.left - kWidth) / 2;
     const int top = around.top + (around.bottom - around.top - kHeight) / 2;
-    ::SetWindowPos(dialog_, nullptr, left, top, kWidth, kHeight, SWP_NOZORDER | SWP_NOACTIVATE);
+    ::SetWindowPos(Window(), nullptr, left, top, kWidth, kHeight, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void ItemBrowser::Layout(int width, int height) {
     const int buttons = height - kMargin - kButtonHeight;
     const int cancel = width - kMargin - kButtonWidth;
     ::MoveWindow(List(), kMargin, kMargin, width - 2 * kMargin, buttons - 2 * kMargin, TRUE);
-    ::MoveWindow(::GetDlgItem(dialog_, IDOK), cancel - kMargin - kButtonWidth, buttons, kButtonWidth, kButtonHeight,
+    ::MoveWindow(::GetDlgItem(Window(), IDOK), cancel - kMargin - kButtonWidth, buttons, kButtonWidth, kButtonHeight,
                  TRUE);
-    ::MoveWindow(::GetDlgItem(dialog_, IDCANCEL), cancel, buttons, kButtonWidth, kButtonHeight, TRUE);
+    ::MoveWindow(::GetDlgItem(Window(), IDCANCEL), cancel, buttons, kButtonWidth, kButtonHeight, TRUE);
 }
 
 int NextSelected(HWND list, int row) {
@@ -128,7 +126,7 @@ void ItemBrowser::Finish() {
         if (::SendMessageA(list, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item)) != 0)
             selected_.push_back(reinterpret_cast<ADXObject*>(item.lParam));
     }
-    ::EndDialog(dialog_, IDOK);
+    ::EndDialog(Window(), IDOK);
 }
 
 // Where the controls lie is Layout's: the template gives them no room.
@@ -157,11 +155,9 @@ bool BrowseItems(HWND parent, const ADXDefinition& definition, std::uint32_t mas
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_LISTVIEW_CLASSES};
     ::InitCommonControlsEx(&classes);
     const DialogTemplate made = MakeTemplate((options & kBrowseSingle) != 0);
-    ItemBrowser browser(parent, definition, mask);
-    const INT_PTR answer = ::DialogBoxIndirectParamA(OwnModule(), made.Get(), parent, &ItemBrowser::Procedure,
-                                                     reinterpret_cast<LPARAM>(&browser));
-    if (answer != IDOK) return false;
-    const std::vector<ADXObject*>& selected = browser.Selected();
+    std::vector<ADXObject*> selected;
+    auto browser = std::make_unique<ItemBrowser>(parent, definition, mask, selected);
+    if (RunDialog(std::move(browser), OwnModule(), made.Get(), parent) != IDOK) return false;
     items = std::make_unique<ADXObject*[]>(selected.size());
     count = static_cast<std::uint32_t>(selected.size());
     for (std::size_t i = 0; i < selected.size(); ++i)

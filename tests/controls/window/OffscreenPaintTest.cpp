@@ -14,22 +14,31 @@ public:
     using ControlWindow::ControlWindow;
 
     COLORREF colour = 0;
-    COLORREF onScreenBeforeTheCopy = 0;
+    COLORREF onScreenBeforeTheCopy = 0, textColour = 0;
     RECT area{};
     int paints = 0;
+    bool keeps = false;
+    HDC context = nullptr;
 
 private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_ERASEBKGND) return 1;
         if (message != WM_PAINT) return Default(message, wParam, lParam);
-        const OffscreenPaint paint(Window());
+        if (!keeps) return Paint(OffscreenPaint(Window()));
+        return Paint(OffscreenPaint(Window(), kept_));
+    }
+    LRESULT Paint(const OffscreenPaint& paint) {
         area = paint.Area();
+        context = paint.Dc();
+        textColour = ::SetTextColor(context, colour);
         const OwnedBrush brush(::CreateSolidBrush(colour));
         ::FillRect(paint.Dc(), &area, brush.Get());
         onScreenBeforeTheCopy = PixelOf(Window(), 1, 1);
         ++paints;
         return 0;
     }
+
+    OffscreenBitmap kept_;
 };
 
 class OffscreenPaintTest : public ::testing::Test {
@@ -61,6 +70,24 @@ TEST_F(OffscreenPaintTest, CopiesTheWholeClientInOneStepAtTheEnd) {
     EXPECT_EQ(ColoursOf(window_), std::set<COLORREF>{0x00FF00u});
     EXPECT_EQ(probe_->area.right, 40);
     EXPECT_EQ(probe_->area.bottom, 30);
+}
+
+TEST_F(OffscreenPaintTest, KeptBitmapLastsUntilTheSizeChanges) {
+    probe_->keeps = true;
+    Repaint(0x0000FF);
+    const HGDIOBJ first = ::GetCurrentObject(probe_->context, OBJ_BITMAP);
+    Repaint(0x00FF00);
+    EXPECT_EQ(::GetCurrentObject(probe_->context, OBJ_BITMAP), first);
+    EXPECT_EQ(probe_->textColour, 0u) << "what the last paint set is put back";
+    EXPECT_EQ(ColoursOf(window_), std::set<COLORREF>{0x00FF00u});
+    for (const int width : {60, 30}) {
+        ::SetWindowPos(window_, nullptr, 0, 0, width, 30, SWP_NOMOVE | SWP_NOZORDER);
+        Repaint(0xFF0000);
+        BITMAP bitmap{};
+        ::GetObjectA(::GetCurrentObject(probe_->context, OBJ_BITMAP), sizeof bitmap, &bitmap);
+        EXPECT_EQ(bitmap.bmWidth, width);
+        EXPECT_EQ(ColoursOf(window_), std::set<COLORREF>{0xFF0000u});
+    }
 }
 
 TEST_F(OffscreenPaintTest, LeavesNothingToPaint) {

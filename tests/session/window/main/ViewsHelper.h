@@ -76,15 +76,15 @@ protected:
         UseDefinition(Objects("One"));
         Start();
         ::ShowWindow(window, SW_SHOWNOACTIVATE);
-        ASSERT_EQ(4U, Dash().gauges.size());
+        ASSERT_EQ(4U, Dash().Gauges().size());
     }
     void Select(int tab) const { TabSheet::selectPage(AsWindow(session.tabSheet), tab); }
-    const DashPage& Dash() const { return *DashPageOf(AsWindow(session.dashPage)); }
+    const DashPage& Dash() const { return *PageOf<DashPage>(session.dashPage); }
     int Needle(std::size_t index) const {
-        return static_cast<int>(::SendMessageA(Dash().gauges.at(index), AGM_GETVALUE, 0, 0));
+        return static_cast<int>(::SendMessageA(Dash().Gauges().at(index), AGM_GETVALUE, 0, 0));
     }
     float Digits(std::size_t index) const {
-        const HWND gauge = Dash().gauges.at(index);
+        const HWND gauge = Dash().Gauges().at(index);
         const float shown = DigitalReadoutSetValue(gauge, -1.0F);
         DigitalReadoutSetValue(gauge, shown);
         return shown;

@@ -27,10 +27,10 @@ protected:
     }
     bool ShowsTitle(const std::string& title) const { return session.currentDashboard->Title() == title; }
     void ExpectPagesOf(const std::string& title) {
-        ASSERT_EQ(4U, Dash().gauges.size());
-        EXPECT_EQ(session.currentDashboard, Dash().dashboard);
+        ASSERT_EQ(4U, Dash().Gauges().size());
+        EXPECT_EQ(session.currentDashboard, Dash().Dashboard());
         for (std::uint32_t i = 0; i < 4; ++i)
-            EXPECT_EQ(session.currentDashboard->GetEntry(i), EntryOf(Dash().gauges[i]));
+            EXPECT_EQ(session.currentDashboard->GetEntry(i), EntryOf(Dash().Gauges()[i]));
         EXPECT_EQ(5, ::SendMessageA(List(), LVM_GETITEMCOUNT, 0, 0));
         EXPECT_EQ(title, Cell(0, 2));
     }
