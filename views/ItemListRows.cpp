@@ -9,12 +9,12 @@ namespace {
 constexpr std::uint32_t kTitleLength = 255;
 
 void SetText(HWND control, int row, int column, const char* text) {
-    LVITEMA words{};
-    words.mask = LVIF_TEXT;
-    words.iItem = row;
-    words.iSubItem = column;
-    words.pszText = const_cast<char*>(text);
-    ::SendMessageA(control, LVM_SETITEMA, 0, reinterpret_cast<LPARAM>(&words));
+    LVITEMA rowInfo{};
+    rowInfo.mask = LVIF_TEXT;
+    rowInfo.iItem = row;
+    rowInfo.iSubItem = column;
+    rowInfo.pszText = const_cast<char*>(text);
+    ::SendMessageA(control, LVM_SETITEMA, 0, reinterpret_cast<LPARAM>(&rowInfo));
 }
 
 void SetTitle(HWND control, int row, const ADXLVENTRY& entry) {
@@ -28,12 +28,12 @@ void SetTitle(HWND control, int row, const ADXLVENTRY& entry) {
 }
 
 void InsertRow(HWND control, std::uint32_t place, const ADXLVENTRY& entry) {
-    LVITEMA words{};
-    words.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM | LVIF_STATE;
-    words.iItem = static_cast<int>(place);
-    words.pszText = LPSTR_TEXTCALLBACKA;
-    words.lParam = reinterpret_cast<LPARAM>(&entry);
-    const auto row = static_cast<int>(::SendMessageA(control, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&words)));
+    LVITEMA rowInfo{};
+    rowInfo.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM | LVIF_STATE;
+    rowInfo.iItem = static_cast<int>(place);
+    rowInfo.pszText = LPSTR_TEXTCALLBACKA;
+    rowInfo.lParam = reinterpret_cast<LPARAM>(&entry);
+    const auto row = static_cast<int>(::SendMessageA(control, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&rowInfo)));
     if (row < 0) return;
     SetText(control, row, kValueColumn, LPSTR_TEXTCALLBACKA);
     SetTitle(control, row, entry);
@@ -51,20 +51,20 @@ void FillItemList(HWND control, const ADXListView* list) {
 }
 
 const ADXLVENTRY* EntryOfRow(HWND control, int row) {
-    LVITEMA words{};
-    words.mask = LVIF_PARAM;
-    words.iItem = row;
-    const bool isThere = ::SendMessageA(control, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&words)) != 0;
-    return isThere ? reinterpret_cast<const ADXLVENTRY*>(words.lParam) : nullptr;
+    LVITEMA rowInfo{};
+    rowInfo.mask = LVIF_PARAM;
+    rowInfo.iItem = row;
+    const bool isThere = ::SendMessageA(control, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&rowInfo)) != 0;
+    return isThere ? reinterpret_cast<const ADXLVENTRY*>(rowInfo.lParam) : nullptr;
 }
 
 void RepaintRows(HWND control) {
     ::SendMessageA(control, WM_SETREDRAW, FALSE, 0);
-    LVITEMA words{};
-    words.pszText = LPSTR_TEXTCALLBACKA;
+    LVITEMA rowInfo{};
+    rowInfo.pszText = LPSTR_TEXTCALLBACKA;
     const LRESULT rows = ::SendMessageA(control, LVM_GETITEMCOUNT, 0, 0);
     for (WPARAM row = 0; row < static_cast<WPARAM>(rows); ++row)
-        ::SendMessageA(control, LVM_SETITEMTEXTA, row, reinterpret_cast<LPARAM>(&words));
+        ::SendMessageA(control, LVM_SETITEMTEXTA, row, reinterpret_cast<LPARAM>(&rowInfo));
     ::InvalidateRect(control, nullptr, FALSE);
     ::SendMessageA(control, WM_SETREDRAW, TRUE, 0);
 }

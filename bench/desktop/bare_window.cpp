@@ -19,11 +19,11 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
-    WNDCLASSA words{};
-    words.lpfnWndProc = &Procedure;
-    words.hInstance = instance;
-    words.lpszClassName = "BAREWINDOW";
-    ::RegisterClassA(&words);
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = &Procedure;
+    windowClass.hInstance = instance;
+    windowClass.lpszClassName = "BAREWINDOW";
+    ::RegisterClassA(&windowClass);
     const HWND window = ::CreateWindowExA(0, "BAREWINDOW", "Bare", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
                                           650, 500, nullptr, nullptr, instance, nullptr);
     ::ShowWindow(window, show);

@@ -140,11 +140,11 @@ LRESULT AnalogGaugeWindow::SetValue(const float* value, LPARAM redraw) {
 }  // namespace
 
 bool AnalogGauge::Register(HINSTANCE instance) {
-    ControlClass words{};
-    words.name = kAnalogGaugeClass;
-    words.style = CS_DBLCLKS;
-    words.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
-    return RegisterControl<AnalogGaugeWindow>(instance, words);
+    ControlClass windowClass{};
+    windowClass.name = kAnalogGaugeClass;
+    windowClass.style = CS_DBLCLKS;
+    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
+    return RegisterControl<AnalogGaugeWindow>(instance, windowClass);
 }
 
 }  // namespace corvex

@@ -41,10 +41,10 @@ Result AskAndRedraw(HWND window, Result absent, const Work& work) {
 }  // namespace
 
 bool DigitalReadout::Register(HINSTANCE instance) {
-    ControlClass words{};
-    words.name = kDigitalReadoutClass;
-    words.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
-    return RegisterControl<DigitalReadoutWindow>(instance, words);
+    ControlClass windowClass{};
+    windowClass.name = kDigitalReadoutClass;
+    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
+    return RegisterControl<DigitalReadoutWindow>(instance, windowClass);
 }
 
 std::uint32_t DigitalReadoutSetInfo(HWND window, const DigitalReadoutInfo* info) {

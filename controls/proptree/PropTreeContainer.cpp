@@ -23,9 +23,9 @@ Result OnTree(HWND window, Result otherwise, Operation operation) {
 bool PropTreeContainer::Register(HINSTANCE instance) {
     INITCOMMONCONTROLSEX needed{sizeof needed, ICC_TREEVIEW_CLASSES};
     ::InitCommonControlsEx(&needed);
-    ControlClass words{kPropTreeClass};
-    words.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
-    return RegisterControl<PropTreeWindow>(instance, words);
+    ControlClass windowClass{kPropTreeClass};
+    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
+    return RegisterControl<PropTreeWindow>(instance, windowClass);
 }
 
 HWND PropTreeContainer::create(HWND parent, HINSTANCE instance, const char* title, int treeWidth, int minimumHeight) {

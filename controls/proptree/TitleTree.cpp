@@ -16,11 +16,11 @@ constexpr char kTreeFont[] = "MS Shell Dlg";
 HFONT MakeTreeFont(HWND tree) {
     auto like = reinterpret_cast<HFONT>(::SendMessageA(tree, WM_GETFONT, 0, 0));
     if (like == nullptr) like = static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
-    LOGFONTA words{};
-    ::GetObjectA(like, sizeof words, &words);
-    words.lfWidth = 0;
-    std::memcpy(words.lfFaceName, kTreeFont, sizeof kTreeFont);
-    return ::CreateFontIndirectA(&words);
+    LOGFONTA font{};
+    ::GetObjectA(like, sizeof font, &font);
+    font.lfWidth = 0;
+    std::memcpy(font.lfFaceName, kTreeFont, sizeof kTreeFont);
+    return ::CreateFontIndirectA(&font);
 }
 
 }  // namespace
@@ -58,22 +58,22 @@ HTREEITEM TitleTree::Parent(Node item) const {
 bool TitleTree::HasTitle(Node item, const char* title) const {
     // One character longer than what is looked for is enough to tell the two apart.
     std::string text(std::strlen(title) + 2, '\0');
-    TVITEMA words{};
-    words.mask = TVIF_HANDLE | TVIF_TEXT;
-    words.hItem = item;
-    words.pszText = text.data();
-    words.cchTextMax = static_cast<int>(text.size());
-    return ::SendMessageA(control_, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&words)) != FALSE &&
+    TVITEMA node{};
+    node.mask = TVIF_HANDLE | TVIF_TEXT;
+    node.hItem = item;
+    node.pszText = text.data();
+    node.cchTextMax = static_cast<int>(text.size());
+    return ::SendMessageA(control_, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&node)) != FALSE &&
            std::strcmp(text.c_str(), title) == 0;
 }
 
 HWND TitleTree::PageOf(Node item) const {
     if (control_ == nullptr || item == nullptr) return nullptr;
-    TVITEMA words{};
-    words.mask = TVIF_HANDLE | TVIF_PARAM;
-    words.hItem = item;
-    ::SendMessageA(control_, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&words));
-    return reinterpret_cast<HWND>(words.lParam);
+    TVITEMA node{};
+    node.mask = TVIF_HANDLE | TVIF_PARAM;
+    node.hItem = item;
+    ::SendMessageA(control_, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&node));
+    return reinterpret_cast<HWND>(node.lParam);
 }
 
 HTREEITEM TitleTree::FindTitle(const char* title) const {
@@ -89,13 +89,13 @@ HTREEITEM TitleTree::FindPage(HWND page) const {
 HTREEITEM TitleTree::Insert(Node parent, Node after, const char* title, HWND page) {
     if (control_ == nullptr) return nullptr;
     std::string text = title == nullptr ? "" : title;
-    TVINSERTSTRUCTA words{};
-    words.hParent = parent == nullptr ? TVI_ROOT : parent;
-    words.hInsertAfter = after != nullptr && Parent(after) == parent ? after : TVI_LAST;
-    words.item.mask = TVIF_TEXT | TVIF_PARAM;
-    words.item.pszText = text.data();
-    words.item.lParam = reinterpret_cast<LPARAM>(page);
-    return reinterpret_cast<Node>(::SendMessageA(control_, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&words)));
+    TVINSERTSTRUCTA insertion{};
+    insertion.hParent = parent == nullptr ? TVI_ROOT : parent;
+    insertion.hInsertAfter = after != nullptr && Parent(after) == parent ? after : TVI_LAST;
+    insertion.item.mask = TVIF_TEXT | TVIF_PARAM;
+    insertion.item.pszText = text.data();
+    insertion.item.lParam = reinterpret_cast<LPARAM>(page);
+    return reinterpret_cast<Node>(::SendMessageA(control_, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insertion)));
 }
 
 void TitleTree::Delete(Node item) {

@@ -5,10 +5,10 @@ namespace corvex {
 namespace {
 
 OwnedFont MakeOwnFont() {
-    LOGFONTA words{};
-    ::GetObjectA(::GetStockObject(DEFAULT_GUI_FONT), sizeof words, &words);
-    words.lfWeight = 500;
-    return OwnedFont(::CreateFontIndirectA(&words));
+    LOGFONTA font{};
+    ::GetObjectA(::GetStockObject(DEFAULT_GUI_FONT), sizeof font, &font);
+    font.lfWeight = 500;
+    return OwnedFont(::CreateFontIndirectA(&font));
 }
 
 }  // namespace

@@ -31,10 +31,10 @@ private:
 }  // namespace
 
 bool RichStatic::Register(HINSTANCE instance) {
-    ControlClass words{};
-    words.name = kRichStaticClass;
-    words.style = CS_HREDRAW | CS_VREDRAW;
-    return RegisterControl<RichStaticWindow>(instance, words);
+    ControlClass windowClass{};
+    windowClass.name = kRichStaticClass;
+    windowClass.style = CS_HREDRAW | CS_VREDRAW;
+    return RegisterControl<RichStaticWindow>(instance, windowClass);
 }
 
 void RichStatic::setAll(HWND window, const char* text, std::uint32_t textColour, std::uint32_t backColour) {

@@ -21,9 +21,9 @@ bool SplashScreen::create(HWND parent, HINSTANCE instance, int bitmapId, std::ui
     state_->instance = instance;
     state_->bitmapId = bitmapId;
     state_->options = options;
-    ControlClass words{};
-    words.name = kSplashClass;
-    if (!RegisterControl<SplashWindow>(instance, words)) return false;
+    ControlClass windowClass{};
+    windowClass.name = kSplashClass;
+    if (!RegisterControl<SplashWindow>(instance, windowClass)) return false;
     const DWORD extended = (flags & kSplashTopmost) != 0 ? WS_EX_TOPMOST : 0;
     SplashShared* const shared = state_.get();
     return ::CreateWindowExA(extended, kSplashClass, "", WS_POPUP, 0, 0, 0, 0, parent, nullptr, instance, shared) !=

@@ -11,9 +11,9 @@ OwnedBitmap LoadSplashBitmap(const SplashShared& shared) {
 }
 
 SIZE SizeOf(const OwnedBitmap& bitmap) {
-    BITMAP words{};
-    ::GetObjectA(bitmap.Get(), sizeof words, &words);
-    return {words.bmWidth, words.bmHeight};
+    BITMAP header{};
+    ::GetObjectA(bitmap.Get(), sizeof header, &header);
+    return {header.bmWidth, header.bmHeight};
 }
 
 }  // namespace
@@ -62,8 +62,8 @@ LRESULT SplashWindow::TakeBitmapSize() {
 
 // The bitmap itself is what is drawn on off screen; it is loaded anew each time, so the texts do not pile up.
 void SplashWindow::Paint() {
-    PAINTSTRUCT words{};
-    const HDC screen = ::BeginPaint(Window(), &words);
+    PAINTSTRUCT paint{};
+    const HDC screen = ::BeginPaint(Window(), &paint);
     {
         const MemoryDc memory(screen);
         const OwnedBitmap bitmap = LoadSplashBitmap(shared_);
@@ -72,7 +72,7 @@ void SplashWindow::Paint() {
         const SIZE size = SizeOf(bitmap);
         ::StretchBlt(screen, 0, 0, size.cx, size.cy, memory.Get(), 0, 0, size.cx, size.cy, SRCCOPY);
     }
-    ::EndPaint(Window(), &words);
+    ::EndPaint(Window(), &paint);
 }
 
 }  // namespace corvex

@@ -94,11 +94,11 @@ void StatusGaugeWindow::PaintOffscreen() {
 }  // namespace
 
 bool StatusGauge::Register(HINSTANCE instance) {
-    ControlClass words{};
-    words.name = kStatusGaugeClass;
-    words.style = CS_DBLCLKS;
-    words.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
-    return RegisterControl<StatusGaugeWindow>(instance, words);
+    ControlClass windowClass{};
+    windowClass.name = kStatusGaugeClass;
+    windowClass.style = CS_DBLCLKS;
+    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
+    return RegisterControl<StatusGaugeWindow>(instance, windowClass);
 }
 
 }  // namespace corvex

@@ -21,10 +21,10 @@ Result OnSheet(HWND sheet, Result otherwise, Operation operation) {
 bool TabSheet::Register(HINSTANCE instance) {
     INITCOMMONCONTROLSEX needed{sizeof needed, ICC_TAB_CLASSES};
     ::InitCommonControlsEx(&needed);
-    ControlClass words{kTabSheetClass};
-    words.style = CS_HREDRAW | CS_VREDRAW;
-    words.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
-    return RegisterControl<TabSheetWindow>(instance, words);
+    ControlClass windowClass{kTabSheetClass};
+    windowClass.style = CS_HREDRAW | CS_VREDRAW;
+    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
+    return RegisterControl<TabSheetWindow>(instance, windowClass);
 }
 
 HWND TabSheet::addDialogPage(HWND sheet, DLGPROC dialogProc, HINSTANCE instance, int templateId, const char* title,

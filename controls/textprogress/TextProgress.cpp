@@ -118,10 +118,10 @@ LRESULT TextProgressWindow::SetVertical(bool vertical) {
 }  // namespace
 
 bool TextProgress::Register(HINSTANCE instance) {
-    ControlClass words{};
-    words.name = kTextProgressClass;
-    words.style = CS_HREDRAW | CS_VREDRAW;
-    return RegisterControl<TextProgressWindow>(instance, words);
+    ControlClass windowClass{};
+    windowClass.name = kTextProgressClass;
+    windowClass.style = CS_HREDRAW | CS_VREDRAW;
+    return RegisterControl<TextProgressWindow>(instance, windowClass);
 }
 
 void TextProgress::setAll(HWND window, const char* text, std::uint32_t textColour, std::uint32_t backColour) {

@@ -47,19 +47,19 @@ LRESULT DispatchToControl(HWND window, UINT message, WPARAM wParam, LPARAM lPara
 }
 
 bool RegisterControlClass(HINSTANCE instance, const ControlClass& control, WNDPROC procedure) {
-    WNDCLASSEXA words{};
-    words.cbSize = sizeof words;
-    words.style = control.style;
-    words.lpfnWndProc = procedure;
-    words.cbWndExtra = sizeof(void*);
-    words.hInstance = instance;
-    words.hIcon = control.icon;
-    words.hIconSm = control.smallIcon;
-    words.hCursor = ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // IDC_ARROW
-    words.hbrBackground = control.background;
-    words.lpszMenuName = control.menu;
-    words.lpszClassName = control.name;
-    return ::RegisterClassExA(&words) != 0 || ::GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.style = control.style;
+    windowClass.lpfnWndProc = procedure;
+    windowClass.cbWndExtra = sizeof(void*);
+    windowClass.hInstance = instance;
+    windowClass.hIcon = control.icon;
+    windowClass.hIconSm = control.smallIcon;
+    windowClass.hCursor = ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // IDC_ARROW
+    windowClass.hbrBackground = control.background;
+    windowClass.lpszMenuName = control.menu;
+    windowClass.lpszClassName = control.name;
+    return ::RegisterClassExA(&windowClass) != 0 || ::GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
 }
 
 bool HasClassProcedure(HWND window, WNDPROC procedure) {

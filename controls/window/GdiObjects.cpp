@@ -29,14 +29,14 @@ ClientDc::~ClientDc() {
 }
 
 OwnedBitmap MakePixelBitmap(int width, int height, std::uint32_t** pixels) {
-    BITMAPINFO words{};
-    words.bmiHeader.biSize = sizeof words.bmiHeader;
-    words.bmiHeader.biWidth = width;
-    words.bmiHeader.biHeight = -height;  // from the top down
-    words.bmiHeader.biPlanes = 1;
-    words.bmiHeader.biBitCount = 32;
+    BITMAPINFO format{};
+    format.bmiHeader.biSize = sizeof format.bmiHeader;
+    format.bmiHeader.biWidth = width;
+    format.bmiHeader.biHeight = -height;  // from the top down
+    format.bmiHeader.biPlanes = 1;
+    format.bmiHeader.biBitCount = 32;
     void* memory = nullptr;
-    OwnedBitmap bitmap(::CreateDIBSection(nullptr, &words, DIB_RGB_COLORS, &memory, nullptr, 0));
+    OwnedBitmap bitmap(::CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &memory, nullptr, 0));
     *pixels = static_cast<std::uint32_t*>(memory);
     return bitmap;
 }

@@ -23,19 +23,19 @@ std::optional<std::string> Ask(BOOL(WINAPI* dialog)(OPENFILENAMEA*), HWND owner,
                                DebugOutput* debug) {
     char path[AppSettings::kPathSize] = "";
     const std::string filter = FilterOf(prompt);
-    OPENFILENAMEA words{};
-    words.lStructSize = sizeof words;
-    words.hwndOwner = owner;
-    words.lpstrFilter = filter.c_str();
-    words.lpstrFile = path;
-    words.nMaxFile = sizeof path;
-    words.lpstrTitle = prompt.title;
-    words.lpstrDefExt = prompt.extension;
+    OPENFILENAMEA dialogInfo{};
+    dialogInfo.lStructSize = sizeof dialogInfo;
+    dialogInfo.hwndOwner = owner;
+    dialogInfo.lpstrFilter = filter.c_str();
+    dialogInfo.lpstrFile = path;
+    dialogInfo.nMaxFile = sizeof path;
+    dialogInfo.lpstrTitle = prompt.title;
+    dialogInfo.lpstrDefExt = prompt.extension;
     // The scratch log and the settings are found by the program's folder, but a name given without one is not. The flag
     // means nothing to the dialog that opens files.
     const KeptWorkingFolder kept;
-    words.Flags = prompt.flags | OFN_NOCHANGEDIR;
-    if (dialog(&words) == FALSE) {
+    dialogInfo.Flags = prompt.flags | OFN_NOCHANGEDIR;
+    if (dialog(&dialogInfo) == FALSE) {
         if (::CommDlgExtendedError() == FNERR_BUFFERTOOSMALL) {
             DebugOutput::Print(debug, "The name is longer than %u characters.", unsigned{AppSettings::kPathSize - 1});
         }

@@ -27,16 +27,16 @@ std::string ResourceText(HINSTANCE instance, UINT id) {
 }
 
 ControlClass ClassOf(HINSTANCE instance, const char* name) {
-    ControlClass words;
-    words.name = name;
-    words.style = CS_HREDRAW | CS_VREDRAW;
-    words.icon = ::LoadIconA(instance, MAKEINTRESOURCEA(IDI_CORVEX));
+    ControlClass windowClass;
+    windowClass.name = name;
+    windowClass.style = CS_HREDRAW | CS_VREDRAW;
+    windowClass.icon = ::LoadIconA(instance, MAKEINTRESOURCEA(IDI_CORVEX));
     // LoadIconA would make it large, for the system to shrink.
-    words.smallIcon =
+    windowClass.smallIcon =
         static_cast<HICON>(::LoadImageA(instance, MAKEINTRESOURCEA(IDI_CORVEX_SMALL), IMAGE_ICON,
                                         ::GetSystemMetrics(SM_CXSMICON), ::GetSystemMetrics(SM_CYSMICON), LR_SHARED));
-    words.menu = MAKEINTRESOURCEA(IDR_MAIN);
-    return words;
+    windowClass.menu = MAKEINTRESOURCEA(IDR_MAIN);
+    return windowClass;
 }
 
 }  // namespace

@@ -49,10 +49,10 @@ protected:
     }
     // What the control makes of itself when it is left alone.
     Pixels OwnPicture() const {
-        WNDCLASSW words{};
-        ::GetClassInfoW(nullptr, L"SysListView32", &words);
+        WNDCLASSW windowClass{};
+        ::GetClassInfoW(nullptr, L"SysListView32", &windowClass);
         const LONG_PTR procedure =
-            ::SetWindowLongPtrW(List(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(words.lpfnWndProc));
+            ::SetWindowLongPtrW(List(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(windowClass.lpfnWndProc));
         ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
         const Pixels picture = Picture();
         ::SetWindowLongPtrW(List(), GWLP_WNDPROC, procedure);

@@ -41,9 +41,9 @@ protected:
     }
     COLORREF ColourOf(int row, int column) { return Ask(row, column).colour; }
     LOGFONTA Font() const {
-        LOGFONTA words{};
-        ::GetObjectA(::GetCurrentObject(memory.Get(), OBJ_FONT), sizeof words, &words);
-        return words;
+        LOGFONTA font{};
+        ::GetObjectA(::GetCurrentObject(memory.Get(), OBJ_FONT), sizeof font, &font);
+        return font;
     }
     bool IsBold() const { return Font().lfWeight == 600; }
     // A cell on the screen, from the top left.

@@ -72,12 +72,12 @@ protected:
     // A cell's text, as the control tells it to anybody.
     std::string Cell(int row, int column) const {
         std::string text(1024, '\0');
-        LVITEMA words{};
-        words.iSubItem = column;
-        words.pszText = text.data();
-        words.cchTextMax = static_cast<int>(text.size());
+        LVITEMA rowInfo{};
+        rowInfo.iSubItem = column;
+        rowInfo.pszText = text.data();
+        rowInfo.cchTextMax = static_cast<int>(text.size());
         const auto length =
-            ::SendMessageA(List(), LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&words));
+            ::SendMessageA(List(), LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rowInfo));
         text.resize(static_cast<std::size_t>(length));
         return text;
     }

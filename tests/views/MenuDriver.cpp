@@ -69,12 +69,13 @@ bool MenuCloses() {
 }
 
 MainThread::MainThread() {
-    WNDCLASSA words{};
-    words.lpfnWndProc = &CallProcedure;
-    words.hInstance = ::GetModuleHandleA(nullptr);
-    words.lpszClassName = kCallClass;
-    ::RegisterClassA(&words);
-    window_ = ::CreateWindowExA(0, kCallClass, "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, words.hInstance, nullptr);
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = &CallProcedure;
+    windowClass.hInstance = ::GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = kCallClass;
+    ::RegisterClassA(&windowClass);
+    window_ =
+        ::CreateWindowExA(0, kCallClass, "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, windowClass.hInstance, nullptr);
 }
 
 MainThread::~MainThread() {

@@ -58,13 +58,13 @@ protected:
 
     std::string Cell(int row, int column) const {
         std::string text(20000, '\0');
-        LVITEMA words{};
-        words.iSubItem = column;
-        words.pszText = text.data();
-        words.cchTextMax = static_cast<int>(text.size());
+        LVITEMA rowInfo{};
+        rowInfo.iSubItem = column;
+        rowInfo.pszText = text.data();
+        rowInfo.cchTextMax = static_cast<int>(text.size());
         const HWND control = Item(session.listPage, IDC_LIST_VIEW);
         const auto length =
-            ::SendMessageA(control, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&words));
+            ::SendMessageA(control, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rowInfo));
         text.resize(static_cast<std::size_t>(length));
         return text;
     }

@@ -133,8 +133,8 @@ Lines Painted(const AnalogGaugeModel& model, int width, int height) {
     return FiguresOf([&](HDC dc) { PaintAnalogGauge(dc, RECT{0, 0, width, height}, model); });
 }
 
-void Name(GaugeText& text, const std::string& words) {
-    text.Set(words.c_str(), words.size());
+void Name(GaugeText& place, const std::string& text) {
+    place.Set(text.c_str(), text.size());
 }
 
 TEST(AnalogGaugePaintTest, DefaultDialAsTold) {

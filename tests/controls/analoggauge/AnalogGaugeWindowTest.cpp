@@ -10,11 +10,11 @@ namespace {
 class AnalogGaugeWindowTest : public AnalogGaugeFixture {};
 
 TEST_F(AnalogGaugeWindowTest, ClassIsAsTold) {
-    WNDCLASSA words{};
-    ASSERT_TRUE(::GetClassInfoA(::GetModuleHandleA(nullptr), "QZANALOGGAUGE", &words));
-    EXPECT_EQ(words.style, static_cast<UINT>(CS_DBLCLKS));
-    EXPECT_EQ(words.hbrBackground, reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1)));
-    EXPECT_EQ(words.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+    WNDCLASSA windowClass{};
+    ASSERT_TRUE(::GetClassInfoA(::GetModuleHandleA(nullptr), "QZANALOGGAUGE", &windowClass));
+    EXPECT_EQ(windowClass.style, static_cast<UINT>(CS_DBLCLKS));
+    EXPECT_EQ(windowClass.hbrBackground, reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1)));
+    EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
     EXPECT_TRUE(AnalogGauge::Register(::GetModuleHandleA(nullptr)));
 }
 

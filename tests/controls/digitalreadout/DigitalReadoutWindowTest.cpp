@@ -16,13 +16,13 @@ bool Exists(HFONT font) {
 }
 
 TEST_F(DigitalReadoutWindowTest, ClassHasAnArrowAWindowBackgroundAndNoStyle) {
-    WNDCLASSEXA words{};
-    words.cbSize = sizeof words;
-    ASSERT_TRUE(::GetClassInfoExA(::GetModuleHandleA(nullptr), "QZDIGITALGAUGEREADOUT", &words));
-    EXPECT_EQ(words.style, 0u);
-    EXPECT_EQ(words.cbWndExtra, static_cast<int>(sizeof(void*)));
-    EXPECT_EQ(words.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
-    EXPECT_EQ(words.hbrBackground, reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1)));
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    ASSERT_TRUE(::GetClassInfoExA(::GetModuleHandleA(nullptr), "QZDIGITALGAUGEREADOUT", &windowClass));
+    EXPECT_EQ(windowClass.style, 0u);
+    EXPECT_EQ(windowClass.cbWndExtra, static_cast<int>(sizeof(void*)));
+    EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+    EXPECT_EQ(windowClass.hbrBackground, reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1)));
 }
 
 TEST_F(DigitalReadoutWindowTest, EveryPixelIsPaintedInEverySize) {

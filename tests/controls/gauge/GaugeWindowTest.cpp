@@ -28,15 +28,16 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 class GaugeWindowTest : public ::testing::Test {
 protected:
     GaugeWindowTest() {
-        WNDCLASSA words{};
-        words.lpfnWndProc = &Procedure;
-        words.hInstance = ::GetModuleHandleA(nullptr);
-        words.lpszClassName = "CorvexGaugeProbe";
-        ::RegisterClassA(&words);
+        WNDCLASSA windowClass{};
+        windowClass.lpfnWndProc = &Procedure;
+        windowClass.hInstance = ::GetModuleHandleA(nullptr);
+        windowClass.lpszClassName = "CorvexGaugeProbe";
+        ::RegisterClassA(&windowClass);
         top_ = ::CreateWindowExA(0, "CorvexGaugeProbe", "", WS_POPUP | WS_VISIBLE, 0, 0, 100, 100, nullptr, nullptr,
-                                 words.hInstance, nullptr);
-        child_ = ::CreateWindowExA(0, "CorvexGaugeProbe", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 50, top_,
-                                   reinterpret_cast<HMENU>(static_cast<UINT_PTR>(0x12345)), words.hInstance, nullptr);
+                                 windowClass.hInstance, nullptr);
+        child_ =
+            ::CreateWindowExA(0, "CorvexGaugeProbe", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 50, top_,
+                              reinterpret_cast<HMENU>(static_cast<UINT_PTR>(0x12345)), windowClass.hInstance, nullptr);
         ::UpdateWindow(child_);
         parent = &told_;
     }

@@ -12,12 +12,12 @@ bool IsRect(const RECT& is, const RECT& wanted) {
 }
 
 TEST_F(PropTreeContainerTest, ItsClassHasNoStyleAndTheButtonFace) {
-    WNDCLASSEXA words{};
-    words.cbSize = sizeof words;
-    ASSERT_TRUE(::GetClassInfoExA(Instance(), "QZPROPTREECONTAINER", &words));
-    EXPECT_EQ(words.style, 0u);
-    EXPECT_EQ(reinterpret_cast<UINT_PTR>(words.hbrBackground), 16u);
-    EXPECT_EQ(words.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    ASSERT_TRUE(::GetClassInfoExA(Instance(), "QZPROPTREECONTAINER", &windowClass));
+    EXPECT_EQ(windowClass.style, 0u);
+    EXPECT_EQ(reinterpret_cast<UINT_PTR>(windowClass.hbrBackground), 16u);
+    EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
 }
 
 TEST_F(PropTreeContainerTest, ItIsAVisibleFrameOwnedByItsParent) {

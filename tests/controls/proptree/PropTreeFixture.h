@@ -46,12 +46,12 @@ protected:
         for (HTREEITEM item = first; item != nullptr; item = Next(TVGN_NEXT, item)) {
             if (item != first) shape += " ";
             char title[64] = "";
-            TVITEMA words{};
-            words.mask = TVIF_TEXT | TVIF_HANDLE;
-            words.hItem = item;
-            words.pszText = title;
-            words.cchTextMax = sizeof title;
-            ::SendMessageA(Tree(), TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&words));
+            TVITEMA node{};
+            node.mask = TVIF_TEXT | TVIF_HANDLE;
+            node.hItem = item;
+            node.pszText = title;
+            node.cchTextMax = sizeof title;
+            ::SendMessageA(Tree(), TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&node));
             shape += title;
             const HTREEITEM child = Next(TVGN_CHILD, item);
             if (child != nullptr) shape.append("(").append(Shape(child)).append(")");

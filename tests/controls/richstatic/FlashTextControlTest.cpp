@@ -110,11 +110,11 @@ protected:
 };
 
 TEST_P(FlashTextControlTest, ClassIsRedrawnOnEverySizeAndHasNoBrush) {
-    WNDCLASSA words{};
-    ASSERT_TRUE(::GetClassInfoA(::GetModuleHandleA(nullptr), kind.name, &words));
-    EXPECT_EQ(words.style, static_cast<UINT>(CS_HREDRAW | CS_VREDRAW));
-    EXPECT_EQ(words.hbrBackground, nullptr);
-    EXPECT_EQ(words.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+    WNDCLASSA windowClass{};
+    ASSERT_TRUE(::GetClassInfoA(::GetModuleHandleA(nullptr), kind.name, &windowClass));
+    EXPECT_EQ(windowClass.style, static_cast<UINT>(CS_HREDRAW | CS_VREDRAW));
+    EXPECT_EQ(windowClass.hbrBackground, nullptr);
+    EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
     EXPECT_EQ(Send(WM_ERASEBKGND), 1);
 }
 

@@ -176,19 +176,19 @@ TEST_F(SplashScreenTest, EndDestroysTheWindowAndDeletesTheFonts) {
 
 TEST_F(SplashScreenTest, ClassStaysRegisteredWhenTheSplashIsGone) {
     { SplashScreen().create(nullptr, instance, kBitmap, 0, 0); }
-    WNDCLASSA words{};
-    EXPECT_TRUE(::GetClassInfoA(instance, "QZSPLASHT", &words));
+    WNDCLASSA windowClass{};
+    EXPECT_TRUE(::GetClassInfoA(instance, "QZSPLASHT", &windowClass));
     EXPECT_TRUE(Create());
 }
 
 TEST_F(SplashScreenTest, EndUnregistersAnotherName) {
-    WNDCLASSA words{};
-    words.lpfnWndProc = &::DefWindowProcA;
-    words.hInstance = instance;
-    words.lpszClassName = "QZSPLASH";
-    ASSERT_NE(::RegisterClassA(&words), 0);
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = &::DefWindowProcA;
+    windowClass.hInstance = instance;
+    windowClass.lpszClassName = "QZSPLASH";
+    ASSERT_NE(::RegisterClassA(&windowClass), 0);
     { SplashScreen().create(nullptr, instance, kBitmap, 0, 0); }
-    EXPECT_FALSE(::GetClassInfoA(instance, "QZSPLASH", &words));
+    EXPECT_FALSE(::GetClassInfoA(instance, "QZSPLASH", &windowClass));
 }
 
 TEST_F(SplashScreenTest, ThousandPaintsLeakNothing) {

@@ -43,13 +43,13 @@ protected:
 };
 
 TEST_F(StatusGaugeTest, ClassWantsDoubleClicksAndHasAnArrowAndAWindowBackground) {
-    WNDCLASSEXA words{};
-    words.cbSize = sizeof words;
-    ASSERT_TRUE(::GetClassInfoExA(::GetModuleHandleA(nullptr), "QZSTATUSGAUGE", &words));
-    EXPECT_EQ(words.style, static_cast<UINT>(CS_DBLCLKS));
-    EXPECT_EQ(words.cbWndExtra, static_cast<int>(sizeof(void*)));
-    EXPECT_EQ(words.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
-    EXPECT_EQ(words.hbrBackground, reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1)));
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    ASSERT_TRUE(::GetClassInfoExA(::GetModuleHandleA(nullptr), "QZSTATUSGAUGE", &windowClass));
+    EXPECT_EQ(windowClass.style, static_cast<UINT>(CS_DBLCLKS));
+    EXPECT_EQ(windowClass.cbWndExtra, static_cast<int>(sizeof(void*)));
+    EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+    EXPECT_EQ(windowClass.hbrBackground, reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1)));
 }
 
 TEST_F(StatusGaugeTest, BeginsOffAndWithoutTexts) {
@@ -213,8 +213,8 @@ TEST_F(StatusGaugeTest, EveryPixelIsPaintedInEverySize) {
 }
 
 TEST_F(StatusGaugeTest, StandardMessagesItAnswersItself) {
-    CREATESTRUCTA words{};
-    EXPECT_EQ(gauge.Send(WM_CREATE, 0, reinterpret_cast<LPARAM>(&words)), 0);
+    CREATESTRUCTA creation{};
+    EXPECT_EQ(gauge.Send(WM_CREATE, 0, reinterpret_cast<LPARAM>(&creation)), 0);
     EXPECT_EQ(gauge.PaintsIn([&] { EXPECT_EQ(gauge.Send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(10, 10)), 0); }), 0);
     EXPECT_EQ(gauge.Send(WM_DESTROY), 0);
     gauge.Mark();

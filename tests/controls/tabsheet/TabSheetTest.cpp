@@ -22,12 +22,12 @@ INT_PTR CALLBACK PageDialog(HWND, UINT message, WPARAM, LPARAM lParam) {
 }
 
 TEST_F(TabSheetTest, ItsClassRedrawsOnBothAxesOverTheButtonFace) {
-    WNDCLASSEXA words{};
-    words.cbSize = sizeof words;
-    ASSERT_TRUE(::GetClassInfoExA(::GetModuleHandleA(nullptr), "QZTABSHEET", &words));
-    EXPECT_EQ(words.style, static_cast<UINT>(CS_HREDRAW | CS_VREDRAW));
-    EXPECT_EQ(reinterpret_cast<UINT_PTR>(words.hbrBackground), 16u);
-    EXPECT_EQ(words.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    ASSERT_TRUE(::GetClassInfoExA(::GetModuleHandleA(nullptr), "QZTABSHEET", &windowClass));
+    EXPECT_EQ(windowClass.style, static_cast<UINT>(CS_HREDRAW | CS_VREDRAW));
+    EXPECT_EQ(reinterpret_cast<UINT_PTR>(windowClass.hbrBackground), 16u);
+    EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
 }
 
 TEST_F(TabSheetTest, TellsThatItIsReadyWhenTheQueueComesToIt) {

@@ -25,14 +25,14 @@ LRESULT CALLBACK TestWindow::Procedure(HWND window, UINT message, WPARAM wParam,
 }
 
 TestWindow::TestWindow(DWORD style, HWND parent) {
-    WNDCLASSEXA words{};
-    words.cbSize = sizeof words;
-    words.lpfnWndProc = &TestWindow::Procedure;
-    words.hInstance = ::GetModuleHandleA(nullptr);
-    words.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
-    words.lpszClassName = kClass;
-    ::RegisterClassExA(&words);
-    window_ = ::CreateWindowExA(0, kClass, "page", style, 0, 0, 500, 400, parent, nullptr, words.hInstance, this);
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.lpfnWndProc = &TestWindow::Procedure;
+    windowClass.hInstance = ::GetModuleHandleA(nullptr);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
+    windowClass.lpszClassName = kClass;
+    ::RegisterClassExA(&windowClass);
+    window_ = ::CreateWindowExA(0, kClass, "page", style, 0, 0, 500, 400, parent, nullptr, windowClass.hInstance, this);
 }
 
 TestWindow::~TestWindow() {

@@ -78,11 +78,11 @@ public:
 class ControlWindowTest : public ::testing::Test {
 protected:
     ControlWindowTest() {
-        ControlClass words{};
-        words.name = kProbeClass;
-        words.style = CS_DBLCLKS;
-        words.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
-        registered_ = RegisterControl<Probe>(instance_, words);
+        ControlClass windowClass{};
+        windowClass.name = kProbeClass;
+        windowClass.style = CS_DBLCLKS;
+        windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
+        registered_ = RegisterControl<Probe>(instance_, windowClass);
     }
 
     HWND Create(const char* name = kProbeClass) {
@@ -96,17 +96,17 @@ protected:
 
 TEST_F(ControlWindowTest, RegistersTheClassAsToldWithTheArrow) {
     ASSERT_TRUE(registered_);
-    WNDCLASSA words{};
-    ASSERT_TRUE(::GetClassInfoA(instance_, kProbeClass, &words));
-    EXPECT_EQ(words.style, static_cast<UINT>(CS_DBLCLKS));
-    EXPECT_EQ(words.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
-    EXPECT_EQ(words.hbrBackground, reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1)));
+    WNDCLASSA windowClass{};
+    ASSERT_TRUE(::GetClassInfoA(instance_, kProbeClass, &windowClass));
+    EXPECT_EQ(windowClass.style, static_cast<UINT>(CS_DBLCLKS));
+    EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+    EXPECT_EQ(windowClass.hbrBackground, reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1)));
 }
 
 TEST_F(ControlWindowTest, RegisteringAgainIsNoFailure) {
-    ControlClass words{};
-    words.name = kProbeClass;
-    EXPECT_TRUE(RegisterControl<Probe>(instance_, words));
+    ControlClass windowClass{};
+    windowClass.name = kProbeClass;
+    EXPECT_TRUE(RegisterControl<Probe>(instance_, windowClass));
 }
 
 TEST_F(ControlWindowTest, ObjectLivesAsLongAsItsWindow) {
@@ -186,16 +186,16 @@ TEST_F(ControlWindowTest, WindowThatIsRefusedLeavesNoObject) {
 }
 
 TEST_F(ControlWindowTest, WindowWithoutMemoryForItsObjectIsNotMade) {
-    ControlClass words{};
-    words.name = "CorvexTooLarge";
-    ASSERT_TRUE(RegisterControl<TooLarge>(instance_, words));
-    EXPECT_EQ(Create(words.name), nullptr);
+    ControlClass windowClass{};
+    windowClass.name = "CorvexTooLarge";
+    ASSERT_TRUE(RegisterControl<TooLarge>(instance_, windowClass));
+    EXPECT_EQ(Create(windowClass.name), nullptr);
 }
 
 TEST_F(ControlWindowTest, ObjectIsFoundInWindowsOfItsOwnClassAlone) {
-    ControlClass words{};
-    words.name = kOtherClass;
-    ASSERT_TRUE(RegisterControl<OtherProbe>(instance_, words));
+    ControlClass windowClass{};
+    windowClass.name = kOtherClass;
+    ASSERT_TRUE(RegisterControl<OtherProbe>(instance_, windowClass));
     const HWND other = Create(kOtherClass), button = Create("BUTTON");
     EXPECT_EQ(ControlOf<Probe>(other), nullptr);
     EXPECT_NE(ControlOf<OtherProbe>(other), nullptr);

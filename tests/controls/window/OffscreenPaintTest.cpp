@@ -44,10 +44,10 @@ private:
 class OffscreenPaintTest : public ::testing::Test {
 protected:
     OffscreenPaintTest() {
-        ControlClass words{};
-        words.name = kClass;
+        ControlClass windowClass{};
+        windowClass.name = kClass;
         const HINSTANCE instance = ::GetModuleHandleA(nullptr);
-        RegisterControl<PaintProbe>(instance, words);
+        RegisterControl<PaintProbe>(instance, windowClass);
         window_ = ::CreateWindowExA(0, kClass, "", WS_POPUP | WS_VISIBLE, 20, 20, 40, 30, nullptr, nullptr, instance,
                                     nullptr);
         probe_ = ControlOf<PaintProbe>(window_);

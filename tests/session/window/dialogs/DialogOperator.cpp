@@ -16,14 +16,14 @@ struct Search {
 };
 
 BOOL CALLBACK Look(HWND window, LPARAM search) {
-    auto& words = *reinterpret_cast<Search*>(search);
+    auto& wanted = *reinterpret_cast<Search*>(search);
     DWORD process = 0;
     ::GetWindowThreadProcessId(window, &process);
     char name[32] = "";
     ::GetClassNameA(window, name, sizeof name);
-    if (process != ::GetCurrentProcessId() || std::string(name) != "#32770" || window == words.former) return TRUE;
-    if (::IsWindowVisible(window) == FALSE || TextOf(window) != words.title) return TRUE;
-    words.found = window;
+    if (process != ::GetCurrentProcessId() || std::string(name) != "#32770" || window == wanted.former) return TRUE;
+    if (::IsWindowVisible(window) == FALSE || TextOf(window) != wanted.title) return TRUE;
+    wanted.found = window;
     return FALSE;
 }
 

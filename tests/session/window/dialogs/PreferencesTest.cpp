@@ -21,11 +21,11 @@ protected:
     PreferencesTest() {
         const HINSTANCE instance = ::GetModuleHandleA(nullptr);
         EXPECT_TRUE(PropTreeContainer::Register(instance));
-        WNDCLASSA words{};
-        words.lpfnWndProc = &Procedure;
-        words.hInstance = instance;
-        words.lpszClassName = "PreferencesTestMain";
-        ::RegisterClassA(&words);
+        WNDCLASSA windowClass{};
+        windowClass.lpfnWndProc = &Procedure;
+        windowClass.hInstance = instance;
+        windowClass.lpszClassName = "PreferencesTestMain";
+        ::RegisterClassA(&windowClass);
         session.instance = instance;
         main = ::CreateWindowExA(0, "PreferencesTestMain", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 650, 500,
                                  nullptr, nullptr, instance, this);
@@ -37,8 +37,8 @@ protected:
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         if (message == WM_NCCREATE) {
-            const auto* words = reinterpret_cast<const CREATESTRUCTA*>(lParam);
-            ::SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(words->lpCreateParams));
+            const auto* creation = reinterpret_cast<const CREATESTRUCTA*>(lParam);
+            ::SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
         }
         auto* const test = reinterpret_cast<PreferencesTest*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
         if (test != nullptr && message == WM_ENABLE) test->diary.push_back(wParam != 0 ? "enabled" : "disabled");
@@ -71,12 +71,12 @@ protected:
 
 std::string ItemTitle(HWND tree, HTREEITEM item) {
     char text[64] = "";
-    TVITEMA words{};
-    words.mask = TVIF_TEXT;
-    words.hItem = item;
-    words.pszText = text;
-    words.cchTextMax = sizeof text;
-    ::SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&words));
+    TVITEMA node{};
+    node.mask = TVIF_TEXT;
+    node.hItem = item;
+    node.pszText = text;
+    node.cchTextMax = sizeof text;
+    ::SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&node));
     return text;
 }
 

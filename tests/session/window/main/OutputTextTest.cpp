@@ -25,13 +25,13 @@ TEST_F(OutputTextTest, IsAnEditControlThatCanBeWrittenIn) {
 TEST_F(OutputTextTest, HasTheSmallFont) {
     Start();
     const auto font = reinterpret_cast<HFONT>(::SendMessageA(AsWindow(session.outputEdit), WM_GETFONT, 0, 0));
-    LOGFONTA words{};
-    ASSERT_NE(0, ::GetObjectA(font, sizeof words, &words));
-    EXPECT_EQ(6, words.lfHeight);
-    EXPECT_EQ(100, words.lfWeight);
-    EXPECT_EQ(PROOF_QUALITY, words.lfQuality);
-    EXPECT_EQ(FIXED_PITCH | FF_MODERN, words.lfPitchAndFamily);
-    EXPECT_STREQ("Courier", words.lfFaceName);
+    LOGFONTA fontInfo{};
+    ASSERT_NE(0, ::GetObjectA(font, sizeof fontInfo, &fontInfo));
+    EXPECT_EQ(6, fontInfo.lfHeight);
+    EXPECT_EQ(100, fontInfo.lfWeight);
+    EXPECT_EQ(PROOF_QUALITY, fontInfo.lfQuality);
+    EXPECT_EQ(FIXED_PITCH | FF_MODERN, fontInfo.lfPitchAndFamily);
+    EXPECT_STREQ("Courier", fontInfo.lfFaceName);
 }
 
 TEST_F(OutputTextTest, BreaksStandBeforeLinesButTheFirst) {

@@ -92,11 +92,11 @@ protected:
     HWND List() const { return ::GetDlgItem(AsWindow(session.listPage), IDC_LIST_VIEW); }
     std::string Cell(int row, int column) const {
         char text[300] = "";
-        LVITEMA words{};
-        words.iSubItem = column;
-        words.pszText = text;
-        words.cchTextMax = sizeof text;
-        ::SendMessageA(List(), LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&words));
+        LVITEMA rowInfo{};
+        rowInfo.iSubItem = column;
+        rowInfo.pszText = text;
+        rowInfo.cchTextMax = sizeof text;
+        ::SendMessageA(List(), LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rowInfo));
         return text;
     }
 };
