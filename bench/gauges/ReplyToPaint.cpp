@@ -135,6 +135,39 @@ double Milliseconds(const std::vector<double>& microseconds) {
     return Median(microseconds) / 1000.0;
 }
 
+// Wants every sample, as histograms and strip charts do whichever tab is in front.
+class AlwaysWanted final : public ISampleView {
+public:
+    AlwaysWanted(SampleViews& views, SampleViewKind kind) : views_(views), kind_(kind) { views_.Register(kind_, this); }
+    ~AlwaysWanted() override { views_.Register(kind_, nullptr); }
+    AlwaysWanted(const AlwaysWanted&) = delete;
+    AlwaysWanted& operator=(const AlwaysWanted&) = delete;
+
+    bool WantsSamples() const override { return true; }
+    void Read(const PublishedSample& sample) override { last_ = sample.t; }
+    void Draw() override { drawn_ = last_; }
+
+private:
+    SampleViews& views_;
+    const SampleViewKind kind_;
+    double last_ = 0, drawn_ = 0;
+};
+
+// How long the line's thread is held by a reply, and how much longer by two more views that read it.
+void PrintHold(std::size_t dials) {
+    ShownDash dash(dials);
+    const double alone = Milliseconds(Measure(dash).held);
+    double together = 0;
+    {
+        const AlwaysWanted histograms(dash.Session().views, SampleViewKind::kHistograms);
+        const AlwaysWanted monitors(dash.Session().views, SampleViewKind::kMonitors);
+        together = Milliseconds(Measure(dash).held);
+    }
+    std::printf(
+        "callback held, %zu dials: dash alone %.2f ms, with two views that want every sample %.2f ms (median)\n", dials,
+        alone, together);
+}
+
 void PrintFor(std::size_t dials) {
     ShownDash dash(dials);
     RECT area{};
@@ -152,6 +185,7 @@ void PrintFor(std::size_t dials) {
 void PrintReplyToPaint() {
     PrintFor(0);
     PrintFor(4);
+    PrintHold(kGaugesOnDash);
 }
 
 }  // namespace corvex::bench
