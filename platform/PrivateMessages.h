@@ -34,9 +34,8 @@ enum PrivateMessage : std::uint32_t {
     // To a property tree.
     kMessageDropPages = 0x8130,
 
-    // To a control, from its own operations on whatever thread they are called.
-    kMessageBeginFlash = 0x8140,   // lParam: a FlashCall of this process
-    kMessageReadoutWork = 0x8141,  // lParam: a function of this process
+    // To any control of ours, from CallOnOwner.
+    kMessageCarriedCall = 0x8140,  // lParam: a CarriedCall of this process
 };
 
 }  // namespace corvex

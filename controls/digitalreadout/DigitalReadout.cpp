@@ -21,7 +21,7 @@ bool Always(Result) {
 template <class Result, class Work, class Redraw>
 Result Ask(HWND window, Result absent, const Work& work, const Redraw& redraw) {
     Result result = absent;
-    DigitalReadoutWindow::RunOnOwner(window, [&](DigitalReadoutWindow& readout) {
+    CallOnOwner<DigitalReadoutWindow>(window, [&](DigitalReadoutWindow& readout) {
         result = work(readout.Model());
         if (redraw(result)) readout.Redraw();
     });

@@ -4,14 +4,8 @@
 #include "controls/digitalreadout/DigitalReadoutPaint.h"
 #include "controls/gauge/GaugeWindow.h"
 #include "controls/window/OffscreenPaint.h"
-#include "platform/PrivateMessages.h"
 
 namespace corvex {
-
-void DigitalReadoutWindow::RunOnOwner(HWND window, const Work& work) {
-    if (!HasClassProcedure(window, &ControlProcedure<DigitalReadoutWindow>)) return;
-    ::SendMessageA(window, kMessageReadoutWork, 0, reinterpret_cast<LPARAM>(&work));
-}
 
 LRESULT DigitalReadoutWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
@@ -27,10 +21,6 @@ LRESULT DigitalReadoutWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lPar
             return 1;
         case WM_CONTEXTMENU:
             return ForwardContextMenu(Window(), kDigitalReadoutMenuCode, lParam);
-        case kMessageReadoutWork:
-            if (lParam == 0) return Default(message, wParam, lParam);
-            (*reinterpret_cast<const Work*>(lParam))(*this);
-            return 0;
         default:
             return Default(message, wParam, lParam);
     }

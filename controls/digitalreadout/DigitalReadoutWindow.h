@@ -1,8 +1,6 @@
 // The window of a digital readout.
 #pragma once
 
-#include <functional>
-
 #include "controls/digitalreadout/DigitalReadoutModel.h"
 #include "controls/window/ControlWindow.h"
 #include "controls/window/GdiObjects.h"
@@ -12,11 +10,6 @@ namespace corvex {
 class DigitalReadoutWindow final : public ControlWindow {
 public:
     using ControlWindow::ControlWindow;
-    using Work = std::function<void(DigitalReadoutWindow&)>;
-
-    // Has the work done on the window's own thread and waits for it. Any thread. For a window that is none of this
-    // class or goes meanwhile, nothing is done.
-    static void RunOnOwner(HWND window, const Work& work);
 
     DigitalReadoutModel& Model() { return model_; }
     void Redraw();  // at once

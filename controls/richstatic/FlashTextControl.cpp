@@ -1,13 +1,6 @@
 #include "controls/richstatic/FlashTextControl.h"
 
-#include "platform/PrivateMessages.h"
-
 namespace corvex {
-
-struct FlashCall {
-    const char* text;
-    std::uint32_t textColour, backColour, milliseconds;
-};
 
 namespace {
 
@@ -31,12 +24,6 @@ void FlashTextControl::SendAll(HWND window, UINT textColourMessage, UINT backCol
     ::SendMessageA(window, textColourMessage, 0, static_cast<LPARAM>(textColour));
     ::SendMessageA(window, backColourMessage, 0, static_cast<LPARAM>(backColour));
     ::SendMessageA(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(OrEmpty(text)));
-}
-
-void FlashTextControl::SendFlash(HWND window, const char* text, std::uint32_t textColour, std::uint32_t backColour,
-                                 std::uint32_t milliseconds) {
-    const FlashCall call{OrEmpty(text), textColour, backColour, milliseconds};
-    ::SendMessageA(window, kMessageBeginFlash, 0, reinterpret_cast<LPARAM>(&call));
 }
 
 LRESULT FlashTextControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -64,9 +51,6 @@ LRESULT FlashTextControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
             return 1;
         case WM_PAINT:
             PaintOffscreen();
-            return 0;
-        case kMessageBeginFlash:
-            Flash(*reinterpret_cast<const FlashCall*>(lParam));
             return 0;
         default:
             return Default(message, wParam, lParam);
@@ -112,10 +96,11 @@ void FlashTextControl::PaintOffscreen() {
 }
 
 // A message that no timer would ever end is not begun.
-void FlashTextControl::Flash(const FlashCall& call) {
+void FlashTextControl::Flash(const char* text, std::uint32_t textColour, std::uint32_t backColour,
+                             std::uint32_t milliseconds) {
     if (Label().Flashing()) return;
-    if (::SetTimer(Window(), kFlashTimer, call.milliseconds, nullptr) == 0) return;
-    Label().BeginFlash(call.text, call.textColour, call.backColour);
+    if (::SetTimer(Window(), kFlashTimer, milliseconds, nullptr) == 0) return;
+    Label().BeginFlash(OrEmpty(text), textColour, backColour);
     Redraw();
 }
 

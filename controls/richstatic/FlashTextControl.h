@@ -11,7 +11,6 @@
 namespace corvex {
 
 inline constexpr UINT_PTR kFlashTimer = 1025;
-struct FlashCall;
 
 class FlashTextControl : public ControlWindow {
 public:
@@ -20,9 +19,8 @@ public:
     // Text colour, back colour and text, in this order. Any thread.
     static void SendAll(HWND window, UINT textColourMessage, UINT backColourMessage, const char* text,
                         std::uint32_t textColour, std::uint32_t backColour);
-    // To a window of this kind, in this process. Any thread; comes back when its owner has shown it.
-    static void SendFlash(HWND window, const char* text, std::uint32_t textColour, std::uint32_t backColour,
-                          std::uint32_t milliseconds);
+    // Begins a flash, unless one is on. The window's thread.
+    void Flash(const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t milliseconds);
 
 protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -41,7 +39,6 @@ private:
     LRESULT SetText(const char* text);
     LRESULT GetText(char* buffer, std::size_t capacity);
     void PaintOffscreen();
-    void Flash(const FlashCall& call);
     void EndFlash();
 
     AdoptedFont font_;

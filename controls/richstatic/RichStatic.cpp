@@ -43,8 +43,8 @@ void RichStatic::setAll(HWND window, const char* text, std::uint32_t textColour,
 
 void RichStatic::flash(HWND window, const char* text, std::uint32_t textColour, std::uint32_t backColour,
                        std::uint32_t milliseconds) {
-    if (!HasClassProcedure(window, &ControlProcedure<RichStaticWindow>)) return;
-    FlashTextControl::SendFlash(window, text, textColour, backColour, milliseconds);
+    CallOnOwner<RichStaticWindow>(
+        window, [&](RichStaticWindow& control) { control.Flash(text, textColour, backColour, milliseconds); });
 }
 
 }  // namespace corvex

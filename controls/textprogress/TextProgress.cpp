@@ -130,8 +130,8 @@ void TextProgress::setAll(HWND window, const char* text, std::uint32_t textColou
 
 void TextProgress::flash(HWND window, const char* text, std::uint32_t textColour, std::uint32_t backColour,
                          std::uint32_t milliseconds) {
-    if (!HasClassProcedure(window, &ControlProcedure<TextProgressWindow>)) return;
-    FlashTextControl::SendFlash(window, text, textColour, backColour, milliseconds);
+    CallOnOwner<TextProgressWindow>(
+        window, [&](TextProgressWindow& control) { control.Flash(text, textColour, backColour, milliseconds); });
 }
 
 }  // namespace corvex

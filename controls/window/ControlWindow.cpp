@@ -3,6 +3,8 @@
 #include <exception>
 #include <new>
 
+#include "platform/PrivateMessages.h"
+
 namespace corvex {
 
 namespace {
@@ -36,6 +38,10 @@ LRESULT DispatchToControl(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     if (control == nullptr) return ::DefWindowProcA(window, message, wParam, lParam);
 
     const WindowHold hold(control);
+    if (message == kMessageCarriedCall && lParam != 0) {
+        (*reinterpret_cast<const CarriedCall*>(lParam))(*control);
+        return TRUE;
+    }
     const LRESULT result = control->OnMessage(message, wParam, lParam);
     if (message == WM_NCDESTROY) {
         Bind(window, nullptr);
@@ -44,6 +50,10 @@ LRESULT DispatchToControl(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     return result;
 } catch (...) {
     std::terminate();
+}
+
+bool CarryCall(HWND window, const CarriedCall& call) {
+    return ::SendMessageA(window, kMessageCarriedCall, 0, reinterpret_cast<LPARAM>(&call)) != FALSE;
 }
 
 bool RegisterControlClass(HINSTANCE instance, const ControlClass& control, WNDPROC procedure) {

@@ -1,6 +1,7 @@
 // The one window wrapper: registers a class, binds an object to each window of it, and turns messages into calls.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <type_traits>
 
@@ -30,6 +31,9 @@ struct ControlClass {
     const char* menu = nullptr;
 };
 
+using CarriedCall = std::function<void(ControlWindow&)>;
+
+bool CarryCall(HWND window, const CarriedCall& call);
 LRESULT DispatchToControl(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                           std::unique_ptr<ControlWindow> (*make)(HWND, void*));
 bool RegisterControlClass(HINSTANCE instance, const ControlClass& control, WNDPROC procedure);
@@ -62,6 +66,14 @@ template <class Control>
 Control* ControlOf(HWND window) {
     if (!HasClassProcedure(window, &ControlProcedure<Control>)) return nullptr;
     return static_cast<Control*>(ObjectOf(window));
+}
+
+// Has work done with the object of a window, on the window's own thread, and waits for it. The work may not throw. Any
+// thread of this process. False when nothing was done: the window is none of this class, or went meanwhile.
+template <class Control, class Work>
+bool CallOnOwner(HWND window, const Work& work) {
+    if (!HasClassProcedure(window, &ControlProcedure<Control>)) return false;
+    return CarryCall(window, [&work](ControlWindow& control) { work(static_cast<Control&>(control)); });
 }
 
 }  // namespace corvex

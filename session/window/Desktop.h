@@ -6,7 +6,7 @@
 
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
-#include "session/window/Mailbox.h"
+#include "controls/window/Mailbox.h"
 #include "session/window/OutputText.h"
 #include "session/window/StatusMailbox.h"
 #include "views/EarlyReply.h"

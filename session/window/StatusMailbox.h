@@ -1,7 +1,7 @@
 // Carries the status texts from whoever has news to the panels.
 #pragma once
 
-#include "session/window/Mailbox.h"
+#include "controls/window/Mailbox.h"
 #include "session/window/StatusPanels.h"
 
 namespace corvex {

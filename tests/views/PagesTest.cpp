@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "files/adx/ADXParser.h"
 #include "tests/views/PageTestHelper.h"
 #include "tests/views/WindowPicture.h"
@@ -84,6 +86,14 @@ TEST_F(PagesTest, DefinitionsComeAndGo) {
         EXPECT_EQ(nullptr, session.currentListView);
         EXPECT_EQ(nullptr, session.currentHistogram);
     }
+}
+
+TEST_F(PagesTest, SamplesFindNoneOfThemAfterTheirEnd) {
+    ShowFrame();
+    TabSheet::selectPage(sheet, 1);
+    ASSERT_TRUE(Wants(SampleViewKind::kDash));
+    ::DestroyWindow(std::exchange(frame, nullptr));
+    EXPECT_EQ(0U, session.views.Wanted());
 }
 
 TEST(PagesWithoutSheetTest, CreatingThemWithoutASheetLeavesNothing) {

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <thread>
 
 #include "controls/window/ControlWindow.h"
+#include "platform/PrivateMessages.h"
 
 namespace corvex {
 namespace {
@@ -202,6 +204,36 @@ TEST_F(ControlWindowTest, ObjectIsFoundInWindowsOfItsOwnClassAlone) {
     EXPECT_EQ(ControlOf<Probe>(button), nullptr);
     EXPECT_EQ(ControlOf<Probe>(nullptr), nullptr);
     ::DestroyWindow(other);
+    ::DestroyWindow(button);
+}
+
+TEST_F(ControlWindowTest, WorkIsDoneOnTheWindowsThreadAndWaitedFor) {
+    const HWND window = Create();
+    int sum = 0;
+    DWORD thread = 0;
+    std::thread worker([&] {
+        EXPECT_TRUE(CallOnOwner<Probe>(window, [&](Probe& probe) {
+            thread = ::GetCurrentThreadId();
+            sum = static_cast<int>(::SendMessageA(probe.Window(), PM_ADD, 4, 0));
+        }));
+        ::PostMessageA(window, WM_NULL, 0, 0);
+    });
+    MSG message;
+    ::GetMessageA(&message, nullptr, 0, 0);
+    worker.join();
+    EXPECT_EQ(sum, 4);
+    EXPECT_EQ(thread, ::GetCurrentThreadId());
+    EXPECT_TRUE(CallOnOwner<Probe>(window, [](Probe& probe) { ::DestroyWindow(probe.Window()); }));
+    EXPECT_FALSE(CallOnOwner<Probe>(window, [](Probe&) { FAIL(); })) << "it is gone";
+    EXPECT_EQ(wishes_.alive, 0);
+}
+
+TEST_F(ControlWindowTest, NoWorkIsDoneWithAnythingElse) {
+    const HWND window = Create(), button = Create("BUTTON");
+    EXPECT_FALSE(CallOnOwner<Probe>(button, [](Probe&) { FAIL(); }));
+    EXPECT_FALSE(CallOnOwner<OtherProbe>(window, [](OtherProbe&) { FAIL(); }));
+    EXPECT_EQ(::SendMessageA(window, kMessageCarriedCall, 0, 0), 0);
+    ::DestroyWindow(window);
     ::DestroyWindow(button);
 }
 
