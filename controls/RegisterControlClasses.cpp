@@ -1,6 +1,7 @@
 #include "controls/RegisterControlClasses.h"
 
 #include "controls/analoggauge/AnalogGauge.h"
+#include "controls/datachart/DataChart.h"
 #include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/proptree/PropTreeContainer.h"
 #include "controls/richstatic/RichStatic.h"
@@ -13,7 +14,7 @@ namespace corvex {
 bool RegisterControlClasses(HINSTANCE instance) {
     return TextProgress::Register(instance) && RichStatic::Register(instance) && TabSheet::Register(instance) &&
            PropTreeContainer::Register(instance) && AnalogGauge::Register(instance) &&
-           DigitalReadout::Register(instance) && StatusGauge::Register(instance);
+           DigitalReadout::Register(instance) && StatusGauge::Register(instance) && DataChart::Register(instance);
 }
 
 }  // namespace corvex

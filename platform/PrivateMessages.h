@@ -19,6 +19,7 @@ enum PrivateMessage : std::uint32_t {
     kMessageRefreshButtons = 0x8101,
     kMessageMoveSlider = 0x8102,
     kMessageFlash = 0x8103,
+    kMessageMonitorTime = 0x8105,
     kMessageSample = 0x8104,  // lParam points at a PublishedSample; SendForEarlyReply's
 
     // To the text on the Output tab.

@@ -53,8 +53,8 @@ struct SessionCalls {
     // A box with a stop icon that waits to be closed. Main thread.
     std::function<void(const char* caption, const char* text)> showBox;
 
-    // A message to the main window, to be handled later on the main thread, each of them once. Must not wait for that thread. Stop
-    // and playback thread.
+    // A message to the main window, to be handled later on the main thread, each of them once. Must not wait for that
+    // thread. Stop and playback thread.
     std::function<void(std::uint32_t message)> postMain;
 
     // The port could not be opened; the system's reason in words, maybe empty. Follows the line in the text log.

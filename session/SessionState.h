@@ -151,7 +151,7 @@ public:
     ADXListView* currentListView = nullptr;
     ADXHistogram* currentHistogram = nullptr;
     std::uint32_t currentHistogramView = 0;
-    std::uint32_t dashChanged = 0;
+    std::uint32_t dashChanged = 0, monitorsChanged = 0;
     AppSettings settings;
     // Plays logs without ever writing to them, so that one on a write-protected card plays too. Else a log's header is
     // written back when it is closed. Main thread.

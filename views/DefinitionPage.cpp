@@ -17,6 +17,9 @@ DialogAnswer DefinitionPage::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
         case WM_COMMAND:
             OnCommand(LOWORD(wParam), HIWORD(wParam), lParam);
             return 0;
+        case WM_HSCROLL:
+            OnScroll(LOWORD(wParam));
+            return 0;
         case WM_NOTIFY:
             return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
         case WM_WINDOWPOSCHANGED:

@@ -32,6 +32,8 @@ protected:
     // The size is that of the message, which may be sent with zeros.
     virtual void LayOut(int width, int height) = 0;
     virtual void OnCommand(unsigned /*control*/, unsigned /*code*/, LPARAM /*lParam*/) {}
+    // Of the page's own horizontal scroll bar.
+    virtual void OnScroll(unsigned /*code*/) {}
     virtual DialogAnswer OnNotify(NMHDR& /*header*/) { return {}; }
     // The window is going, and is still known.
     virtual void OnEnd() {}

@@ -35,7 +35,7 @@ HDC OffscreenBitmap::Fit(HDC screen, SIZE due, SIZE client) {
         sheet_.reset();  // first, so that there are never two of them
         sheet_.emplace(screen, Larger(due, kept, client));
     }
-    return sheet_->dc.Get();
+    return sheet_->selected ? sheet_->dc.Get() : nullptr;
 }
 
 OffscreenPaint::OffscreenPaint(HWND window, OffscreenBitmap* kept)

@@ -19,7 +19,20 @@ namespace corvex {
 namespace {
 
 constexpr char kQuestionCaption[] = "Corvex";
-constexpr char kDashQuestion[] = "The dashboard was changed. Save the definition first?";
+
+const char* QuestionFor(const SessionState& session) {
+    if (session.monitorsChanged == 0) return "The dashboard was changed. Save the definition first?";
+    if (session.dashChanged == 0) return "The monitors were changed. Save the definition first?";
+    return "Dashboard and monitors were changed. Save the definition first?";
+}
+
+bool HasChanges(const SessionState& session) {
+    return session.dashChanged != 0 || session.monitorsChanged != 0;
+}
+
+void ForgetChanges(SessionState& session) {
+    session.dashChanged = session.monitorsChanged = 0;
+}
 
 void SetPath(char (&target)[AppSettings::kPathSize], const std::string& path) {
     const std::size_t length = std::min(path.size(), sizeof target - 1);
@@ -38,16 +51,17 @@ void DefinitionCommands::ImportDefinition(const std::string& path) {
 }
 
 bool DefinitionCommands::MayDrop() {
-    if (desktop_.session.dashChanged == 0) return true;
+    if (!HasChanges(desktop_.session)) return true;
     if (asking_) return false;
     asking_ = true;
-    const bool may = AskAboutDash();
+    const bool may = AskAboutChanges();
     asking_ = false;
     return may;
 }
 
-bool DefinitionCommands::AskAboutDash() {
-    switch (::MessageBoxA(desktop_.MainWindow(), kDashQuestion, kQuestionCaption, MB_YESNOCANCEL | MB_ICONWARNING)) {
+bool DefinitionCommands::AskAboutChanges() {
+    switch (::MessageBoxA(desktop_.MainWindow(), QuestionFor(desktop_.session), kQuestionCaption,
+                          MB_YESNOCANCEL | MB_ICONWARNING)) {
         case IDYES:
             return HasName() ? Write(desktop_.session.settings.lastadxpath) : SaveAs();
         case IDNO:
@@ -65,9 +79,9 @@ void DefinitionCommands::Drop(const std::function<void()>& work) {
 // What is changed only now was in nobody's mind when the question was answered. The answer takes its time, so the work
 // waits for its turn anew.
 void DefinitionCommands::DropWhenQuiet(const std::function<void()>& work) {
-    const bool givenUp = desktop_.session.dashChanged != 0;
+    const bool givenUp = HasChanges(desktop_.session);
     quiet_.Run([this, work, givenUp] {
-        if (desktop_.session.dashChanged != 0 && !givenUp) return Drop(work);
+        if (HasChanges(desktop_.session) && !givenUp) return Drop(work);
         work();
     });
 }
@@ -82,7 +96,7 @@ void DefinitionCommands::LoadNow(const std::string& path) {
         loaded = session.definition.Load(path.c_str(), error, &progress);
     }
     session.origin.Loaded(loaded != 0);
-    session.dashChanged = 0;  // the dashboard that was is gone in any case
+    ForgetChanges(session);  // the dashboards that were are gone in any case
     session.StoreLastPacket({});
     if (loaded != 0) {
         SetPath(session.settings.lastadxpath, path);
@@ -103,7 +117,7 @@ void DefinitionCommands::ImportNow(const std::string& path) {
     const bool imported = ReadAds(path.c_str(), &reader) != 0 && ConvertAds(&session.definition, &reader) != 0;
     session.origin.Imported(imported);
     if (imported) {
-        session.dashChanged = 0;
+        ForgetChanges(session);
         session.StoreLastPacket({});
         RefreshPages(session);
         RefreshTitle(session);
@@ -163,7 +177,7 @@ bool DefinitionCommands::Write(const std::string& path) {
         return false;
     }
     session.origin.Saved();
-    session.dashChanged = 0;
+    ForgetChanges(session);
     return true;
 }
 

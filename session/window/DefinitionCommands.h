@@ -35,7 +35,7 @@ public:
 private:
     void LoadNow(const std::string& path);
     void ImportNow(const std::string& path);
-    bool AskAboutDash();
+    bool AskAboutChanges();
     void Drop(const std::function<void()>& work);
     void DropWhenQuiet(const std::function<void()>& work);
     void LoadEdited(const std::string& path);

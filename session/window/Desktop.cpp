@@ -7,6 +7,7 @@
 #include "session/window/LogBar.h"
 #include "session/window/SpeedMenu.h"
 #include "session/window/TitleBar.h"
+#include "views/MonitorPage.h"
 
 namespace corvex {
 
@@ -54,6 +55,17 @@ void Desktop::SetSliderRange(std::uint32_t last) {
     LogBar::SetRange(session, last);
 }
 
+void Desktop::SetMonitorTime(double seconds) {
+    if (!IsOnThreadOf(MainWindow())) return monitorTime.Leave(MainWindow(), seconds);
+    static_cast<void>(monitorTime.Take());
+    SetMonitorsTime(session, seconds);
+}
+
+void Desktop::ClearMonitorCharts() {
+    static_cast<void>(monitorTime.Take());  // it was one in the log before
+    ClearMonitors(session);
+}
+
 void Desktop::Flash(FlashText news) {
     if (!IsOnThreadOf(MainWindow())) return flash.Leave(MainWindow(), std::move(news));
     static_cast<void>(flash.Take());
@@ -85,6 +97,9 @@ bool Desktop::ShowNews(UINT message, WPARAM wParam, LPARAM lParam) {
         case kMessageMoveSlider:
             if (const auto index = slider.Take()) LogBar::SetPosition(session, *index);
             return true;
+        case kMessageMonitorTime:
+            if (const auto seconds = monitorTime.Take()) SetMonitorsTime(session, *seconds);
+            return true;
         case kMessageFlash:
             if (const auto news = flash.Take()) ShowFlash(*news);
             return true;
@@ -99,7 +114,6 @@ void Desktop::PostForSure(UINT message) const {
         ::Sleep(1);
 }
 
-// The charts take up their calls here: clearMonitors and setMonitorTime.
 SessionCalls Desktop::Calls() {
     SessionCalls calls;
     calls.refreshStatus = [this] { status.Refresh(); };
@@ -110,6 +124,8 @@ SessionCalls Desktop::Calls() {
     calls.flash = [this](const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t ms) {
         Flash({text, textColour, backColour, ms});
     };
+    calls.clearMonitors = [this] { ClearMonitorCharts(); };
+    calls.setMonitorTime = [this](double seconds) { SetMonitorTime(seconds); };
     calls.setLogSlider = [this](std::uint32_t index) { MoveSlider(index); };
     calls.setLogRange = [this](std::uint32_t last) { SetSliderRange(last); };
     calls.refreshTitle = [this] { RefreshTitle(session); };

@@ -4,9 +4,9 @@
 #include <string>
 #include <variant>
 
+#include "controls/window/Mailbox.h"
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
-#include "controls/window/Mailbox.h"
 #include "session/window/OutputText.h"
 #include "session/window/StatusMailbox.h"
 #include "views/EarlyReply.h"
@@ -39,6 +39,7 @@ public:
     StatusMailbox status{session};
     Mailbox<std::monostate> buttons{kMessageRefreshButtons};
     Mailbox<std::uint32_t> slider{kMessageMoveSlider};
+    Mailbox<double> monitorTime{kMessageMonitorTime};  // seconds
     Mailbox<FlashText> flash{kMessageFlash};
     SessionState session;
 
@@ -49,6 +50,8 @@ private:
     void PostForSure(UINT message) const;
     void MoveSlider(std::uint32_t index);
     void SetSliderRange(std::uint32_t last);
+    void SetMonitorTime(double seconds);
+    void ClearMonitorCharts();
     void Flash(FlashText news);
     void ShowFlash(const FlashText& news) const;
     void ShowSample(const PublishedSample& sample, WPARAM wParam);

@@ -7,6 +7,7 @@
 namespace {
 
 std::atomic<std::uint64_t> allocations{0};
+std::atomic<int> refusals{0};
 
 }  // namespace
 
@@ -16,12 +17,21 @@ std::uint64_t AllocationCount() {
     return allocations.load(std::memory_order_relaxed);
 }
 
+NoMemory::NoMemory() {
+    refusals.fetch_add(1, std::memory_order_relaxed);
+}
+
+NoMemory::~NoMemory() {
+    refusals.fetch_sub(1, std::memory_order_relaxed);
+}
+
 }  // namespace corvex::testing
 
 // The array and nothrow forms of the library end here too. Memory of aligned new is not counted.
 void* operator new(std::size_t size) {
     allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
+    const bool refused = refusals.load(std::memory_order_relaxed) != 0;
+    if (void* memory = refused ? nullptr : std::malloc(size == 0 ? 1 : size)) return memory;
     throw std::bad_alloc();
 }
 

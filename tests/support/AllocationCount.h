@@ -1,4 +1,5 @@
-// Counts heap allocations of the whole program. Link AllocationCount.cpp, which replaces operator new.
+// Counts heap allocations of the whole program, and has them fail. Link AllocationCount.cpp, which replaces operator
+// new.
 #pragma once
 
 #include <cstdint>
@@ -7,5 +8,14 @@ namespace corvex::testing {
 
 // Calls of operator new so far, in all threads.
 std::uint64_t AllocationCount();
+
+// As long as one of these is there, every call of operator new throws, in all threads.
+class NoMemory {
+public:
+    NoMemory();
+    ~NoMemory();
+    NoMemory(const NoMemory&) = delete;
+    NoMemory& operator=(const NoMemory&) = delete;
+};
 
 }  // namespace corvex::testing

@@ -1,61 +1,330 @@
 #include <gtest/gtest.h>
 
+#include "controls/window/WindowSubclass.h"
+#include "definition/ADXBitmask.h"
+#include "definition/ADXValue.h"
+#include "tests/views/MenuDriver.h"
 #include "tests/views/PageTestHelper.h"
 #include "views/MonitorPage.h"
 
 namespace corvex::test {
 namespace {
 
-class MonitorPageTest : public PageTest {
-protected:
-    MonitorPageTest() { CreateMonitorPage(session); }
+constexpr std::uint32_t kCommand = 0x1111, kOther = 0x2222;
 
-    MonitorPage& State() const { return *static_cast<MonitorPage*>(session.monitorState); }
-    HWND PutChart() const {
-        const HWND chart =
-            ::CreateWindowExA(0, "STATIC", "", WS_CHILD, 0, 0, 1, 1, State().Window(), nullptr, nullptr, nullptr);
-        State().charts.push_back({chart, nullptr});
-        return chart;
+class PaintCounter final : public WindowSubclass {
+public:
+    static constexpr char kProperty[] = "CorvexPaintCounter";
+    using WindowSubclass::WindowSubclass;
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_PAINT) ++paints;
+        return Former(message, wParam, lParam);
     }
+    int paints = 0;
 };
 
-TEST_F(MonitorPageTest, IsATabOfTheSheet) {
+class MonitorPageTest : public PageTest {
+protected:
+    MonitorPageTest() {
+        speed = AddTitled<ADXValue>(session.definition, "SPEED", "Speed");
+        load = AddTitled<ADXValue>(session.definition, "LOAD", "Load");
+        for (ADXValue* value : {speed, load}) {
+            value->SetEquation("X", 1);
+            value->rangelow = 0;
+            value->rangehigh = 200;
+        }
+        speed->SetUnits("km/h", 4);
+        load->packetoffset = 1;
+        engine = AddTitled<ADXMonitor>(session.definition, "ENGINE", "Engine");
+        CreateMonitorPage(session);
+    }
+
+    static void AddEntry(ADXMonitor* monitor, ADXObject* item, std::uint32_t colour = 0x0000FF) {
+        const ADXMONSERIES entry{.linecolor = colour, .axiscolor = 0x336699, .linewidth = 3, .item = item};
+        monitor->AddEntry(&entry);
+    }
+    MonitorPage& State() const { return *static_cast<MonitorPage*>(session.monitorState); }
+    const MonitorChart& Chart(std::size_t index = 0) const { return State().Charts().at(index); }
+    DataChartSeries* Series(std::uint32_t index, std::size_t chart = 0) const {
+        return reinterpret_cast<DataChartSeries*>(::SendMessageA(Chart(chart).window, DCM_GETSERIES, index, 0));
+    }
+    LRESULT Ask(UINT message) const { return ::SendMessageA(Chart().window, message, 0, 0); }
+    void ShowSpeed() {
+        AddEntry(engine, speed);
+        RefreshMonitorPage(session);
+        TabSheet::selectPage(sheet, 1);
+        ShowFrame();
+        ::UpdateWindow(frame);
+    }
+    void Publish(double t, std::vector<std::uint8_t> bytes, std::uint32_t command = kCommand) {
+        session.PublishSample(t, PacketView(bytes.data(), static_cast<std::uint32_t>(bytes.size())), command);
+    }
+    bool HasScrollBar() const { return (::GetWindowLongPtrA(Page(1), GWL_STYLE) & WS_HSCROLL) != 0; }
+    SCROLLINFO ScrollBar() const {
+        SCROLLINFO bar{};
+        bar.cbSize = sizeof bar;
+        bar.fMask = SIF_ALL;
+        ::GetScrollInfo(Page(1), SB_HORZ, &bar);
+        return bar;
+    }
+    // A right click on the first chart, and the keys down to a row of its menu.
+    std::vector<std::string> PressRow(int row) {
+        std::vector<std::string> rows;
+        std::vector<WPARAM> keys(static_cast<std::size_t>(row) + 1, VK_DOWN);
+        keys.push_back(VK_RETURN);
+        bool came = false;
+        for (int i = 0; i < 3 && !came; ++i) {
+            MenuDriver driver(row < 0 ? std::vector<WPARAM>{} : keys, [&](HMENU menu) { rows = RowsOf(menu); });
+            ::SendMessageA(Chart().window, WM_CONTEXTMENU, 0, MAKELPARAM(40, 60));
+            came = driver.Came();
+        }
+        EXPECT_TRUE(came);
+        return rows;
+    }
+
+    ADXValue *speed = nullptr, *load = nullptr;
+    ADXMonitor* engine = nullptr;
+};
+
+TEST_F(MonitorPageTest, IsATabOfTheSheetWithAChartForEachMonitor) {
+    AddTitled<ADXMonitor>(session.definition, "FUEL", std::string(160, 'f'));
+    RefreshMonitorPage(session);
     ASSERT_EQ(2, TabSheet::pageCount(sheet));
     EXPECT_EQ("Monitors", Title(1));
     EXPECT_EQ(Page(1), State().Window());
     EXPECT_EQ(session.monitorPage, Page(1));
+    ASSERT_EQ(2U, State().Charts().size());
+    EXPECT_EQ(9000, ::GetDlgCtrlID(Chart(0).window));
+    EXPECT_EQ(9001, ::GetDlgCtrlID(Chart(1).window));
+    EXPECT_TRUE(::IsWindow(Chart(1).window));
 }
 
 TEST_F(MonitorPageTest, StacksTheChartsOverTheWholeWidth) {
-    const HWND charts[] = {PutChart(), PutChart(), PutChart()};
+    AddTitled<ADXMonitor>(session.definition, "TWO", "Two");
+    AddTitled<ADXMonitor>(session.definition, "THREE", "Three");
+    RefreshMonitorPage(session);
     for (const auto& [width, height] : {std::pair{700, 420}, std::pair{1600, 801}}) {
         Resize(width, height);
         const RECT client = ClientOf(Page(1));
         const LONG share = client.bottom / 3;
-        for (int i = 0; i < 3; ++i) {
-            const RECT place = PlaceInParent(charts[i]);
+        for (std::size_t i = 0; i < 3; ++i) {
+            const RECT place = PlaceInParent(Chart(i).window);
             EXPECT_EQ(0, place.left);
-            EXPECT_EQ(i * share, place.top);
+            EXPECT_EQ(static_cast<LONG>(i) * share, place.top);
             EXPECT_EQ(client.right, place.right);
             EXPECT_EQ(share, place.bottom - place.top);
         }
     }
 }
 
-TEST_F(MonitorPageTest, RefreshTakesTheChartsAway) {
-    const HWND chart = PutChart();
+TEST_F(MonitorPageTest, TheTimeAxisShowsTwentySecondsAndScrolls) {
+    const DataChartAxis& time = *Chart().timeAxis;
+    EXPECT_EQ(AxisPosition::kBottom, time.Position());
+    EXPECT_EQ(20.0F, time.Maximum());
+    EXPECT_EQ(20.0F, time.HighLimit());
+    EXPECT_EQ("Time (M:S)", time.Title());
+    EXPECT_EQ(0x70U, time.flags);
+    EXPECT_EQ("1:05", time.LabelOf(65, nullptr));
+    EXPECT_EQ(0.0F, time.marker);
+}
+
+TEST_F(MonitorPageTest, EachValueHasALineAndAnAxisOfItsOwnOnAlternateSides) {
+    AddEntry(engine, speed, 0x112233);
+    AddEntry(engine, AddTitled<ADXBitmask>(session.definition, "FAN", "Fan"));
+    AddEntry(engine, load);
+    AddEntry(engine, speed);
+    RefreshMonitorPage(session);
+    EXPECT_EQ(3, Ask(DCM_GETSERIESCOUNT)) << "a bitmask is no value";
+    EXPECT_EQ(4, Ask(DCM_GETAXISCOUNT));
+    const DataChartSeries& first = *Series(0);
+    EXPECT_EQ(0x112233U, first.colour);
+    EXPECT_EQ(3, first.lineWidth);
+    EXPECT_EQ(Chart().timeAxis, first.XAxis());
+    const DataChartAxis& axis = *first.YAxis();
+    EXPECT_EQ("km/h", axis.Title());
+    EXPECT_EQ(200.0F, axis.Maximum());
+    EXPECT_EQ(200.0F, axis.HighLimit());
+    EXPECT_EQ(0x336699U, axis.textColour);
+    EXPECT_EQ(0x336699U, axis.lineColour);
+    const AxisPosition sides[] = {AxisPosition::kLeft, AxisPosition::kRight, AxisPosition::kLeft};
+    for (std::uint32_t i = 0; i < 3; ++i)
+        EXPECT_EQ(sides[i], Series(i)->YAxis()->Position());
+}
+
+TEST_F(MonitorPageTest, SamplesAreWantedWhileThereIsASeriesWhateverTabIsInFront) {
+    EXPECT_FALSE(Wants(SampleViewKind::kMonitors));
+    AddEntry(engine, speed);
+    RefreshMonitorPage(session);
+    EXPECT_NE(0U, session.views.Wanted() & BitOf(SampleViewKind::kMonitors));
+    Publish(1.5, {77, 5});
+    ASSERT_EQ(1U, Series(0)->Count());
+    float x = 0, y = 0;
+    Series(0)->getSample(&x, &y, 0);
+    EXPECT_EQ(1.5F, x);
+    EXPECT_EQ(77.0F, y);
+}
+
+TEST_F(MonitorPageTest, AnotherCommandsReplyLeavesAGap) {
+    speed->parentcmdidhash = kCommand;
+    AddEntry(engine, speed);
+    AddEntry(engine, load);
+    RefreshMonitorPage(session);
+    Publish(1, {10, 20}, kOther);
+    Publish(2, {11, 21});
+    EXPECT_EQ(1U, Series(0)->Count());
+    EXPECT_EQ(2U, Series(1)->Count());
+}
+
+TEST_F(MonitorPageTest, ATriggerAddsThePresentValue) {
+    AddEntry(engine, speed);
+    RefreshMonitorPage(session);
+    Publish(1, {10, 20});
+    session.PublishSample(2.0, nullptr, kCommand, BitOf(SampleViewKind::kMonitors));
+    ASSERT_EQ(2U, Series(0)->Count());
+    float y = 0;
+    Series(0)->getY(&y, 1);
+    EXPECT_EQ(10.0F, y) << "of the last raw word";
+}
+
+TEST_F(MonitorPageTest, AChartIsPaintedOncePerSample) {
+    AddEntry(engine, load);
+    ShowSpeed();
+    Attach(std::make_unique<PaintCounter>(Chart().window));
+    Publish(0, {10, 20});
+    EXPECT_EQ(1, SubclassOf<PaintCounter>(Chart().window)->paints) << "two series";
+    Publish(30, {200, 20});
+    EXPECT_FALSE(::GetUpdateRect(Chart().window, nullptr, FALSE));
+}
+
+TEST_F(MonitorPageTest, AScrollBarComesWithTheFirstScroll) {
+    ShowSpeed();
+    Publish(20, {10, 20});
+    EXPECT_FALSE(HasScrollBar());
+    Publish(21, {10, 20});
+    EXPECT_TRUE(HasScrollBar());
+    EXPECT_EQ(24000 - 20, ScrollBar().nMax);
+    EXPECT_EQ(20000U, ScrollBar().nPage);
+    ClearMonitors(session);
+    Publish(0, {10, 20});
+    EXPECT_FALSE(HasScrollBar());
+    Publish(30, {10, 20});
+    EXPECT_TRUE(HasScrollBar());
+    session.definition.Clear();
+    RefreshMonitorPage(session);
+    EXPECT_FALSE(HasScrollBar()) << "nor where there is no chart";
+}
+
+TEST_F(MonitorPageTest, WhileTheThumbIsHeldSamplesMoveNothing) {
+    ShowSpeed();
+    for (int t = 0; t <= 60; t += 5)
+        Publish(t, {10, 20});
+    DataChartAxis& time = *Chart().timeAxis;
+    const auto scroll = [this](unsigned code) { ::SendMessageA(Page(1), WM_HSCROLL, MAKEWPARAM(code, 0), 0); };
+    scroll(SB_THUMBTRACK);
+    const float held = time.Minimum();
+    EXPECT_EQ(held, static_cast<float>(ScrollBar().nPos / 1000.0));
+    EXPECT_EQ(held + 20.0F, time.Maximum());
+    Publish(300, {10, 20});
+    EXPECT_EQ(held, time.Minimum());
+    scroll(SB_ENDSCROLL);
+    Publish(301, {10, 20});
+    EXPECT_GT(time.Minimum(), 200.0F) << "it catches up";
+}
+
+TEST_F(MonitorPageTest, ClearingKeepsTheWidthAndBeginsAtZero) {
+    ShowSpeed();
+    Publish(1, {10, 20});
+    Publish(100, {10, 20});
+    Chart().timeAxis->setRange(50, 90);
+    ClearMonitors(session);
+    EXPECT_EQ(0U, Series(0)->Count());
+    EXPECT_EQ(0.0F, Chart().timeAxis->Minimum());
+    EXPECT_EQ(40.0F, Chart().timeAxis->Maximum());
+    EXPECT_EQ(0.0F, Chart().timeAxis->LowLimit());
+    EXPECT_EQ(40.0F, Chart().timeAxis->HighLimit());
+}
+
+TEST_F(MonitorPageTest, ThePlaybackCursorMovesOnEveryChart) {
+    AddTitled<ADXMonitor>(session.definition, "TWO", "Two");
+    RefreshMonitorPage(session);
+    SetMonitorsTime(session, 12.5);
+    EXPECT_EQ(12.5F, Chart(0).timeAxis->marker);
+    EXPECT_EQ(12.5F, Chart(1).timeAxis->marker);
+}
+
+TEST_F(MonitorPageTest, TheMenuOffersEveryValueAndChecksWhatIsShown) {
+    AddEntry(engine, load);
+    RefreshMonitorPage(session);
+    EXPECT_EQ((std::vector<std::string>{"1 Speed", "2* Load"}), PressRow(-1));
+    EXPECT_EQ(0U, session.monitorsChanged);
+}
+
+TEST_F(MonitorPageTest, AChosenValueIsAddedInTheNextColour) {
+    for (int i = 0; i < 10; ++i)
+        AddEntry(engine, load);
+    RefreshMonitorPage(session);
+    PressRow(0);
+    ASSERT_EQ(11U, engine->GetEntryCount());
+    const ADXMONSERIES& entry = *engine->GetEntry(10);
+    EXPECT_EQ(speed, entry.item);
+    EXPECT_EQ(speed->GetIdHash(), entry.itemidhash);
+    EXPECT_EQ(0x0000FFU, entry.linecolor) << "the eleventh takes the first colour again";
+    EXPECT_EQ(0x0000FFU, entry.axiscolor);
+    EXPECT_EQ(1, entry.linewidth);
+    EXPECT_EQ(0, entry.linetype);
+    EXPECT_EQ(11, Ask(DCM_GETSERIESCOUNT));
+    EXPECT_EQ("km/h", Series(10)->YAxis()->Title());
+    EXPECT_EQ(1U, session.monitorsChanged);
+    EXPECT_TRUE(Wants(SampleViewKind::kMonitors));
+}
+
+TEST_F(MonitorPageTest, ACheckedValueIsRemovedWithItsAxis) {
+    AddEntry(engine, speed);
+    AddEntry(engine, load);
+    RefreshMonitorPage(session);
+    Publish(1, {10, 20});
+    const DataChartAxis* const stays = Series(1)->YAxis();
+    PressRow(0);
+    ASSERT_EQ(1U, engine->GetEntryCount());
+    EXPECT_EQ(load, engine->GetEntry(0)->item);
+    EXPECT_EQ(1, Ask(DCM_GETSERIESCOUNT));
+    EXPECT_EQ(2, Ask(DCM_GETAXISCOUNT));
+    EXPECT_EQ(stays, Series(0)->YAxis());
+    EXPECT_EQ(1U, Series(0)->Count()) << "the others keep their samples";
+    EXPECT_EQ(1U, session.monitorsChanged);
+}
+
+TEST_F(MonitorPageTest, ALoadWhileTheMenuIsOpenDropsTheChoice) {
+    MainThread mainThread;
+    MenuDriver driver({VK_DOWN, VK_RETURN}, [&](HMENU) {
+        mainThread.Run([&] {
+            session.definition.Clear();
+            RefreshMonitorPage(session);
+        });
+    });
+    ::SendMessageA(Chart().window, WM_CONTEXTMENU, 0, MAKELPARAM(40, 60));
+    EXPECT_TRUE(driver.Came());
+    EXPECT_EQ(0U, session.monitorsChanged);
+    EXPECT_TRUE(State().Charts().empty());
+}
+
+TEST_F(MonitorPageTest, RefreshMakesTheChartsAnew) {
+    AddEntry(engine, speed);
+    RefreshMonitorPage(session);
+    Publish(1, {10, 20});
+    const HWND chart = Chart().window;
     RefreshMonitorPage(session);
     EXPECT_FALSE(::IsWindow(chart));
-    EXPECT_TRUE(State().charts.empty());
-    Resize(300, 300);
+    EXPECT_EQ(0U, Series(0)->Count());
 }
 
 TEST_F(MonitorPageTest, ItsEndIsKnown) {
-    PutChart();
     ::DestroyWindow(std::exchange(frame, nullptr));
     EXPECT_EQ(nullptr, session.monitorState);
     EXPECT_EQ(nullptr, session.monitorPage);
     RefreshMonitorPage(session);
+    ClearMonitors(session);
+    SetMonitorsTime(session, 1);
 }
 
 TEST(MonitorPageWithoutSheetTest, RefreshBeforeThereIsAPageDoesNothing) {
