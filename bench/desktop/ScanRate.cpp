@@ -23,8 +23,9 @@ struct Wanted {
 };
 
 constexpr std::array kPacedViews = {Wanted{View::kOutput, 99}, Wanted{View::kReadouts, 98},
-                                    Wanted{View::kFourAnalog, 0}, Wanted{View::kList, 0}};
-constexpr std::array kUnpacedViews = {View::kReadouts, View::kFourAnalog, View::kList, View::kHistogram};
+                                    Wanted{View::kFourAnalog, 0}, Wanted{View::kList, 0}, Wanted{View::kMonitors, 98}};
+constexpr std::array kUnpacedViews = {View::kReadouts, View::kFourAnalog, View::kList, View::kMonitors,
+                                      View::kHistogram};
 
 void ReportPaced(const Wanted& wanted, const std::vector<double>& rates, const std::vector<double>& processor) {
     const double limit = kBaud / kBitsOfByte / (kRequest + kReply);

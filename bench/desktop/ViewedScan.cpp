@@ -16,7 +16,7 @@ namespace {
 constexpr DWORD kPacedTime = 16000;  // ms; the text begins anew with the 201st reply, at 16.7 s
 constexpr DWORD kUnpacedTime = 8000;
 constexpr int kDashComboId = 1009;
-enum Tab : int { kOutputTab, kDashTab, kListTab, kHistogramTab };
+enum Tab : int { kOutputTab, kDashTab, kListTab, kHistogramTab, kMonitorTab };
 
 class Stopwatch {
 public:
@@ -60,6 +60,8 @@ const char* NameOf(View view) {
             return "item list";
         case View::kHistogram:
             return "dash and list hidden";
+        case View::kMonitors:
+            return "two monitors of seven series";
     }
     return "";
 }
@@ -106,7 +108,10 @@ void ViewedScan::Show(View view) const {
                         view == View::kReadouts ? kTwelveReadouts : kFourAnalog);
         window_.ShowTab(kDashTab);
     } else {
-        window_.ShowTab(view == View::kOutput ? kOutputTab : view == View::kList ? kListTab : kHistogramTab);
+        window_.ShowTab(view == View::kOutput     ? kOutputTab
+                        : view == View::kList     ? kListTab
+                        : view == View::kMonitors ? kMonitorTab
+                                                  : kHistogramTab);
     }
 }
 

@@ -10,7 +10,7 @@
 
 namespace corvex::bench {
 
-enum class View { kOutput, kReadouts, kFourAnalog, kList, kHistogram };
+enum class View { kOutput, kReadouts, kFourAnalog, kList, kHistogram, kMonitors };
 const char* NameOf(View view);
 
 struct ScanFigures {

@@ -56,6 +56,17 @@ Make Curving(const EMRARC& record) {
     };
 }
 
+Make Clipping(const EMREXTSELECTCLIPRGN& record) {
+    std::vector<BYTE> region(record.RgnData, record.RgnData + record.cbRgnData);
+    const int mode = static_cast<int>(record.iMode);
+    return [region, mode](HDC dc, Objects&) {
+        const auto* const data = reinterpret_cast<const RGNDATA*>(region.data());
+        const OwnedRegion clip(region.empty() ? nullptr
+                                              : ::ExtCreateRegion(nullptr, static_cast<DWORD>(region.size()), data));
+        ::ExtSelectClipRgn(dc, clip.Get(), mode);
+    };
+}
+
 // Null for a record that is no object's.
 Make ObjectCall(const ENHMETARECORD* record) {
     switch (record->iType) {
@@ -105,6 +116,8 @@ Make MappingCall(const ENHMETARECORD* record) {
             const SIZEL size = As<EMRSETVIEWPORTEXTEX>(record).szlExtent;
             return [size](HDC dc, Objects&) { ::SetViewportExtEx(dc, size.cx, size.cy, nullptr); };
         }
+        case EMR_EXTSELECTCLIPRGN:
+            return Clipping(As<EMREXTSELECTCLIPRGN>(record));
         case EMR_MOVETOEX: {
             const POINTL to = As<EMRMOVETOEX>(record).ptl;
             return [to](HDC dc, Objects&) { ::MoveToEx(dc, to.x, to.y, nullptr); };
@@ -125,6 +138,8 @@ Make WordCall(const ENHMETARECORD* record) {
             return [word](HDC dc, Objects&) { ::SetTextColor(dc, word); };
         case EMR_SETBKCOLOR:
             return [word](HDC dc, Objects&) { ::SetBkColor(dc, word); };
+        case EMR_SETROP2:
+            return [word](HDC dc, Objects&) { ::SetROP2(dc, static_cast<int>(word)); };
         case EMR_SETARCDIRECTION:
             return [word](HDC dc, Objects&) { ::SetArcDirection(dc, static_cast<int>(word)); };
         default:

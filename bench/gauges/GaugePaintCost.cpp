@@ -1,6 +1,5 @@
 #include "bench/gauges/GaugePaintCost.h"
 
-#include <chrono>
 #include <cstdio>
 #include <memory>
 #include <vector>
@@ -123,13 +122,6 @@ Subject Lamp() {
     };
     return {"status gauge", kStatusGaugeClass, name, show,
             [models](HDC dc, int state) { PaintStatusGauge(dc, kArea, models[static_cast<std::size_t>(state)]); }};
-}
-
-template <class Work>
-double Microseconds(const Work& work) {
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - begin).count();
 }
 
 void PrintBeside(const char* what, const std::vector<double>& measured, const std::vector<double>& bare) {

@@ -1,20 +1,22 @@
 // What the gauges cost, from inside of their process.
-// Usage: bench_gauges [paint|reply]...
+// Usage: bench_gauges [paint|reply|chart]...
 #include <cstdio>
 #include <exception>
 #include <string>
 #include <vector>
 
+#include "bench/gauges/ChartCost.h"
 #include "bench/gauges/GaugePaintCost.h"
 #include "bench/gauges/ReplyToPaint.h"
 
 int main(int argc, char** argv) {
     std::vector<std::string> subjects(argv + 1, argv + argc);
-    if (subjects.empty()) subjects = {"paint", "reply"};
+    if (subjects.empty()) subjects = {"paint", "reply", "chart"};
     try {
         for (const std::string& subject : subjects) {
             if (subject == "paint") corvex::bench::PrintGaugePaintCost();
             if (subject == "reply") corvex::bench::PrintReplyToPaint();
+            if (subject == "chart") corvex::bench::PrintChartCost();
             std::fflush(stdout);
         }
         return 0;

@@ -86,7 +86,7 @@ std::array<std::uint8_t, kPollReply> ReplyOf(int number) {
     return bytes;
 }
 
-double Microseconds(std::chrono::steady_clock::duration time) {
+double MicrosecondsOf(std::chrono::steady_clock::duration time) {
     return std::chrono::duration<double, std::micro>(time).count();
 }
 
@@ -104,8 +104,8 @@ void HandOver(SessionState& session, PaintWatch& watch, Latencies& latencies) {
         const auto back = std::chrono::steady_clock::now();
         const PaintWatch::Paints paints = watch.WaitForAll();
         if (number <= kWarmUp) continue;
-        latencies.whole.push_back(Microseconds(paints.last - begin));
-        latencies.held.push_back(Microseconds(back - begin));
+        latencies.whole.push_back(MicrosecondsOf(paints.last - begin));
+        latencies.held.push_back(MicrosecondsOf(back - begin));
         latencies.paints.push_back(paints.microseconds);
         latencies.dials.push_back(paints.dialMicroseconds);
     }
