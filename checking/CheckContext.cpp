@@ -24,22 +24,16 @@ std::size_t CountSeverity(const std::vector<Finding>& findings, Severity severit
         findings.begin(), findings.end(), [&](const Finding& finding) { return finding.severity == severity; }));
 }
 
-CheckContext::CheckContext(const ADXDefinition& definition, const FileFacts* facts)
-    : definition_(definition), facts_(facts) {
-    const auto& objects = definition.Objects();
-    for (std::size_t i = 0; i < objects.size(); ++i) {
+CheckContext::CheckContext(const ADXDefinition& definition, const SourceRecord* source)
+    : definition_(definition), source_(source) {
+    for (const auto& object : definition.Objects()) {
         // The first in list order wins, as in every lookup by hash.
-        if (objects[i]->GetIdHash() != 0) byhash_.emplace(objects[i]->GetIdHash(), objects[i].get());
-        place_.emplace(objects[i].get(), i);
+        if (object->GetIdHash() != 0) byhash_.emplace(object->GetIdHash(), object.get());
     }
 }
 
-const FileFacts::Object* CheckContext::FactsOf(const ADXObject& object) const {
-    const auto place = place_.find(&object);
-    if (facts_ == nullptr || place == place_.end() || facts_->objects.size() != definition_.Objects().size())
-        return nullptr;
-    const FileFacts::Object& found = facts_->objects[place->second];
-    return found.type == object.GetType() ? &found : nullptr;
+const SourcePart* CheckContext::SourceOf(const ADXObject& object) const {
+    return source_ == nullptr ? nullptr : source_->Find(object);
 }
 
 const ADXObject* CheckContext::Find(std::uint32_t hash) const {
@@ -51,9 +45,9 @@ Finding& CheckContext::Add(Severity severity, const ADXObject* object, const cha
     Finding finding{severity, kind, {}, std::move(text), 0, false};
     if (object != nullptr) {
         finding.object = NameOf(*object);
-        if (const FileFacts::Object* facts = FactsOf(*object)) finding.line = facts->line;
-    } else if (facts_ != nullptr) {
-        finding.line = facts_->headerline;
+        if (const SourcePart* source = SourceOf(*object)) finding.line = source->start.line;
+    } else if (source_ != nullptr) {
+        finding.line = source_->Header().start.line;
     }
     findings_.push_back(std::move(finding));
     return findings_.back();

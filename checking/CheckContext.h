@@ -6,20 +6,20 @@
 #include <unordered_map>
 #include <vector>
 
-#include "checking/FileFacts.h"
 #include "checking/Finding.h"
+#include "checking/SourceRecord.h"
 #include "definition/ADXDefinition.h"
 
 namespace corvex {
 
 class CheckContext {
 public:
-    CheckContext(const ADXDefinition& definition, const FileFacts* facts);
+    CheckContext(const ADXDefinition& definition, const SourceRecord* source);
 
     const ADXDefinition& Definition() const { return definition_; }
-    // Null when there is no file. The facts of one object are null too where the file and the list do not agree.
-    const FileFacts* Facts() const { return facts_; }
-    const FileFacts::Object* FactsOf(const ADXObject& object) const;
+    // Null when there is no file; for one object also when it did not come from there.
+    const SourceRecord* Source() const { return source_; }
+    const SourcePart* SourceOf(const ADXObject& object) const;
 
     // As ADXDefinition::FindByHash, in constant time.
     const ADXObject* Find(std::uint32_t hash) const;
@@ -42,9 +42,8 @@ private:
     Finding& Add(Severity severity, const ADXObject* object, const char* kind, std::string text);
 
     const ADXDefinition& definition_;
-    const FileFacts* facts_;
+    const SourceRecord* source_;
     std::unordered_map<std::uint32_t, const ADXObject*> byhash_;
-    std::unordered_map<const ADXObject*, std::size_t> place_;
     std::vector<Finding> findings_;
 };
 
@@ -63,6 +62,7 @@ void CheckTable(CheckContext& context, const ADXObject& object);
 void CheckView(CheckContext& context, const ADXObject& object);
 void CheckSavedTexts(CheckContext& context, const ADXObject& object);
 void CheckSavedHeader(CheckContext& context);
-void CheckFileText(CheckContext& context, const ADXObject& object);
+// Of an object, or of the header when it is null.
+void CheckSourceText(CheckContext& context, const ADXObject* object, const SourcePart& source);
 
 }  // namespace corvex

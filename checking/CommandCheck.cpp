@@ -1,3 +1,8 @@
+#include <iterator>
+#include <optional>
+#include <sstream>
+#include <string>
+
 #include "checking/CheckContext.h"
 #include "definition/ADXC160BaudListen.h"
 #include "definition/ADXCListenChatter.h"
@@ -57,12 +62,28 @@ void CheckSend(CheckContext& context, const ADXCSendCommand& command) {
     CheckReplyTime(context, command);
 }
 
+// What the file says of a command's bytes.
+struct WrittenBytes {
+    std::uint32_t count = 0;  // as they stand there
+    std::string size;         // as it is written
+};
+
+std::optional<WrittenBytes> BytesOfFile(const CheckContext& context, const ADXObject& command) {
+    const SourcePart* source = context.SourceOf(command);
+    if (source == nullptr) return std::nullopt;
+    const SourceElement* bytes = source->Last("bytestring");
+    if (bytes == nullptr) return WrittenBytes();
+    std::istringstream text(bytes->text);
+    const auto count = std::distance(std::istream_iterator<std::string>(text), {});
+    return WrittenBytes{static_cast<std::uint32_t>(count), std::string(bytes->Attribute("size"))};
+}
+
 void CheckSendBytes(CheckContext& context, const ADXCSendCommand& command) {
-    const FileFacts::Object* facts = context.FactsOf(command);
-    if (facts != nullptr && facts->bytes != command.size())
+    const std::optional<WrittenBytes> written = BytesOfFile(context, command);
+    if (written && written->count != command.size())
         context.Error(&command, "byte-count",
                       Printf("bytestring holds %s but its size is %s, so %u are sent",
-                             Counted(facts->bytes, "byte").c_str(), facts->bytesize.c_str(), command.size()));
+                             Counted(written->count, "byte").c_str(), written->size.c_str(), command.size()));
     // What a reader's text holds of them; a save itself would keep 409.
     if (command.size() > 204)
         context.Lost(Severity::kWarning, &command,
@@ -71,12 +92,12 @@ void CheckSendBytes(CheckContext& context, const ADXCSendCommand& command) {
 
 void CheckChatter(CheckContext& context, const ADXCListenChatter& command) {
     const std::uint32_t size = command.size();
-    const FileFacts::Object* facts = context.FactsOf(command);
-    if (facts != nullptr && facts->bytes != size) {
+    const std::optional<WrittenBytes> written = BytesOfFile(context, command);
+    if (written && written->count != size) {
         context.Error(
             &command, "byte-count",
             Printf("bytestring holds %s but its size \"%s\", read as hexadecimal, makes it %u: the rest is zeros",
-                   Counted(facts->bytes, "byte").c_str(), facts->bytesize.c_str(), size));
+                   Counted(written->count, "byte").c_str(), written->size.c_str(), size));
     } else if (size == 0) {
         context.Error(&command, "no-bytes", "has no pattern to wait for: it always fails");
     }
@@ -120,11 +141,12 @@ void CheckCommand(CheckContext& context, const ADXObject& object) {
         default:
             break;
     }
-    const FileFacts::Object* facts = context.FactsOf(object);
     const NamedKind* kind = KindOfType(object.GetType());
-    if (facts != nullptr && facts->baseflags && kind != nullptr && !kind->keepsBaseFlags)
+    if (kind == nullptr || kind->keepsBaseFlags) return;
+    const SourcePart* source = context.SourceOf(object);
+    if (source != nullptr && HexText(source->start.Attribute("baseflags")) != 0)
         context.Warn(&object, "baseflags", "the file gives it baseflags, which are not read on a command and are lost");
-    if (object.GetBaseFlags() != 0 && kind != nullptr && !kind->keepsBaseFlags)
+    if (object.GetBaseFlags() != 0)
         context.Lost(Severity::kWarning, &object, "its baseflags are saved, but not read back on a command");
 }
 

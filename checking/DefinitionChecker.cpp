@@ -4,8 +4,8 @@
 
 namespace corvex {
 
-std::vector<Finding> CheckDefinition(const ADXDefinition& definition, const FileFacts* facts) {
-    CheckContext context(definition, facts);
+std::vector<Finding> CheckDefinition(const ADXDefinition& definition, const SourceRecord* source) {
+    CheckContext context(definition, source);
     CheckHeader(context);
     CheckSavedHeader(context);
     CheckIdentities(context);
@@ -18,7 +18,7 @@ std::vector<Finding> CheckDefinition(const ADXDefinition& definition, const File
         CheckTable(context, *object);
         CheckView(context, *object);
         CheckSavedTexts(context, *object);
-        CheckFileText(context, *object);
+        if (const SourcePart* source = context.SourceOf(*object)) CheckSourceText(context, object.get(), *source);
     }
     return context.TakeFindings();
 }

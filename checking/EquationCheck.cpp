@@ -19,11 +19,15 @@ void CheckVars(CheckContext& context, const ADXValue& value) {
     if (natives.size() > 1)
         context.Warn(&value, "two-natives",
                      Printf("the letters %s all read the value's own field; is a link missing?", natives.c_str()));
-    const FileFacts::Object* facts = context.FactsOf(value);
-    if (facts == nullptr) return;
-    for (const char letter : facts->vars) {
-        if (facts->equation.find(letter) == std::string::npos)
-            context.Warn(&value, "unused-var", Printf("has a VAR for %c, which its equation does not mention", letter));
+    const SourcePart* source = context.SourceOf(value);
+    if (source == nullptr) return;
+    const SourceElement* math = source->Last("MATH");
+    const std::string_view equation = math == nullptr ? "" : math->Attribute("equation");
+    for (const SourceElement& child : source->children) {
+        const std::string_view letter = child.Is("VAR") ? child.Attribute("varID").substr(0, 1) : "";
+        if (equation.find(letter) == std::string_view::npos)
+            context.Warn(&value, "unused-var",
+                         Printf("has a VAR for %c, which its equation does not mention", letter.front()));
     }
 }
 

@@ -19,33 +19,41 @@ void CheckHeaderCommand(CheckContext& context, const char* name, const ADXObject
     }
 }
 
-void CheckFileHeader(CheckContext& context, const FileFacts& facts) {
-    if (facts.objectcount && *facts.objectcount != facts.objects.size()) {
-        context.Note(nullptr, "object-count",
-                     Printf("objectcount says %u, the file holds %s", *facts.objectcount,
-                            Counted(facts.objects.size(), "object").c_str()));
+std::string TextOf(const SourcePart& header, const char* name) {
+    const SourceElement* element = header.Last(name);
+    return element == nullptr ? std::string() : element->text;
+}
+
+void CheckObjectCount(CheckContext& context, const SourceRecord& source) {
+    bool given = false;
+    std::uint32_t count = 0;
+    for (const SourceElement& child : source.Header().children) {
+        if (child.ignored || !(child.Is("objectcount") || child.Is("commandcount"))) continue;
+        given = true;
+        count += DecimalWord(child.text);
     }
-    for (const std::string& name : facts.unknown)
-        context.Note(nullptr, "unknown-name",
-                     Printf("%s means nothing here and is ignored", DisplayText(name).c_str()));
-    for (const std::string& name : facts.toolong)
-        context.Warn(nullptr, "cut-text",
-                     Printf("the text of %s is too long and is cut on reading", DisplayText(name).c_str()));
+    if (given && count != source.ObjectCount()) {
+        context.Note(
+            nullptr, "object-count",
+            Printf("objectcount says %u, the file holds %s", count, Counted(source.ObjectCount(), "object").c_str()));
+    }
 }
 
 }  // namespace
 
 void CheckHeader(CheckContext& context) {
     const ADXDefinition& definition = context.Definition();
-    const FileFacts none;
-    const FileFacts& facts = context.Facts() != nullptr ? *context.Facts() : none;
-    CheckHeaderCommand(context, "connectcmd", definition.connectcmd, facts.connectcmd);
-    CheckHeaderCommand(context, "monitorcmd", definition.monitorcmd, facts.monitorcmd);
-    CheckHeaderCommand(context, "disconnectcmd", definition.disconnectcmd, facts.disconnectcmd);
+    const SourcePart none;
+    const SourcePart& header = context.Source() != nullptr ? context.Source()->Header() : none;
+    CheckHeaderCommand(context, "connectcmd", definition.connectcmd, TextOf(header, "connectcmd"));
+    CheckHeaderCommand(context, "monitorcmd", definition.monitorcmd, TextOf(header, "monitorcmd"));
+    CheckHeaderCommand(context, "disconnectcmd", definition.disconnectcmd, TextOf(header, "disconnectcmd"));
     if (definition.monitorcmd == nullptr)
         context.Warn(nullptr, "no-monitor", "there is no monitor command: a scan ends right after connecting");
     if (definition.baud == 0) context.Error(nullptr, "baud", "baud is 0: no port opens at that rate");
-    if (context.Facts() != nullptr) CheckFileHeader(context, facts);
+    if (context.Source() == nullptr) return;
+    CheckObjectCount(context, *context.Source());
+    CheckSourceText(context, nullptr, header);
 }
 
 }  // namespace corvex

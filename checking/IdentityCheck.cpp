@@ -22,11 +22,12 @@ void CheckId(CheckContext& context, const ADXObject& object) {
                      "header can name it; use 14 at most");
     else if (length == ADXObject::kIdLength)
         context.Note(&object, "long-id", "its id has 15 characters: links by hash work, a search by its text does not");
-    const FileFacts::Object* facts = context.FactsOf(object);
-    if (facts != nullptr && facts->id.size() > ADXObject::kIdLength)
+    const SourcePart* source = context.SourceOf(object);
+    const std::string written(source != nullptr ? source->start.Attribute("id") : "");
+    if (written.size() > ADXObject::kIdLength)
         context.Warn(
             &object, "cut-id",
-            Printf("the file gives the id \"%s\"; only the first 15 characters count", DisplayText(facts->id).c_str()));
+            Printf("the file gives the id \"%s\"; only the first 15 characters count", DisplayText(written).c_str()));
 }
 
 void CheckSharedHash(CheckContext& context, const std::vector<const ADXObject*>& owners) {

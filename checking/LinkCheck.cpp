@@ -65,12 +65,16 @@ void CheckDashLinks(CheckContext& context, const ADXDashboard& dash) {
 void CheckMonitorLinks(CheckContext& context, const ADXMonitor& monitor) {
     constexpr const char* effect = "a chart traces values only";
     // The loader has taken unresolved series out already; only the file still knows them.
-    if (const FileFacts::Object* facts = context.FactsOf(monitor)) {
-        for (std::size_t i = 0; i < facts->serieshashes.size(); ++i) {
-            if (context.Find(facts->serieshashes[i]) != nullptr) continue;
+    if (const SourcePart* source = context.SourceOf(monitor)) {
+        unsigned series = 0;
+        for (const SourceElement& child : source->children) {
+            if (!child.Is("ADXMONSERIES")) continue;
+            ++series;
+            const std::uint32_t hash = HexText(child.Attribute("itemidhash"));
+            if (context.Find(hash) != nullptr) continue;
             context.Error(&monitor, "unresolved-link",
                           Printf("itemidhash %s of series %u names no object of this definition; the series is removed",
-                                 HashText(facts->serieshashes[i]).c_str(), static_cast<unsigned>(i + 1)));
+                                 HashText(hash).c_str(), series));
         }
     }
     for (std::uint32_t i = 0; i < monitor.GetEntryCount(); ++i) {

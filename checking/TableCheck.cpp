@@ -11,31 +11,32 @@ bool RowsAreRead(std::uint32_t outputtype) {
     return outputtype == ADXLookupTable::kFloat || outputtype == ADXLookupTable::kText;
 }
 
-void CheckRowsOfFile(CheckContext& context, const ADXLookupTable& table, const FileFacts::Object& facts) {
+void CheckRowsOfFile(CheckContext& context, const ADXLookupTable& table, const SourcePart& source) {
+    const std::uint32_t rows = source.Rows();
     const std::uint32_t loaded = table.GetEntryCount();
-    if (facts.rows <= loaded) return;
+    if (rows <= loaded) return;
     if (!RowsAreRead(table.GetOutputType())) {
-        context.Error(
-            &table, "dropped-rows",
-            Printf("%u of its %s dropped on reading: outputtype %u keeps none; use 3 or 5", facts.rows - loaded,
-                   facts.rows == 1 ? "1 row is" : Printf("%u rows are", facts.rows).c_str(), table.GetOutputType()));
+        context.Error(&table, "dropped-rows",
+                      Printf("%u of its %s dropped on reading: outputtype %u keeps none; use 3 or 5", rows - loaded,
+                             rows == 1 ? "1 row is" : Printf("%u rows are", rows).c_str(), table.GetOutputType()));
     } else {
         context.Warn(&table, "dropped-rows",
                      Printf("%u of its %u rows are not kept: they repeat an input, or have no output text",
-                            facts.rows - loaded, facts.rows));
+                            rows - loaded, rows));
     }
 }
 
-void CheckRowOrder(CheckContext& context, const ADXLookupTable& table, const FileFacts::Object& facts) {
-    if (facts.rowsBeforeType != 0 && facts.outputtypeGiven)
-        context.Error(
-            &table, "row-order",
-            Printf("%s before its outputtype and read as numbers",
-                   facts.rowsBeforeType == 1 ? "1 row stands" : Printf("%u rows stand", facts.rowsBeforeType).c_str()));
-    if (facts.entrycountGiven && facts.entrycount != facts.rows)
-        context.Note(
-            &table, "entry-count",
-            Printf("entrycount says %u, the file holds %s", facts.entrycount, Counted(facts.rows, "row").c_str()));
+void CheckRowOrder(CheckContext& context, const ADXLookupTable& table, const SourcePart& source) {
+    const std::uint32_t early = source.CountBefore("tableentry", "outputtype");
+    if (early != 0 && source.Last("outputtype") != nullptr)
+        context.Error(&table, "row-order",
+                      Printf("%s before its outputtype and read as numbers",
+                             early == 1 ? "1 row stands" : Printf("%u rows stand", early).c_str()));
+    const SourceElement* size = source.Last("entrycount");
+    if (size != nullptr && DecimalWord(size->text) != source.Rows())
+        context.Note(&table, "entry-count",
+                     Printf("entrycount says %u, the file holds %s", DecimalWord(size->text),
+                            Counted(source.Rows(), "row").c_str()));
 }
 
 }  // namespace
@@ -43,10 +44,9 @@ void CheckRowOrder(CheckContext& context, const ADXLookupTable& table, const Fil
 void CheckTable(CheckContext& context, const ADXObject& object) {
     if (object.GetType() != kTypeLookupTable) return;
     const auto& table = static_cast<const ADXLookupTable&>(object);
-    const FileFacts::Object* facts = context.FactsOf(object);
-    if (facts != nullptr) {
-        CheckRowsOfFile(context, table, *facts);
-        CheckRowOrder(context, table, *facts);
+    if (const SourcePart* source = context.SourceOf(object)) {
+        CheckRowsOfFile(context, table, *source);
+        CheckRowOrder(context, table, *source);
     }
     if (!RowsAreRead(table.GetOutputType()) && table.GetEntryCount() != 0)
         context.Lost(Severity::kError, &object,

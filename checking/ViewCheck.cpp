@@ -11,27 +11,28 @@ namespace {
 
 // What a view of `count` entries made of the rows in the file. Unresolved series of a monitor are told as links.
 void CheckEntryRows(CheckContext& context, const ADXObject& view, std::uint32_t count) {
-    const FileFacts::Object* facts = context.FactsOf(view);
-    if (facts == nullptr) return;
+    const SourcePart* source = context.SourceOf(view);
+    if (source == nullptr) return;
+    const std::uint32_t rows = source->Rows();
     if (view.GetType() == kTypeListView) {
-        if (facts->rowsBeforeSize != 0)
+        const std::uint32_t early = source->CountBefore("ADXLVENTRY", "entrycount");
+        const SourceElement* size = source->Last("entrycount");
+        const std::uint32_t entrycount = size == nullptr ? 0 : DecimalWord(size->text);
+        if (early != 0)
             context.Error(&view, "row-order",
                           Printf("%s before its entrycount and dropped",
-                                 facts->rowsBeforeSize == 1 ? "1 row stands"
-                                                            : Printf("%u rows stand", facts->rowsBeforeSize).c_str()));
-        const std::uint32_t behind = facts->rows - facts->rowsBeforeSize;
+                                 early == 1 ? "1 row stands" : Printf("%u rows stand", early).c_str()));
+        const std::uint32_t behind = rows - early;
         if (behind > count)
-            context.Error(
-                &view, "dropped-rows",
-                Printf("%u of its %u rows are dropped on reading: entrycount is %u%s", behind - count, facts->rows,
-                       facts->entrycount, facts->entrycount > 255 ? ", and more than 255 makes none" : ""));
+            context.Error(&view, "dropped-rows",
+                          Printf("%u of its %u rows are dropped on reading: entrycount is %u%s", behind - count, rows,
+                                 entrycount, entrycount > 255 ? ", and more than 255 makes none" : ""));
         else if (behind < count)
             context.Warn(&view, "empty-row",
                          Printf("entrycount is %u, but there are %u rows: the rest is empty", count, behind));
-    } else if (facts->rows > 255) {
-        context.Error(
-            &view, "dropped-rows",
-            Printf("%u of its %u entries are dropped on reading: 255 is the most", facts->rows - 255, facts->rows));
+    } else if (rows > 255) {
+        context.Error(&view, "dropped-rows",
+                      Printf("%u of its %u entries are dropped on reading: 255 is the most", rows - 255, rows));
     }
 }
 

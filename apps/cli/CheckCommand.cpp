@@ -77,9 +77,9 @@ void PrintJson(const CheckOptions& options, const ADXDefinition& definition, con
 
 ExitCode RunCheck(const CheckOptions& options, std::ostream& out, std::ostream& err) {
     ADXDefinition definition;
-    if (!LoadDefinition(definition, options.file, err)) return kExitFailure;
-    const FileFacts facts = ReadFileFacts(options.file.c_str());
-    const std::vector<Finding> findings = CheckDefinition(definition, &facts);
+    SourceRecord source;
+    if (!LoadDefinition(definition, options.file, err, &source)) return kExitFailure;
+    const std::vector<Finding> findings = CheckDefinition(definition, &source);
     if (options.json)
         PrintJson(options, definition, findings, out);
     else

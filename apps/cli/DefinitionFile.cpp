@@ -3,21 +3,27 @@
 #include <ostream>
 
 #include "export/text/TextFormat.h"
+#include "files/adx/ADXParser.h"
 
 namespace corvex {
 
-std::string LoadFailure(const std::string& path, const std::string& error, const FileFacts& facts) {
-    if (error.empty()) return path + ": not a definition: no ADXFORMAT element with a version";
-    // A refused version is no complaint of the XML engine, so the second look at the file has none to show.
-    if (error != facts.error) return path + (facts.formatline != 0 ? Printf(":%u: ", facts.formatline) : ": ") + error;
-    if (facts.errorline == 0 || error == "Error opening file") return path + ": " + error;
-    return path + Printf(":%u:%u: ", facts.errorline, facts.errorcolumn) + error;
+namespace {
+
+std::string Problem(const ADXParser& parser) {
+    if (*parser.GetError() == '\0') return ": not a definition: no ADXFORMAT element with a version";
+    const ErrorPlace& place = parser.GetErrorPlace();
+    const std::string line = place.line != 0 ? Printf(":%u", place.line) : "";
+    return line + (place.column ? Printf(":%u: ", *place.column) : ": ") + parser.GetError();
 }
 
-bool LoadDefinition(ADXDefinition& definition, const std::string& path, std::ostream& err) {
-    char error[ADXDefinition::kErrorSize] = {};
-    if (definition.Load(path.c_str(), error) != 0) return true;
-    err << "corvex-cli: " << LoadFailure(path, error, ReadFileFacts(path.c_str())) << '\n';
+}  // namespace
+
+bool LoadDefinition(ADXDefinition& definition, const std::string& path, std::ostream& err, IReadObserver* observer) {
+    definition.Clear();
+    ADXParser parser;
+    parser.SetObserver(observer);
+    if (parser.Parse(path.c_str(), definition) != 0) return true;
+    err << "corvex-cli: " << path << Problem(parser) << '\n';
     return false;
 }
 

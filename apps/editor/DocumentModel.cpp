@@ -23,11 +23,11 @@ bool NamesSame(const ADXObject* command, const HeaderWords::CommandId& id) {
     return std::strcmp(command != nullptr ? command->Id() : "", id.text) == 0;
 }
 
-bool SameHeader(const ADXDefinition& saved, const ADXDefinition& read, const HeaderWords& words) {
+bool SameHeader(const ADXDefinition& saved, const ADXDefinition& read, const HeaderWords& header) {
     return saved.flags == read.flags && saved.baud == read.baud && ViewOf(saved.Author()) == ViewOf(read.Author()) &&
            ViewOf(saved.UserVersion()) == ViewOf(read.UserVersion()) && ViewOf(saved.Desc()) == ViewOf(read.Desc()) &&
-           NamesSame(saved.connectcmd, words.connectcmd) && NamesSame(saved.monitorcmd, words.monitorcmd) &&
-           NamesSame(saved.disconnectcmd, words.disconnectcmd);
+           NamesSame(saved.connectcmd, header.connectcmd) && NamesSame(saved.monitorcmd, header.monitorcmd) &&
+           NamesSame(saved.disconnectcmd, header.disconnectcmd);
 }
 
 // Empty when there is no memory of that size to write to.
@@ -54,10 +54,10 @@ bool DocumentModel::Load(const std::string& path, std::string& error) {
         error = *parser.GetError() != '\0' ? parser.GetError() : "This is not a definition file.";
         return false;
     }
-    const HeaderWords& words = parser.Header();
-    if (definition_.connectcmd == nullptr) definition_.connectcmd = Missing(0, words.connectcmd.text);
-    if (definition_.monitorcmd == nullptr) definition_.monitorcmd = Missing(1, words.monitorcmd.text);
-    if (definition_.disconnectcmd == nullptr) definition_.disconnectcmd = Missing(2, words.disconnectcmd.text);
+    const HeaderWords& header = parser.Header();
+    if (definition_.connectcmd == nullptr) definition_.connectcmd = Missing(0, header.connectcmd.text);
+    if (definition_.monitorcmd == nullptr) definition_.monitorcmd = Missing(1, header.monitorcmd.text);
+    if (definition_.disconnectcmd == nullptr) definition_.disconnectcmd = Missing(2, header.disconnectcmd.text);
     return true;
 }
 

@@ -1,10 +1,13 @@
-// One element of a definition file, as the readers see it: its name, the text inside it and its attributes.
+// One element of a definition file, as the readers see it: its name, the text inside it, its attributes and its place.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "files/adx/TextForms.h"
 #include "files/xml/ISAXCallback.h"
@@ -24,13 +27,21 @@ public:
     void SetName(const char16_t* name, std::uint32_t length);
     void SetText(const char16_t* text, std::uint32_t length);
     void SetAttributes(const SAXAttribute* attributes, std::uint32_t count);
+    void SetLine(std::uint32_t line) { line_ = line; }
     void ClearName() { name_.Clear(); }
-    void ClearText() { text_.Clear(); }
+    void ClearText() {
+        text_.Clear();
+        textlength_ = 0;
+    }
     void Clear();
 
     bool IsEmpty() const { return name_.View().empty(); }
     bool Is(std::string_view name) const { return SameName(name_.View(), name); }
     bool BeginsWith(std::string_view prefix) const { return SameName(name_.View().substr(0, prefix.size()), prefix); }
+
+    std::string_view Name() const { return name_.View(); }
+    // Of the end of the start tag, from 1.
+    std::uint32_t Line() const { return line_; }
 
     // The text inside, ended by a NUL, and what number it is.
     std::string_view Text() const { return text_.View(); }
@@ -40,6 +51,12 @@ public:
 
     // The attribute's value, ended by a NUL; null data when there is none of the name.
     std::string_view Attribute(std::string_view name) const;
+
+    // All of them, names and values, for those who keep what they are told.
+    std::vector<std::pair<std::string, std::string>> Attributes() const;
+    // Whether all pieces of the text together, or an attribute's value, were more than is kept here.
+    bool IsTextCut() const { return textlength_ >= kTextSize; }
+    bool IsAttributeCut() const { return attributecut_; }
 
     // Read an attribute into a field; without the attribute the field keeps what it has. Narrow fields take the low
     // bits of the word.
@@ -80,6 +97,9 @@ private:
     FixedText<kTextSize> text_;
     std::array<Pair, kAttributeLimit> attributes_;
     std::size_t count_ = 0;
+    std::size_t textlength_ = 0;
+    std::uint32_t line_ = 0;
+    bool attributecut_ = false;
 };
 
 }  // namespace corvex

@@ -40,6 +40,7 @@ void ADXParser::Begin(ADXDefinition& definition, IProgress* progress) {
     header_ = {};
     validversion_ = failed_ = false;
     error_[0] = '\0';
+    place_ = {};
 }
 
 int ADXParser::Finish(std::int32_t code) {
@@ -54,6 +55,7 @@ std::int32_t ADXParser::StartElement(const char16_t* name, std::uint32_t length,
     element_.SetName(name, length);
     element_.ClearText();
     element_.SetAttributes(attributes, count);
+    element_.SetLine(line);
     return 0;
 }
 
@@ -80,8 +82,13 @@ std::int32_t ADXParser::EndDocument() {
     return 0;
 }
 
-std::int32_t ADXParser::Error(std::int32_t, const char* message) {
+std::int32_t ADXParser::Error(std::int32_t code, const char* message) {
     failed_ = true;
+    if (code == kErrorFail) {
+        place_ = {element_.Line(), std::nullopt};
+    } else {
+        place_ = code == SAXParser::kOpenError ? ErrorPlace() : ErrorPlace{line, column};
+    }
     const std::size_t length = std::min(std::strlen(message), kErrorSize - 1);
     std::memcpy(error_, message, length);
     error_[length] = '\0';
@@ -91,13 +98,10 @@ std::int32_t ADXParser::Error(std::int32_t, const char* message) {
 void ADXParser::HandleElement() {
     if (element_.IsEmpty()) return;
     const bool own = EnterState();
-    if (state_ == kRootState) {
-        ReadRoot();
-    } else if (state_ == kHeaderState) {
-        ReadHeader(own);
-    } else {
-        ReadObject(own);
-    }
+    const ElementUse use = state_ == kRootState     ? ReadRoot()
+                           : state_ == kHeaderState ? ReadHeader(own)
+                                                    : ReadObject(own);
+    if (observer_ != nullptr && !closing_) observer_->ElementRead(element_, use);
 }
 
 // True when the element is the one that the state belongs to.
@@ -115,40 +119,49 @@ bool ADXParser::EnterState() {
     return false;
 }
 
-void ADXParser::ReadRoot() {
-    if (closing_ || !element_.Is("ADXFORMAT")) return;
+ElementUse ADXParser::ReadRoot() {
+    if (closing_ || !element_.Is("ADXFORMAT")) return ElementUse::kNone;
     const std::string_view version = element_.Attribute("version");
-    if (version.data() == nullptr) return;
+    if (version.data() == nullptr) return ElementUse::kFormat;
     // Written so that what is no number at all is too low as well.
     if (DecimalFloat(version) >= kOldestVersion) {
         validversion_ = true;
     } else {
         Error(kErrorFail, "File version is out of date.");
     }
+    return ElementUse::kFormat;
 }
 
-void ADXParser::ReadHeader(bool own) {
+ElementUse ADXParser::ReadHeader(bool own) {
     if (!own) {
-        if (!closing_) ReadHeaderChild(*definition_, header_, element_);
-    } else if (closing_ && progress_ != nullptr) {
+        const bool known = !closing_ && ReadHeaderChild(*definition_, header_, element_);
+        return known ? ElementUse::kField : ElementUse::kNone;
+    }
+    if (closing_ && progress_ != nullptr) {
         progress_->SetRange(header_.objectcount + header_.commandcount);
         progress_->SetPosition(0);
     }
+    if (closing_ && observer_ != nullptr) observer_->HeaderEnded();
+    return ElementUse::kHeader;
 }
 
 // An object state is entered only by its own element, which makes or delivers the object: the object that a child
 // finds is of the state's kind, or there is none.
-void ADXParser::ReadObject(bool own) {
+ElementUse ADXParser::ReadObject(bool own) {
     const ObjectKind& kind = kObjectKinds[state_ - kFirstObjectState];
     if (!own) {
-        if (!closing_ && object_ != nullptr) kind.readChild(*object_, element_, position_);
-    } else if (!closing_) {
+        const bool known = !closing_ && object_ != nullptr && kind.readChild(*object_, element_, position_);
+        return known ? ElementUse::kField : ElementUse::kNone;
+    }
+    if (!closing_) {
         object_ = kind.make(element_);
         position_ = {};
     } else {
+        if (observer_ != nullptr && object_ != nullptr) observer_->ObjectEnded(*object_);
         definition_->InsertAt(std::move(object_), 0xFFFFFFFF);
         if (progress_ != nullptr) progress_->Step();
     }
+    return ElementUse::kObject;
 }
 
 }  // namespace corvex

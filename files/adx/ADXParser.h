@@ -4,14 +4,22 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "definition/ADXDefinition.h"
 #include "files/adx/ADXElement.h"
 #include "files/adx/HeaderReader.h"
+#include "files/adx/IReadObserver.h"
 #include "files/adx/ObjectReader.h"
 #include "files/xml/ISAXCallback.h"
 
 namespace corvex {
+
+// Where in the file an error is.
+struct ErrorPlace {
+    std::uint32_t line = 0;               // from 1; 0 when it concerns no place
+    std::optional<std::uint32_t> column;  // from 0; none when it concerns the whole element
+};
 
 // Element events are handled one step late, when the text inside is known. A known element puts the parser into the
 // state of that name, whether it starts or ends there, and the state stays until the next one; what a state does not
@@ -32,6 +40,9 @@ public:
 
     // The message of the last error of the last parse; a later error replaces an earlier one.
     const char* GetError() const { return error_; }
+    const ErrorPlace& GetErrorPlace() const { return place_; }
+    // Told of all that is read from now on; not owned, null for nobody.
+    void SetObserver(IReadObserver* observer) { observer_ = observer; }
     // What the last parse read of the header, with the ids of commands that name no object.
     const HeaderWords& Header() const { return header_; }
 
@@ -53,9 +64,9 @@ private:
     int Finish(std::int32_t code);
     void HandleElement();
     bool EnterState();
-    void ReadRoot();
-    void ReadHeader(bool own);
-    void ReadObject(bool own);
+    ElementUse ReadRoot();
+    ElementUse ReadHeader(bool own);
+    ElementUse ReadObject(bool own);
 
     ADXDefinition* definition_ = nullptr;
     IProgress* progress_ = nullptr;
@@ -68,6 +79,8 @@ private:
     bool validversion_ = false;
     bool failed_ = false;
     char error_[kErrorSize] = {};
+    ErrorPlace place_;
+    IReadObserver* observer_ = nullptr;
 };
 
 }  // namespace corvex

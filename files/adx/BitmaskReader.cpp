@@ -36,8 +36,8 @@ constexpr ChildField<ADXBitmask> kBitmaskFields[] = {
 
 }  // namespace
 
-void ReadBitmaskChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kBitmaskFields, object, child);
+bool ReadBitmaskChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kBitmaskFields, object, child);
 }
 
 }  // namespace corvex

@@ -81,28 +81,28 @@ constexpr ChildField<ADXMacro> kMacroFields[] = {
 
 }  // namespace
 
-void ReadListenSilenceChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kSilenceFields, object, child);
+bool ReadListenSilenceChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kSilenceFields, object, child);
 }
 
-void ReadListenChatterChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kChatterFields, object, child);
+bool ReadListenChatterChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kChatterFields, object, child);
 }
 
-void Read160BaudListenChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(k160BaudFields, object, child);
+bool Read160BaudListenChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(k160BaudFields, object, child);
 }
 
-void ReadSendCommandChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kSendFields, object, child);
+bool ReadSendCommandChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kSendFields, object, child);
 }
 
-void ReadTriggerChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kTriggerFields, object, child);
+bool ReadTriggerChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kTriggerFields, object, child);
 }
 
-void ReadMacroChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kMacroFields, object, child);
+bool ReadMacroChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kMacroFields, object, child);
 }
 
 }  // namespace corvex

@@ -12,7 +12,7 @@ void ReadId(HeaderWords::CommandId& id, const ADXElement& child) {
 
 struct HeaderField {
     std::string_view name;
-    void (*read)(ADXDefinition& definition, HeaderWords& words, const ADXElement& child);
+    void (*read)(ADXDefinition& definition, HeaderWords& header, const ADXElement& child);
 };
 
 template <void (ADXDefinition::*Set)(const char*, std::uint32_t)>
@@ -21,13 +21,13 @@ void TextInto(ADXDefinition& definition, HeaderWords&, const ADXElement& child) 
 }
 
 template <std::uint32_t HeaderWords::*Word>
-void CountInto(ADXDefinition&, HeaderWords& words, const ADXElement& child) {
-    words.*Word = child.Dec();
+void CountInto(ADXDefinition&, HeaderWords& header, const ADXElement& child) {
+    header.*Word = child.Dec();
 }
 
 template <HeaderWords::CommandId HeaderWords::*Id>
-void IdInto(ADXDefinition&, HeaderWords& words, const ADXElement& child) {
-    ReadId(words.*Id, child);
+void IdInto(ADXDefinition&, HeaderWords& header, const ADXElement& child) {
+    ReadId(header.*Id, child);
 }
 
 constexpr HeaderField kHeaderFields[] = {
@@ -45,10 +45,13 @@ constexpr HeaderField kHeaderFields[] = {
 
 }  // namespace
 
-void ReadHeaderChild(ADXDefinition& definition, HeaderWords& words, const ADXElement& child) {
+bool ReadHeaderChild(ADXDefinition& definition, HeaderWords& header, const ADXElement& child) {
     for (const HeaderField& field : kHeaderFields) {
-        if (child.Is(field.name)) return field.read(definition, words, child);
+        if (!child.Is(field.name)) continue;
+        field.read(definition, header, child);
+        return true;
     }
+    return false;
 }
 
 }  // namespace corvex

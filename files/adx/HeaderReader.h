@@ -20,6 +20,7 @@ struct HeaderWords {
     CommandId connectcmd, monitorcmd, disconnectcmd;
 };
 
-void ReadHeaderChild(ADXDefinition& definition, HeaderWords& words, const ADXElement& child);
+// False for a name that it does not know and ignores.
+bool ReadHeaderChild(ADXDefinition& definition, HeaderWords& header, const ADXElement& child);
 
 }  // namespace corvex

@@ -23,8 +23,8 @@ constexpr ChildField<ADXHistogram> kHistogramFields[] = {
 
 }  // namespace
 
-void ReadHistogramChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kHistogramFields, object, child);
+bool ReadHistogramChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kHistogramFields, object, child);
 }
 
 }  // namespace corvex

@@ -20,20 +20,20 @@ void ReadRow(ADXLookupTable& table, const ADXElement& child) {
     }
 }
 
-// "entrycount" is written for other readers of the file; the rows tell it themselves.
 constexpr ChildField<ADXLookupTable> kTableFields[] = {
     {"desc", ReadDesc},
     {"flags", HexInto<&ADXLookupTable::flags>},
     {"inputtype", DecInto<&ADXLookupTable::inputtype>},
     {"outputtype", [](ADXLookupTable& table, const ADXElement& child) { table.SetOutputType(child.Dec()); }},
     {"lookupmode", [](ADXLookupTable& table, const ADXElement& child) { table.SetLookupMode(child.Dec()); }},
+    {"entrycount", ReadNothing},
     {"tableentry", ReadRow},
 };
 
 }  // namespace
 
-void ReadLookupTableChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kTableFields, object, child);
+bool ReadLookupTableChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kTableFields, object, child);
 }
 
 }  // namespace corvex

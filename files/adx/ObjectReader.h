@@ -19,8 +19,9 @@ struct ReadPosition {
 
 // Makes the object from its start tag.
 using ObjectMaker = std::unique_ptr<ADXObject> (*)(const ADXElement& start);
-// Takes one child element; names it does not know are ignored. The object is of the kind that the reader belongs to.
-using ChildReader = void (*)(ADXObject& object, const ADXElement& child, ReadPosition& position);
+// Takes one child element; false for a name that it does not know and ignores. The object is of the kind that the
+// reader belongs to.
+using ChildReader = bool (*)(ADXObject& object, const ADXElement& child, ReadPosition& position);
 
 struct ObjectKind {
     std::string_view element;
@@ -36,11 +37,18 @@ struct ChildField {
 };
 
 template <class T, std::size_t N>
-void ReadField(const ChildField<T> (&fields)[N], ADXObject& object, const ADXElement& child) {
+bool ReadField(const ChildField<T> (&fields)[N], ADXObject& object, const ADXElement& child) {
     for (const ChildField<T>& field : fields) {
-        if (child.Is(field.name)) return field.read(static_cast<T&>(object), child);
+        if (!child.Is(field.name)) continue;
+        field.read(static_cast<T&>(object), child);
+        return true;
     }
+    return false;
 }
+
+// For an element that is written for other readers of the file: what it says follows from the rest.
+template <class T>
+void ReadNothing(T&, const ADXElement&) {}
 
 // Fillers for members that are plain words; narrow members take the low bits.
 template <auto Member, class T>
@@ -87,19 +95,19 @@ void ReadDesc(T& object, const ADXElement& child) {
 }
 
 // The readers of ValueReader, BitmaskReader, LookupTableReader, ViewReader and CommandReader.
-void ReadValueChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadBitmaskChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadLookupTableChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadListViewChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadHistogramChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadDashboardChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadMonitorChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadListenSilenceChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadListenChatterChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void Read160BaudListenChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadSendCommandChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadTriggerChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
-void ReadMacroChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadValueChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadBitmaskChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadLookupTableChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadListViewChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadHistogramChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadDashboardChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadMonitorChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadListenSilenceChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadListenChatterChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool Read160BaudListenChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadSendCommandChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadTriggerChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
+bool ReadMacroChild(ADXObject& object, const ADXElement& child, ReadPosition& position);
 
 // All kinds, in the order of the parser's states.
 extern const std::array<ObjectKind, 13> kObjectKinds;

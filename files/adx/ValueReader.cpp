@@ -55,8 +55,8 @@ constexpr ChildField<ADXValue> kValueFields[] = {
 
 }  // namespace
 
-void ReadValueChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kValueFields, object, child);
+bool ReadValueChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kValueFields, object, child);
 }
 
 }  // namespace corvex

@@ -16,6 +16,7 @@ constexpr ChildField<ADXListView> kListViewFields[] = {
 constexpr ChildField<ADXDashboard> kDashboardFields[] = {
     {"desc", ReadDesc},
     {"flags", HexInto<&ADXDashboard::flags>},
+    {"entrycount", ReadNothing},
     {"ADXDGENTRY",
      [](ADXDashboard& dashboard, const ADXElement& child) {
          ADXDGENTRY entry;
@@ -33,6 +34,7 @@ constexpr ChildField<ADXDashboard> kDashboardFields[] = {
 constexpr ChildField<ADXMonitor> kMonitorFields[] = {
     {"desc", ReadDesc},
     {"flags", HexInto<&ADXMonitor::flags>},
+    {"entrycount", ReadNothing},
     {"ADXMONSERIES",
      [](ADXMonitor& monitor, const ADXElement& child) {
          ADXMONSERIES series;
@@ -47,7 +49,7 @@ constexpr ChildField<ADXMonitor> kMonitorFields[] = {
 };
 
 // Rows fill the slots that "entrycount" has made, by position; rows beyond them are dropped.
-void ReadListViewRow(ADXListView& view, const ADXElement& child, std::uint32_t row) {
+bool ReadListViewRow(ADXListView& view, const ADXElement& child, std::uint32_t row) {
     ADXLVENTRY entry;
     child.ReadDec("entrytype", entry.entrytype);
     child.ReadHex("flags", entry.flags);
@@ -56,21 +58,22 @@ void ReadListViewRow(ADXListView& view, const ADXElement& child, std::uint32_t r
     if (title.data() != nullptr) entry.title.Set(title.data(), title.size());
     child.ReadHex("color", entry.color);
     view.SetEntry(row, &entry);
+    return true;
 }
 
 }  // namespace
 
-void ReadListViewChild(ADXObject& object, const ADXElement& child, ReadPosition& position) {
+bool ReadListViewChild(ADXObject& object, const ADXElement& child, ReadPosition& position) {
     if (child.Is("ADXLVENTRY")) return ReadListViewRow(static_cast<ADXListView&>(object), child, position.row++);
-    ReadField(kListViewFields, object, child);
+    return ReadField(kListViewFields, object, child);
 }
 
-void ReadDashboardChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kDashboardFields, object, child);
+bool ReadDashboardChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kDashboardFields, object, child);
 }
 
-void ReadMonitorChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
-    ReadField(kMonitorFields, object, child);
+bool ReadMonitorChild(ADXObject& object, const ADXElement& child, ReadPosition&) {
+    return ReadField(kMonitorFields, object, child);
 }
 
 }  // namespace corvex

@@ -6,6 +6,7 @@
 
 #include "checking/DefinitionChecker.h"
 #include "definition/ADXDefinition.h"
+#include "files/adx/ADXParser.h"
 
 namespace corvex {
 
@@ -39,12 +40,13 @@ std::string ValueText(const std::string& id, const std::string& equation, const 
 }
 
 std::vector<Finding> CheckText(const std::string& text) {
-    const TempFile file(text);
     ADXDefinition definition;
-    char error[ADXDefinition::kErrorSize] = {};
-    if (definition.Load(file.Path().c_str(), error) == 0) return {{Severity::kError, "load", {}, error, 0, false}};
-    const FileFacts facts = ReadFileFacts(file.Path().c_str());
-    return CheckDefinition(definition, &facts);
+    SourceRecord source;
+    ADXParser parser;
+    parser.SetObserver(&source);
+    if (parser.ParseMemory(text.data(), text.size(), definition) == 0)
+        return {{Severity::kError, "load", {}, parser.GetError(), 0, false}};
+    return CheckDefinition(definition, &source);
 }
 
 std::vector<Finding> OfKind(const std::vector<Finding>& findings, const std::string& kind) {
