@@ -33,22 +33,13 @@ int DataAcqEngine::OpenPort(const char* path, std::uint32_t baud) {
 
 std::int32_t DataAcqEngine::RunCommand(const ADXObject* command) {
     if (command == nullptr || !portRef->IsOpen() || callback == nullptr) return kResultFail;
-    switch (command->GetType()) {
-        case kTypeMacro:
-            return RunMacro(static_cast<const ADXMacro*>(command));
-        case kTypeSendCommand:
-            return RunSendCommand(static_cast<const ADXCSendCommand*>(command));
-        case kTypeListenSilence:
-            return RunListenSilence(static_cast<const ADXCListenSilence*>(command));
-        case kTypeListenChatter:
-            return RunListenChatter(static_cast<const ADXCListenChatter*>(command));
-        case kType160BaudListen:
-            return Run160BaudListen(static_cast<const ADXC160BaudListen*>(command));
-        case kTypeTrigger:
-            return RunTrigger(static_cast<const ADXCTrigger*>(command));
-        default:
-            return kResultFail;
-    }
+    if (const auto* macro = As<ADXMacro>(command)) return RunMacro(macro);
+    if (const auto* send = As<ADXCSendCommand>(command)) return RunSendCommand(send);
+    if (const auto* silence = As<ADXCListenSilence>(command)) return RunListenSilence(silence);
+    if (const auto* chatter = As<ADXCListenChatter>(command)) return RunListenChatter(chatter);
+    if (const auto* listen = As<ADXC160BaudListen>(command)) return Run160BaudListen(listen);
+    if (const auto* trigger = As<ADXCTrigger>(command)) return RunTrigger(trigger);
+    return kResultFail;
 }
 
 std::int32_t DataAcqEngine::RunWhole(const ADXObject* command, std::uint32_t limit) {
@@ -121,7 +112,7 @@ std::uint32_t DataAcqEngine::Exchange(const ADXCSendCommand& command, Buffer& re
         status.code = kCodeStopped;
         return count;
     }
-    if ((command.flags & ADXCSendCommand::kReplyExpected) == 0) return count;
+    if (!command.ExpectsReply()) return count;
     if ((flags & kEcho) != 0 && size != 0) {
         count = portRef->Read(echo.data(), size);
         if (count != size) {

@@ -20,6 +20,7 @@ class ADXCTrigger;
 class ADXMacro;
 class ADXObject;
 class IDataAcqCallback;
+struct ADXMacroNode;
 
 // Results of commands. Any other is what the end callback returned; a negative one is failure.
 inline constexpr std::int32_t kResultOk = 0;
@@ -93,7 +94,7 @@ private:
     void SetReadTimeouts(std::uint32_t interval, std::uint32_t total);
 
     void RunNodes(const ADXMacro& macro);
-    bool RunNode(const ADXObject& command, std::uint32_t nodeFlags);
+    bool RunNode(const ADXMacroNode& node);
     void Delay(std::uint32_t milliseconds);
     // The code of a read that came short, for which `otherwise` stands unless a stop cut it.
     std::uint32_t CodeOfShortRead(std::uint32_t otherwise) const;

@@ -7,8 +7,6 @@ namespace corvex {
 
 namespace {
 
-constexpr std::uint32_t kEndIfFailed = 1, kEndIfSucceeded = 2;
-
 // A macro may repeat billions of times over nodes that lead nowhere.
 bool HasAnythingToRun(const ADXMacro& macro) {
     ADXMacroNode node;
@@ -45,7 +43,7 @@ void DataAcqEngine::RunNodes(const ADXMacro& macro) {
             macro.GetNode(i, &node);
             if (node.command == nullptr) continue;
             for (std::uint32_t run = 0; run < node.repeatcount; ++run) {
-                if (!RunNode(*node.command, node.flags)) return;
+                if (!RunNode(node)) return;
             }
         }
     }
@@ -53,17 +51,17 @@ void DataAcqEngine::RunNodes(const ADXMacro& macro) {
 
 // False ends the macro. The status is shared with the command that ran: unless a rule sets the code here, the macro's
 // end sees what that command left.
-bool DataAcqEngine::RunNode(const ADXObject& command, std::uint32_t nodeFlags) {
+bool DataAcqEngine::RunNode(const ADXMacroNode& node) {
     if (StopRequested()) {
         status.code = kCodeStopped;
         return false;
     }
-    const std::int32_t result = RunCommand(&command);
-    if (tooDeep_ || ((nodeFlags & kEndIfFailed) != 0 && result < 0)) {
+    const std::int32_t result = RunCommand(node.command);
+    if (tooDeep_ || (node.EndsIfFailed() && result < 0)) {
         status.code = kCodeNodeFailed;
         return false;
     }
-    if ((nodeFlags & kEndIfSucceeded) != 0 && result >= 0) {
+    if (node.EndsIfSucceeded() && result >= 0) {
         status.code = kCodeNodeSucceeded;
         return false;
     }

@@ -76,7 +76,7 @@ void CheckContext::RequireLink(const ADXObject& owner, const char* attribute, st
     if (target == nullptr) {
         Error(&owner, "unresolved-link",
               Printf("%s %s names no object of this definition; %s", attribute, HashText(hash).c_str(), effect));
-    } else if ((target->GetType() & mask) == 0) {
+    } else if (!target->IsOneOf(mask)) {
         Error(&owner, "wrong-link",
               Printf("%s %s names the %s, which cannot stand there; %s", attribute, HashText(hash).c_str(),
                      NameOf(*target).c_str(), effect));

@@ -28,7 +28,7 @@ void CheckLimit(CheckContext& context, const ADXObject& command, const char* fie
 }
 
 void CheckReplyTime(CheckContext& context, const ADXCSendCommand& command) {
-    const bool readsEcho = (context.Definition().flags & 1) != 0 && command.size() != 0;
+    const bool readsEcho = context.Definition().HasEcho() && command.size() != 0;
     if (command.replytimeout == 0) {
         if (command.replysize != 0 || readsEcho) CheckLimit(context, command, "replytimeout");
         return;
@@ -44,7 +44,7 @@ void CheckReplyTime(CheckContext& context, const ADXCSendCommand& command) {
 void CheckSend(CheckContext& context, const ADXCSendCommand& command) {
     if (command.size() == 0 && command.replysize == 0)
         context.Warn(&command, "no-bytes", "sends nothing and expects nothing");
-    if ((command.flags & 1) == 0) {
+    if (!command.ExpectsReply()) {
         if (command.replysize != 0)
             context.Note(&command, "no-reply", "has a replysize, but its flags say that no reply is to be processed");
         return;
@@ -123,24 +123,15 @@ void CheckMacro(CheckContext& context, const ADXMacro& macro) {
 }  // namespace
 
 void CheckCommand(CheckContext& context, const ADXObject& object) {
-    switch (object.GetType()) {
-        case kTypeSendCommand:
-            CheckSend(context, static_cast<const ADXCSendCommand&>(object));
-            CheckSendBytes(context, static_cast<const ADXCSendCommand&>(object));
-            break;
-        case kTypeListenChatter:
-            CheckChatter(context, static_cast<const ADXCListenChatter&>(object));
-            break;
-        case kTypeMacro:
-            CheckMacro(context, static_cast<const ADXMacro&>(object));
-            break;
-        case kType160BaudListen:
-            if (static_cast<const ADXC160BaudListen&>(object).packetsize == 0)
-                context.Error(&object, "no-packet", "packetsize is 0: it listens for nothing");
-            break;
-        default:
-            break;
+    if (const auto* send = As<ADXCSendCommand>(&object)) {
+        CheckSend(context, *send);
+        CheckSendBytes(context, *send);
     }
+    if (const auto* chatter = As<ADXCListenChatter>(&object)) CheckChatter(context, *chatter);
+    if (const auto* macro = As<ADXMacro>(&object)) CheckMacro(context, *macro);
+    const auto* listen = As<ADXC160BaudListen>(&object);
+    if (listen != nullptr && listen->packetsize == 0)
+        context.Error(&object, "no-packet", "packetsize is 0: it listens for nothing");
     const NamedKind* kind = KindOfType(object.GetType());
     if (kind == nullptr || kind->keepsBaseFlags) return;
     const SourcePart* source = context.SourceOf(object);

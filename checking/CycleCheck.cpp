@@ -17,19 +17,17 @@ using Targets = std::vector<const ADXObject*>;
 
 Targets TargetsOf(const CheckContext& context, const ADXObject& object) {
     Targets targets;
-    if (object.GetType() == kTypeMacro) {
-        const auto& macro = static_cast<const ADXMacro&>(object);
-        for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
+    if (const auto* macro = As<ADXMacro>(&object)) {
+        for (std::uint32_t i = 0; i < macro->GetNodeCount(); ++i) {
             ADXMacroNode node;
-            macro.GetNode(i, &node);
-            if (node.command != nullptr && node.command->GetType() == kTypeMacro) targets.push_back(node.command);
+            macro->GetNode(i, &node);
+            if (const auto* target = As<ADXMacro>(node.command)) targets.push_back(target);
         }
-    } else if (object.GetType() == kTypeValue) {
-        const auto& value = static_cast<const ADXValue&>(object);
+    } else if (const auto* value = As<ADXValue>(&object)) {
         ADXVar var;
-        for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-            const ADXObject* target = var.type == 1 ? context.Find(var.linkidhash) : nullptr;
-            if (target != nullptr && target->GetType() == kTypeValue) targets.push_back(target);
+        for (std::uint32_t i = 0; value->GetVar(i, &var) != 0; ++i) {
+            if (!var.IsLink()) continue;
+            if (const auto* target = As<ADXValue>(context.Find(var.linkidhash))) targets.push_back(target);
         }
     }
     return targets;

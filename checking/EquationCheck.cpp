@@ -14,7 +14,7 @@ void CheckVars(CheckContext& context, const ADXValue& value) {
     std::string natives;
     ADXVar var;
     for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-        if (var.type != 1 && natives.find(var.varid) == std::string::npos) natives += var.varid;
+        if (!var.IsLink() && natives.find(var.varid) == std::string::npos) natives += var.varid;
     }
     if (natives.size() > 1)
         context.Warn(&value, "two-natives",
@@ -34,9 +34,9 @@ void CheckVars(CheckContext& context, const ADXValue& value) {
 }  // namespace
 
 void CheckEquation(CheckContext& context, const ADXObject& object) {
-    if (object.GetType() != kTypeValue) return;
-    const auto& value = static_cast<const ADXValue&>(object);
-    const EquationFacts facts = StudyEquation(WholeEquation(value));
+    const auto* value = As<ADXValue>(&object);
+    if (value == nullptr) return;
+    const EquationFacts facts = StudyEquation(WholeEquation(*value));
     const std::string quoted = "equation \"" + DisplayText(facts.text) + "\" ";
     if (facts.text.empty()) {
         context.Error(&object, "no-equation", "has no equation: it always reads 0");
@@ -58,7 +58,7 @@ void CheckEquation(CheckContext& context, const ADXObject& object) {
     if (facts.letters == 0) context.Note(&object, "constant", quoted + "mentions no letter: it is always the same");
     if (facts.caret)
         context.Note(&object, "caret", quoted + "has a caret, which is exclusive or; a power is written #");
-    CheckVars(context, value);
+    CheckVars(context, *value);
 }
 
 }  // namespace corvex

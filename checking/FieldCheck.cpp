@@ -13,11 +13,13 @@ namespace corvex {
 
 namespace {
 
-// The place of an item in a packet.
-struct Field {
-    std::uint32_t parent, offset, bits, flags;
-    std::uint64_t End() const { return std::uint64_t{offset} + bits / 8; }
-};
+std::uint64_t EndOf(const ADXItem& item) {
+    return std::uint64_t{item.packetoffset} + item.sizeinbits / 8;
+}
+
+std::string BytesOf(const ADXItem& item) {
+    return Printf("packetoffset 0x%.2X and %s", item.packetoffset, Counted(item.sizeinbits / 8, "byte").c_str());
+}
 
 // Bytes of the command's packet, and how far beyond its end items may still read: to the end of the reply.
 struct Room {
@@ -25,39 +27,36 @@ struct Room {
 };
 
 Room RoomOf(const ADXObject& command) {
-    if (command.GetType() == kType160BaudListen) {
-        const std::uint32_t size = static_cast<const ADXC160BaudListen&>(command).packetsize;
-        return {size, size};
-    }
-    const auto& send = static_cast<const ADXCSendCommand&>(command);
-    return {send.packetsize, send.replysize - std::min(send.packetoffset, send.replysize)};
+    if (const auto* listen = As<ADXC160BaudListen>(&command)) return {listen->packetsize, listen->packetsize};
+    const auto* send = As<ADXCSendCommand>(&command);
+    if (send == nullptr) return {0, 0};
+    return {send->packetsize, send->replysize - std::min(send->packetoffset, send->replysize)};
 }
 
 bool CarriesValues(const ADXObject& command) {
-    return command.GetType() == kType160BaudListen || (static_cast<const ADXCSendCommand&>(command).flags & 1) != 0;
+    const auto* send = As<ADXCSendCommand>(&command);
+    return send == nullptr || send->ExpectsReply();
 }
 
-void CheckPlaceInOne(CheckContext& context, const ADXObject& item, const Field& field, const ADXObject& command) {
+void CheckPlaceInOne(CheckContext& context, const ADXItem& item, const ADXObject& command) {
     if (!CarriesValues(command)) {
         context.Error(&item, "no-reply",
                       Printf("belongs to the %s, whose reply is not processed", NameOf(command).c_str()));
         return;
     }
     const Room room = RoomOf(command);
-    const std::string place =
-        Printf("packetoffset 0x%.2X and %s", field.offset, Counted(field.bits / 8, "byte").c_str());
-    if (field.End() > room.readable) {
+    if (EndOf(item) > room.readable) {
         context.Error(&item, "outside-packet",
-                      Printf("%s reach beyond the %u bytes that the %s leaves to read", place.c_str(), room.readable,
-                             NameOf(command).c_str()));
-    } else if (field.End() > room.packet) {
+                      Printf("%s reach beyond the %u bytes that the %s leaves to read", BytesOf(item).c_str(),
+                             room.readable, NameOf(command).c_str()));
+    } else if (EndOf(item) > room.packet) {
         context.Warn(&item, "beyond-packet",
                      Printf("%s reach beyond the packetsize of %u of the %s; its reply is read all the same",
-                            place.c_str(), room.packet, NameOf(command).c_str()));
+                            BytesOf(item).c_str(), room.packet, NameOf(command).c_str()));
     }
 }
 
-void CheckPlaceInAny(CheckContext& context, const ADXObject& item, const Field& field) {
+void CheckPlaceInAny(CheckContext& context, const ADXItem& item) {
     unsigned fits = 0;
     unsigned all = 0;
     bool inPacket = false;
@@ -66,20 +65,17 @@ void CheckPlaceInAny(CheckContext& context, const ADXObject& item, const Field& 
         if (command == nullptr) break;
         if (!CarriesValues(*command)) continue;
         ++all;
-        if (field.End() <= RoomOf(*command).readable) ++fits;
-        if (field.End() <= RoomOf(*command).packet) inPacket = true;
+        if (EndOf(item) <= RoomOf(*command).readable) ++fits;
+        if (EndOf(item) <= RoomOf(*command).packet) inPacket = true;
     }
     if (all == 0)
         context.Warn(&item, "no-reply", "no command of this definition brings a packet");
     else if (fits == 0)
-        context.Error(&item, "outside-packet",
-                      Printf("packetoffset 0x%.2X and %s fit in the reply of no command", field.offset,
-                             Counted(field.bits / 8, "byte").c_str()));
+        context.Error(&item, "outside-packet", Printf("%s fit in the reply of no command", BytesOf(item).c_str()));
     else if (!inPacket)
         context.Warn(&item, "beyond-packet",
-                     Printf("packetoffset 0x%.2X and %s reach beyond the packetsize of every command; the replies are "
-                            "read all the same",
-                            field.offset, Counted(field.bits / 8, "byte").c_str()));
+                     Printf("%s reach beyond the packetsize of every command; the replies are read all the same",
+                            BytesOf(item).c_str()));
     else if (all > 1)
         context.Note(
             &item, "any-command",
@@ -87,14 +83,14 @@ void CheckPlaceInAny(CheckContext& context, const ADXObject& item, const Field& 
                    all));
 }
 
-void CheckPlace(CheckContext& context, const ADXObject& item, const Field& field) {
-    if (field.parent == 0) return CheckPlaceInAny(context, item, field);
-    const ADXObject* command = context.Find(field.parent);
-    if (command != nullptr && (command->GetType() & kPacketTypes) != 0) CheckPlaceInOne(context, item, field, *command);
+void CheckPlace(CheckContext& context, const ADXItem& item) {
+    if (item.parentcmdidhash == 0) return CheckPlaceInAny(context, item);
+    const ADXObject* command = context.Find(item.parentcmdidhash);
+    if (command != nullptr && command->IsOneOf(kPacketTypes)) CheckPlaceInOne(context, item, *command);
 }
 
-void CheckWidth(CheckContext& context, const ADXObject& item, const Field& field, bool isSigned) {
-    const std::uint32_t bits = field.bits;
+void CheckWidth(CheckContext& context, const ADXItem& item, bool isSigned) {
+    const std::uint32_t bits = item.sizeinbits;
     if (bits > 32) {
         context.Error(&item, "field-size", Printf("sizeinbits %u is more than the 32 that a field may have", bits));
     } else if (bits < 8) {
@@ -107,7 +103,7 @@ void CheckWidth(CheckContext& context, const ADXObject& item, const Field& field
     const bool odd = bits != 8 && bits != 16 && bits != 32;
     if (isSigned && odd && bits >= 8 && bits <= 32)
         context.Error(&item, "field-size", Printf("a signed field of %u bits always reads 0", bits));
-    if (bits / 8 == 3 && (field.flags & kFlagLowByteFirst) == 0)
+    if (bits / 8 == 3 && !item.IsLowByteFirst())
         context.Warn(&item, "field-size", "a field of 3 bytes is never swapped: its first byte counts least");
 }
 
@@ -116,7 +112,7 @@ bool ReadsField(const ADXValue& value) {
     if (value.GetVarCount() == 0) return false;
     ADXVar var;
     for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-        if (var.type != 1) return true;
+        if (!var.IsLink()) return true;
     }
     return false;
 }
@@ -124,8 +120,7 @@ bool ReadsField(const ADXValue& value) {
 void CheckLimits(CheckContext& context, const ADXValue& value) {
     if (value.rangelow >= value.rangehigh)
         context.Warn(&value, "range", Printf("its range from %g to %g is empty", value.rangelow, value.rangehigh));
-    const bool both = (value.flags & ADXValue::kAlarmHigh) != 0 && (value.flags & ADXValue::kAlarmLow) != 0;
-    if (both && value.alarmlow > value.alarmhigh)
+    if (value.HasHighAlarm() && value.HasLowAlarm() && value.alarmlow > value.alarmhigh)
         context.Warn(&value, "alarm",
                      Printf("its low alarm %g lies above its high alarm %g", value.alarmlow, value.alarmhigh));
     if (value.outputtype > ADXValue::kFloat)
@@ -154,19 +149,15 @@ void CheckMask(CheckContext& context, const ADXBitmask& bit) {
 }  // namespace
 
 void CheckField(CheckContext& context, const ADXObject& object) {
-    if (object.GetType() == kTypeValue) {
-        const auto& value = static_cast<const ADXValue&>(object);
-        CheckLimits(context, value);
-        if (!ReadsField(value)) return;
-        const Field field{value.parentcmdidhash, value.packetoffset, value.sizeinbits, value.flags};
-        CheckWidth(context, value, field, (value.flags & ADXValue::kSigned) != 0);
-        CheckPlace(context, value, field);
-    } else if (object.GetType() == kTypeBitmask) {
-        const auto& bit = static_cast<const ADXBitmask&>(object);
-        const Field field{bit.parentcmdidhash, bit.packetoffset, bit.sizeinbits, bit.flags};
-        CheckWidth(context, bit, field, false);
-        CheckPlace(context, bit, field);
-        CheckMask(context, bit);
+    if (const auto* value = As<ADXValue>(&object)) {
+        CheckLimits(context, *value);
+        if (!ReadsField(*value)) return;
+        CheckWidth(context, *value, value->IsSigned());
+        CheckPlace(context, *value);
+    } else if (const auto* bit = As<ADXBitmask>(&object)) {
+        CheckWidth(context, *bit, false);
+        CheckPlace(context, *bit);
+        CheckMask(context, *bit);
     }
 }
 

@@ -13,7 +13,7 @@ void CheckHeaderCommand(CheckContext& context, const char* name, const ADXObject
         context.Error(
             nullptr, "unresolved-link",
             Printf("%s \"%s\": %s; it is not run", name, DisplayText(id).c_str(), WhyIdNotFound(context, id).c_str()));
-    } else if (command != nullptr && (command->GetType() & kCommandTypes) == 0) {
+    } else if (command != nullptr && !command->IsOneOf(kCommandTypes)) {
         context.Error(nullptr, "wrong-link",
                       Printf("%s names the %s, which is no command", name, NameOf(*command).c_str()));
     }

@@ -13,7 +13,7 @@ namespace {
 
 void CheckId(CheckContext& context, const ADXObject& object) {
     const std::size_t length = std::strlen(object.Id());
-    const bool command = (object.GetType() & kCommandTypes) != 0;
+    const bool command = object.IsOneOf(kCommandTypes);
     if (length == 0)
         context.Warn(&object, "no-id", "has no id: nothing can refer to it reliably");
     else if (length == ADXObject::kIdLength && command)

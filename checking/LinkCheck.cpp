@@ -24,7 +24,7 @@ void CheckValueLinks(CheckContext& context, const ADXValue& value) {
                         "the value is shown without a table, and the link vanishes at the next save");
     ADXVar var;
     for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-        if (var.type != 1) continue;
+        if (!var.IsLink()) continue;
         const std::string name = Printf("linkIDHash of %c", var.varid);
         if (var.linkidhash == 0)
             context.Error(&value, "unresolved-link",
@@ -47,7 +47,7 @@ void CheckHistogramLinks(CheckContext& context, const ADXHistogram& histogram) {
 void CheckListLinks(CheckContext& context, const ADXListView& view) {
     for (std::uint32_t i = 0; i < view.GetEntryCount(); ++i) {
         const ADXLVENTRY& entry = *view.GetEntry(i);
-        if (entry.entrytype != 0) continue;
+        if (!entry.IsItem()) continue;
         const std::string name = Printf("itemidhash of row %u", i + 1);
         context.RequireLink(view, name.c_str(), entry.itemidhash, kItemTypes, "the row shows nothing");
         if (entry.itemidhash == 0) context.Warn(&view, "empty-row", Printf("row %u names no item", i + 1));
@@ -92,7 +92,7 @@ void CheckMacroLinks(CheckContext& context, const ADXMacro& macro) {
                 &macro, "unresolved-link",
                 Printf("commandID \"%s\" of node %u: %s; the node is passed over and vanishes at the next save",
                        DisplayText(node.commandid).c_str(), i + 1, WhyIdNotFound(context, node.commandid).c_str()));
-        } else if ((node.command->GetType() & kCommandTypes) == 0) {
+        } else if (!node.command->IsOneOf(kCommandTypes)) {
             context.Error(&macro, "wrong-link",
                           Printf("node %u names the %s, which is no command", i + 1, NameOf(*node.command).c_str()));
         }
@@ -102,25 +102,14 @@ void CheckMacroLinks(CheckContext& context, const ADXMacro& macro) {
 }  // namespace
 
 void CheckLinks(CheckContext& context, const ADXObject& object) {
-    switch (object.GetType()) {
-        case kTypeValue:
-            return CheckValueLinks(context, static_cast<const ADXValue&>(object));
-        case kTypeHistogram:
-            return CheckHistogramLinks(context, static_cast<const ADXHistogram&>(object));
-        case kTypeListView:
-            return CheckListLinks(context, static_cast<const ADXListView&>(object));
-        case kTypeDashboard:
-            return CheckDashLinks(context, static_cast<const ADXDashboard&>(object));
-        case kTypeMonitor:
-            return CheckMonitorLinks(context, static_cast<const ADXMonitor&>(object));
-        case kTypeMacro:
-            return CheckMacroLinks(context, static_cast<const ADXMacro&>(object));
-        case kTypeBitmask:
-            return context.RequireLink(object, "parentcmdidhash",
-                                       static_cast<const ADXBitmask&>(object).parentcmdidhash, kPacketTypes, kNoParent);
-        default:
-            return;
-    }
+    if (const auto* value = As<ADXValue>(&object)) return CheckValueLinks(context, *value);
+    if (const auto* histogram = As<ADXHistogram>(&object)) return CheckHistogramLinks(context, *histogram);
+    if (const auto* view = As<ADXListView>(&object)) return CheckListLinks(context, *view);
+    if (const auto* dash = As<ADXDashboard>(&object)) return CheckDashLinks(context, *dash);
+    if (const auto* monitor = As<ADXMonitor>(&object)) return CheckMonitorLinks(context, *monitor);
+    if (const auto* macro = As<ADXMacro>(&object)) return CheckMacroLinks(context, *macro);
+    if (const auto* bit = As<ADXBitmask>(&object))
+        context.RequireLink(object, "parentcmdidhash", bit->parentcmdidhash, kPacketTypes, kNoParent);
 }
 
 }  // namespace corvex

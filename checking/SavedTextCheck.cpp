@@ -137,33 +137,19 @@ void CheckSavedTexts(CheckContext& context, const ADXObject& object) {
     texts.Length("title", object.Title(), kAttributeLimit);
     texts.Length("desc", object.Desc(), kElementLimit);
     texts.Blank("desc", object.Desc());
-    switch (object.GetType()) {
-        case kTypeValue:
-            CheckValueTexts(context, static_cast<const ADXValue&>(object));
-            break;
-        case kTypeBitmask:
-            texts.Unescaped("truestring", static_cast<const ADXBitmask&>(object).TrueString(), false);
-            texts.Unescaped("falsestring", static_cast<const ADXBitmask&>(object).FalseString(), false);
-            break;
-        case kTypeLookupTable:
-            CheckTableTexts(context, static_cast<const ADXLookupTable&>(object));
-            break;
-        case kTypeListView:
-            CheckRowTitles(context, static_cast<const ADXListView&>(object));
-            break;
-        case kTypeMacro:
-            CheckNodeIds(context, static_cast<const ADXMacro&>(object));
-            break;
-        case kTypeHistogram: {
-            const auto& histogram = static_cast<const ADXHistogram&>(object);
-            texts.Number("xmin", histogram.GetXMin());
-            texts.Number("xmax", histogram.GetXMax());
-            texts.Number("ymin", histogram.GetYMin());
-            texts.Number("ymax", histogram.GetYMax());
-            break;
-        }
-        default:
-            break;
+    if (const auto* value = As<ADXValue>(&object)) CheckValueTexts(context, *value);
+    if (const auto* bit = As<ADXBitmask>(&object)) {
+        texts.Unescaped("truestring", bit->TrueString(), false);
+        texts.Unescaped("falsestring", bit->FalseString(), false);
+    }
+    if (const auto* table = As<ADXLookupTable>(&object)) CheckTableTexts(context, *table);
+    if (const auto* view = As<ADXListView>(&object)) CheckRowTitles(context, *view);
+    if (const auto* macro = As<ADXMacro>(&object)) CheckNodeIds(context, *macro);
+    if (const auto* histogram = As<ADXHistogram>(&object)) {
+        texts.Number("xmin", histogram->GetXMin());
+        texts.Number("xmax", histogram->GetXMax());
+        texts.Number("ymin", histogram->GetYMin());
+        texts.Number("ymax", histogram->GetYMax());
     }
 }
 

@@ -42,8 +42,9 @@ void CheckRowOrder(CheckContext& context, const ADXLookupTable& table, const Sou
 }  // namespace
 
 void CheckTable(CheckContext& context, const ADXObject& object) {
-    if (object.GetType() != kTypeLookupTable) return;
-    const auto& table = static_cast<const ADXLookupTable&>(object);
+    const auto* found = As<ADXLookupTable>(&object);
+    if (found == nullptr) return;
+    const ADXLookupTable& table = *found;
     if (const SourcePart* source = context.SourceOf(object)) {
         CheckRowsOfFile(context, table, *source);
         CheckRowOrder(context, table, *source);

@@ -63,22 +63,12 @@ void CheckHistogramGrid(CheckContext& context, const ADXHistogram& histogram) {
 }  // namespace
 
 void CheckView(CheckContext& context, const ADXObject& object) {
-    switch (object.GetType()) {
-        case kTypeListView:
-            CheckEntryRows(context, object, static_cast<const ADXListView&>(object).GetEntryCount());
-            break;
-        case kTypeDashboard:
-            CheckEntryRows(context, object, static_cast<const ADXDashboard&>(object).GetEntryCount());
-            CheckGauges(context, static_cast<const ADXDashboard&>(object));
-            break;
-        case kTypeMonitor:
-            CheckEntryRows(context, object, static_cast<const ADXMonitor&>(object).GetEntryCount());
-            break;
-        case kTypeHistogram:
-            CheckHistogramGrid(context, static_cast<const ADXHistogram&>(object));
-            break;
-        default:
-            break;
+    if (const auto* list = As<ADXListView>(&object)) CheckEntryRows(context, object, list->GetEntryCount());
+    if (const auto* monitor = As<ADXMonitor>(&object)) CheckEntryRows(context, object, monitor->GetEntryCount());
+    if (const auto* histogram = As<ADXHistogram>(&object)) CheckHistogramGrid(context, *histogram);
+    if (const auto* dash = As<ADXDashboard>(&object)) {
+        CheckEntryRows(context, object, dash->GetEntryCount());
+        CheckGauges(context, *dash);
     }
 }
 

@@ -22,17 +22,13 @@ void WriteAlarm(XMLWriter& writer, const char* name, std::uint32_t color) {
 
 }  // namespace
 
-std::uint32_t ADXBitmask::GetRaw(PacketView packet, std::uint32_t offset, std::uint32_t options) {
-    return rawvalue_.Take({packetoffset, sizeinbits, flags}, packet, offset, options);
-}
-
 int ADXBitmask::IsSet(const ADXDefinition& /*definition*/, PacketView packet, std::uint32_t offset,
                       std::uint32_t options) {
     return Compare(GetRaw(packet, offset, options));
 }
 
 int ADXBitmask::WouldBeSet(PacketView packet) const {
-    return Compare(rawvalue_.Peek({packetoffset, sizeinbits, flags}, packet, 0, 0));
+    return Compare(rawvalue_.Peek(Place(), packet, 0, 0));
 }
 
 int ADXBitmask::Compare(std::uint32_t word) const {

@@ -3,10 +3,8 @@
 
 #include <cstdint>
 
-#include "definition/ADXObject.h"
-#include "definition/FieldReader.h"
+#include "definition/ADXItem.h"
 #include "definition/PacketView.h"
-#include "definition/RawWord.h"
 
 namespace corvex {
 
@@ -14,16 +12,16 @@ class ADXDefinition;
 
 // Threads: as ADXValue; there is no evaluator, so testing is safe anywhere.
 // Colours are 0x00BBGGRR words.
-class ADXBitmask : public ADXObject {
+class ADXBitmask : public ADXItem {
 public:
     enum Flag : std::uint32_t { kLowByteFirst = kFlagLowByteFirst, kAlarmOnSet = 0x4, kAlarmOnNotSet = 0x8 };
     enum Operation : std::uint32_t { kAnd = 0, kXor = 1 };
 
-    ADXBitmask() : ADXObject(kTypeBitmask) {}
+    static constexpr std::uint32_t kType = kTypeBitmask;
+
+    ADXBitmask() : ADXItem(kType) {}
     int Write(XMLWriter* writer) const override;
 
-    // As ADXValue::GetRaw.
-    std::uint32_t GetRaw(PacketView packet, std::uint32_t offset = 0, std::uint32_t options = 0);
     // 1 when `operand` AND (or XOR) the word equals `result`; 0 otherwise and for any other bitop.
     // A default bitmask is always set.
     int IsSet(const ADXDefinition& definition, PacketView packet, std::uint32_t offset = 0, std::uint32_t options = 0);
@@ -48,10 +46,10 @@ public:
     const char* TrueString() const { return truestring_.IsSet() ? truestring_.CStr() : ""; }
     const char* FalseString() const { return falsestring_.IsSet() ? falsestring_.CStr() : ""; }
 
-    std::uint32_t flags = 0;
-    std::uint32_t parentcmdidhash = 0;  // 0: any command
-    std::uint32_t packetoffset = 0;
-    std::uint32_t sizeinbits = 8;
+    // Bits of flags: which of the two states is an alarm.
+    bool HasAlarmOnSet() const { return (flags & kAlarmOnSet) != 0; }
+    bool HasAlarmOnNotSet() const { return (flags & kAlarmOnNotSet) != 0; }
+
     std::uint32_t operand = 0;  // the mask
     std::uint32_t result = 0;   // the word that means "set"
     std::uint32_t bitop = kAnd;
@@ -62,7 +60,6 @@ private:
     int Compare(std::uint32_t word) const;
 
     OwnedText truestring_, falsestring_;
-    RawWord rawvalue_;
 };
 
 }  // namespace corvex

@@ -9,7 +9,9 @@ namespace corvex {
 
 class ADXC160BaudListen : public ADXObject {
 public:
-    ADXC160BaudListen() : ADXObject(kType160BaudListen) {}
+    static constexpr std::uint32_t kType = kType160BaudListen;
+
+    ADXC160BaudListen() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
     std::uint32_t flags = 0;       // loaded and saved; nothing tests a bit of it

@@ -9,7 +9,9 @@ namespace corvex {
 
 class ADXCListenChatter : public ADXObject {
 public:
-    ADXCListenChatter() : ADXObject(kTypeListenChatter) {}
+    static constexpr std::uint32_t kType = kTypeListenChatter;
+
+    ADXCListenChatter() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
     void SetBytes(const std::uint8_t* bytes, std::uint32_t len) { bytes_.Set(bytes, len); }

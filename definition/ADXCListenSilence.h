@@ -9,7 +9,9 @@ namespace corvex {
 
 class ADXCListenSilence : public ADXObject {
 public:
-    ADXCListenSilence() : ADXObject(kTypeListenSilence) {}
+    static constexpr std::uint32_t kType = kTypeListenSilence;
+
+    ADXCListenSilence() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
     std::uint32_t silencelen = 0;      // milliseconds of quiet wanted; 0 makes the command a pure delay of totaltimeout

@@ -9,11 +9,17 @@ namespace corvex {
 
 class ADXCTrigger : public ADXObject {
 public:
-    ADXCTrigger() : ADXObject(kTypeTrigger) {}
+    // Bits of triggertype.
+    enum View : std::uint32_t { kHistograms = 0x2, kItemList = 0x4, kMonitors = 0x8, kDash = 0x10 };
+    static constexpr std::uint32_t kType = kTypeTrigger;
+
+    ADXCTrigger() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
-    std::uint32_t triggertype = 0;  // 0x2 histograms, 0x4 item list, 0x8 monitors, 0x10 dash
-    std::uint32_t flags = 0;        // loaded and saved; tested by nothing
+    bool Wakes(View view) const { return (triggertype & view) != 0; }
+
+    std::uint32_t triggertype = 0;
+    std::uint32_t flags = 0;  // loaded and saved; tested by nothing
 };
 
 }  // namespace corvex

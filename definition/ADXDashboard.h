@@ -18,7 +18,9 @@ struct ADXDGENTRY {
 
 class ADXDashboard : public ADXObject, public EntryList<ADXDGENTRY> {
 public:
-    ADXDashboard() : ADXObject(kTypeDashboard) {}
+    static constexpr std::uint32_t kType = kTypeDashboard;
+
+    ADXDashboard() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
     std::uint32_t flags = 0;  // loaded and saved

@@ -60,7 +60,7 @@ std::uint32_t ADXDefinition::GetDesc(char* out, std::uint32_t size) const {
 ADXObject* ADXDefinition::GetObject(std::uint32_t mask, std::uint32_t n) const {
     if (mask == kTypeAny) return n < objects_.size() ? objects_[n].get() : nullptr;
     for (const auto& object : objects_) {
-        if ((object->GetType() & mask) != 0 && n-- == 0) return object.get();
+        if (object->IsOneOf(mask) && n-- == 0) return object.get();
     }
     return nullptr;
 }
@@ -86,9 +86,8 @@ ADXObject* ADXDefinition::FindByHash(std::uint32_t hash) const {
 ADXValue* ADXDefinition::FindValueByType(std::uint32_t word) const {
     if (word == 0) return nullptr;
     for (const auto& object : objects_) {
-        if (object->GetType() != kTypeValue) continue;
-        auto* value = static_cast<ADXValue*>(object.get());
-        if ((std::uint32_t{value->datatype} << 16 | value->unittype) == word) return value;
+        auto* value = As<ADXValue>(object.get());
+        if (value != nullptr && (std::uint32_t{value->datatype} << 16 | value->unittype) == word) return value;
     }
     return nullptr;
 }
@@ -100,15 +99,9 @@ int ADXDefinition::IsHashUnique(const ADXObject* object, std::uint32_t hash) con
 }
 
 void ADXDefinition::UpdateValues(PacketView packet, std::uint32_t commandId) {
-    const auto belongs = [=](std::uint32_t parent) { return parent == 0 || parent == commandId; };
     for (const auto& object : objects_) {
-        if (object->GetType() == kTypeValue) {
-            auto& value = static_cast<ADXValue&>(*object);
-            if (belongs(value.parentcmdidhash)) value.GetRaw(packet);
-        } else if (object->GetType() == kTypeBitmask) {
-            auto& bitmask = static_cast<ADXBitmask&>(*object);
-            if (belongs(bitmask.parentcmdidhash)) bitmask.GetRaw(packet);
-        }
+        auto* item = As<ADXItem>(object.get());
+        if (item != nullptr && item->BelongsTo(commandId)) item->GetRaw(packet);
     }
 }
 

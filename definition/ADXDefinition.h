@@ -61,6 +61,10 @@ public:
     const OwnedText& Author() const { return author_; }
     const OwnedText& Desc() const { return desc_; }
 
+    // kEcho in flags: sent bytes come back before the reply.
+    bool HasEcho() const { return (flags & kEcho) != 0; }
+    void SetEcho(bool on) { flags = on ? flags | kEcho : flags & ~kEcho; }
+
     std::uint32_t GetCount() const { return static_cast<std::uint32_t>(objects_.size()); }
     // The n-th object, from 0, among those with a bit of `mask`, in list order.
     ADXObject* GetObject(std::uint32_t mask, std::uint32_t n) const;
@@ -91,7 +95,8 @@ public:
     // The list, for walks in order.
     const std::vector<std::unique_ptr<ADXObject>>& Objects() const { return objects_; }
 
-    std::uint32_t flags = 0;  // bit 0: sent bytes come back as an echo
+    static constexpr std::uint32_t kEcho = 1;
+    std::uint32_t flags = 0;
     std::uint32_t baud = kDefaultBaud;
     ADXObject* connectcmd = nullptr;     // run once at connect; not owned, like the two below
     ADXObject* monitorcmd = nullptr;     // run again and again while connected

@@ -11,15 +11,15 @@ namespace corvex {
 namespace {
 
 int SetValue(ADXValue*& place, ADXObject* object) {
-    if (object == nullptr || object->GetType() != kTypeValue) return 0;
-    place = static_cast<ADXValue*>(object);
+    auto* const value = As<ADXValue>(object);
+    if (value == nullptr) return 0;
+    place = value;
     return 1;
 }
 
 float ReadValue(ADXValue* value, const ADXDefinition& definition, PacketView packet, std::uint32_t commandhash) {
     if (value == nullptr) return 0.0F;
-    const bool carried = value->parentcmdidhash == 0 || value->parentcmdidhash == commandhash;
-    return static_cast<float>(value->Compute(definition, carried ? packet : nullptr));
+    return static_cast<float>(value->Compute(definition, value->BelongsTo(commandhash) ? packet : nullptr));
 }
 
 float Mean(const float* samples, std::uint32_t count) {

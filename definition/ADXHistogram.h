@@ -35,7 +35,9 @@ public:
         kRange = 11,
     };
 
-    ADXHistogram() : ADXObject(kTypeHistogram) {}
+    static constexpr std::uint32_t kType = kTypeHistogram;
+
+    ADXHistogram() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
     // Store, throw the cells away, rebuild the axis table concerned. What is asked for beyond the limit is saved as it
@@ -82,6 +84,9 @@ public:
     // 1 and the sample at `index` from the newest, or 0.
     int GetSample(std::uint32_t row, std::uint32_t col, std::uint32_t index, float* out) const;
     std::uint32_t GetSampleCount(std::uint32_t row, std::uint32_t col) const;
+
+    // Whether samples of the command feed it.
+    bool BelongsTo(std::uint32_t commandId) const { return BelongsToCommand(parentcmdidhash, commandId); }
 
     std::uint32_t xidhash = 0, yidhash = 0, zidhash = 0;
     std::uint32_t flags = 0;            // loaded and saved

@@ -11,6 +11,9 @@ namespace corvex {
 struct ADXLVENTRY {
     enum Type : std::uint32_t { kItemRow = 0, kHeadingRow = 1 };
 
+    // What the link pass binds to an item.
+    bool IsItem() const { return entrytype == kItemRow; }
+
     std::uint32_t flags = 0;             // on a heading row, bit 0 asks for the bold font
     std::uint32_t entrytype = kItemRow;  // a heading row shows `title` and has no item
     std::uint32_t itemidhash = 0;        // the item's, only for an item row
@@ -25,7 +28,9 @@ struct ADXLVENTRY {
 
 class ADXListView : public ADXObject, public EntryList<ADXLVENTRY> {
 public:
-    ADXListView() : ADXObject(kTypeListView) {}
+    static constexpr std::uint32_t kType = kTypeListView;
+
+    ADXListView() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
     std::uint32_t flags = 0;  // loaded and saved

@@ -17,7 +17,9 @@ public:
     enum Output : std::uint32_t { kHexadecimal = 0, kInteger = 1, kUnformatted = 2, kFloat = 3, kText = 5 };
     enum Mode : std::uint32_t { kInterpolate = 0, kNearest = 1, kLower = 2, kHigher = 3 };
 
-    ADXLookupTable() : ADXObject(kTypeLookupTable) {}
+    static constexpr std::uint32_t kType = kTypeLookupTable;
+
+    ADXLookupTable() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
     // The number for x. 0.0 for an empty table and for one with text output.

@@ -10,16 +10,24 @@ namespace corvex {
 
 // One step of a macro.
 struct ADXMacroNode {
+    enum Flag : std::uint32_t { kEndIfFailed = 1, kEndIfSucceeded = 2 };
+
+    // Bits of flags: whether the macro ends when this node fails, or when it succeeds.
+    bool EndsIfFailed() const { return (flags & kEndIfFailed) != 0; }
+    bool EndsIfSucceeded() const { return (flags & kEndIfSucceeded) != 0; }
+
     const ADXObject* command = nullptr;  // not owned; null until links are resolved. A null node is not saved
     char commandid[ADXObject::kIdLength + 1] = {};  // as read from the file
-    std::uint32_t flags = 0;  // 1: end the macro if this node fails. 2: end it if this node succeeds
+    std::uint32_t flags = 0;
     std::uint32_t repeatcount = 1;
 };
 
 // Any command may be a node, another macro too.
 class ADXMacro : public ADXObject {
 public:
-    ADXMacro() : ADXObject(kTypeMacro) {}
+    static constexpr std::uint32_t kType = kTypeMacro;
+
+    ADXMacro() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
     std::uint32_t GetNodeCount() const { return static_cast<std::uint32_t>(nodes_.size()); }

@@ -21,7 +21,9 @@ struct ADXMONSERIES {
 
 class ADXMonitor : public ADXObject, public EntryList<ADXMONSERIES> {
 public:
-    ADXMonitor() : ADXObject(kTypeMonitor) {}
+    static constexpr std::uint32_t kType = kTypeMonitor;
+
+    ADXMonitor() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
     std::uint32_t flags = 0;  // loaded and saved

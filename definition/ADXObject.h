@@ -27,11 +27,19 @@ enum ADXType : std::uint32_t {
     kTypeTrigger = 0x00200000,
     kTypeAny = 0xFFFFFFFF,
 };
+inline constexpr std::uint32_t kCommandTypes = 0x003F0000;
+inline constexpr std::uint32_t kPacketTypes = kTypeSendCommand | kType160BaudListen;  // their replies carry values
+inline constexpr std::uint32_t kItemTypes = kTypeValue | kTypeBitmask;
 
 // The id hash: a table-driven rotating exclusive or over the bytes as they are. Modulus 0xFFFFFFFF leaves the sum
 // whole. A null pointer hashes to 0, an empty text to 0xDC379ACF. Part of the file formats: files and logs store these
 // numbers.
 std::uint32_t HashId(const void* bytes, std::uint32_t length, std::uint32_t modulus = 0xFFFFFFFF);
+
+// Whether what names this parent command belongs to the command: 0 stands for any.
+constexpr bool BelongsToCommand(std::uint32_t parentcmdidhash, std::uint32_t commandId) {
+    return parentcmdidhash == 0 || parentcmdidhash == commandId;
+}
 
 // Objects live on the heap, owned by the one list of their ADXDefinition; every other holder keeps a plain pointer or
 // an idhash. Built on the user-interface thread and read-only afterwards, but for the raw words of values and bitmasks.
@@ -68,6 +76,8 @@ public:
 
     std::uint32_t GetIdHash() const { return idhash_; }
     std::uint32_t GetType() const { return objecttype_; }
+    // Whether the type is one bit of these.
+    bool IsOneOf(std::uint32_t types) const { return (objecttype_ & types) != 0; }
     std::uint32_t GetBaseFlags() const { return baseflags_; }
     void SetBaseFlags(std::uint32_t flags) { baseflags_ = flags; }
 
@@ -86,5 +96,15 @@ private:
     std::uint32_t idhash_ = 0;
     std::uint32_t baseflags_ = 0;  // opaque: loaded and saved, tested by nothing
 };
+
+// The object as one of class T, null when it is null or of another class.
+template <class T>
+T* As(ADXObject* object) {
+    return object != nullptr && object->IsOneOf(T::kType) ? static_cast<T*>(object) : nullptr;
+}
+template <class T>
+const T* As(const ADXObject* object) {
+    return As<T>(const_cast<ADXObject*>(object));
+}
 
 }  // namespace corvex

@@ -27,7 +27,7 @@ void WriteSpan(XMLWriter& writer, const char* name, float low, float high) {
 void WriteVar(XMLWriter& writer, const ADXVar& var) {
     writer.StartElement("VAR");
     writer.WriteAttributeFormat("varID", "%c", var.varid);
-    const bool link = var.type == ADXVar::kLink;
+    const bool link = var.IsLink();
     writer.WriteAttribute("type", link ? "link" : "native");
     if (link) writer.WriteAttributeFormat("linkIDHash", "0x%X", static_cast<unsigned>(var.linkidhash));
     writer.EndElement();
@@ -41,13 +41,9 @@ struct ADXValue::LinkWalk {
     unsigned budget = kLinkBudget;
 };
 
-std::uint32_t ADXValue::GetRaw(PacketView packet, std::uint32_t offset, std::uint32_t options) {
-    return rawvalue_.Take({packetoffset, sizeinbits, flags}, packet, offset, options);
-}
-
 double ADXValue::GetNative(PacketView packet, std::uint32_t offset, std::uint32_t options) {
     const std::uint32_t word = GetRaw(packet, offset, options);
-    if ((flags & kSigned) == 0) return word;
+    if (!IsSigned()) return word;
     switch (sizeinbits) {
         case 8:
             return static_cast<std::int8_t>(word & 0xFF);
@@ -72,14 +68,13 @@ double ADXValue::ComputeLinked(const ADXDefinition& definition, PacketView packe
     for (const ADXVar& var : vars_) {
         if (var.type == ADXVar::kNative) {
             number = GetNative(packet, offset, options);
-        } else if (var.type == ADXVar::kLink) {
-            ADXObject* object = definition.FindByHash(var.linkidhash);
-            if (object != nullptr && object->GetType() == kTypeValue && walk.depth != 0 && walk.budget != 0) {
-                auto& linked = static_cast<ADXValue&>(*object);
-                const bool samePacket = linked.parentcmdidhash == parentcmdidhash;
+        } else if (var.IsLink()) {
+            auto* linked = As<ADXValue>(definition.FindByHash(var.linkidhash));
+            if (linked != nullptr && walk.depth != 0 && walk.budget != 0) {
+                const bool samePacket = linked->parentcmdidhash == parentcmdidhash;
                 --walk.budget;
                 --walk.depth;
-                number = linked.ComputeLinked(definition, samePacket ? packet : nullptr, offset, options, walk);
+                number = linked->ComputeLinked(definition, samePacket ? packet : nullptr, offset, options, walk);
                 ++walk.depth;
             }
         }

@@ -5,11 +5,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "definition/ADXObject.h"
+#include "definition/ADXItem.h"
 #include "definition/EquationEvaluator.h"
-#include "definition/FieldReader.h"
 #include "definition/PacketView.h"
-#include "definition/RawWord.h"
 
 namespace corvex {
 
@@ -19,6 +17,8 @@ class ADXLookupTable;
 // One variable of an equation. Every occurrence of a letter has an entry of its own.
 struct ADXVar {
     enum Type : std::uint32_t { kNative = 0, kLink = 1 };
+
+    bool IsLink() const { return type == kLink; }
 
     std::uint32_t type = kNative;  // native: the value's own packet field; link: another value
     char varid = 0;                // the letter
@@ -34,19 +34,18 @@ struct ADXVar {
 // Links are followed by hash at every computation. A chain deeper than kLinkDepth, or a computation that runs through
 // more than kLinkBudget linked values (only a cycle, or a definition made to be slow, gets there), is cut: the variable
 // keeps the number of the one before it, as with a link that does not resolve.
-class ADXValue : public ADXObject {
+class ADXValue : public ADXItem {
 public:
+    static constexpr std::uint32_t kType = kTypeValue;
     static constexpr unsigned kLinkDepth = 32;
     static constexpr unsigned kLinkBudget = 4096;
 
     enum Flag : std::uint32_t { kSigned = 0x1, kLowByteFirst = kFlagLowByteFirst, kAlarmHigh = 0x4, kAlarmLow = 0x8 };
     enum Output : std::uint32_t { kHexadecimal = 0, kInteger = 1, kUnsigned = 2, kFloat = 3 };
 
-    ADXValue() : ADXObject(kTypeValue) {}
+    ADXValue() : ADXItem(kType) {}
     int Write(XMLWriter* writer) const override;
 
-    // The raw word. A null packet gives the last one and changes nothing; a packet gives and stores a new one.
-    std::uint32_t GetRaw(PacketView packet, std::uint32_t offset = 0, std::uint32_t options = 0);
     // The raw word as a number. Signed fields are 8, 16 or 32 bits wide; a signed field of any other width is 0.0.
     double GetNative(PacketView packet, std::uint32_t offset = 0, std::uint32_t options = 0);
     // The engineering value. Without an equation that parsed: 0.0.
@@ -74,10 +73,11 @@ public:
     std::uint32_t GetUnits(char* out, std::uint32_t size) const;
     const char* Units() const { return units_.IsSet() ? units_.CStr() : ""; }
 
-    std::uint32_t flags = 0;
-    std::uint32_t parentcmdidhash = 0;  // idhash of the command whose reply carries the value; 0: any
-    std::uint32_t packetoffset = 0;     // bytes into the decoded part of the reply
-    std::uint32_t sizeinbits = 8;       // whole bytes are read: 12 reads one
+    // Bits of flags: the field is a two's complement number; the alarm limit of that side is watched.
+    bool IsSigned() const { return (flags & kSigned) != 0; }
+    bool HasHighAlarm() const { return (flags & kAlarmHigh) != 0; }
+    bool HasLowAlarm() const { return (flags & kAlarmLow) != 0; }
+
     std::uint32_t outputtype = kFloat;
     std::uint8_t digcount = 2;
     float alarmlow = 0.0F, alarmhigh = 255.0F;
@@ -96,7 +96,6 @@ private:
     EquationEvaluator equation_;
     std::vector<ADXVar> vars_;
     OwnedText units_;
-    RawWord rawvalue_;
 };
 
 }  // namespace corvex

@@ -7,7 +7,7 @@ namespace corvex {
 
 HistogramFeed::HistogramFeed(const ADXDefinition& definition) : definition_(definition) {
     for (const auto& object : definition.Objects()) {
-        if (object->GetType() == kTypeHistogram) fed_.push_back({static_cast<ADXHistogram*>(object.get()), 0, 0});
+        if (auto* histogram = As<ADXHistogram>(object.get())) fed_.push_back({histogram, 0, 0});
     }
 }
 
@@ -16,7 +16,7 @@ void HistogramFeed::Update(PacketView lastPacket, std::uint32_t lastPacketComman
     if (!lastPacket) return;
     for (FedHistogram& fed : fed_) {
         ADXHistogram& histogram = *fed.histogram;
-        if (histogram.parentcmdidhash != 0 && histogram.parentcmdidhash != commandId) continue;
+        if (!histogram.BelongsTo(commandId)) continue;
         const auto cell = static_cast<std::uint32_t>(histogram.AddSample(definition_, lastPacket, lastPacketCommand));
         ++fed.samples;
         if ((cell & 0xFFFFU) >= histogram.GetRows() || cell >> 16U >= histogram.GetCols()) ++fed.nowhere;

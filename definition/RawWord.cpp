@@ -1,7 +1,5 @@
 #include "definition/RawWord.h"
 
-#include "definition/FieldReader.h"
-
 namespace corvex {
 
 namespace {
@@ -23,7 +21,7 @@ std::uint32_t RawWord::Peek(const FieldPlace& field, PacketView packet, std::uin
                             std::uint32_t options) const {
     const std::uint8_t* bytes = packet.Field(PlaceOf(field, offset, options), field.sizeinbits / 8);
     if (bytes == nullptr) return word_.load(std::memory_order_relaxed);
-    const bool lowByteFirst = (options & kReadNoSwap) != 0 || (field.flags & kFlagLowByteFirst) != 0;
+    const bool lowByteFirst = (options & kReadNoSwap) != 0 || field.IsLowByteFirst();
     return ReadField(bytes, field.sizeinbits, lowByteFirst);
 }
 

@@ -4,12 +4,16 @@
 #include <atomic>
 #include <cstdint>
 
+#include "definition/FieldReader.h"
 #include "definition/PacketView.h"
 
 namespace corvex {
 
 // Where a field lies and how it is stored, as its owner has it.
 struct FieldPlace {
+    // kFlagLowByteFirst in flags.
+    bool IsLowByteFirst() const { return (flags & kFlagLowByteFirst) != 0; }
+
     std::uint32_t packetoffset;
     std::uint32_t sizeinbits;
     std::uint32_t flags;

@@ -44,18 +44,11 @@ bool DashboardRefersTo(const ADXDashboard& dashboard, const ADXObject& target) {
 }  // namespace
 
 bool RefersTo(const ADXObject& object, const ADXObject& target) {
-    switch (object.GetType()) {
-        case kTypeMacro:
-            return MacroRefersTo(static_cast<const ADXMacro&>(object), target);
-        case kTypeListView:
-            return ListRefersTo(static_cast<const ADXListView&>(object), target);
-        case kTypeValue:
-            return ValueRefersTo(static_cast<const ADXValue&>(object), target);
-        case kTypeDashboard:
-            return DashboardRefersTo(static_cast<const ADXDashboard&>(object), target);
-        default:
-            return false;
-    }
+    if (const auto* macro = As<ADXMacro>(&object)) return MacroRefersTo(*macro, target);
+    if (const auto* list = As<ADXListView>(&object)) return ListRefersTo(*list, target);
+    if (const auto* value = As<ADXValue>(&object)) return ValueRefersTo(*value, target);
+    const auto* dashboard = As<ADXDashboard>(&object);
+    return dashboard != nullptr && DashboardRefersTo(*dashboard, target);
 }
 
 }  // namespace corvex

@@ -23,14 +23,14 @@ constexpr std::size_t kTextSize = 1024;
 
 // As a view passes it: an item of another command is read from its raw word.
 PacketView PacketFor(std::uint32_t parent, const DecodedRecord& record) {
-    return parent == 0 || parent == record.commandId ? record.packet : PacketView(nullptr);
+    return BelongsToCommand(parent, record.commandId) ? record.packet : PacketView(nullptr);
 }
 
 // A linked value has a raw word of its own.
 bool HangsOnRawWord(const ADXValue& value) {
     ADXVar var;
     for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-        if (var.type == ADXVar::kLink) return false;
+        if (var.IsLink()) return false;
     }
     return true;
 }
@@ -44,13 +44,12 @@ std::string HeaderOf(const ADXObject& item, const char* units) {
 
 ColumnSet::ColumnSet(ADXDefinition& definition, const std::string& pattern) : definition_(definition) {
     for (const auto& object : definition.Objects()) {
-        if ((object->GetType() & kItemTypes) == 0) continue;
-        const bool isValue = object->GetType() == kTypeValue;
-        Column column{isValue ? static_cast<ADXValue*>(object.get()) : nullptr,
-                      isValue ? nullptr : static_cast<ADXBitmask*>(object.get()), ParentOf(*object),
+        if (!object->IsOneOf(kItemTypes)) continue;
+        Column column{As<ADXValue>(object.get()), As<ADXBitmask>(object.get()), ParentOf(*object),
                       ItemMatches(pattern, *object), nullptr};
         if (column.chosen) ++chosen_;
-        if (column.chosen && isValue && HangsOnRawWord(*column.value)) column.memo = std::make_unique<NumberMemo>();
+        if (column.chosen && column.value != nullptr && HangsOnRawWord(*column.value))
+            column.memo = std::make_unique<NumberMemo>();
         columns_.push_back(std::move(column));
     }
 }

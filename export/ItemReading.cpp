@@ -22,10 +22,10 @@ ItemReading ReadValue(const ADXDefinition& definition, ADXValue& value, PacketVi
     reading.text = DisplayText(text);
     reading.istext = value.lookup != nullptr && value.lookup->GetOutputType() == ADXLookupTable::kText;
     const auto narrowed = static_cast<float>(reading.number);
-    if ((value.flags & ADXValue::kAlarmHigh) != 0 && narrowed > value.alarmhigh) {
+    if (value.HasHighAlarm() && narrowed > value.alarmhigh) {
         reading.alarm = true;
         reading.colour = kHighAlarmColour;
-    } else if ((value.flags & ADXValue::kAlarmLow) != 0 && narrowed < value.alarmlow) {
+    } else if (value.HasLowAlarm() && narrowed < value.alarmlow) {
         reading.alarm = true;
         reading.colour = kLowAlarmColour;
     }
@@ -47,19 +47,19 @@ ItemReading ReadBitmask(const ADXDefinition& definition, ADXBitmask& bit, Packet
 }  // namespace
 
 ItemReading ReadItem(const ADXDefinition& definition, ADXObject& item, PacketView packet) {
-    if (item.GetType() == kTypeValue) return ReadValue(definition, static_cast<ADXValue&>(item), packet);
-    if (item.GetType() == kTypeBitmask) return ReadBitmask(definition, static_cast<ADXBitmask&>(item), packet);
-    return {};
+    if (auto* value = As<ADXValue>(&item)) return ReadValue(definition, *value, packet);
+    auto* const bit = As<ADXBitmask>(&item);
+    return bit != nullptr ? ReadBitmask(definition, *bit, packet) : ItemReading();
 }
 
 std::uint32_t ParentOf(const ADXObject& item) {
-    if (item.GetType() == kTypeValue) return static_cast<const ADXValue&>(item).parentcmdidhash;
-    if (item.GetType() == kTypeBitmask) return static_cast<const ADXBitmask&>(item).parentcmdidhash;
-    return 0;
+    const auto* found = As<ADXItem>(&item);
+    return found != nullptr ? found->parentcmdidhash : 0;
 }
 
 std::string UnitsOf(const ADXObject& item) {
-    return item.GetType() == kTypeValue ? DisplayText(static_cast<const ADXValue&>(item).Units()) : std::string();
+    const auto* value = As<ADXValue>(&item);
+    return value != nullptr ? DisplayText(value->Units()) : std::string();
 }
 
 }  // namespace corvex

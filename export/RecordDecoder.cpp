@@ -13,10 +13,9 @@ bool DecodeRecord(const ADXDefinition& definition, const LogItem& item, PacketVi
         *record = {item.commandId, reply, false};
         return true;
     }
-    if (item.type != kTypeSendCommand || command->GetType() != kTypeSendCommand) return false;
-    const auto& send = static_cast<const ADXCSendCommand&>(*command);
-    constexpr std::uint32_t kReplyExpected = 1;
-    *record = {item.commandId, send.ReadablePart(reply), (send.flags & kReplyExpected) != 0};
+    const auto* send = As<ADXCSendCommand>(command);
+    if (item.type != kTypeSendCommand || send == nullptr) return false;
+    *record = {item.commandId, send->ReadablePart(reply), send->ExpectsReply()};
     return true;
 }
 

@@ -139,7 +139,7 @@ void DataLogEngine::Deliver(Playback& playback) {
     status.commandId = item.commandId;
     status.sampleIndex = sampleIndex.load(std::memory_order_relaxed);
     if (item.type == kTypeSendCommand) {
-        playback.send.flags = 1;
+        playback.send.flags = ADXCSendCommand::kReplyExpected;
         playback.send.replysize = count;
         status.command = &playback.send;
         static_cast<void>(playback.told->OnSendCommandEnd(&status, playback.reply.data(), count));

@@ -19,14 +19,12 @@ constexpr std::uint32_t kFromLog = 1;  // source of a status
 constexpr std::uint32_t kRepliesPerText = 200;
 constexpr std::uint32_t kReplyFlashMs = 500;
 
-enum TriggerBit : std::uint32_t { kHistograms = 0x2, kItemList = 0x4, kMonitors = 0x8, kDash = 0x10 };
-
-std::uint32_t ViewsOf(std::uint32_t triggerBits) {
+std::uint32_t ViewsOf(const ADXCTrigger& trigger) {
     std::uint32_t views = 0;
-    if ((triggerBits & kHistograms) != 0) views |= BitOf(SampleViewKind::kHistograms);
-    if ((triggerBits & kItemList) != 0) views |= BitOf(SampleViewKind::kList);
-    if ((triggerBits & kMonitors) != 0) views |= BitOf(SampleViewKind::kMonitors);
-    if ((triggerBits & kDash) != 0) views |= BitOf(SampleViewKind::kDash);
+    if (trigger.Wakes(ADXCTrigger::kHistograms)) views |= BitOf(SampleViewKind::kHistograms);
+    if (trigger.Wakes(ADXCTrigger::kItemList)) views |= BitOf(SampleViewKind::kList);
+    if (trigger.Wakes(ADXCTrigger::kMonitors)) views |= BitOf(SampleViewKind::kMonitors);
+    if (trigger.Wakes(ADXCTrigger::kDash)) views |= BitOf(SampleViewKind::kDash);
     return views;
 }
 
@@ -34,11 +32,6 @@ std::uint32_t ViewsOf(std::uint32_t triggerBits) {
 PacketView Arrived(const std::uint8_t* bytes, std::uint32_t count) {
     static constexpr std::uint8_t kNothing = 0;
     return bytes == nullptr ? PacketView(&kNothing, 0) : PacketView(bytes, count);
-}
-
-const ADXCSendCommand* AsSendCommand(const ADXObject* command) {
-    const bool is = command != nullptr && command->GetType() == kTypeSendCommand;
-    return is ? static_cast<const ADXCSendCommand*>(command) : nullptr;
 }
 
 }  // namespace
@@ -53,9 +46,8 @@ std::int32_t DAECallback::OnRead(const DataAcqStatus*, const std::uint8_t* bytes
 }
 
 std::int32_t DAECallback::OnListenSilenceBegin(const DataAcqStatus* status) {
-    if (status->command == nullptr || status->command->GetType() != kTypeListenSilence) return kResultOk;
-    const auto* const command = static_cast<const ADXCListenSilence*>(status->command);
-    DebugOutput::Print(&session_.debug, "Looking for %i ms of silence...", static_cast<int>(command->silencelen));
+    if (const auto* command = As<ADXCListenSilence>(status->command))
+        DebugOutput::Print(&session_.debug, "Looking for %i ms of silence...", static_cast<int>(command->silencelen));
     return kResultOk;
 }
 
@@ -93,8 +85,8 @@ std::int32_t DAECallback::OnSendCommandEnd(const DataAcqStatus* status, const st
     CountReply();
     Sample sample;
     if (!FindSample(*status, kTypeSendCommand, &sample)) return kResultFail;
-    const ADXCSendCommand* const command = AsSendCommand(sample.command);
-    const bool expected = command != nullptr && (command->flags & ADXCSendCommand::kReplyExpected) != 0;
+    const auto* const command = As<ADXCSendCommand>(sample.command);
+    const bool expected = command != nullptr && command->ExpectsReply();
     if (command != nullptr && status->source != kFromLog) count = std::min(count, command->replysize);
 
     if (status->code != kCodeSuccess) {
@@ -140,10 +132,8 @@ std::int32_t DAECallback::On160BaudEnd(const DataAcqStatus* status, const std::u
 }
 
 std::int32_t DAECallback::OnTrigger(const DataAcqStatus* status) {
-    if (status->command == nullptr || status->command->GetType() != kTypeTrigger) return kResultOk;
-    const std::uint32_t bits = static_cast<const ADXCTrigger*>(status->command)->triggertype;
-    const std::uint32_t id = status->command->GetIdHash();
-    session_.PublishSample(session_.timer.Elapsed(), nullptr, id, ViewsOf(bits));
+    if (const auto* trigger = As<ADXCTrigger>(status->command))
+        session_.PublishSample(session_.timer.Elapsed(), nullptr, trigger->GetIdHash(), ViewsOf(*trigger));
     return kResultOk;
 }
 
@@ -183,7 +173,7 @@ bool DAECallback::FindSample(const DataAcqStatus& status, std::uint32_t types, S
     }
     const ADXObject* const command = session_.definition.FindByHash(status.commandId);
     *sample = {command, static_cast<float>(session_.log.CurrentTime() / 1000.0)};
-    if (command != nullptr && (command->GetType() & types) != 0) return true;
+    if (command != nullptr && command->IsOneOf(types)) return true;
     DebugOutput::Print(&session_.debug, "Log playback: Command not found in def. Wrong definition?");
     return false;
 }

@@ -11,10 +11,9 @@ namespace {
 
 // Bytes of what the command brings; no value when that is nothing to record.
 std::optional<std::uint32_t> RecordedSize(const ADXObject& object) {
-    if (object.GetType() == kType160BaudListen) return static_cast<const ADXC160BaudListen&>(object).packetsize;
-    if (object.GetType() != kTypeSendCommand) return std::nullopt;
-    const auto& command = static_cast<const ADXCSendCommand&>(object);
-    return (command.flags & ADXCSendCommand::kReplyExpected) != 0 ? std::optional(command.replysize) : std::nullopt;
+    if (const auto* listen = As<ADXC160BaudListen>(&object)) return listen->packetsize;
+    const auto* send = As<ADXCSendCommand>(&object);
+    return send != nullptr && send->ExpectsReply() ? std::optional(send->replysize) : std::nullopt;
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ namespace corvex {
 void SessionState::ConnectThread(const std::string& portName) {
     threadDone.Reset();
     // Only ever set, so that it outlives the loading of a definition without the bit.
-    if ((definition.flags & 1) != 0) engine.flags = 1;
+    if (definition.HasEcho()) engine.flags = DataAcqEngine::kEcho;
     const std::uint32_t baud = definition.baud;
     const ADXObject* const connect = definition.connectcmd;
     const ADXObject* const monitor = definition.monitorcmd;

@@ -8,7 +8,7 @@ namespace corvex {
 
 LiveTable::LiveTable(const ADXDefinition& definition) : definition_(definition) {
     for (const auto& object : definition.Objects()) {
-        if ((object->GetType() & kItemTypes) != 0) items_.push_back(object.get());
+        if (object->IsOneOf(kItemTypes)) items_.push_back(object.get());
     }
 }
 

@@ -16,7 +16,7 @@ namespace {
 template <class Use>
 void ForEachItem(const ADXDefinition& definition, const ReplyEvent& event, Use use) {
     for (const auto& object : definition.Objects()) {
-        if ((object->GetType() & kItemTypes) == 0) continue;
+        if (!object->IsOneOf(kItemTypes)) continue;
         const std::uint32_t parent = ParentOf(*object);
         if (parent != 0 && parent != event.command->GetIdHash()) continue;
         use(*object, ReadItem(definition, *object, event.Packet()));

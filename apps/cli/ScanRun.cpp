@@ -48,7 +48,7 @@ bool ScanRun::Prepare() {
     std::memcpy(session_.settings.comport, port_.c_str(), port_.size() + 1);
     if (options_.verbose) session_.debug.edit = &log_;
     polled_ = PolledCommands(session_.definition);
-    diagnosis_ = LineDiagnosis((session_.definition.flags & 1) != 0);
+    diagnosis_ = LineDiagnosis(session_.definition.HasEcho());
     view_ = MakeScanView({options_.plain, options_.json, options_.once}, session_.definition, port_, OutputIsTerminal(),
                          out_);
     return true;

@@ -18,8 +18,8 @@ std::vector<std::uint8_t> CopyOf(PacketView view) {
 }
 
 bool ExpectsReply(const ADXObject* command) {
-    if (command == nullptr || command->GetType() != kTypeSendCommand) return command != nullptr;
-    return (static_cast<const ADXCSendCommand*>(command)->flags & 1) != 0;
+    const auto* send = As<ADXCSendCommand>(command);
+    return send != nullptr ? send->ExpectsReply() : command != nullptr;
 }
 
 }  // namespace

@@ -8,7 +8,6 @@ namespace corvex {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
-constexpr std::uint32_t kEchoFlag = 1;
 
 constexpr std::array kCommands = {HeaderCommand::kConnect, HeaderCommand::kMonitor, HeaderCommand::kDisconnect};
 
@@ -82,7 +81,7 @@ std::optional<std::uint32_t> BaudOf(std::string_view text) {
 std::string LabelOf(const ADXObject& object) {
     std::string id(object.Id());
     if (object.GetType() == kTypeObject) return id.append(" (not in this definition)");
-    if ((object.GetType() & kHeaderCommandTypes) == 0) return id.append(" (not a command)");
+    if (!object.IsOneOf(kHeaderCommandTypes)) return id.append(" (not a command)");
     if (*object.Title() == '\0') return id.empty() ? "(no title)" : id;
     std::string label(object.Title());
     return id.empty() ? label : label.append(" (").append(id).append(")");
@@ -96,7 +95,7 @@ HeaderModel::HeaderModel(ADXDefinition& definition) : definition_(definition) {
     description_ = TextOf(definition.Desc());
     fields_.description = WithLineEnds(description_);
     fields_.baud = std::to_string(definition.baud);
-    fields_.echo = (definition.flags & kEchoFlag) != 0;
+    fields_.echo = definition.HasEcho();
     for (const HeaderCommand command : kCommands) {
         List(command);
         fields_.command[Place(command)] = ChoiceOf(command, Slot(command));
@@ -112,9 +111,9 @@ void HeaderModel::List(HeaderCommand command) {
     std::vector<CommandChoice>& choices = choices_[Place(command)];
     choices.push_back({"(none)", nullptr});
     ADXObject* const now = Slot(command);
-    if (now != nullptr && (now->GetType() & kHeaderCommandTypes) == 0) choices.push_back({LabelOf(*now), now});
+    if (now != nullptr && !now->IsOneOf(kHeaderCommandTypes)) choices.push_back({LabelOf(*now), now});
     for (const auto& object : definition_.Objects()) {
-        if (object != nullptr && (object->GetType() & kHeaderCommandTypes) != 0)
+        if (object != nullptr && object->IsOneOf(kHeaderCommandTypes))
             choices.push_back({LabelOf(*object), object.get()});
     }
 }
@@ -178,7 +177,7 @@ void HeaderModel::Apply(const HeaderFields& fields) {
     definition_.SetUserVersion(fields.version.c_str(), length(fields.version));
     definition_.SetDesc(description.c_str(), length(description));
     definition_.baud = BaudOf(fields.baud).value_or(definition_.baud);
-    definition_.flags = (definition_.flags & ~kEchoFlag) | (fields.echo ? kEchoFlag : 0);
+    definition_.SetEcho(fields.echo);
     for (const HeaderCommand command : kCommands) {
         const std::size_t place = Place(command);
         Slot(command) = choices_[place].at(fields.command[place]).object;

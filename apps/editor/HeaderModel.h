@@ -14,8 +14,7 @@
 namespace corvex {
 
 // What the header's commands may be, as a mask for GetObject.
-inline constexpr std::uint32_t kHeaderCommandTypes =
-    kTypeMacro | kTypeSendCommand | kTypeListenSilence | kTypeListenChatter | kType160BaudListen | kTypeTrigger;
+inline constexpr std::uint32_t kHeaderCommandTypes = kCommandTypes;
 
 enum class HeaderCommand : std::size_t { kConnect, kMonitor, kDisconnect };
 inline constexpr std::size_t kHeaderCommandCount = 3;

@@ -20,11 +20,10 @@ constexpr std::uint32_t LowestBit(std::uint32_t word) {
 
 BitToggles::BitToggles(const ADXDefinition& definition, std::uint32_t command, const std::vector<bool>& taken) {
     for (const auto& object : definition.Objects()) {
-        if (object->GetType() != kTypeBitmask) continue;
-        const auto& bitmask = static_cast<const ADXBitmask&>(*object);
-        if (bitmask.parentcmdidhash != 0 && bitmask.parentcmdidhash != command) continue;
+        const auto* bitmask = As<ADXBitmask>(object.get());
+        if (bitmask == nullptr || !bitmask->BelongsTo(command)) continue;
         Toggle toggle{};
-        if (!Prepare(bitmask, toggle)) continue;
+        if (!Prepare(*bitmask, toggle)) continue;
         if (std::uint64_t{toggle.offset} + toggle.count > taken.size()) continue;
         for (std::uint32_t i = 0; i < toggle.count; ++i) {
             if (toggle.mask[i] != 0 && taken[toggle.offset + i]) toggle.overValue = true;
@@ -55,7 +54,7 @@ bool BitToggles::Prepare(const ADXBitmask& bitmask, Toggle& toggle) {
     } else {
         return false;
     }
-    const bool lowByteFirst = (bitmask.flags & ADXBitmask::kLowByteFirst) != 0;
+    const bool lowByteFirst = bitmask.IsLowByteFirst();
     WriteField(toggle.mask.data(), mask, bitmask.sizeinbits, lowByteFirst);
     WriteField(toggle.set.data(), set, bitmask.sizeinbits, lowByteFirst);
     WriteField(toggle.clear.data(), clear, bitmask.sizeinbits, lowByteFirst);

@@ -19,15 +19,12 @@ constexpr std::uint32_t kFollowers = 8;  // one reply in so many has a frame beh
 IdleTalk::IdleTalk(const ADXDefinition& definition, const SimOptions& options)
     : frames_(options.chatter), drawn_(Mix(options.seed, 0xC4A77E2)) {
     for (const auto& object : definition.Objects()) {
-        if (object->GetType() == kTypeListenSilence) {
-            const auto& silence = static_cast<const ADXCListenSilence&>(*object);
-            quiet_ = std::max(quiet_, std::min(2.0 * silence.silencelen / 1000.0, kLongestGap));
-        } else if (object->GetType() == kTypeListenChatter && !options.silent) {
-            const auto& listen = static_cast<const ADXCListenChatter&>(*object);
-            if (listen.size() == 0) continue;
-            patterns_.emplace_back(listen.bytestring(), listen.bytestring() + listen.size());
-            period_ = std::min(period_, listen.listentimeout / 4000.0);
-        }
+        if (const auto* silence = As<ADXCListenSilence>(object.get()))
+            quiet_ = std::max(quiet_, std::min(2.0 * silence->silencelen / 1000.0, kLongestGap));
+        const auto* listen = options.silent ? nullptr : As<ADXCListenChatter>(object.get());
+        if (listen == nullptr || listen->size() == 0) continue;
+        patterns_.emplace_back(listen->bytestring(), listen->bytestring() + listen->size());
+        period_ = std::min(period_, listen->listentimeout / 4000.0);
     }
     period_ = std::max(period_, 0.02);
 }

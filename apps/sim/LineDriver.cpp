@@ -28,7 +28,7 @@ std::vector<std::vector<std::uint8_t>> RequestsOf(const ReplySource& source) {
 LineDriver::LineDriver(ISimLine& line, const ADXDefinition& definition, const SimOptions& options)
     : line_(line),
       options_(options),
-      echoes_(options.echo || (definition.flags & 1) != 0),
+      echoes_(options.echo || definition.HasEcho()),
       frequency_(static_cast<double>(line.Frequency())),
       byteTime_(kBitsPerByte / std::max(definition.baud, 1U)),
       source_(definition, options.seed, options.recording),

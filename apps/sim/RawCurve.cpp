@@ -20,14 +20,14 @@ struct Domain {
 Domain DomainOf(const ADXValue& value) {
     const int bits = static_cast<int>(FieldBytes(value.sizeinbits) * 8);
     const double span = std::ldexp(1.0, bits);
-    if ((value.flags & ADXValue::kSigned) != 0 && bits != 24) return {-span / 2, span / 2 - 1};
+    if (value.IsSigned() && bits != 24) return {-span / 2, span / 2 - 1};
     return {0.0, span - 1};
 }
 
 bool HasLinks(const ADXValue& value) {
     ADXVar var;
     for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-        if (var.type == 1) return true;
+        if (var.IsLink()) return true;
     }
     return false;
 }

@@ -26,14 +26,11 @@ void WriteHeader(std::span<std::uint8_t> header, const std::vector<std::uint8_t>
 
 ReplyBuilder::ReplyBuilder(const ADXDefinition& definition, std::uint64_t seed) : model_(seed) {
     for (const auto& object : definition.Objects()) {
-        if (object->GetType() == kTypeSendCommand) {
-            AddCommand(definition, static_cast<const ADXCSendCommand&>(*object));
-        } else if (object->GetType() == kType160BaudListen && !stream_) {
-            const auto& listen = static_cast<const ADXC160BaudListen&>(*object);
-            if (listen.packetsize == 0 || listen.packetsize > kLongest) continue;
-            streamId_ = listen.GetIdHash();
-            stream_ = MakePlan(definition, streamId_, 0, listen.packetsize);
-        }
+        if (const auto* send = As<ADXCSendCommand>(object.get())) AddCommand(definition, *send);
+        const auto* listen = As<ADXC160BaudListen>(object.get());
+        if (listen == nullptr || stream_ || listen->packetsize == 0 || listen->packetsize > kLongest) continue;
+        streamId_ = listen->GetIdHash();
+        stream_ = MakePlan(definition, streamId_, 0, listen->packetsize);
     }
 }
 
@@ -50,7 +47,7 @@ void ReplyBuilder::AddCommand(const ADXDefinition& definition, const ADXCSendCom
     command.id = send.GetIdHash();
     command.request.assign(send.bytestring(), send.bytestring() + send.size());
     command.replysize = send.replysize;
-    command.answered = (send.flags & 1U) != 0 && send.replysize != 0 && send.replysize <= kLongest;
+    command.answered = send.ExpectsReply() && send.replysize != 0 && send.replysize <= kLongest;
     const std::uint32_t size = command.answered ? send.replysize : 0;
     const std::uint32_t offset = std::min(send.packetoffset, size);
     Plan plan = MakePlan(definition, send.GetIdHash(), offset, size - offset);

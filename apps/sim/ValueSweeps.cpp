@@ -13,19 +13,17 @@ namespace corvex {
 ValueSweeps::ValueSweeps(const ADXDefinition& definition, std::uint32_t command, std::uint32_t capacity)
     : taken_(capacity, false) {
     for (const auto& object : definition.Objects()) {
-        if (object->GetType() != kTypeValue) continue;
-        const auto& value = static_cast<const ADXValue&>(*object);
-        if (value.parentcmdidhash != 0 && value.parentcmdidhash != command) continue;
-        if (!RawCurve::Applies(value)) continue;
-        if (std::uint64_t{value.packetoffset} + FieldBytes(value.sizeinbits) > capacity) continue;
-        Add(value);
+        const auto* value = As<ADXValue>(object.get());
+        if (value == nullptr || !value->BelongsTo(command) || !RawCurve::Applies(*value)) continue;
+        if (std::uint64_t{value->packetoffset} + FieldBytes(value->sizeinbits) > capacity) continue;
+        Add(*value);
     }
     ShareTurns();
 }
 
 void ValueSweeps::Add(const ADXValue& value) {
     const std::uint32_t bytes = FieldBytes(value.sizeinbits);
-    const bool lowByteFirst = (value.flags & ADXValue::kLowByteFirst) != 0;
+    const bool lowByteFirst = value.IsLowByteFirst();
     const std::uint32_t bits = bytes * 8;  // a field of 12 bits is one of 8
     RawCurve curve(value);
     for (Sweep& sweep : sweeps_) {

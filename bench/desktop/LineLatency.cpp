@@ -33,8 +33,8 @@ struct Waits {
 Waits WaitsOf(const std::string& path) {
     ADXDefinition definition;
     if (definition.Load(path.c_str()) == 0) throw std::runtime_error("no definition " + path);
-    const auto* silence = static_cast<ADXCListenSilence*>(definition.GetObject(kTypeListenSilence, 0));
-    const auto* poll = static_cast<ADXCSendCommand*>(definition.GetObject(kTypeSendCommand, 0));
+    const auto* silence = As<ADXCListenSilence>(definition.GetObject(kTypeListenSilence, 0));
+    const auto* poll = As<ADXCSendCommand>(definition.GetObject(kTypeSendCommand, 0));
     if (silence == nullptr || poll == nullptr) throw std::runtime_error("no commands in " + path);
     return {static_cast<double>(silence->silencelen), static_cast<double>(poll->replytimeout)};
 }

@@ -33,8 +33,7 @@ ADXDGENTRY Gauge(const ADXDefinition& definition, std::uint32_t index, Dashboard
 }
 
 void Fill(const ADXDefinition& definition, Dashboard kind) {
-    auto* const dashboard =
-        static_cast<ADXDashboard*>(definition.GetObject(kTypeDashboard, static_cast<std::uint32_t>(kind)));
+    auto* const dashboard = As<ADXDashboard>(definition.GetObject(kTypeDashboard, static_cast<std::uint32_t>(kind)));
     if (dashboard == nullptr) throw std::runtime_error("the example has too few dashboards");
     dashboard->SetEntryCount(0);
     for (std::uint32_t i = 0; i < kColumns * kRows; ++i) {

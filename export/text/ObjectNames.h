@@ -28,10 +28,6 @@ std::span<const NamedKind> NamedKinds();
 const NamedKind* KindOfType(std::uint32_t type);
 const NamedKind* KindOfElement(std::string_view element);
 
-inline constexpr std::uint32_t kCommandTypes = 0x003F0000;
-inline constexpr std::uint32_t kPacketTypes = kTypeSendCommand | kType160BaudListen;
-inline constexpr std::uint32_t kItemTypes = kTypeValue | kTypeBitmask;
-
 // 'value "Engine Speed" (RPM)', as far as there are a title and an id.
 std::string NameOf(const ADXObject& object);
 

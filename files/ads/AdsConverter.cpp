@@ -57,7 +57,7 @@ void AddSend(ADXDefinition& definition, const AdsCommand& command, std::size_t i
     send->replysize = command.iNumBytesBeforePayload + command.iNumBytesInPayload;
     send->packetoffset = command.iNumBytesBeforePayload;
     send->packetsize = command.iNumBytesInPayload;
-    send->flags = 1;  // replies are processed
+    send->flags = ADXCSendCommand::kReplyExpected;
     const auto bytes = BytesOf(command);
     send->SetBytes(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
     if (command.bMaster != 0) definition.monitorcmd = send.get();

@@ -127,7 +127,7 @@ void AddDefaultView(ADXDefinition& definition) {
     view->SetTitle("Default View", SizeOf("Default View"));
     view->SetId("DEFAULTVIEW");
     for (const auto& object : definition.Objects()) {
-        if ((object->GetType() & kListed) == 0) continue;
+        if (!object->IsOneOf(kListed)) continue;
         ADXLVENTRY row;
         row.SetItem(object.get());
         view->AddEntry(&row);

@@ -70,33 +70,22 @@ LinkPass::LinkPass(ADXDefinition& definition) {
 }
 
 void LinkPass::Resolve(ADXObject& object) const {
-    switch (object.GetType()) {
-        case kTypeValue:
-            return ResolveValue(static_cast<ADXValue&>(object));
-        case kTypeListView:
-            return ResolveListView(static_cast<ADXListView&>(object));
-        case kTypeMacro:
-            return ResolveMacro(static_cast<ADXMacro&>(object));
-        case kTypeHistogram:
-            return ResolveHistogram(static_cast<ADXHistogram&>(object));
-        case kTypeDashboard:
-            return ResolveDashboard(static_cast<ADXDashboard&>(object));
-        case kTypeMonitor:
-            return ResolveMonitor(static_cast<ADXMonitor&>(object));
-        default:
-            return;
-    }
+    if (auto* value = As<ADXValue>(&object)) return ResolveValue(*value);
+    if (auto* view = As<ADXListView>(&object)) return ResolveListView(*view);
+    if (auto* macro = As<ADXMacro>(&object)) return ResolveMacro(*macro);
+    if (auto* histogram = As<ADXHistogram>(&object)) return ResolveHistogram(*histogram);
+    if (auto* dashboard = As<ADXDashboard>(&object)) return ResolveDashboard(*dashboard);
+    if (auto* monitor = As<ADXMonitor>(&object)) return ResolveMonitor(*monitor);
 }
 
 void LinkPass::ResolveValue(ADXValue& value) const {
-    ADXObject* const found = ByHash(value.lookupidhash);
-    if (found != nullptr && found->GetType() == kTypeLookupTable) value.lookup = static_cast<ADXLookupTable*>(found);
+    if (auto* found = As<ADXLookupTable>(ByHash(value.lookupidhash))) value.lookup = found;
 }
 
 void LinkPass::ResolveListView(ADXListView& view) const {
     for (std::uint32_t i = 0; i < view.GetEntryCount(); ++i) {
         ADXLVENTRY& entry = *view.GetEntry(i);
-        if (entry.entrytype == 0) entry.item = ByHash(entry.itemidhash);
+        if (entry.IsItem()) entry.item = ByHash(entry.itemidhash);
     }
 }
 

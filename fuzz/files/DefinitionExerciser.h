@@ -29,17 +29,15 @@ inline void ExerciseDefinition(ADXDefinition& definition) {
     definition.UpdateValues(view, 0);
     char text[40];
     for (const auto& object : definition.Objects()) {
-        if (object->GetType() == kTypeValue) {
-            auto& value = static_cast<ADXValue&>(*object);
-            value.Compute(definition, view);
-            value.Format(text, sizeof text, definition, nullptr);
-        } else if (object->GetType() == kTypeBitmask) {
-            static_cast<ADXBitmask&>(*object).GetText(text, sizeof text, definition, view);
-        } else if (object->GetType() == kTypeHistogram) {
-            auto& histogram = static_cast<ADXHistogram&>(*object);
-            const auto cell = static_cast<std::uint32_t>(histogram.AddSample(definition, view, 0));
+        if (auto* value = As<ADXValue>(object.get())) {
+            value->Compute(definition, view);
+            value->Format(text, sizeof text, definition, nullptr);
+        } else if (auto* bitmask = As<ADXBitmask>(object.get())) {
+            bitmask->GetText(text, sizeof text, definition, view);
+        } else if (auto* histogram = As<ADXHistogram>(object.get())) {
+            const auto cell = static_cast<std::uint32_t>(histogram->AddSample(definition, view, 0));
             for (int mode = 0; mode < 12; ++mode) {
-                histogram.GetCellValue(mode, cell & 0xFFFF, cell >> 16, text, sizeof text);
+                histogram->GetCellValue(mode, cell & 0xFFFF, cell >> 16, text, sizeof text);
             }
         }
     }

@@ -11,11 +11,6 @@ namespace corvex {
 
 namespace {
 
-const ADXCSendCommand* AsSend(const ADXObject* object) {
-    const bool is = object != nullptr && object->GetType() == kTypeSendCommand;
-    return is ? static_cast<const ADXCSendCommand*>(object) : nullptr;
-}
-
 // The reply is nothing but the command coming back, or the beginning of it.
 bool IsOnlyEcho(const ADXCSendCommand& command, const std::vector<std::uint8_t>& reply) {
     return reply.size() <= command.size() && std::equal(reply.begin(), reply.end(), command.bytestring());
@@ -34,7 +29,7 @@ bool BeginsWithEcho(const ADXCSendCommand& command, const std::vector<std::uint8
 void LineDiagnosis::Add(const ReplyEvent& event) {
     if (event.code == kCodeSuccess) {
         ++good_;
-        const ADXCSendCommand* const command = AsSend(event.command);
+        const auto* const command = As<ADXCSendCommand>(event.command);
         if (!echo_ && command != nullptr && event.sampled && BeginsWithEcho(*command, event.reply)) ++echoedgood_;
         return;
     }
@@ -47,7 +42,7 @@ void LineDiagnosis::Add(const ReplyEvent& event) {
 }
 
 void LineDiagnosis::AddShort(const ReplyEvent& event) {
-    const ADXCSendCommand* const command = AsSend(event.command);
+    const auto* const command = As<ADXCSendCommand>(event.command);
     if (command != nullptr) wanted_ = command->replysize;
     if (event.reply.empty()) {
         ++silent_;

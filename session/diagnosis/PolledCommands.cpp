@@ -13,7 +13,8 @@ namespace {
 
 bool BringsPackets(const ADXObject& command) {
     if (command.GetType() == kType160BaudListen) return true;
-    return command.GetType() == kTypeSendCommand && (static_cast<const ADXCSendCommand&>(command).flags & 1) != 0;
+    const auto* send = As<ADXCSendCommand>(&command);
+    return send != nullptr && send->ExpectsReply();
 }
 
 }  // namespace
@@ -29,11 +30,10 @@ std::vector<const ADXObject*> PolledCommands(const ADXDefinition& definition) {
         ahead.pop_back();
         if (command == nullptr || !met.insert(command).second) continue;
         if (BringsPackets(*command)) polled.push_back(command);
-        if (command->GetType() != kTypeMacro) continue;
-        const auto& macro = static_cast<const ADXMacro&>(*command);
-        for (std::uint32_t i = macro.GetNodeCount(); i-- > 0;) {
+        const auto* macro = As<ADXMacro>(command);
+        for (std::uint32_t i = macro != nullptr ? macro->GetNodeCount() : 0; i-- > 0;) {
             ADXMacroNode node;
-            macro.GetNode(i, &node);
+            macro->GetNode(i, &node);
             ahead.push_back(node.command);
         }
     }
