@@ -1,21 +1,10 @@
 #include "apps/cli/DefinitionText.h"
 
+#include <utility>
 #include <vector>
 
 #include "checking/EquationFacts.h"
-#include "definition/ADXBitmask.h"
-#include "definition/ADXC160BaudListen.h"
-#include "definition/ADXCListenChatter.h"
-#include "definition/ADXCListenSilence.h"
-#include "definition/ADXCSendCommand.h"
-#include "definition/ADXCTrigger.h"
-#include "definition/ADXDashboard.h"
-#include "definition/ADXHistogram.h"
-#include "definition/ADXListView.h"
-#include "definition/ADXLookupTable.h"
-#include "definition/ADXMacro.h"
-#include "definition/ADXMonitor.h"
-#include "definition/ADXValue.h"
+#include "export/DefinitionWalk.h"
 #include "export/text/ObjectNames.h"
 #include "export/text/TextFormat.h"
 
@@ -37,8 +26,8 @@ std::string MacroText(const ADXMacro& macro) {
         if (i != 0) text += ", ";
         text += node.command != nullptr ? ShortNameOf(*node.command) : "missing " + DisplayText(node.commandid);
         text += TimesText(node.repeatcount);
-        if ((node.flags & 1) != 0) text += " (end if it fails)";
-        if ((node.flags & 2) != 0) text += " (end if it succeeds)";
+        if (node.EndsIfFailed()) text += " (end if it fails)";
+        if (node.EndsIfSucceeded()) text += " (end if it succeeds)";
     }
     if (text.empty()) text = "nothing";
     return text + (macro.repeatcount == 1 ? "" : Printf("; all of it %u times", macro.repeatcount));
@@ -50,36 +39,36 @@ std::string Within(std::uint32_t ms) {
 
 std::string SendText(const ADXCSendCommand& command) {
     std::string text = Counted(command.size(), "byte") + " out";
-    if ((command.flags & 1) == 0) return text + ", no reply";
+    if (!command.ExpectsReply()) return text + ", no reply";
     return text + Printf(", %u back %s, packet of %u from %u", command.replysize, Within(command.replytimeout).c_str(),
                          command.packetsize, command.packetoffset);
 }
 
-std::string FieldText(const ADXDefinition& definition, std::uint32_t parent, std::uint32_t offset, std::uint32_t bits,
-                      bool lowFirst, bool isSigned) {
+// The place of an item: command, offset, width, byte order and sign: "POLL 0x02, 16 bits signed".
+std::string PlaceText(const ADXDefinition& definition, const ADXItem& item, bool isSigned) {
     std::string text = "any command";
-    if (parent != 0) {
-        const ADXObject* command = definition.FindByHash(parent);
-        text = command == nullptr ? "missing " + HashText(parent) : DisplayText(command->Id());
+    if (item.parentcmdidhash != 0) {
+        const ADXObject* command = definition.FindByHash(item.parentcmdidhash);
+        text = command == nullptr ? "missing " + HashText(item.parentcmdidhash) : DisplayText(command->Id());
     }
-    text += Printf(" 0x%.2X, %u bits", offset, bits);
-    if (lowFirst && bits > 8) text += " low byte first";
+    text += Printf(" 0x%.2X, %u bits", item.packetoffset, item.sizeinbits);
+    if (item.IsLowByteFirst() && item.sizeinbits > 8) text += " low byte first";
     if (isSigned) text += " signed";
     return text;
 }
 
 std::string AlarmText(const ADXValue& value) {
     std::string text;
-    if ((value.flags & ADXValue::kAlarmLow) != 0) text = Printf("below %g", static_cast<double>(value.alarmlow));
-    if ((value.flags & ADXValue::kAlarmHigh) != 0)
+    if (value.HasLowAlarm()) text = Printf("below %g", static_cast<double>(value.alarmlow));
+    if (value.HasHighAlarm())
         text += Printf("%sabove %g", text.empty() ? "" : ", ", static_cast<double>(value.alarmhigh));
     return text;
 }
 
 std::string AlarmText(const ADXBitmask& bit) {
     std::string text;
-    if ((bit.flags & ADXBitmask::kAlarmOnSet) != 0) text = "when set";
-    if ((bit.flags & ADXBitmask::kAlarmOnNotSet) != 0) text += text.empty() ? "when not set" : ", when not set";
+    if (bit.HasAlarmOnSet()) text = "when set";
+    if (bit.HasAlarmOnNotSet()) text += text.empty() ? "when not set" : ", when not set";
     return text;
 }
 
@@ -87,7 +76,7 @@ std::string ThroughText(const ADXDefinition& definition, const ADXValue& value) 
     std::string text = DisplayText(WholeEquation(value));
     ADXVar var;
     for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-        if (var.type != 1) continue;
+        if (!var.IsLink()) continue;
         const ADXObject* target = definition.FindByHash(var.linkidhash);
         text += Printf(" (%c: %s)", var.varid,
                        target != nullptr ? ShortNameOf(*target).c_str() : HashText(var.linkidhash).c_str());
@@ -96,77 +85,81 @@ std::string ThroughText(const ADXDefinition& definition, const ADXValue& value) 
     return text;
 }
 
-void AddValues(const ADXDefinition& definition, Rows& rows) {
-    rows.push_back({"Id", "Title", "Units", "Equation", "Place", "Range", "Alarms"});
-    for (const auto& object : definition.Objects()) {
-        if (object->GetType() != kTypeValue) continue;
-        const auto& value = static_cast<const ADXValue&>(*object);
-        rows.push_back({DisplayText(value.Id()), DisplayText(value.Title()), DisplayText(value.Units()),
-                        ThroughText(definition, value), PlaceText(definition, value),
-                        Printf("%g to %g", static_cast<double>(value.rangelow), static_cast<double>(value.rangehigh)),
-                        AlarmText(value)});
-    }
-}
-
-void AddBitmasks(const ADXDefinition& definition, Rows& rows) {
-    rows.push_back({"Id", "Title", "Set", "Not set", "Test", "Place", "Alarm"});
-    for (const auto& object : definition.Objects()) {
-        if (object->GetType() != kTypeBitmask) continue;
-        const auto& bit = static_cast<const ADXBitmask&>(*object);
-        rows.push_back(
-            {DisplayText(bit.Id()), DisplayText(bit.Title()), DisplayText(bit.TrueString()),
-             DisplayText(bit.FalseString()),
-             Printf("%s 0x%.2X = 0x%.2X", bit.bitop == ADXBitmask::kXor ? "xor" : "and", bit.operand, bit.result),
-             PlaceText(definition, bit), AlarmText(bit)});
-    }
-}
-
-void AddTables(const ADXDefinition& definition, Rows& rows) {
-    constexpr const char* modes[] = {"interpolated", "nearest", "lower", "higher"};
-    rows.push_back({"Id", "Title", "Rows", "Between rows", "Output"});
-    for (const auto& object : definition.Objects()) {
-        if (object->GetType() != kTypeLookupTable) continue;
-        const auto& table = static_cast<const ADXLookupTable&>(*object);
-        const std::uint32_t mode = table.GetLookupMode();
-        rows.push_back(
-            {DisplayText(table.Id()), DisplayText(table.Title()), std::to_string(table.GetEntryCount()),
-             mode < 4 ? modes[mode] : Printf("mode %u", mode),
-             table.GetOutputType() == ADXLookupTable::kText ? "text" : Printf("numbers (%u)", table.GetOutputType())});
-    }
-}
-
-std::string ViewText(const ADXObject& object) {
-    switch (object.GetType()) {
-        case kTypeListView:
-            return Counted(static_cast<const ADXListView&>(object).GetEntryCount(), "row");
-        case kTypeDashboard:
-            return Counted(static_cast<const ADXDashboard&>(object).GetEntryCount(), "gauge");
-        case kTypeMonitor:
-            return Counted(static_cast<const ADXMonitor&>(object).GetEntryCount(), "trace");
-        case kTypeHistogram: {
-            const auto& grid = static_cast<const ADXHistogram&>(object);
-            return Printf("%u rows, %u columns", grid.GetRows(), grid.GetCols());
-        }
-        default:
-            return {};
-    }
-}
-
-constexpr std::uint32_t kViewTypes = kTypeListView | kTypeDashboard | kTypeMonitor | kTypeHistogram;
-
-void AddPlain(const ADXDefinition& definition, std::uint32_t types, Rows& rows) {
-    rows.push_back({"Id", "Title", "Kind", (types & kCommandTypes) != 0 ? "Does" : "Holds"});
-    for (const auto& object : definition.Objects()) {
-        if ((object->GetType() & types) == 0) continue;
-        rows.push_back({DisplayText(object->Id()), DisplayText(object->Title()), KindOfType(object->GetType())->noun,
-                        (types & kCommandTypes) != 0 ? CommandText(*object) : ViewText(*object)});
-    }
-}
-
 std::string Section(const char* title, const Rows& rows) {
     const std::string head = Printf("\n%s (%u)\n", title, static_cast<unsigned>(rows.size() - 1));
     return rows.size() == 1 ? head : head + AlignColumns(rows, "  ");
 }
+
+// One row for each object, in the table of its kind.
+class TextSink {
+public:
+    explicit TextSink(const ADXDefinition& definition) : definition_(definition) {}
+
+    std::string Text() const {
+        return Section("Commands", commands_) + Section("Values", values_) + Section("Bitmasks", bitmasks_) +
+               Section("Tables", tables_) + Section("Views", views_);
+    }
+
+    void Add(const ADXCSendCommand& command) { AddCommand(command, SendText(command)); }
+    void Add(const ADXC160BaudListen& command) { AddCommand(command, Printf("packet of %u", command.packetsize)); }
+    void Add(const ADXCListenSilence& command) {
+        AddCommand(command, command.silencelen == 0
+                                ? Printf("waits %u ms", command.totaltimeout)
+                                : Printf("%u ms of silence within %u ms", command.silencelen, command.totaltimeout));
+    }
+    void Add(const ADXCListenChatter& command) {
+        AddCommand(command, BytesText(command.bytestring(), command.size()) + " " + Within(command.listentimeout));
+    }
+    void Add(const ADXCTrigger& command) { AddCommand(command, Printf("views 0x%.2X", command.triggertype)); }
+    void Add(const ADXMacro& macro) { AddCommand(macro, MacroText(macro)); }
+
+    void Add(const ADXValue& value) {
+        AddRow(values_, value,
+               {DisplayText(value.Units()), ThroughText(definition_, value),
+                PlaceText(definition_, value, value.IsSigned()),
+                Printf("%g to %g", static_cast<double>(value.rangelow), static_cast<double>(value.rangehigh)),
+                AlarmText(value)});
+    }
+    void Add(const ADXBitmask& bit) {
+        AddRow(bitmasks_, bit,
+               {DisplayText(bit.TrueString()), DisplayText(bit.FalseString()),
+                Printf("%s 0x%.2X = 0x%.2X", bit.bitop == ADXBitmask::kXor ? "xor" : "and", bit.operand, bit.result),
+                PlaceText(definition_, bit, false), AlarmText(bit)});
+    }
+    void Add(const ADXLookupTable& table) {
+        constexpr const char* modes[] = {"interpolated", "nearest", "lower", "higher"};
+        const std::uint32_t mode = table.GetLookupMode();
+        AddRow(
+            tables_, table,
+            {std::to_string(table.GetEntryCount()), mode < 4 ? modes[mode] : Printf("mode %u", mode),
+             table.GetOutputType() == ADXLookupTable::kText ? "text" : Printf("numbers (%u)", table.GetOutputType())});
+    }
+
+    void Add(const ADXListView& view) { AddView(view, Counted(view.GetEntryCount(), "row")); }
+    void Add(const ADXDashboard& dash) { AddView(dash, Counted(dash.GetEntryCount(), "gauge")); }
+    void Add(const ADXHistogram& grid) { AddView(grid, Printf("%u rows, %u columns", grid.GetRows(), grid.GetCols())); }
+    void Add(const ADXMonitor& monitor) { AddView(monitor, Counted(monitor.GetEntryCount(), "trace")); }
+
+private:
+    static void AddRow(Rows& rows, const ADXObject& object, std::vector<std::string> more) {
+        std::vector<std::string> row{DisplayText(object.Id()), DisplayText(object.Title())};
+        row.insert(row.end(), more.begin(), more.end());
+        rows.push_back(std::move(row));
+    }
+    void AddCommand(const ADXObject& command, const std::string& does) {
+        AddRow(commands_, command, {KindOfType(command.GetType())->noun, does});
+    }
+    void AddView(const ADXObject& view, const std::string& holds) {
+        AddRow(views_, view, {KindOfType(view.GetType())->noun, holds});
+    }
+
+    const ADXDefinition& definition_;
+    Rows commands_{{"Id", "Title", "Kind", "Does"}};
+    Rows values_{{"Id", "Title", "Units", "Equation", "Place", "Range", "Alarms"}};
+    Rows bitmasks_{{"Id", "Title", "Set", "Not set", "Test", "Place", "Alarm"}};
+    Rows tables_{{"Id", "Title", "Rows", "Between rows", "Output"}};
+    Rows views_{{"Id", "Title", "Kind", "Holds"}};
+};
 
 std::string CommandName(const ADXObject* command) {
     return command == nullptr ? "none" : DisplayText(command->Id());
@@ -188,41 +181,6 @@ std::string BytesText(const std::uint8_t* bytes, std::uint32_t count) {
     return text;
 }
 
-std::string PlaceText(const ADXDefinition& definition, const ADXObject& item) {
-    if (item.GetType() == kTypeValue) {
-        const auto& value = static_cast<const ADXValue&>(item);
-        return FieldText(definition, value.parentcmdidhash, value.packetoffset, value.sizeinbits,
-                         (value.flags & kFlagLowByteFirst) != 0, (value.flags & ADXValue::kSigned) != 0);
-    }
-    const auto& bit = static_cast<const ADXBitmask&>(item);
-    return FieldText(definition, bit.parentcmdidhash, bit.packetoffset, bit.sizeinbits,
-                     (bit.flags & kFlagLowByteFirst) != 0, false);
-}
-
-std::string CommandText(const ADXObject& command) {
-    switch (command.GetType()) {
-        case kTypeSendCommand:
-            return SendText(static_cast<const ADXCSendCommand&>(command));
-        case kType160BaudListen:
-            return Printf("packet of %u", static_cast<const ADXC160BaudListen&>(command).packetsize);
-        case kTypeListenSilence: {
-            const auto& silence = static_cast<const ADXCListenSilence&>(command);
-            if (silence.silencelen == 0) return Printf("waits %u ms", silence.totaltimeout);
-            return Printf("%u ms of silence within %u ms", silence.silencelen, silence.totaltimeout);
-        }
-        case kTypeListenChatter: {
-            const auto& chatter = static_cast<const ADXCListenChatter&>(command);
-            return BytesText(chatter.bytestring(), chatter.size()) + " " + Within(chatter.listentimeout);
-        }
-        case kTypeTrigger:
-            return Printf("views 0x%.2X", static_cast<const ADXCTrigger&>(command).triggertype);
-        case kTypeMacro:
-            return MacroText(static_cast<const ADXMacro&>(command));
-        default:
-            return {};
-    }
-}
-
 std::string HeaderText(const ADXDefinition& definition) {
     Rows rows;
     const auto add = [&](const char* name, const OwnedText& text) {
@@ -231,7 +189,7 @@ std::string HeaderText(const ADXDefinition& definition) {
     add("description", definition.Desc());
     add("author", definition.Author());
     add("version", definition.UserVersion());
-    rows.push_back({"line", Printf("%u baud%s", definition.baud, (definition.flags & 1) != 0 ? ", with echo" : "")});
+    rows.push_back({"line", Printf("%u baud%s", definition.baud, definition.HasEcho() ? ", with echo" : "")});
     rows.push_back({"connect", CommandName(definition.connectcmd)});
     rows.push_back({"monitor", CommandName(definition.monitorcmd)});
     rows.push_back({"disconnect", CommandName(definition.disconnectcmd)});
@@ -239,14 +197,9 @@ std::string HeaderText(const ADXDefinition& definition) {
 }
 
 std::string DefinitionText(const ADXDefinition& definition) {
-    Rows commands, values, bitmasks, tables, views;
-    AddPlain(definition, kCommandTypes, commands);
-    AddValues(definition, values);
-    AddBitmasks(definition, bitmasks);
-    AddTables(definition, tables);
-    AddPlain(definition, kViewTypes, views);
-    return HeaderText(definition) + Section("Commands", commands) + Section("Values", values) +
-           Section("Bitmasks", bitmasks) + Section("Tables", tables) + Section("Views", views);
+    TextSink sink(definition);
+    WalkObjects(definition, sink);
+    return HeaderText(definition) + sink.Text();
 }
 
 }  // namespace corvex

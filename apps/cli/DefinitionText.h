@@ -17,12 +17,6 @@ std::string HeaderText(const ADXDefinition& definition);
 // Everything in it. Lines end in LF and are as wide as they need to be.
 std::string DefinitionText(const ADXDefinition& definition);
 
-// What a command does, in a few words: "5 bytes out, 63 back in 200 ms, packet of 59 from 3".
-std::string CommandText(const ADXObject& command);
-
-// The place of an item: command, offset, width, byte order and sign: "POLL 0x02, 16 bits signed".
-std::string PlaceText(const ADXDefinition& definition, const ADXObject& item);
-
 // The bytes in hexadecimal, with blanks between.
 std::string BytesText(const std::uint8_t* bytes, std::uint32_t count);
 
