@@ -16,19 +16,19 @@ std::string AskForSaveName(HWND owner, const std::string& path) {
     char name[EditorSession::kPathSize] = {};
     path.copy(name, sizeof name - 1);
     std::replace(name, name + std::strlen(name), '/', '\\');  // the dialog takes only these
-    OPENFILENAMEA words{};
-    words.lStructSize = sizeof words;
-    words.hwndOwner = owner;
-    words.lpstrFilter = "ADX Files (*.adx)\0*.adx\0";
-    words.lpstrFile = name;
-    words.nMaxFile = sizeof name;
-    words.lpstrTitle = "Choose file to save to...";
-    words.lpstrDefExt = "adx";
-    words.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    if (::GetSaveFileNameA(&words) != FALSE) return name;
+    OPENFILENAMEA request{};
+    request.lStructSize = sizeof request;
+    request.hwndOwner = owner;
+    request.lpstrFilter = "ADX Files (*.adx)\0*.adx\0";
+    request.lpstrFile = name;
+    request.nMaxFile = sizeof name;
+    request.lpstrTitle = "Choose file to save to...";
+    request.lpstrDefExt = "adx";
+    request.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (::GetSaveFileNameA(&request) != FALSE) return name;
     if (::CommDlgExtendedError() != FNERR_INVALIDFILENAME) return {};
     name[0] = '\0';  // a path that is no proper name is no place to begin at
-    return ::GetSaveFileNameA(&words) != FALSE ? std::string(name) : std::string();
+    return ::GetSaveFileNameA(&request) != FALSE ? std::string(name) : std::string();
 }
 
 }  // namespace corvex

@@ -69,9 +69,9 @@ std::string Lower(std::string_view text) {
 }  // namespace
 
 Signal SignalOf(std::string_view title, std::string_view units) {
-    const std::string words = ' ' + Lower(title) + ' ';
+    const std::string padded = ' ' + Lower(title) + ' ';
     for (const Keyword& keyword : kTitleWords) {
-        if (words.find(keyword.text) != std::string::npos) return keyword.signal;
+        if (padded.find(keyword.text) != std::string::npos) return keyword.signal;
     }
     const std::string unit = Lower(units);
     for (const Keyword& keyword : kWholeUnits) {

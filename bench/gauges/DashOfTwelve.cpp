@@ -10,10 +10,10 @@ namespace {
 
 constexpr std::size_t kLamps = 4, kColumns = 4;
 
-template <class... Words>
-std::string Printed(const char* format, Words... words) {
+template <class... Values>
+std::string Printed(const char* format, Values... values) {
     char text[600];
-    std::snprintf(text, sizeof text, format, words...);
+    std::snprintf(text, sizeof text, format, values...);
     return text;
 }
 
