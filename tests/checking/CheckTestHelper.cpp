@@ -39,6 +39,10 @@ std::string ValueText(const std::string& id, const std::string& equation, const 
            "<MATH equation=\"" + equation + "\" /></ADXVALUE>\n";
 }
 
+std::string Object(const std::string& element, const std::string& id, const std::string& inside) {
+    return "<" + element + " id='" + id + "' title='" + id + "'>" + inside + "</" + element + ">";
+}
+
 std::vector<Finding> CheckText(const std::string& text) {
     ADXDefinition definition;
     SourceRecord source;

@@ -28,6 +28,9 @@ std::string DefinitionWith(const std::string& objects);
 // A value with this equation, at packetoffset 0 of POLL; `more` goes among its children.
 std::string ValueText(const std::string& id, const std::string& equation, const std::string& more = "");
 
+// Any object, with the id for its title.
+std::string Object(const std::string& element, const std::string& id, const std::string& inside = "");
+
 // Loads the text as a file and checks it.
 std::vector<Finding> CheckText(const std::string& text);
 
