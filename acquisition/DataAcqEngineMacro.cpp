@@ -9,9 +9,7 @@ namespace {
 
 // A macro may repeat billions of times over nodes that lead nowhere.
 bool HasAnythingToRun(const ADXMacro& macro) {
-    ADXMacroNode node;
-    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
-        macro.GetNode(i, &node);
+    for (const ADXMacroNode& node : macro.Nodes()) {
         if (node.command != nullptr && node.repeatcount != 0) return true;
     }
     return false;
@@ -37,10 +35,8 @@ std::int32_t DataAcqEngine::RunMacro(const ADXMacro* macro) {
 
 void DataAcqEngine::RunNodes(const ADXMacro& macro) {
     if (!HasAnythingToRun(macro)) return;
-    ADXMacroNode node;
     for (std::uint32_t pass = 0; pass < macro.repeatcount; ++pass) {
-        for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
-            macro.GetNode(i, &node);
+        for (const ADXMacroNode& node : macro.Nodes()) {
             if (node.command == nullptr) continue;
             for (std::uint32_t run = 0; run < node.repeatcount; ++run) {
                 if (!RunNode(node)) return;

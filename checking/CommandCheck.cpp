@@ -112,11 +112,11 @@ void CheckChatter(CheckContext& context, const ADXCListenChatter& command) {
 void CheckMacro(CheckContext& context, const ADXMacro& macro) {
     if (macro.GetNodeCount() == 0) context.Warn(&macro, "empty-macro", "has no nodes: it runs nothing");
     if (macro.repeatcount == 0) context.Warn(&macro, "no-repeat", "repeatcount is 0: it runs nothing");
-    ADXMacroNode node;
-    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
-        macro.GetNode(i, &node);
+    std::uint32_t number = 0;
+    for (const ADXMacroNode& node : macro.Nodes()) {
+        ++number;
         if (node.repeatcount == 0)
-            context.Warn(&macro, "no-repeat", Printf("repeatcount of node %u is 0: it is passed over", i + 1));
+            context.Warn(&macro, "no-repeat", Printf("repeatcount of node %u is 0: it is passed over", number));
     }
 }
 

@@ -18,14 +18,11 @@ using Targets = std::vector<const ADXObject*>;
 Targets TargetsOf(const CheckContext& context, const ADXObject& object) {
     Targets targets;
     if (const auto* macro = As<ADXMacro>(&object)) {
-        for (std::uint32_t i = 0; i < macro->GetNodeCount(); ++i) {
-            ADXMacroNode node;
-            macro->GetNode(i, &node);
+        for (const ADXMacroNode& node : macro->Nodes()) {
             if (const auto* target = As<ADXMacro>(node.command)) targets.push_back(target);
         }
     } else if (const auto* value = As<ADXValue>(&object)) {
-        ADXVar var;
-        for (std::uint32_t i = 0; value->GetVar(i, &var) != 0; ++i) {
+        for (const ADXVar& var : value->Vars()) {
             if (!var.IsLink()) continue;
             if (const auto* target = As<ADXValue>(context.Find(var.linkidhash))) targets.push_back(target);
         }

@@ -12,8 +12,7 @@ namespace {
 
 void CheckVars(CheckContext& context, const ADXValue& value) {
     std::string natives;
-    ADXVar var;
-    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
+    for (const ADXVar& var : value.Vars()) {
         if (!var.IsLink() && natives.find(var.varid) == std::string::npos) natives += var.varid;
     }
     if (natives.size() > 1)

@@ -107,16 +107,6 @@ void CheckWidth(CheckContext& context, const ADXItem& item, bool isSigned) {
         context.Warn(&item, "field-size", "a field of 3 bytes is never swapped: its first byte counts least");
 }
 
-// Whether an item takes its own field at all: a value made of links only does not.
-bool ReadsField(const ADXValue& value) {
-    if (value.GetVarCount() == 0) return false;
-    ADXVar var;
-    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-        if (!var.IsLink()) return true;
-    }
-    return false;
-}
-
 void CheckLimits(CheckContext& context, const ADXValue& value) {
     if (value.rangelow >= value.rangehigh)
         context.Warn(&value, "range", Printf("its range from %g to %g is empty", value.rangelow, value.rangehigh));
@@ -151,7 +141,7 @@ void CheckMask(CheckContext& context, const ADXBitmask& bit) {
 void CheckField(CheckContext& context, const ADXObject& object) {
     if (const auto* value = As<ADXValue>(&object)) {
         CheckLimits(context, *value);
-        if (!ReadsField(*value)) return;
+        if (!value->ReadsField()) return;  // made of links only, or of no letter
         CheckWidth(context, *value, value->IsSigned());
         CheckPlace(context, *value);
     } else if (const auto* bit = As<ADXBitmask>(&object)) {

@@ -22,8 +22,7 @@ void CheckValueLinks(CheckContext& context, const ADXValue& value) {
     context.RequireLink(value, "parentcmdidhash", value.parentcmdidhash, kPacketTypes, kNoParent);
     context.RequireLink(value, "lookupidhash", value.lookupidhash, kTypeLookupTable,
                         "the value is shown without a table, and the link vanishes at the next save");
-    ADXVar var;
-    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
+    for (const ADXVar& var : value.Vars()) {
         if (!var.IsLink()) continue;
         const std::string name = Printf("linkIDHash of %c", var.varid);
         if (var.linkidhash == 0)
@@ -84,17 +83,17 @@ void CheckMonitorLinks(CheckContext& context, const ADXMonitor& monitor) {
 }
 
 void CheckMacroLinks(CheckContext& context, const ADXMacro& macro) {
-    ADXMacroNode node;
-    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
-        macro.GetNode(i, &node);
+    std::uint32_t number = 0;
+    for (const ADXMacroNode& node : macro.Nodes()) {
+        ++number;
         if (node.command == nullptr) {
             context.Error(
                 &macro, "unresolved-link",
                 Printf("commandID \"%s\" of node %u: %s; the node is passed over and vanishes at the next save",
-                       DisplayText(node.commandid).c_str(), i + 1, WhyIdNotFound(context, node.commandid).c_str()));
+                       DisplayText(node.commandid).c_str(), number, WhyIdNotFound(context, node.commandid).c_str()));
         } else if (!node.command->IsOneOf(kCommandTypes)) {
             context.Error(&macro, "wrong-link",
-                          Printf("node %u names the %s, which is no command", i + 1, NameOf(*node.command).c_str()));
+                          Printf("node %u names the %s, which is no command", number, NameOf(*node.command).c_str()));
         }
     }
 }

@@ -110,11 +110,11 @@ void CheckRowTitles(CheckContext& context, const ADXListView& view) {
 // Ids are escaped where an object tells its own, and written as they stand where others name it.
 void CheckNodeIds(CheckContext& context, const ADXMacro& macro) {
     SavedTexts texts(context, &macro);
-    ADXMacroNode node;
-    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
-        macro.GetNode(i, &node);
+    std::uint32_t number = 0;
+    for (const ADXMacroNode& node : macro.Nodes()) {
+        ++number;
         if (node.command != nullptr)
-            texts.Unescaped(Printf("commandID of node %u", i + 1).c_str(), node.command->Id(), true);
+            texts.Unescaped(Printf("commandID of node %u", number).c_str(), node.command->Id(), true);
     }
 }
 

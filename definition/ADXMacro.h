@@ -30,6 +30,7 @@ public:
     ADXMacro() : ADXObject(kType) {}
     int Write(XMLWriter* writer) const override;
 
+    const std::vector<ADXMacroNode>& Nodes() const { return nodes_; }
     std::uint32_t GetNodeCount() const { return static_cast<std::uint32_t>(nodes_.size()); }
     // Copies the node out; an index past the count or a null pointer does nothing.
     void GetNode(std::uint32_t index, ADXMacroNode* out) const;

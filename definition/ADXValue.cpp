@@ -1,5 +1,6 @@
 #include "definition/ADXValue.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <new>
 #include <utility>
@@ -146,6 +147,14 @@ int ADXValue::SetVar(const ADXVar& var) {
         return 1;
     }
     return 0;
+}
+
+bool ADXValue::HasLinks() const {
+    return std::any_of(vars_.begin(), vars_.end(), [](const ADXVar& var) { return var.IsLink(); });
+}
+
+bool ADXValue::ReadsField() const {
+    return std::any_of(vars_.begin(), vars_.end(), [](const ADXVar& var) { return !var.IsLink(); });
 }
 
 int ADXValue::GetVar(std::uint32_t index, ADXVar* out) const {

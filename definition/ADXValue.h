@@ -66,6 +66,10 @@ public:
     // Replaces the first entry of the same letter; 0 when the equation has no such letter.
     int SetVar(const ADXVar& var);
     int GetVar(std::uint32_t index, ADXVar* out) const;  // 0 past the end or for a null pointer
+    const std::vector<ADXVar>& Vars() const { return vars_; }
+    // Whether a letter stands for another value, and whether one stands for the value's own field.
+    bool HasLinks() const;
+    bool ReadsField() const;
     std::uint32_t GetVarCount() const { return static_cast<std::uint32_t>(vars_.size()); }
 
     void SetUnits(const char* text, std::uint32_t len) { units_.SetUnlessEmpty(text, len); }

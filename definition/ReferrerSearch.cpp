@@ -9,9 +9,7 @@ namespace corvex {
 namespace {
 
 bool MacroRefersTo(const ADXMacro& macro, const ADXObject& target) {
-    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
-        ADXMacroNode node;
-        macro.GetNode(i, &node);
+    for (const ADXMacroNode& node : macro.Nodes()) {
         if (node.command == &target) return true;
     }
     return false;
@@ -26,9 +24,7 @@ bool ListRefersTo(const ADXListView& list, const ADXObject& target) {
 }
 
 bool ValueRefersTo(const ADXValue& value, const ADXObject& target) {
-    for (std::uint32_t i = 0; i < value.GetVarCount(); ++i) {
-        ADXVar var;
-        value.GetVar(i, &var);
+    for (const ADXVar& var : value.Vars()) {
         if (var.linkidhash != 0 && var.linkidhash == target.GetIdHash()) return true;
     }
     return false;

@@ -26,15 +26,6 @@ PacketView PacketFor(std::uint32_t parent, const DecodedRecord& record) {
     return BelongsToCommand(parent, record.commandId) ? record.packet : PacketView(nullptr);
 }
 
-// A linked value has a raw word of its own.
-bool HangsOnRawWord(const ADXValue& value) {
-    ADXVar var;
-    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-        if (var.IsLink()) return false;
-    }
-    return true;
-}
-
 std::string HeaderOf(const ADXObject& item, const char* units) {
     const std::string title = Utf8Text(*item.Title() != '\0' ? item.Title() : item.Id());
     return *units == '\0' ? title : title + " (" + Utf8Text(units) + ')';
@@ -48,7 +39,8 @@ ColumnSet::ColumnSet(ADXDefinition& definition, const std::string& pattern) : de
         Column column{As<ADXValue>(object.get()), As<ADXBitmask>(object.get()), ParentOf(*object),
                       ItemMatches(pattern, *object), nullptr};
         if (column.chosen) ++chosen_;
-        if (column.chosen && column.value != nullptr && HangsOnRawWord(*column.value))
+        // A linked value has a raw word of its own.
+        if (column.chosen && column.value != nullptr && !column.value->HasLinks())
             column.memo = std::make_unique<NumberMemo>();
         columns_.push_back(std::move(column));
     }

@@ -53,9 +53,7 @@ Json RowsJson(const ADXLookupTable& table) {
 
 Json NodesJson(const ADXMacro& macro) {
     Json nodes = Json::array();
-    ADXMacroNode node;
-    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
-        macro.GetNode(i, &node);
+    for (const ADXMacroNode& node : macro.Nodes()) {
         nodes.push_back({{"command", IdOf(node.command)}, {"flags", node.flags}, {"repeatcount", node.repeatcount}});
     }
     return nodes;
@@ -113,8 +111,7 @@ public:
         json["outputtype"] = value.outputtype;
         json["digcount"] = value.digcount;
         json["table"] = IdOf(value.lookup);
-        ADXVar var;
-        for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
+        for (const ADXVar& var : value.Vars()) {
             if (var.IsLink()) json["links"][std::string(1, var.varid)] = IdOfHash(definition_, var.linkidhash);
         }
     }

@@ -20,10 +20,8 @@ std::string TimesText(std::uint32_t count) {
 
 std::string MacroText(const ADXMacro& macro) {
     std::string text;
-    ADXMacroNode node;
-    for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
-        macro.GetNode(i, &node);
-        if (i != 0) text += ", ";
+    for (const ADXMacroNode& node : macro.Nodes()) {
+        if (!text.empty()) text += ", ";
         text += node.command != nullptr ? ShortNameOf(*node.command) : "missing " + DisplayText(node.commandid);
         text += TimesText(node.repeatcount);
         if (node.EndsIfFailed()) text += " (end if it fails)";
@@ -74,8 +72,7 @@ std::string AlarmText(const ADXBitmask& bit) {
 
 std::string ThroughText(const ADXDefinition& definition, const ADXValue& value) {
     std::string text = DisplayText(WholeEquation(value));
-    ADXVar var;
-    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
+    for (const ADXVar& var : value.Vars()) {
         if (!var.IsLink()) continue;
         const ADXObject* target = definition.FindByHash(var.linkidhash);
         text += Printf(" (%c: %s)", var.varid,

@@ -24,14 +24,6 @@ Domain DomainOf(const ADXValue& value) {
     return {0.0, span - 1};
 }
 
-bool HasLinks(const ADXValue& value) {
-    ADXVar var;
-    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-        if (var.IsLink()) return true;
-    }
-    return false;
-}
-
 // The value's number for a native number.
 class Response {
 public:
@@ -46,8 +38,7 @@ public:
     bool Usable() const { return parsed_; }
 
     double operator()(double native) {
-        ADXVar var;
-        for (std::uint32_t i = 0; value_.GetVar(i, &var) != 0; ++i)
+        for (const ADXVar& var : value_.Vars())
             evaluator_.SetVariable(var.varid, native);
         const double number = evaluator_.Evaluate();
         return table_ ? static_cast<double>(value_.lookup->Convert(static_cast<float>(number))) : number;
@@ -90,12 +81,7 @@ double Find(Response& response, Domain domain, int direction, double target) {
 
 bool RawCurve::Applies(const ADXValue& value) {
     const std::uint32_t bytes = FieldBytes(value.sizeinbits);
-    if (bytes < 1 || bytes > 4) return false;
-    ADXVar var;
-    for (std::uint32_t i = 0; value.GetVar(i, &var) != 0; ++i) {
-        if (var.type == 0) return true;
-    }
-    return false;
+    return bytes >= 1 && bytes <= 4 && value.ReadsField();
 }
 
 void RawCurve::Straight(double from, double to) {
@@ -108,7 +94,7 @@ RawCurve::RawCurve(const ADXValue& value) {
     const Domain whole = DomainOf(value);
     Straight(whole.low, whole.high);
     Response response(value);
-    if (!response.Usable() || HasLinks(value)) return;
+    if (!response.Usable() || value.HasLinks()) return;
 
     // A reciprocal is 0 at raw 0 for want of a result, and falls everywhere else.
     Domain domain = whole;

@@ -31,11 +31,9 @@ std::vector<const ADXObject*> PolledCommands(const ADXDefinition& definition) {
         if (command == nullptr || !met.insert(command).second) continue;
         if (BringsPackets(*command)) polled.push_back(command);
         const auto* macro = As<ADXMacro>(command);
-        for (std::uint32_t i = macro != nullptr ? macro->GetNodeCount() : 0; i-- > 0;) {
-            ADXMacroNode node;
-            macro->GetNode(i, &node);
-            ahead.push_back(node.command);
-        }
+        if (macro == nullptr) continue;
+        for (auto node = macro->Nodes().rbegin(); node != macro->Nodes().rend(); ++node)
+            ahead.push_back(node->command);
     }
     return polled;
 }

@@ -51,5 +51,16 @@ TEST(ADXItemTest, EachFlagHasItsBit) {
     }
 }
 
+TEST(ADXItemTest, AValueTellsWhereItsNumbersComeFrom) {
+    ADXValue value;
+    EXPECT_FALSE(value.HasLinks() || value.ReadsField()) << "no letters";
+    value.SetEquation("X+Y", 3);
+    EXPECT_TRUE(value.ReadsField() && !value.HasLinks());
+    value.SetVar({ADXVar::kLink, 'X', 1});
+    EXPECT_TRUE(value.ReadsField() && value.HasLinks());
+    value.SetVar({ADXVar::kLink, 'Y', 1});
+    EXPECT_TRUE(value.HasLinks() && !value.ReadsField());
+}
+
 }  // namespace
 }  // namespace corvex
