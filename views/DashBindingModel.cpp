@@ -45,8 +45,8 @@ Steps AnalogSteps(ADXValue& value, const ADXDefinition& definition) {
         {.action = BindingAction::kRange, .low = value.rangelow, .high = value.rangehigh},
         {.action = BindingAction::kNoAlarms},
     };
-    if ((value.flags & ADXValue::kAlarmHigh) != 0) steps.push_back(Band(value.alarmhigh, value.rangehigh, kHighBand));
-    if ((value.flags & ADXValue::kAlarmLow) != 0) steps.push_back(Band(value.alarmlow, value.rangelow, kLowBand));
+    if (value.HasHighAlarm()) steps.push_back(Band(value.alarmhigh, value.rangehigh, kHighBand));
+    if (value.HasLowAlarm()) steps.push_back(Band(value.alarmlow, value.rangelow, kLowBand));
     steps.push_back(Value(value.Compute(definition, nullptr)));
     return steps;
 }
@@ -94,17 +94,14 @@ bool FitsGauge(std::uint32_t gaugetype, const ADXObject& item) {
 
 std::vector<BindingStep> BindingSteps(const ADXDGENTRY& entry, const ADXDefinition& definition) {
     if (entry.item == nullptr || !FitsGauge(entry.gaugetype, *entry.item)) return {};
-    if (entry.gaugetype == kStatusGaugeType) return StatusSteps(static_cast<const ADXBitmask&>(*entry.item));
-    auto& value = static_cast<ADXValue&>(*entry.item);
+    if (const auto* const bitmask = As<ADXBitmask>(entry.item)) return StatusSteps(*bitmask);
+    ADXValue& value = *As<ADXValue>(entry.item);
     return entry.gaugetype == kAnalogGaugeType ? AnalogSteps(value, definition) : DigitalSteps(value, definition);
 }
 
 bool TakesSample(const ADXDGENTRY& entry, std::uint32_t commandId) {
     if (entry.item == nullptr || !FitsGauge(entry.gaugetype, *entry.item)) return false;
-    const std::uint32_t command = entry.item->GetType() == kTypeValue
-                                      ? static_cast<const ADXValue&>(*entry.item).parentcmdidhash
-                                      : static_cast<const ADXBitmask&>(*entry.item).parentcmdidhash;
-    return command == 0 || command == commandId;
+    return As<ADXItem>(entry.item)->BelongsTo(commandId);
 }
 
 }  // namespace corvex

@@ -138,9 +138,9 @@ std::optional<GaugeReading> ReadGauge(HWND gauge, const ADXDefinition& definitio
                                       std::uint32_t commandId) {
     const ADXDGENTRY* const entry = EntryOf(gauge);
     if (entry == nullptr || !TakesSample(*entry, commandId)) return std::nullopt;
-    const double value = entry->gaugetype == kStatusGaugeType
-                             ? static_cast<ADXBitmask*>(entry->item)->IsSet(definition, packet, 0, 0)
-                             : static_cast<ADXValue*>(entry->item)->Compute(definition, packet, 0, 0);
+    auto* const bitmask = As<ADXBitmask>(entry->item);
+    const double value = bitmask != nullptr ? bitmask->IsSet(definition, packet, 0, 0)
+                                            : As<ADXValue>(entry->item)->Compute(definition, packet, 0, 0);
     return GaugeReading{gauge, entry->gaugetype, static_cast<float>(value)};
 }
 

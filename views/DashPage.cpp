@@ -154,7 +154,7 @@ void DashPage::Draw() {
 void CreateDashPage(SessionState& session) {
     const HWND page = AddPage<DashPage>(session, IDD_DASH_PAGE, "Dash");
     if (page == nullptr) return;
-    ShowDashboard(static_cast<ADXDashboard*>(session.definition.GetObject(kTypeDashboard, 0)), page);
+    ShowDashboard(As<ADXDashboard>(session.definition.GetObject(kTypeDashboard, 0)), page);
     ::SendMessageA(page, WM_SIZE, 0, 0);
 }
 

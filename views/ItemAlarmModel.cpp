@@ -12,8 +12,8 @@ constexpr std::uint32_t kHighAlarm = 0x0000FF, kLowAlarm = 0x4080FF;
 constexpr std::uint32_t kBoldHeading = 0x1;
 
 CellLook LookOfNumber(const ADXValue& value, float number, std::uint32_t colour) {
-    const bool isHigh = (value.flags & ADXValue::kAlarmHigh) != 0 && value.alarmhigh < number;
-    const bool isLow = (value.flags & ADXValue::kAlarmLow) != 0 && value.alarmlow > number;
+    const bool isHigh = value.HasHighAlarm() && value.alarmhigh < number;
+    const bool isLow = value.HasLowAlarm() && value.alarmlow > number;
     if (isHigh) return {kHighAlarm, CellFont::kBold};
     if (isLow) return {kLowAlarm, CellFont::kBold};
     return {colour, CellFont::kAsItIs};
@@ -48,14 +48,13 @@ bool IsBoldHeading(const ADXLVENTRY& entry) {
 }  // namespace
 
 PacketView PacketFor(std::uint32_t parentcmdidhash, const LastPacket& last) {
-    return parentcmdidhash == 0 || parentcmdidhash == last.command ? last.View() : PacketView(nullptr);
+    return BelongsToCommand(parentcmdidhash, last.command) ? last.View() : PacketView(nullptr);
 }
 
 ValueCell ReadValueCell(const ADXLVENTRY& entry, const ADXDefinition& definition, const LastPacket& last) {
     ValueCell cell{{entry.color, CellFont::kOrdinary}, {}};
-    const std::uint32_t type = entry.item == nullptr ? 0U : entry.item->GetType();
-    if (type == kTypeValue) ReadValue(static_cast<ADXValue&>(*entry.item), definition, last, cell);
-    if (type == kTypeBitmask) ReadBitmask(static_cast<ADXBitmask&>(*entry.item), definition, last, cell);
+    if (auto* const value = As<ADXValue>(entry.item)) ReadValue(*value, definition, last, cell);
+    if (auto* const bitmask = As<ADXBitmask>(entry.item)) ReadBitmask(*bitmask, definition, last, cell);
     if (entry.entrytype == ADXLVENTRY::kHeadingRow) cell.text[0] = '\0';
     if (IsBoldHeading(entry)) cell.look.font = CellFont::kBold;
     return cell;

@@ -172,7 +172,7 @@ DialogAnswer ItemListPage::OnNotify(NMHDR& header) {
 void CreateItemListPage(SessionState& session) {
     const HWND window = AddPage<ItemListPage>(session, IDD_LIST_PAGE, "Item Lists");
     if (auto* const page = PageOf<ItemListPage>(window))
-        page->Fill(static_cast<ADXListView*>(session.definition.GetObject(kTypeListView, 0)));
+        page->Fill(As<ADXListView>(session.definition.GetObject(kTypeListView, 0)));
 }
 
 void RefreshItemListPage(SessionState& session) {

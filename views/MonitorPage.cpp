@@ -47,11 +47,6 @@ void SetTitleOf(DataChartAxis& axis, const char* title) {
     axis.setTitle(title, static_cast<std::uint32_t>(std::strlen(title)));
 }
 
-ADXValue* ValueIn(const ADXMONSERIES& entry) {
-    const bool isValue = entry.item != nullptr && entry.item->GetType() == kTypeValue;
-    return isValue ? static_cast<ADXValue*>(entry.item) : nullptr;
-}
-
 DataChartAxis* MakeTimeAxis(const MonitorChart& chart) {
     DataChartAxis* const axis = AddAxis(chart);
     if (axis == nullptr) return nullptr;
@@ -103,7 +98,7 @@ void MonitorPage::Refresh() {
     for (const MonitorChart& chart : std::exchange(charts_, {}))
         ::DestroyWindow(chart.window);
     for (const auto& object : Definition().Objects()) {
-        if (object->GetType() == kTypeMonitor) MakeChart(static_cast<ADXMonitor&>(*object));
+        if (auto* const monitor = As<ADXMonitor>(object.get())) MakeChart(*monitor);
     }
     Session().views.Announce();
     ShowScrollBar();
@@ -138,7 +133,7 @@ void MonitorPage::FillChart(const MonitorChart& chart) {
 
 // The axes alternate between the sides.
 void MonitorPage::AddSeries(const MonitorChart& chart, const ADXMONSERIES& entry, std::uint32_t unitsLength) {
-    const ADXValue* const value = ValueIn(entry);
+    const ADXValue* const value = As<ADXValue>(entry.item);
     DataChartAxis* const axis = value == nullptr ? nullptr : AddAxis(chart);
     if (axis == nullptr) return;
     axis->setLimits(value->rangelow, value->rangehigh);
@@ -177,10 +172,8 @@ void MonitorPage::ReadChart(MonitorChart& chart, const PublishedSample& sample) 
         DataChartSeries* const series = SeriesOf(chart, i);
         if (entry.item == nullptr || series == nullptr) continue;
         chart.isToPaint = true;
-        ADXValue* const value = ValueIn(entry);
-        const bool isOfCommand =
-            value != nullptr && (value->parentcmdidhash == 0 || value->parentcmdidhash == sample.commandId);
-        if (!isOfCommand) continue;
+        ADXValue* const value = As<ADXValue>(entry.item);
+        if (value == nullptr || !value->BelongsTo(sample.commandId)) continue;
         const auto number = static_cast<float>(value->Compute(Definition(), sample.packet, 0, 0));
         if (series->addSample(static_cast<float>(sample.t), number) || std::exchange(toldOfMemory_, true)) continue;
         DebugOutput::Print(&Session().debug, "Not enough memory for the monitors: samples are missing in them");
