@@ -60,7 +60,7 @@ Description::Description(const ADXDefinition& definition) : definition_(definiti
 
 void Description::Number(const std::string& name, float number) {
     char text[40];
-    std::snprintf(text, sizeof text, "%a", static_cast<double>(number));
+    std::snprintf(text, sizeof text, "%.9g", static_cast<double>(number));
     Text(name, text);
 }
 
@@ -295,6 +295,19 @@ void Description::Command(const ADXObject& object) {
 
 std::vector<std::string> DescribeDefinition(const ADXDefinition& definition) {
     return Description(definition).TakeLines();
+}
+
+std::string DescribeMember(const ADXDefinition& definition, const std::string& member) {
+    const std::size_t blank = member.find(' ');
+    const std::string where = member.substr(0, blank), name = ": " + member.substr(blank + 1) + " = ";
+    const std::string begin = where == "header" ? "header:" : "object " + where + " (";
+    std::string all;
+    for (const std::string& line : DescribeDefinition(definition)) {
+        const std::size_t at = line.find(name);
+        if (line.starts_with(begin) && at != std::string::npos)
+            all.append(all.empty() ? "" : ", ").append(line.substr(at + name.size()));
+    }
+    return all;
 }
 
 std::string FirstDifference(const ADXDefinition& mine, const ADXDefinition& theirs) {

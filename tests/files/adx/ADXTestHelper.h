@@ -1,11 +1,13 @@
 // Reads definitions from text and gives saved ones as text.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "definition/ADXDefinition.h"
@@ -33,40 +35,40 @@ T& Get(const ADXDefinition& definition, std::uint32_t n = 0) {
     return static_cast<T&>(*object);
 }
 
-// Appends a new object with the id.
-template <class T>
-T& Add(ADXDefinition& definition, const char* id) {
-    auto object = std::make_unique<T>();
-    T& added = *object;
-    added.SetId(id);
-    definition.InsertAt(std::move(object), 0xFFFFFFFF);
-    return added;
-}
-
-bool Contains(const std::string& text, const std::string& part);
-
-// A file of its own for each instance, deleted at the end.
-class TempFile {
-public:
-    TempFile();
-    ~TempFile();
-    TempFile(const TempFile&) = delete;
-    TempFile& operator=(const TempFile&) = delete;
-    const char* Path() const { return path_.c_str(); }
-    void Write(std::string_view bytes) const;
-    std::string Read() const;
-
-private:
-    std::string path_;
-};
-
 // The bytes that Save leaves on disk; expects success.
 std::string SaveText(const ADXDefinition& definition);
-// The same without the line of the time.
-std::string SaveTextWithoutTime(const ADXDefinition& definition);
-
 // Saves and loads; expects both to succeed.
 void SaveAndLoad(const ADXDefinition& definition, ADXDefinition& loaded);
+
+// What is there when these objects have been read, told in lines of a member and its values as DescribeMember has them:
+// "0 units = rpm", "2 row color = 0, 7".
+struct ObjectsCase {
+    const char* behaviour;
+    std::string objects;  // behind a good root
+    std::vector<std::string> lines;
+};
+
+inline void PrintTo(const ObjectsCase& one, std::ostream* out) {
+    *out << one.objects;
+}
+
+void ExpectLines(const ADXDefinition& definition, const std::vector<std::string>& lines);
+
+// For tables of them.
+class ObjectsTest : public testing::TestWithParam<ObjectsCase> {
+protected:
+    ObjectsTest() { ParseObjects(GetParam().objects, definition); }
+
+    ADXDefinition definition;
+};
+
+// Names each case of a table by its behaviour.
+struct ByBehaviour {
+    template <class Case>
+    std::string operator()(const testing::TestParamInfo<Case>& info) const {
+        return info.param.behaviour;
+    }
+};
 
 // Notes what it is told.
 class ProgressRecorder : public IProgress {
