@@ -7,6 +7,7 @@
 #include "definition/ADXDefinition.h"
 #include "definition/ADXMacro.h"
 #include "definition/ADXValue.h"
+#include "tests/support/DefinitionCompare.h"
 #include "tests/support/DefinitionTestHelper.h"
 
 namespace corvex {
@@ -26,15 +27,6 @@ std::unique_ptr<ADXObject> Named(const char* id) {
     return object;
 }
 
-TEST(ADXDefinition, StartsEmptyAt8192Baud) {
-    const ADXDefinition definition;
-    EXPECT_EQ(definition.baud, 8192u);
-    EXPECT_EQ(definition.flags, 0u);
-    EXPECT_EQ(definition.GetCount(), 0u);
-    EXPECT_EQ(definition.connectcmd, nullptr);
-    EXPECT_EQ(definition.GetObject(kTypeAny, 0), nullptr);
-}
-
 TEST(ADXDefinition, ClearPutsEverythingBack) {
     ADXDefinition definition;
     test::Add<ADXMacro>(definition, "A");
@@ -45,40 +37,25 @@ TEST(ADXDefinition, ClearPutsEverythingBack) {
     definition.SetDesc("It", 2);
     definition.SetUserVersion("1", 1);
     definition.Clear();
+    EXPECT_EQ(FirstDifference(definition, ADXDefinition()), "");
     EXPECT_EQ(definition.baud, 8192u);
     EXPECT_EQ(definition.flags, 0u);
-    EXPECT_EQ(definition.GetCount(), 0u);
     EXPECT_EQ(definition.connectcmd, nullptr);
-    EXPECT_EQ(definition.monitorcmd, nullptr);
-    EXPECT_EQ(definition.disconnectcmd, nullptr);
-    EXPECT_FALSE(definition.Author().IsSet());
-    EXPECT_FALSE(definition.Desc().IsSet());
-    EXPECT_FALSE(definition.UserVersion().IsSet());
 }
 
 TEST(ADXDefinitionTexts, MeasureNothingFromTheirLimitOn) {
     ADXDefinition definition;
     const std::string text(2000, 'x');
-    definition.SetUserVersion(text.c_str(), 19);
-    definition.SetAuthor(text.c_str(), 59);
-    definition.SetDesc(text.c_str(), 1023);
-    EXPECT_EQ(definition.GetUserVersion(nullptr, 0), 19u);
-    EXPECT_EQ(definition.GetAuthor(nullptr, 0), 59u);
-    EXPECT_EQ(definition.GetDesc(nullptr, 0), 1023u);
-    definition.SetUserVersion(text.c_str(), 20);
-    definition.SetAuthor(text.c_str(), 60);
-    definition.SetDesc(text.c_str(), 1024);
-    EXPECT_EQ(definition.GetUserVersion(nullptr, 0), 0u);
-    EXPECT_EQ(definition.GetAuthor(nullptr, 0), 0u);
-    EXPECT_EQ(definition.GetDesc(nullptr, 0), 0u);
-}
-
-TEST(ADXDefinitionTexts, CopyOneByteOfAnAuthorOf60Characters) {
-    ADXDefinition definition;
-    const std::string text(60, 'x');
-    definition.SetAuthor(text.c_str(), 60);
+    for (const std::uint32_t past : {0u, 1u}) {
+        definition.SetUserVersion(text.c_str(), 19 + past);
+        definition.SetAuthor(text.c_str(), 59 + past);
+        definition.SetDesc(text.c_str(), 1023 + past);
+        EXPECT_EQ(definition.GetUserVersion(nullptr, 0), past == 0 ? 19u : 0u);
+        EXPECT_EQ(definition.GetAuthor(nullptr, 0), past == 0 ? 59u : 0u);
+        EXPECT_EQ(definition.GetDesc(nullptr, 0), past == 0 ? 1023u : 0u);
+    }
     char out[100] = "old";
-    EXPECT_EQ(definition.GetAuthor(out, sizeof out), 1u);
+    EXPECT_EQ(definition.GetAuthor(out, sizeof out), 1u) << "one byte of an author of 60 characters";
     EXPECT_STREQ(out, "");
     EXPECT_EQ(out[1], 'l');
     EXPECT_EQ(definition.Author().Length(), 60u);
@@ -109,24 +86,19 @@ TEST(ADXDefinitionTexts, GiveAnEmptyBufferAndZeroWhenUnset) {
 
 TEST(ADXDefinitionGetObject, CountsTheObjectsOfTheMask) {
     ADXDefinition definition;
+    EXPECT_EQ(definition.GetObject(kTypeAny, 0), nullptr);
     ADXObject* first = test::Add<ADXValue>(definition, "A");
     ADXObject* command = test::Add<ADXCSendCommand>(definition, "B");
     ADXObject* second = test::Add<ADXValue>(definition, "C");
     ADXObject* flag = test::Add<ADXBitmask>(definition, "D");
-    EXPECT_EQ(definition.GetObject(kTypeValue, 0), first);
-    EXPECT_EQ(definition.GetObject(kTypeValue, 1), second);
-    EXPECT_EQ(definition.GetObject(kTypeValue, 2), nullptr);
-    EXPECT_EQ(definition.GetObject(0x0000004C, 2), flag);
-    EXPECT_EQ(definition.GetObject(0x00120000, 0), command);
-    EXPECT_EQ(definition.GetObject(0, 0), nullptr);
-}
-
-TEST(ADXDefinitionGetObject, GivesNullAtAndPastTheEnd) {
-    ADXDefinition definition;
-    test::Add<ADXValue>(definition, "A");
-    EXPECT_NE(definition.GetObject(kTypeAny, 0), nullptr);
-    EXPECT_EQ(definition.GetObject(kTypeAny, 1), nullptr);
-    EXPECT_EQ(definition.GetObject(kTypeAny, 0xFFFFFFFF), nullptr);
+    const struct {
+        std::uint32_t mask, n;
+        const ADXObject* object;
+    } cases[] = {{kTypeValue, 0, first}, {kTypeValue, 1, second},  {kTypeValue, 2, nullptr},
+                 {0x0000004C, 2, flag},  {0x00120000, 0, command}, {0, 0, nullptr},
+                 {kTypeAny, 3, flag},    {kTypeAny, 4, nullptr},   {kTypeAny, 0xFFFFFFFF, nullptr}};
+    for (const auto& one : cases)
+        EXPECT_EQ(definition.GetObject(one.mask, one.n), one.object) << one.mask << ", " << one.n;
 }
 
 TEST(ADXDefinitionFindById, ComparesExactlyAndTakesTheFirst) {
@@ -157,18 +129,13 @@ TEST(ADXDefinitionFindById, PassesOverObjectsThatNeverGotAnId) {
     EXPECT_EQ(definition.FindById(""), empty);
 }
 
-TEST(ADXDefinitionFindByHash, TakesTheFirst) {
+TEST(ADXDefinitionFindByHash, TakesTheFirstAndKnowsNobodyByHashZero) {
     ADXDefinition definition;
+    test::Add<ADXValue>(definition, nullptr);
     ADXObject* first = test::Add<ADXValue>(definition, "A");
     test::Add<ADXValue>(definition, "A");
     EXPECT_EQ(definition.FindByHash(0x86F344BB), first);
     EXPECT_EQ(definition.FindByHash(1), nullptr);
-}
-
-TEST(ADXDefinitionFindByHash, KnowsNobodyByHashZero) {
-    ADXDefinition definition;
-    test::Add<ADXValue>(definition, nullptr);
-    test::Add<ADXValue>(definition, nullptr);
     EXPECT_EQ(definition.FindByHash(0), nullptr);
 }
 
@@ -225,24 +192,17 @@ TEST(ADXDefinitionUpdateValues, LeavesAFieldOutsideThePacketAlone) {
     EXPECT_EQ(value->GetRaw(nullptr), 2u);
 }
 
-TEST(ADXDefinitionInsertAfter, PlacesByKey) {
+TEST(ADXDefinitionInsertAfter, PlacesByKeyAndAppendsBehindAStranger) {
     ADXDefinition definition;
     EXPECT_EQ(definition.InsertAfter(nullptr, nullptr), 0);
     EXPECT_EQ(definition.InsertAfter(Named("A"), ADXDefinition::kAppend), 1);
-    EXPECT_EQ(definition.InsertAfter(Named("B"), ADXDefinition::kAppend), 1);
-    EXPECT_EQ(Order(definition), "AB");
+    definition.InsertAfter(Named("B"), ADXDefinition::kAppend);
     definition.InsertAfter(Named("F"), nullptr);
-    EXPECT_EQ(Order(definition), "FAB");
     definition.InsertAfter(Named("M"), definition.FindById("A"));
     EXPECT_EQ(Order(definition), "FAMB");
-}
-
-TEST(ADXDefinitionInsertAfter, AppendsBehindAStranger) {
-    ADXDefinition definition;
-    definition.InsertAfter(Named("A"), nullptr);
     const ADXValue stranger;
-    definition.InsertAfter(Named("B"), &stranger);
-    EXPECT_EQ(Order(definition), "AB");
+    definition.InsertAfter(Named("S"), &stranger);
+    EXPECT_EQ(Order(definition), "FAMBS");
 }
 
 TEST(ADXDefinitionInsertAt, PlacesByIndexAndAppendsPastTheEnd) {

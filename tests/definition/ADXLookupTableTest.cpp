@@ -28,25 +28,53 @@ std::string Shown(const ADXLookupTable& table, float x, int digcount = 2) {
     return out;
 }
 
-TEST(ADXLookupTable, StartsWithItsDefaults) {
-    const ADXLookupTable table;
-    EXPECT_EQ(table.GetType(), 0x00000200u);
-    EXPECT_EQ(table.flags, 0u);
-    EXPECT_EQ(table.inputtype, 3u);
-    EXPECT_EQ(table.GetOutputType(), 3u);
-    EXPECT_EQ(table.GetLookupMode(), 0u);
-    EXPECT_EQ(table.GetEntryCount(), 0u);
-    EXPECT_EQ(table.Convert(5), 0.0F);
+TEST(ADXLookupTable, ConvertsToZeroWhileEmpty) {
+    EXPECT_EQ(ADXLookupTable().Convert(5), 0.0F);
 }
 
-TEST(ADXLookupTableModes, InterpolateWithinAndHoldTheEnds) {
-    ADXLookupTable table;
-    Fill(table, {{10, 100}, {20, 200}});
-    EXPECT_EQ(table.Convert(15), 150.0F);
-    EXPECT_EQ(table.Convert(5), 100.0F);
-    EXPECT_EQ(table.Convert(25), 200.0F);
-    EXPECT_EQ(table.Convert(20), 200.0F);
-    EXPECT_EQ(table.Convert(10), 100.0F);
+TEST(ADXLookupTableModes, ConvertByTheirRule) {
+    constexpr float kInfinity = std::numeric_limits<float>::infinity();
+    const struct {
+        const char* rule;
+        std::uint32_t mode;
+        std::initializer_list<std::pair<float, float>> entries, results;
+    } cases[] = {
+        {"interpolates within and holds the ends",
+         ADXLookupTable::kInterpolate,
+         {{10, 100}, {20, 200}},
+         {{15, 150}, {5, 100}, {25, 200}, {20, 200}, {10, 100}}},
+        {"takes the middle for what is no number",
+         ADXLookupTable::kInterpolate,
+         {{10, 100}, {20, 200}, {30, 300}},
+         {{std::numeric_limits<float>::quiet_NaN(), 200}, {kInfinity, 300}, {-kInfinity, 100}}},
+        {"lower misses the last key of two",
+         ADXLookupTable::kLower,
+         {{10, 100}, {20, 200}},
+         {{20, 100}, {10, 100}, {20.5F, 200}, {5, 100}}},
+        {"lower hits a key that is probed",
+         ADXLookupTable::kLower,
+         {{10, 100}, {20, 200}, {30, 300}},
+         {{20, 200}, {30, 200}, {29, 200}, {19, 100}}},
+        {"nearest gives a tie to the higher",
+         ADXLookupTable::kNearest,
+         {{10, 100}, {20, 200}},
+         {{15, 200}, {14.9F, 100}, {0, 100}, {20, 200}, {99, 200}}},
+        {"higher takes the higher key",
+         ADXLookupTable::kHigher,
+         {{10, 100}, {20, 200}, {30, 300}},
+         {{11, 200}, {20, 200}, {30, 300}, {31, 300}, {9, 100}}},
+        {"unknown gives zero except on a hit",
+         9,
+         {{10, 100}, {20, 200}, {30, 300}},
+         {{15, 0}, {5, 0}, {35, 0}, {20, 200}}},
+    };
+    for (const auto& one : cases) {
+        ADXLookupTable table;
+        Fill(table, one.entries);
+        table.SetLookupMode(one.mode);
+        for (const auto& [x, result] : one.results)
+            EXPECT_EQ(table.Convert(x), result) << one.rule << ", " << x;
+    }
 }
 
 TEST(ADXLookupTableModes, InterpolateIn32BitFloats) {
@@ -56,69 +84,6 @@ TEST(ADXLookupTableModes, InterpolateIn32BitFloats) {
     const float expected = 16777216.0F + (16777220.0F - 16777216.0F) * t;
     EXPECT_EQ(table.Convert(0.3F), expected);
     EXPECT_EQ(expected, 16777218.0F);  // doubles would give 16777217.33
-}
-
-TEST(ADXLookupTableModes, LowerMissesTheLastKeyOfTwo) {
-    ADXLookupTable table;
-    Fill(table, {{10, 100}, {20, 200}});
-    table.SetLookupMode(ADXLookupTable::kLower);
-    EXPECT_EQ(table.Convert(20), 100.0F);
-    EXPECT_EQ(table.Convert(10), 100.0F);
-    EXPECT_EQ(table.Convert(20.5F), 200.0F);
-    EXPECT_EQ(table.Convert(5), 100.0F);
-}
-
-TEST(ADXLookupTableModes, LowerHitsAKeyThatIsProbed) {
-    ADXLookupTable table;
-    Fill(table, {{10, 100}, {20, 200}, {30, 300}});
-    table.SetLookupMode(ADXLookupTable::kLower);
-    EXPECT_EQ(table.Convert(20), 200.0F);
-    EXPECT_EQ(table.Convert(30), 200.0F);
-    EXPECT_EQ(table.Convert(29), 200.0F);
-    EXPECT_EQ(table.Convert(19), 100.0F);
-}
-
-TEST(ADXLookupTableModes, NearestGivesATieToTheHigher) {
-    ADXLookupTable table;
-    Fill(table, {{10, 100}, {20, 200}});
-    table.SetLookupMode(ADXLookupTable::kNearest);
-    EXPECT_EQ(table.Convert(15), 200.0F);
-    EXPECT_EQ(table.Convert(14.9F), 100.0F);
-    EXPECT_EQ(table.Convert(0), 100.0F);
-    EXPECT_EQ(table.Convert(20), 200.0F);
-    EXPECT_EQ(table.Convert(99), 200.0F);
-}
-
-TEST(ADXLookupTableModes, HigherTakesTheHigherKey) {
-    ADXLookupTable table;
-    Fill(table, {{10, 100}, {20, 200}, {30, 300}});
-    table.SetLookupMode(ADXLookupTable::kHigher);
-    EXPECT_EQ(table.Convert(11), 200.0F);
-    EXPECT_EQ(table.Convert(20), 200.0F);
-    EXPECT_EQ(table.Convert(30), 300.0F);
-    EXPECT_EQ(table.Convert(31), 300.0F);
-    EXPECT_EQ(table.Convert(9), 100.0F);
-}
-
-TEST(ADXLookupTableModes, UnknownGivesZeroExceptOnAHit) {
-    ADXLookupTable table;
-    Fill(table, {{10, 100}, {20, 200}, {30, 300}});
-    table.SetLookupMode(9);
-    EXPECT_EQ(table.Convert(15), 0.0F);
-    EXPECT_EQ(table.Convert(5), 0.0F);
-    EXPECT_EQ(table.Convert(35), 0.0F);
-    EXPECT_EQ(table.Convert(20), 200.0F);
-}
-
-TEST(ADXLookupTableModes, UnknownGivesTheTextOfTheFirstEntry) {
-    ADXLookupTable table;
-    table.SetOutputType(ADXLookupTable::kText);
-    table.AddEntryText(10, "ten", 3);
-    table.AddEntryText(20, "twenty", 6);
-    table.AddEntryText(30, "thirty", 6);
-    table.SetLookupMode(9);
-    EXPECT_EQ(Text(table, 35), "ten");
-    EXPECT_EQ(Text(table, 20), "twenty");
 }
 
 TEST(ADXLookupTableModes, OnlyEntryAnswersInEveryMode) {
@@ -151,30 +116,20 @@ TEST(ADXLookupTableModes, BracketEveryPlaceOfALongerTable) {
     }
 }
 
-TEST(ADXLookupTableModes, TakeTheMiddleForWhatIsNoNumber) {
-    ADXLookupTable table;
-    Fill(table, {{10, 100}, {20, 200}, {30, 300}});
-    EXPECT_EQ(table.Convert(std::numeric_limits<float>::quiet_NaN()), 200.0F);
-    EXPECT_EQ(table.Convert(std::numeric_limits<float>::infinity()), 300.0F);
-    EXPECT_EQ(table.Convert(-std::numeric_limits<float>::infinity()), 100.0F);
-}
-
 TEST(ADXLookupTableEntries, StaySortedAndReplaceARepeatedKey) {
     ADXLookupTable table;
-    EXPECT_EQ(table.AddEntry(30, 3), 0);
-    EXPECT_EQ(table.AddEntry(10, 1), 0);
-    EXPECT_EQ(table.AddEntry(20, 2), 1);
-    EXPECT_EQ(table.AddEntry(40, 4), 3);
-    EXPECT_EQ(table.AddEntry(20, 9), 1);
+    const struct {
+        float input, output;
+        int index;
+    } added[] = {{30, 3, 0}, {10, 1, 0}, {20, 2, 1}, {40, 4, 3}, {20, 9, 1}};
+    for (const auto& one : added)
+        EXPECT_EQ(table.AddEntry(one.input, one.output), one.index);
+    const std::pair<float, float> expected[] = {{10, 1}, {20, 9}, {30, 3}, {40, 4}};
     ASSERT_EQ(table.GetEntryCount(), 4u);
-    const float inputs[] = {10, 20, 30, 40};
-    const float outputs[] = {1, 9, 3, 4};
     for (std::uint32_t i = 0; i < 4; ++i) {
-        float input = 0;
-        float output = 0;
-        EXPECT_EQ(table.GetEntry(i, &input, &output), 1);
-        EXPECT_EQ(input, inputs[i]);
-        EXPECT_EQ(output, outputs[i]);
+        std::pair<float, float> entry;
+        EXPECT_EQ(table.GetEntry(i, &entry.first, &entry.second), 1);
+        EXPECT_EQ(entry, expected[i]);
     }
     EXPECT_EQ(table.GetEntry(4, nullptr, nullptr), 0);
     EXPECT_EQ(table.GetEntry(0, nullptr, nullptr), 1);
@@ -230,13 +185,24 @@ TEST(ADXLookupTableConvertToText, FollowsTheMode) {
     table.SetOutputType(ADXLookupTable::kText);
     table.AddEntryText(10, "ten", 3);
     table.AddEntryText(20, "twenty", 6);
-    EXPECT_EQ(Text(table, 15), "twenty");  // nearest, and a tie goes to the higher
-    EXPECT_EQ(Text(table, 14), "ten");
-    table.SetLookupMode(ADXLookupTable::kLower);
-    EXPECT_EQ(Text(table, 19), "ten");
-    table.SetLookupMode(ADXLookupTable::kHigher);
-    EXPECT_EQ(Text(table, 11), "twenty");
-    EXPECT_EQ(Text(table, 1), "ten");
+    table.AddEntryText(30, "thirty", 6);
+    const struct {
+        std::uint32_t mode;
+        float x;
+        const char* text;
+    } cases[] = {
+        {ADXLookupTable::kNearest, 15, "twenty"},  // a tie goes to the higher
+        {ADXLookupTable::kNearest, 14, "ten"},
+        {ADXLookupTable::kLower, 19, "ten"},
+        {ADXLookupTable::kHigher, 11, "twenty"},
+        {ADXLookupTable::kHigher, 1, "ten"},
+        {9, 35, "ten"},
+        {9, 20, "twenty"},
+    };
+    for (const auto& one : cases) {
+        table.SetLookupMode(one.mode);
+        EXPECT_EQ(Text(table, one.x), one.text) << one.mode << ", " << one.x;
+    }
 }
 
 TEST(ADXLookupTableConvertToText, ReturnsTheWholeLength) {
@@ -254,29 +220,30 @@ TEST(ADXLookupTableConvertToText, ReturnsTheWholeLength) {
 
 TEST(ADXLookupTableFormat, ShowsEachOutputType) {
     ADXLookupTable table;
-    Fill(table, {{1, 10.7F}, {2, -10.7F}});
-    EXPECT_EQ(Shown(table, 1, 3), "10.700");
-    EXPECT_EQ(Shown(table, 1, 0), "11");
-    table.SetOutputType(ADXLookupTable::kHexadecimal);
-    EXPECT_EQ(Shown(table, 1), "0x0A");
-    EXPECT_EQ(Shown(table, 2), "0xFFFFFFF6");
-    table.SetOutputType(ADXLookupTable::kInteger);
-    EXPECT_EQ(Shown(table, 1), "10");
-    EXPECT_EQ(Shown(table, 2), "-10");
-    table.SetOutputType(ADXLookupTable::kUnformatted);
-    EXPECT_EQ(Shown(table, 1), "");
-    table.SetOutputType(4);
-    EXPECT_EQ(Shown(table, 1), "");
-}
-
-TEST(ADXLookupTableFormat, HasOneResultForNumbersThatDoNotFit) {
-    ADXLookupTable table;
-    Fill(table, {{1, 1e30F}, {2, std::numeric_limits<float>::quiet_NaN()}});
-    table.SetOutputType(ADXLookupTable::kInteger);
-    EXPECT_EQ(Shown(table, 1), "-2147483648");
-    EXPECT_EQ(Shown(table, 3), "-2147483648");
-    table.SetOutputType(ADXLookupTable::kHexadecimal);
-    EXPECT_EQ(Shown(table, 1), "0x00");
+    Fill(table, {{1, 10.7F}, {2, -10.7F}, {3, 1e30F}, {4, std::numeric_limits<float>::quiet_NaN()}});
+    const struct {
+        std::uint32_t type;
+        float x;
+        int digcount;
+        const char* text;
+    } cases[] = {
+        {ADXLookupTable::kFloat, 1, 3, "10.700"},
+        {ADXLookupTable::kFloat, 1, 0, "11"},
+        {ADXLookupTable::kHexadecimal, 1, 2, "0x0A"},
+        {ADXLookupTable::kHexadecimal, 2, 2, "0xFFFFFFF6"},
+        {ADXLookupTable::kInteger, 1, 2, "10"},
+        {ADXLookupTable::kInteger, 2, 2, "-10"},
+        {ADXLookupTable::kUnformatted, 1, 2, ""},
+        {4, 1, 2, ""},
+        // Numbers that do not fit have one result.
+        {ADXLookupTable::kInteger, 3, 2, "-2147483648"},
+        {ADXLookupTable::kInteger, 5, 2, "-2147483648"},
+        {ADXLookupTable::kHexadecimal, 3, 2, "0x00"},
+    };
+    for (const auto& one : cases) {
+        table.SetOutputType(one.type);
+        EXPECT_EQ(Shown(table, one.x, one.digcount), one.text) << one.type << ", " << one.x;
+    }
 }
 
 TEST(ADXLookupTableFormat, ShowsTheEntrysText) {

@@ -73,11 +73,6 @@ TEST_F(ADXValueLink, TreatsABitmaskAndAnUnknownTypeAsUnresolved) {
     EXPECT_EQ(Compute(value), -10.0);
 }
 
-TEST_F(ADXValueLink, ReadsALetterUsedTwiceAsZero) {
-    auto* value = test::AddValue(definition, "A", "X+X");
-    EXPECT_EQ(Compute(value), 0.0);
-}
-
 TEST_F(ADXValueLink, CutsAChainThatIsTooLong) {
     // Each value adds one to the next; the last one reads 10.
     constexpr unsigned kChain = 40;

@@ -15,53 +15,42 @@ std::string Formatted(const ByteString& bytes, std::size_t size) {
     return text.c_str();
 }
 
-TEST(ByteString, KeepsZerosLikeAnyOtherByte) {
+ByteString Request() {
     ByteString bytes;
     bytes.Set(kRequestBytes, 3);
+    return bytes;
+}
+
+TEST(ByteString, KeepsZerosLikeAnyOtherByte) {
+    const ByteString bytes = Request();
     ASSERT_EQ(bytes.Size(), 3u);
     EXPECT_EQ(bytes.Data()[1], 0u);
     EXPECT_EQ(bytes.Data()[2], 0x0Au);
 }
 
 TEST(ByteString, IsClearedByNullOrNoLength) {
-    ByteString bytes;
-    bytes.Set(kRequestBytes, 3);
-    bytes.Set(nullptr, 0);
-    EXPECT_EQ(bytes.Data(), nullptr);
-    EXPECT_EQ(bytes.Size(), 0u);
-    bytes.Set(kRequestBytes, 3);
-    bytes.Set(kRequestBytes, 0);
-    EXPECT_EQ(bytes.Size(), 0u);
-    bytes.Set(nullptr, 3);
-    EXPECT_EQ(bytes.Size(), 0u);
+    const std::pair<const std::uint8_t*, std::uint32_t> cases[] = {{nullptr, 0}, {nullptr, 3}, {kRequestBytes, 0}};
+    for (const auto& [data, size] : cases) {
+        ByteString bytes = Request();
+        bytes.Set(data, size);
+        EXPECT_EQ(bytes.Data(), nullptr);
+        EXPECT_EQ(bytes.Size(), 0u);
+    }
 }
 
 TEST(ByteString, SurvivesASliceOfItself) {
-    ByteString bytes;
-    bytes.Set(kRequestBytes, 3);
+    ByteString bytes = Request();
     bytes.Set(bytes.Data() + 1, 2);
-    ASSERT_EQ(bytes.Size(), 2u);
-    EXPECT_EQ(bytes.Data()[1], 0x0Au);
+    EXPECT_EQ(Formatted(bytes, 100), "0x00 0x0A ");
 }
 
-TEST(ByteString, FormatsEachByteWithATrailingBlank) {
-    ByteString bytes;
-    bytes.Set(kRequestBytes, 3);
+TEST(ByteString, FormatsWholeBytesWithATrailingBlank) {
+    ByteString bytes = Request();
     EXPECT_EQ(Formatted(bytes, 100), "0xF4 0x00 0x0A ");
-}
-
-TEST(ByteString, FormatsWholeBytesOnly) {
-    ByteString bytes;
-    bytes.Set(kRequestBytes, 3);
     EXPECT_EQ(Formatted(bytes, 11), "0xF4 0x00 ");
     EXPECT_EQ(Formatted(bytes, 10), "0xF4 ");
     EXPECT_EQ(Formatted(bytes, 1), "");
-}
-
-TEST(ByteString, FormatsNothingOfNothing) {
     EXPECT_EQ(Formatted(ByteString(), 10), "");
-    ByteString bytes;
-    bytes.Set(kRequestBytes, 3);
     bytes.FormatTo(nullptr, 10);
     char untouched = 'x';
     bytes.FormatTo(&untouched, 0);

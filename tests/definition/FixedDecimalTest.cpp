@@ -78,26 +78,10 @@ TEST(FixedDecimal, AgreesOnHalves) {
 }
 
 TEST(FixedDecimal, AgreesAtTheEdges) {
-    const std::vector<double> edges{0.0,
-                                    5e-324,
-                                    1e-310,
-                                    std::numeric_limits<double>::min(),
-                                    4.9999999999999998e-7,
-                                    5e-7,
-                                    1.0,
-                                    999999.9999995,
-                                    1073741824.0,
-                                    1073741823.9999995,
-                                    2251799813685248.0,
-                                    2251799813685247.5,
-                                    4503599627370496.5,
-                                    9007199254740993.0,
-                                    1e15,
-                                    1e22,
-                                    1e23,
-                                    1e100,
-                                    1.7e308};
-    for (const double value : edges)
+    for (const double value :
+         {0.0, 5e-324, 1e-310, std::numeric_limits<double>::min(), 4.9999999999999998e-7, 5e-7, 1.0, 999999.9999995,
+          1073741824.0, 1073741823.9999995, 2251799813685248.0, 2251799813685247.5, 4503599627370496.5,
+          9007199254740993.0, 1e15, 1e22, 1e23, 1e100, 1.7e308})
         CompareNeighbours(value);
     Compare(std::numeric_limits<double>::max());
     Compare(-std::numeric_limits<double>::max());

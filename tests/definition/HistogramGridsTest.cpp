@@ -24,28 +24,26 @@ HistogramHistoryGrid Filled(std::uint32_t historysize, int count) {
 }
 
 TEST(HistogramHistoryGrid, KeepsTheNewestFirst) {
-    EXPECT_EQ(Kept(Filled(10, 3)), (std::vector<float>{3, 2, 1}));
-}
-
-TEST(HistogramHistoryGrid, LosesTheOldestOfTenAtTheEleventh) {
-    EXPECT_EQ(Kept(Filled(10, 10)), (std::vector<float>{10, 9, 8, 7, 6, 5, 4, 3, 2, 1}));
-    EXPECT_EQ(Kept(Filled(10, 11)), (std::vector<float>{11, 10, 9, 8, 7, 6, 5, 4, 3, 2}));
-    EXPECT_EQ(Kept(Filled(10, 25)), (std::vector<float>{25, 24, 23, 22, 21, 20, 19, 18, 17, 16}));
-}
-
-TEST(HistogramHistoryGrid, KeepsAShorterHistory) {
-    EXPECT_EQ(Kept(Filled(3, 7)), (std::vector<float>{7, 6, 5}));
-    EXPECT_EQ(Kept(Filled(1, 7)), (std::vector<float>{7}));
-}
-
-TEST(HistogramHistoryGrid, LosesTheTenthSampleOfALongerHistoryOnce) {
-    EXPECT_EQ(Kept(Filled(12, 11)), (std::vector<float>{11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 0}));
-    EXPECT_EQ(Kept(Filled(12, 12)), (std::vector<float>{12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 0}));
-    EXPECT_EQ(Kept(Filled(12, 13)), (std::vector<float>{13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2}));
-}
-
-TEST(HistogramHistoryGrid, TakesAnyHistorySizeWithoutAskingForItsMemory) {
-    EXPECT_EQ(Filled(0xFFFFFFFF, 5).Count(0, 0), 5u);
+    const struct {
+        std::uint32_t historysize;
+        int count;
+        std::vector<float> kept;
+    } cases[] = {
+        {10, 3, {3, 2, 1}},
+        {10, 10, {10, 9, 8, 7, 6, 5, 4, 3, 2, 1}},
+        {10, 11, {11, 10, 9, 8, 7, 6, 5, 4, 3, 2}},
+        {10, 25, {25, 24, 23, 22, 21, 20, 19, 18, 17, 16}},
+        {3, 7, {7, 6, 5}},
+        {1, 7, {7}},
+        // A longer history loses its tenth sample once.
+        {12, 11, {11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 0}},
+        {12, 12, {12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 0}},
+        {12, 13, {13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2}},
+        // Any size is taken without asking for its memory.
+        {0xFFFFFFFF, 2, {2, 1}},
+    };
+    for (const auto& one : cases)
+        EXPECT_EQ(Kept(Filled(one.historysize, one.count)), one.kept) << one.historysize;
 }
 
 TEST(HistogramHistoryGrid, IgnoresAHistoryOfNothing) {

@@ -12,61 +12,60 @@
 namespace corvex {
 namespace {
 
-TEST(ReferrerSearch, FindsAMacroByItsNode) {
+class ReferrerSearch : public testing::Test {
+protected:
+    template <class T>
+    T& Add() {
+        return *test::Add<T>(definition, "B");
+    }
+
     ADXDefinition definition;
-    auto* target = test::Add<ADXMacro>(definition, "A");
-    auto* macro = test::Add<ADXMacro>(definition, "B");
+    ADXValue* target = test::Add<ADXValue>(definition, "A");
+};
+
+TEST_F(ReferrerSearch, FindsAMacroByItsNode) {
+    auto& macro = Add<ADXMacro>();
     ADXMacroNode node;
-    macro->AddNode(&node);
-    EXPECT_FALSE(RefersTo(*macro, *target));
+    macro.AddNode(&node);
+    EXPECT_FALSE(RefersTo(macro, *target));
     node.command = target;
-    macro->AddNode(&node);
-    EXPECT_TRUE(RefersTo(*macro, *target));
+    macro.AddNode(&node);
+    EXPECT_TRUE(RefersTo(macro, *target));
 }
 
-TEST(ReferrerSearch, PassesOverHeadingRows) {
-    ADXDefinition definition;
-    auto* target = test::Add<ADXValue>(definition, "A");
-    auto* list = test::Add<ADXListView>(definition, "B");
-    ADXLVENTRY row;
-    row.item = target;
-    row.entrytype = ADXLVENTRY::kHeadingRow;
-    list->AddEntry(&row);
-    EXPECT_FALSE(RefersTo(*list, *target));
-    list->GetEntry(0)->entrytype = ADXLVENTRY::kItemRow;
-    EXPECT_TRUE(RefersTo(*list, *target));
+TEST_F(ReferrerSearch, PassesOverHeadingRows) {
+    auto& list = Add<ADXListView>();
+    list.SetEntryCount(1);
+    list.GetEntry(0)->item = target;
+    list.GetEntry(0)->entrytype = ADXLVENTRY::kHeadingRow;
+    EXPECT_FALSE(RefersTo(list, *target));
+    list.GetEntry(0)->entrytype = ADXLVENTRY::kItemRow;
+    EXPECT_TRUE(RefersTo(list, *target));
 }
 
-TEST(ReferrerSearch, FindsAValueByALinkThatIsNotZero) {
-    ADXDefinition definition;
-    auto* target = test::Add<ADXValue>(definition, nullptr);
+TEST_F(ReferrerSearch, FindsAValueByALinkThatIsNotZero) {
     auto* value = test::AddValue(definition, "B", "X+Y");
-    EXPECT_FALSE(RefersTo(*value, *target));
-    target->SetId("A");
+    EXPECT_FALSE(RefersTo(*value, ADXValue()));
     test::Link(*value, 'Y', target->GetIdHash());
     EXPECT_TRUE(RefersTo(*value, *target));
 }
 
-TEST(ReferrerSearch, FindsADashboardByItsGauge) {
-    ADXDefinition definition;
-    auto* target = test::Add<ADXValue>(definition, "A");
-    auto* dash = test::Add<ADXDashboard>(definition, "B");
-    dash->SetEntryCount(2);
-    EXPECT_FALSE(RefersTo(*dash, *target));
-    dash->GetEntry(1)->item = target;
-    EXPECT_TRUE(RefersTo(*dash, *target));
+TEST_F(ReferrerSearch, FindsADashboardByItsGauge) {
+    auto& dash = Add<ADXDashboard>();
+    dash.SetEntryCount(2);
+    EXPECT_FALSE(RefersTo(dash, *target));
+    dash.GetEntry(1)->item = target;
+    EXPECT_TRUE(RefersTo(dash, *target));
 }
 
-TEST(ReferrerSearch, DoesNotExamineHistogramsAndMonitors) {
-    ADXDefinition definition;
-    auto* target = test::Add<ADXValue>(definition, "A");
-    auto* histogram = test::Add<ADXHistogram>(definition, "B");
-    histogram->SetX(target);
-    auto* monitor = test::Add<ADXMonitor>(definition, "C");
-    monitor->SetEntryCount(1);
-    monitor->GetEntry(0)->item = target;
-    EXPECT_FALSE(RefersTo(*histogram, *target));
-    EXPECT_FALSE(RefersTo(*monitor, *target));
+TEST_F(ReferrerSearch, DoesNotExamineHistogramsAndMonitors) {
+    auto& histogram = Add<ADXHistogram>();
+    histogram.SetX(target);
+    auto& monitor = Add<ADXMonitor>();
+    monitor.SetEntryCount(1);
+    monitor.GetEntry(0)->item = target;
+    EXPECT_FALSE(RefersTo(histogram, *target));
+    EXPECT_FALSE(RefersTo(monitor, *target));
 }
 
 TEST(ADXDefinitionFindReferrer, WalksOnFromAnIndex) {

@@ -10,34 +10,36 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
-TEST(TruncateToInt32, DropsTheFractionTowardZero) {
-    EXPECT_EQ(TruncateToInt32(7.9), 7);
-    EXPECT_EQ(TruncateToInt32(-7.9), -7);
-    EXPECT_EQ(TruncateToInt32(2147483647.9), INT32_MAX);
-    EXPECT_EQ(TruncateToInt32(-2147483648.9), INT32_MIN);
+TEST(TruncateToInt32, DropsTheFractionAndHasOneResultForWhatDoesNotFit) {
+    const std::pair<double, std::int32_t> cases[] = {
+        {7.9, 7},
+        {-7.9, -7},
+        {2147483647.9, INT32_MAX},
+        {-2147483648.9, INT32_MIN},
+        {2147483648.0, INT32_MIN},
+        {-2147483649.0, INT32_MIN},
+        {kInfinity, INT32_MIN},
+        {-kInfinity, INT32_MIN},
+        {kNotANumber, INT32_MIN},
+    };
+    for (const auto& [number, whole] : cases)
+        EXPECT_EQ(TruncateToInt32(number), whole) << number;
 }
 
-TEST(TruncateToInt32, HasOneResultForWhatDoesNotFit) {
-    EXPECT_EQ(TruncateToInt32(2147483648.0), INT32_MIN);
-    EXPECT_EQ(TruncateToInt32(-2147483649.0), INT32_MIN);
-    EXPECT_EQ(TruncateToInt32(kInfinity), INT32_MIN);
-    EXPECT_EQ(TruncateToInt32(-kInfinity), INT32_MIN);
-    EXPECT_EQ(TruncateToInt32(kNotANumber), INT32_MIN);
-}
-
-TEST(TruncateToWord, KeepsTheLow32Bits) {
-    EXPECT_EQ(TruncateToWord(255.9), 255u);
-    EXPECT_EQ(TruncateToWord(-1.5), 0xFFFFFFFFu);
-    EXPECT_EQ(TruncateToWord(4294967295.0), 0xFFFFFFFFu);
-    EXPECT_EQ(TruncateToWord(4294967298.0), 2u);
-    EXPECT_EQ(TruncateToWord(-9223372036854775808.0), 0u);
-}
-
-TEST(TruncateToWord, HasOneResultForWhatDoesNotFit) {
-    EXPECT_EQ(TruncateToWord(9223372036854775808.0), 0u);
-    EXPECT_EQ(TruncateToWord(-1e30), 0u);
-    EXPECT_EQ(TruncateToWord(kInfinity), 0u);
-    EXPECT_EQ(TruncateToWord(kNotANumber), 0u);
+TEST(TruncateToWord, KeepsTheLow32BitsAndHasOneResultForWhatDoesNotFit) {
+    const std::pair<double, std::uint32_t> cases[] = {
+        {255.9, 255},
+        {-1.5, 0xFFFFFFFF},
+        {4294967295.0, 0xFFFFFFFF},
+        {4294967298.0, 2},
+        {-9223372036854775808.0, 0},
+        {9223372036854775808.0, 0},
+        {-1e30, 0},
+        {kInfinity, 0},
+        {kNotANumber, 0},
+    };
+    for (const auto& [number, word] : cases)
+        EXPECT_EQ(TruncateToWord(number), word) << number;
 }
 
 }  // namespace

@@ -101,8 +101,8 @@ public:
         return Object("ADXMACRO", name, nodes, " repeatcount=\"1\"");
     }
 
-    // A byte, of every command unless `more` has AdxParent. `inMath` stands inside of the equation's element, where links
-    // are told.
+    // A byte, of every command unless `more` has AdxParent. `inMath` stands inside of the equation's element, where
+    // links are told.
     AdxText& Value(const AdxName& name, std::uint32_t offset, const std::string& equation = "X",
                    const std::string& more = {}, const std::string& inMath = {}) {
         std::string inside = more + AdxTag("packetoffset", AdxWord(offset));

@@ -1,8 +1,7 @@
-// What an object writes of itself, as text with plain line ends.
+// What an object writes of itself, without line ends and indents.
 #pragma once
 
-#include <cstdint>
-#include <cstdio>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -15,16 +14,16 @@ inline std::string WrittenText(const ADXObject& object) {
     std::vector<char> memory(100000);
     XMLWriter writer;
     if (writer.OpenMemory(memory.data(), memory.size()) == 0) return "the writer does not open";
+    writer.SetPretty(false);
+    writer.SetIndent(0);
     if (object.Write(&writer) != 1) return "the object refuses";
     writer.Close();
     if (writer.Failed()) return "the memory is too small";
     return {memory.data(), writer.MemoryLength()};
 }
 
-inline std::string Hex8(std::uint32_t word) {
-    char text[9];
-    std::snprintf(text, sizeof text, "%.8X", static_cast<unsigned>(word));
-    return text;
+inline bool Contains(const std::string& text, const std::string& piece) {
+    return text.find(piece) != std::string::npos;
 }
 
 inline std::size_t Count(const std::string& text, const std::string& piece) {
