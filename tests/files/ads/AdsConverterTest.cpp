@@ -8,13 +8,13 @@
 namespace corvex {
 namespace {
 
-std::vector<std::uint8_t> SentBytes(const AdsTexts& record) {
+using Bytes = std::vector<std::uint8_t>;
+
+Bytes SentBytes(const AdsTexts& record) {
     const AdsImport file(AdsHeaderBlock("1.2", "8192", "1", record));
     const auto& command = file.Get<ADXCSendCommand>("COMMAND0");
     return {command.bytestring(), command.bytestring() + command.size()};
 }
-
-using Bytes = std::vector<std::uint8_t>;
 
 TEST(AdsConverter, NullArgumentsGiveZero) {
     ADXDefinition definition;
@@ -48,10 +48,7 @@ TEST(AdsConverter, TakesTheHeader) {
     EXPECT_STREQ(file.definition.Author().CStr(), "Author");
     EXPECT_STREQ(file.definition.Desc().CStr(), "Comments");
     EXPECT_EQ(file.definition.baud, 9600u);
-}
-
-TEST(AdsConverter, AFileOfVersion10Has8192Baud) {
-    EXPECT_EQ(AdsImport(AdsHeaderBlock("1.0", "160")).definition.baud, 8192u);
+    EXPECT_EQ(AdsImport(AdsHeaderBlock("1.0", "160")).definition.baud, 8192u) << "version 1.0 knows no other";
 }
 
 TEST(AdsConverter, A160BaudFileMakesOneListenCommandAt4800Baud) {
@@ -93,20 +90,23 @@ TEST(AdsConverter, ARecordMakesASendCommand) {
     EXPECT_EQ(file.definition.monitorcmd, nullptr);
 }
 
-TEST(AdsConverter, TheChecksumIsTheTwosComplementOfTheSum) {
-    EXPECT_EQ(SentBytes(AdsRecord("N", "F4,57,01,00", "5", "1")), (Bytes{0xF4, 0x57, 0x01, 0x00, 0xB4}));
-    EXPECT_EQ(SentBytes(AdsRecord("N", "80,80", "3", "1")), (Bytes{0x80, 0x80, 0x00}));
-    EXPECT_EQ(SentBytes(AdsRecord("N", "F4,57,01", "2", "-1")), (Bytes{0xF4, 0x0C}));
-}
-
-TEST(AdsConverter, WithoutAChecksumTheBytesGoAsTheyStand) {
-    EXPECT_EQ(SentBytes(AdsRecord("N", "F4,57,01,00", "4", "0")), (Bytes{0xF4, 0x57, 0x01, 0x00}));
-    EXPECT_EQ(SentBytes(AdsRecord("N", "F4", "3", "0")), (Bytes{0xF4, 0x00, 0x00}));
-}
-
-TEST(AdsConverter, ALengthIsCutToTheBytesThatThereAre) {
-    EXPECT_EQ(SentBytes(AdsRecord("N", "F4", "0", "1")), Bytes{});
-    EXPECT_EQ(SentBytes(AdsRecord("N", "F4", "1", "1")), Bytes{0x00});
+TEST(AdsConverter, SendsTheBytesAndTheTwosComplementOfTheirSum) {
+    const struct {
+        const char *bytes, *total, *checksum;
+        Bytes sent;
+    } cases[] = {
+        {"F4,57,01,00", "5", "1", {0xF4, 0x57, 0x01, 0x00, 0xB4}},
+        {"80,80", "3", "1", {0x80, 0x80, 0x00}},
+        {"F4,57,01", "2", "-1", {0xF4, 0x0C}},
+        // Without a checksum the bytes go as they stand.
+        {"F4,57,01,00", "4", "0", {0xF4, 0x57, 0x01, 0x00}},
+        {"F4", "3", "0", {0xF4, 0x00, 0x00}},
+        // A length is cut to the bytes that there are.
+        {"F4", "0", "1", {}},
+        {"F4", "1", "1", {0x00}},
+    };
+    for (const auto& one : cases)
+        EXPECT_EQ(SentBytes(AdsRecord("N", one.bytes, one.total, one.checksum)), one.sent) << one.bytes;
     EXPECT_EQ(SentBytes(AdsRecord("N", "F4", "4294967295", "0")).size(), 10u);
     EXPECT_EQ(SentBytes(AdsRecord("N", "F4", "2147483648", "1")).size(), 11u);
     EXPECT_EQ(SentBytes(AdsRecord("N", "1,1,1,1,1,1,1,1,1,1", "-1", "1")).back(), 0xF6);

@@ -29,26 +29,26 @@ TEST(AdsHeader, ReadsEveryField) {
     EXPECT_EQ(command.iChainTo, -1);
 }
 
-TEST(AdsHeader, AFileOfVersion10KeepsTheBaudAndFlagsOfNewerOnes) {
-    const AdsHeader header = AdsImport(AdsHeaderBlock("1.0", "9600", "1")).reader.Header();
-    EXPECT_EQ(header.iBaud, 8192u);
-    EXPECT_EQ(header.dwFlags, 0u);
-    EXPECT_EQ(header.dwCSID, 0x12u);
-    EXPECT_EQ(header.btNumDumpRequests, 1u);
-}
-
-TEST(AdsHeader, AFileOfVersion11HasABaudButNoFlags) {
-    const AdsHeader header = AdsImport(AdsHeaderBlock("1.1", "9600")).reader.Header();
-    EXPECT_EQ(header.iBaud, 9600u);
-    EXPECT_EQ(header.dwFlags, 0u);
-}
-
-TEST(AdsHeader, AFileWithoutAVersionKeepsAllDefaults) {
-    const AdsHeader header = AdsImport(AdsHeaderBlock("old", "9600", "3")).reader.Header();
-    EXPECT_EQ(header.fDefFrmtVers, 0.0F);
-    EXPECT_EQ(header.strDefTitle, "New ALDL Datastream Definition");
-    EXPECT_EQ(header.strAuthor, "");
-    EXPECT_EQ(header.btNumDumpRequests, 0u);
+TEST(AdsHeader, AnOlderVersionLeavesTheFieldsOfNewerOnesAtDefaults) {
+    const struct {
+        const char* version;
+        std::uint32_t baud, flags, csid, requests;
+        const char* title;
+    } cases[] = {
+        {"1.2", 9600, 0xABCD, 0x12, 1, "Title"},
+        {"1.1", 9600, 0, 0x12, 1, "Title"},
+        {"1.0", 8192, 0, 0x12, 1, "Title"},
+        {"old", 8192, 0, 0, 0, "New ALDL Datastream Definition"},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.version);
+        const AdsHeader header = AdsImport(AdsHeaderBlock(one.version, "9600", "1")).reader.Header();
+        EXPECT_EQ(header.iBaud, one.baud);
+        EXPECT_EQ(header.dwFlags, one.flags);
+        EXPECT_EQ(header.dwCSID, one.csid);
+        EXPECT_EQ(header.btNumDumpRequests, one.requests);
+        EXPECT_EQ(header.strDefTitle, one.title);
+    }
 }
 
 TEST(AdsHeader, TheEndOfTheBlockLeavesTheRestAtDefaults) {

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <fstream>
 #include <memory>
 #include <string>
 
 #include "files/ads/AdsInput.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
@@ -22,9 +22,14 @@ std::string ReadWhole(const std::string& bytes) {
     return Drain(input);
 }
 
-TEST(AdsInput, GivesEveryCharacterOnce) {
+TEST(AdsInput, GivesEveryCharacterOnceUpToAByte255) {
     EXPECT_EQ(ReadWhole("a\tb\xFE\x80"), "a\tb\xFE\x80");
     EXPECT_EQ(ReadWhole(""), "");
+    EXPECT_EQ(ReadWhole("ab\xFFzz"), "ab");
+    AdsInput ended("\xFFzz", 3);
+    EXPECT_EQ(ended.Next(), AdsInput::kEnd);
+    EXPECT_EQ(ended.Next(), AdsInput::kEnd);
+    EXPECT_EQ(AdsInput(nullptr, 5).Next(), AdsInput::kEnd);
 }
 
 TEST(AdsInput, TakesALineEndOfTwoCharactersForOne) {
@@ -34,32 +39,15 @@ TEST(AdsInput, TakesALineEndOfTwoCharactersForOne) {
     EXPECT_EQ(input.Position(), 4u);
 }
 
-TEST(AdsInput, EndsAtAByte255AndStaysThere) {
-    const std::string bytes =
-        "ab\xFF"
-        "cd";
-    AdsInput input(bytes.data(), bytes.size());
-    EXPECT_EQ(Drain(input), "ab");
-    EXPECT_EQ(input.Next(), AdsInput::kEnd);
-    EXPECT_EQ(input.Next(), AdsInput::kEnd);
-}
-
-TEST(AdsInput, NullIsAnEmptyText) {
-    AdsInput input(nullptr, 5);
-    EXPECT_EQ(input.Next(), AdsInput::kEnd);
-}
-
 TEST(AdsInput, FindsALineEndThatTwoBlocksOfAFileShare) {
     const std::string bytes = std::string(4095, 'x') + "\r\n" + std::string(5000, 'y');
-    const std::string path = ::testing::TempDir() + "corvex_ads_input_test.ads";
-    std::ofstream(path, std::ios::binary) << bytes;
+    const test::TestFolder folder;
+    const std::string path = folder.Put("a.ads", bytes);
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
     ASSERT_NE(file, nullptr);
     AdsInput input(file.get());
     EXPECT_EQ(Drain(input), std::string(4095, 'x') + "\n" + std::string(5000, 'y'));
     EXPECT_FALSE(input.Failed());
-    file.reset();
-    std::remove(path.c_str());
 }
 
 }  // namespace

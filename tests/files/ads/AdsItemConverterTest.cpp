@@ -20,21 +20,8 @@ struct ImportValue : AdsImport {
         : AdsImport(AdsHeaderBlock() + AdsItem(1, "10", value.Fields()) + more) {}
 };
 
-std::string EquationOf(const AdsValueText& value) {
-    char text[200] = "";
-    ImportValue(value).Get<ADXValue>("10").GetEquation(text, sizeof text);
-    return text;
-}
-
 TEST(AdsItemConverter, AValueTakesItsFields) {
-    const ImportValue file({.operation = "0",
-                            .factor = "0.5",
-                            .byte = "4",
-                            .bits = "16",
-                            .alarmhigh = "200",
-                            .alarmlow = "20",
-                            .rangehigh = "300",
-                            .rangelow = "-2"});
+    const ImportValue file({"0", "0.5", "0.0", "4", "16", "200", "20", "300", "-2"});
     const auto& value = file.Get<ADXValue>("10");
     EXPECT_STREQ(value.Title(), "Title");
     EXPECT_STREQ(value.Desc(), "");
@@ -60,39 +47,33 @@ TEST(AdsItemConverter, ByteNumbersBeginAtOneAndZeroWraps) {
 
 TEST(AdsItemConverter, TheOperationMakesTheEquationAndTheOutput) {
     const struct {
-        const char* operation;
-        const char* equation;
+        const char *operation, *factor, *offset, *equation;
         std::uint32_t output;
-    } cases[] = {{"0", "X * 0.250000 + -3.000000", 3},
-                 {"1", "0.250000 / X + -3.000000", 3},
-                 {"2", "X * 0.250000 + -3.000000", 0},
-                 {"3", "X * 0.250000 + -3.000000", 1},
-                 {"4", "X", 3},
-                 {"5", "X", 3},
-                 {"6", "X", 3},
-                 {"7", "X", 3}};
+    } cases[] = {
+        {"0", "0.25", "-3", "X * 0.250000 + -3.000000", 3},
+        {"1", "0.25", "-3", "0.250000 / X + -3.000000", 3},
+        {"2", "0.25", "-3", "X * 0.250000 + -3.000000", 0},
+        {"3", "0.25", "-3", "X * 0.250000 + -3.000000", 1},
+        {"4", "0.25", "-3", "X", 3},
+        {"5", "0.25", "-3", "X", 3},
+        {"6", "0.25", "-3", "X", 3},
+        {"7", "0.25", "-3", "X", 3},
+        // A factor of one without an offset is plain X.
+        {"0", "1.0", "0.0", "X", 3},
+        {"2", "1.0", "0.0", "X", 0},
+        {"3", "1.0", "0.0", "X", 1},
+        {"1", "1.0", "0.0", "1.000000 / X + 0.000000", 3},
+        {"0", "1.0", "0.5", "X * 1.000000 + 0.500000", 3},
+        {"0", "2", "0.0", "X * 2.000000 + 0.000000", 3},
+    };
     for (const auto& one : cases) {
-        const ImportValue file({.operation = one.operation, .factor = "0.25", .offset = "-3"});
+        const ImportValue file({.operation = one.operation, .factor = one.factor, .offset = one.offset});
         const auto& value = file.Get<ADXValue>("10");
-        char text[200];
+        char text[200] = "";
         value.GetEquation(text, sizeof text);
         EXPECT_STREQ(text, one.equation) << one.operation;
         EXPECT_EQ(value.outputtype, one.output) << one.operation;
     }
-}
-
-TEST(AdsItemConverter, AFactorOfOneWithoutOffsetIsPlainX) {
-    for (const char* operation : {"0", "2", "3"})
-        EXPECT_EQ(EquationOf({.operation = operation}), "X") << operation;
-    EXPECT_EQ(EquationOf({.operation = "1"}), "1.000000 / X + 0.000000");
-    EXPECT_EQ(EquationOf({.operation = "0", .offset = "0.5"}), "X * 1.000000 + 0.500000");
-    EXPECT_EQ(EquationOf({.operation = "0", .factor = "2"}), "X * 2.000000 + 0.000000");
-}
-
-TEST(AdsItemConverter, AnImportedValueComputes) {
-    const ImportValue file({.operation = "0", .factor = "0.75", .offset = "-40", .byte = "2"});
-    const std::uint8_t packet[] = {0, 100};
-    EXPECT_EQ(file.Get<ADXValue>("10").Compute(file.definition, {packet, sizeof packet}), 35.0);
 }
 
 TEST(AdsItemConverter, LimitsOfOperation4ArePartsOfTheRange) {

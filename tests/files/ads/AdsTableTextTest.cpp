@@ -12,63 +12,50 @@ AdsSlots ReadTable(std::string_view text, std::uint32_t count = 256, bool whole 
     return slots;
 }
 
-TEST(AdsTableText, PutsTheNumberOfALineIntoItsSlot) {
-    const AdsSlots slots = ReadTable("0,1.5\n1,-2\n2,3e2\n");
-    EXPECT_EQ(slots.At(0), 1.5F);
-    EXPECT_EQ(slots.At(1), -2.0F);
-    EXPECT_EQ(slots.At(2), 300.0F);
-    EXPECT_EQ(slots.At(3), 0.0F);
-    EXPECT_TRUE(slots.IsGiven(2));
-    EXPECT_FALSE(slots.IsGiven(3));
+TEST(AdsTableText, PutsTheNumberOfALineIntoItsSlotAndALineThroughEachGap) {
+    const struct {
+        const char *behaviour, *text;
+        bool whole;
+        std::initializer_list<std::pair<std::int64_t, float>> slots;
+    } cases[] = {
+        {"numbers", "0,1.5\n1,-2\n2,3e2\n", false, {{0, 1.5F}, {1, -2}, {2, 300}, {3, 0}}},
+        {"a line through a gap", "2,10\n5,40\n", true, {{3, 20}, {4, 30}}},
+        {"fractions of it in a table of whole numbers too", "0,0\n4,2\n", true, {{1, 0.5F}}},
+        {"a gap before the first line starts at zero", "4,8\n", false, {{1, 2}}},
+        {"backwards too", "6,60\n2,20\n", false, {{4, 40}, {6, 60}}},
+        {"an index of zero starts anew", "4,8\n0,100\n", false, {{1, 2}, {0, 100}}},
+        {"whole numbers end at their point", "0,7.9\n1,-7.9\n", true, {{0, 7}, {1, -7}}},
+        {"others do not", "0,7.9\n", false, {{0, 7.9F}}},
+        {"what stands behind the last line feed is dropped", "0,1\n1,2", false, {{0, 1}, {1, 0}}},
+        {"a comma ends the index wherever it stands", "3\n9,4\n\n5,6,7\n", false, {{3, 4}, {5, 6}}},
+    };
+    for (const auto& one : cases) {
+        const AdsSlots slots = ReadTable(one.text, 256, one.whole);
+        for (const auto& [index, number] : one.slots)
+            EXPECT_EQ(slots.At(index), number) << one.behaviour << ", slot " << index;
+    }
 }
 
-TEST(AdsTableText, DrawsALineThroughAGapAndLeavesItUngiven) {
-    const AdsSlots slots = ReadTable("2,10\n5,40\n", 256, true);
-    EXPECT_EQ(slots.At(3), 20.0F);
-    EXPECT_EQ(slots.At(4), 30.0F);
-    EXPECT_FALSE(slots.IsGiven(3));
-    EXPECT_FALSE(slots.IsGiven(4));
-    EXPECT_TRUE(slots.IsGiven(5));
-}
-
-TEST(AdsTableText, TheLineThroughAGapHasFractionsInATableOfWholeNumbersToo) {
-    EXPECT_EQ(ReadTable("0,0\n4,2\n", 256, true).At(1), 0.5F);
-}
-
-TEST(AdsTableText, AGapBeforeTheFirstLineStartsAtZero) {
-    EXPECT_EQ(ReadTable("4,8\n").At(1), 2.0F);
-}
-
-TEST(AdsTableText, DrawsALineBackwardsToo) {
-    const AdsSlots slots = ReadTable("6,60\n2,20\n");
-    EXPECT_EQ(slots.At(4), 40.0F);
-    EXPECT_EQ(slots.At(6), 60.0F);
-}
-
-TEST(AdsTableText, AnIndexOfZeroStartsAnew) {
-    const AdsSlots slots = ReadTable("4,8\n0,100\n");
-    EXPECT_EQ(slots.At(1), 2.0F);
-    EXPECT_EQ(slots.At(0), 100.0F);
-}
-
-TEST(AdsTableText, WholeNumbersEndAtTheirPoint) {
-    EXPECT_EQ(ReadTable("0,7.9\n", 256, true).At(0), 7.0F);
-    EXPECT_EQ(ReadTable("0,-7.9\n", 256, true).At(0), -7.0F);
-    EXPECT_EQ(ReadTable("0,7.9\n", 256, false).At(0), 7.9F);
-}
-
-TEST(AdsTableText, DropsWhatStandsBehindTheLastLineFeed) {
-    const AdsSlots slots = ReadTable("0,1\n1,2");
-    EXPECT_FALSE(slots.IsGiven(1));
-    EXPECT_EQ(slots.At(1), 0.0F);
-}
-
-TEST(AdsTableText, ACommaEndsTheIndexWhereverItStands) {
-    const AdsSlots slots = ReadTable("3\n9,4\n\n5,6,7\n");
-    EXPECT_EQ(slots.At(3), 4.0F);
-    EXPECT_FALSE(slots.IsGiven(9));
-    EXPECT_EQ(slots.At(5), 6.0F);
-    EXPECT_FALSE(slots.IsGiven(7));
+TEST(AdsTableText, GivenAreTheSlotsOfLinesAndAllPastTheMask) {
+    const struct {
+        const char* text;
+        std::uint32_t count;
+        std::initializer_list<std::uint32_t> given, ungiven;
+    } cases[] = {
+        {"0,1.5\n1,-2\n2,3e2\n", 256, {0, 1, 2}, {3}},
+        {"2,10\n5,40\n", 256, {2, 5}, {3, 4}},
+        {"0,1\n1,2", 256, {0}, {1}},
+        {"3\n9,4\n\n5,6,7\n", 256, {5}, {9, 7}},
+        {"255,1\n299,2\n", 300, {255, 256, 299}, {254}},
+    };
+    for (const auto& one : cases) {
+        const AdsSlots slots = ReadTable(one.text, one.count);
+        for (const std::uint32_t index : one.given)
+            EXPECT_TRUE(slots.IsGiven(index)) << one.text << index;
+        for (const std::uint32_t index : one.ungiven)
+            EXPECT_FALSE(slots.IsGiven(index)) << one.text << index;
+    }
+    EXPECT_EQ(ReadTable("255,1\n299,2\n", 300).At(299), 2.0F);
 }
 
 TEST(AdsTableText, DropsLinesWhoseIndexIsNoSlot) {
@@ -78,15 +65,6 @@ TEST(AdsTableText, DropsLinesWhoseIndexIsNoSlot) {
     EXPECT_EQ(slots.At(2), 10.0F);
     EXPECT_EQ(slots.At(-1), 0.0F);
     EXPECT_EQ(slots.At(256), 0.0F);
-}
-
-TEST(AdsTableText, SlotsPastTheMaskCountAsGiven) {
-    const AdsSlots slots = ReadTable("255,1\n299,2\n", 300);
-    EXPECT_FALSE(slots.IsGiven(254));
-    EXPECT_TRUE(slots.IsGiven(255));
-    EXPECT_TRUE(slots.IsGiven(256));
-    EXPECT_TRUE(slots.IsGiven(299));
-    EXPECT_EQ(slots.At(299), 2.0F);
 }
 
 TEST(AdsTableText, MemoryGrowsWithWhatIsFilled) {

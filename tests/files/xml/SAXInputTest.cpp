@@ -99,13 +99,17 @@ TEST(SAXInput, TellsTheSamePlacesForWideInput) {
     EXPECT_EQ(narrow.places, big.places);
 }
 
+std::int32_t ParseFile(SAXRecorder& recorder, const std::string& path) {
+    SAXParser parser;
+    parser.SetCallback(&recorder);
+    return parser.ParseFile(path.c_str());
+}
+
 TEST(SAXInput, ReadsAFileAndNamesItDuringTheParse) {
     const test::TestFolder folder;
     const std::string path = folder.Put("a.adx", "<a>\r\n" + std::string(50000, 'x') + "</a>\r\n");
     SAXRecorder recorder;
-    SAXParser parser;
-    parser.SetCallback(&recorder);
-    EXPECT_EQ(parser.ParseFile(path.c_str()), 0);
+    EXPECT_EQ(ParseFile(recorder, path), 0);
     EXPECT_EQ(recorder.file, path);
     EXPECT_STREQ(recorder.filename, "");
     EXPECT_EQ(recorder.events.size(), 1 + 1 + 25 + 1 + 1U);
@@ -120,10 +124,7 @@ TEST(SAXInput, ReadsAFileAsItReadsMemory) {
     text[9000] = '\0';
     const std::string path = folder.Put("b.adx", text);
     SAXRecorder file, memory;
-    SAXParser parser;
-    parser.SetCallback(&file);
-    const std::int32_t result = parser.ParseFile(path.c_str());
-    EXPECT_EQ(memory.Parse(text), result);
+    EXPECT_EQ(memory.Parse(text), ParseFile(file, path));
     EXPECT_EQ(memory.events, file.events);
     EXPECT_EQ(memory.places, file.places);
 }
@@ -134,9 +135,7 @@ TEST(SAXInput, ClosesTheFileInEveryCase) {
         const std::string path = folder.Put("c.adx", text);
         SAXRecorder recorder;
         recorder.refuse = "<refused";
-        SAXParser parser;
-        parser.SetCallback(&recorder);
-        EXPECT_EQ(parser.ParseFile(path.c_str()) == 0, text == "<a/>"s);
+        EXPECT_EQ(ParseFile(recorder, path) == 0, text == "<a/>"s);
         // An open file is not removed on Windows.
         EXPECT_TRUE(std::filesystem::remove(path)) << text;
     }
@@ -144,30 +143,19 @@ TEST(SAXInput, ClosesTheFileInEveryCase) {
 
 TEST(SAXInput, TellsAFileThatDoesNotOpen) {
     const test::TestFolder folder;
-    SAXRecorder recorder;
-    SAXParser parser;
-    parser.SetCallback(&recorder);
-    EXPECT_EQ(parser.ParseFile(folder.Name("missing.adx").c_str()), static_cast<std::int32_t>(0x861B0001));
-    EXPECT_EQ(recorder.errorcode, static_cast<std::int32_t>(0x861B0001));
-    EXPECT_EQ(recorder.message, "Error opening file");
-    EXPECT_EQ(recorder.events, Events{"error"});
-}
-
-TEST(SAXInput, TellsAFolderAsAFileThatDoesNotOpen) {
-    const test::TestFolder folder;
-    SAXRecorder recorder;
-    SAXParser parser;
-    parser.SetCallback(&recorder);
-    EXPECT_EQ(parser.ParseFile(folder.Name("").c_str()), SAXParser::kOpenError);
-    EXPECT_EQ(recorder.message, "Error opening file");
+    SAXRecorder missing, itself;
+    EXPECT_EQ(ParseFile(missing, folder.Name("missing.adx")), static_cast<std::int32_t>(0x861B0001));
+    EXPECT_EQ(missing.errorcode, static_cast<std::int32_t>(0x861B0001));
+    EXPECT_EQ(missing.message, "Error opening file");
+    EXPECT_EQ(missing.events, Events{"error"});
+    EXPECT_EQ(ParseFile(itself, folder.Name("")), SAXParser::kOpenError) << "a folder is no file";
+    EXPECT_EQ(itself.message, "Error opening file");
 }
 
 TEST(SAXInput, RefusesAnEmptyFile) {
     const test::TestFolder folder;
     SAXRecorder recorder;
-    SAXParser parser;
-    parser.SetCallback(&recorder);
-    EXPECT_EQ(parser.ParseFile(folder.Put("empty.adx", "").c_str()), SAXParser::kSyntaxError);
+    EXPECT_EQ(ParseFile(recorder, folder.Put("empty.adx", "")), SAXParser::kSyntaxError);
     EXPECT_EQ(recorder.message, "Unrecognized encoding (parser does not support UTF-8 language encodings)");
 }
 

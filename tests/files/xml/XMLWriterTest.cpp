@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <cstdio>
 #include <limits>
 
 #include "files/xml/XMLWriter.h"
@@ -10,215 +10,148 @@
 namespace corvex {
 namespace {
 
-// What work writes to memory, with LF line ends.
-std::string Written(const std::function<void(XMLWriter&)>& work) {
-    std::string memory(100000, '#');
+// What is written to memory, with LF line ends. Each call must succeed; what must not is done with the writer itself.
+class Script {
+public:
+    Script() { EXPECT_NE(writer.OpenMemory(memory_.data(), memory_.size()), 0); }
+
+    Script& Start(std::string_view name) { return Did(writer.StartElement(name)); }
+    Script& End() { return Did(writer.EndElement()); }
+    Script& Text(std::string_view text) { return Did(writer.WriteText(text)); }
+    Script& Element(std::string_view name, std::string_view text) { return Did(writer.WriteElementText(name, text)); }
+    Script& Comment(std::string_view text) { return Did(writer.WriteComment(text)); }
+    Script& Attribute(std::string_view name, std::string_view value) { return Did(writer.WriteAttribute(name, value)); }
+    std::string Written() const { return memory_.substr(0, writer.MemoryLength()); }
+
     XMLWriter writer;
-    EXPECT_NE(writer.OpenMemory(memory.data(), memory.size()), 0);
-    work(writer);
-    memory.resize(writer.MemoryLength());
-    return memory;
-}
 
-TEST(XMLWriter, ClosesAnElementWithoutContentAsEmpty) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  EXPECT_EQ(writer.StartElement("a"), 1);
-                  EXPECT_EQ(writer.EndElement(), 1);
-              }),
-              "<a />\n");
-}
+private:
+    Script& Did(int result) {
+        EXPECT_EQ(result, 1);
+        return *this;
+    }
 
-TEST(XMLWriter, ClosesAnElementWithTextOnItsLine) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  writer.StartElement("a");
-                  EXPECT_EQ(writer.WriteText("x & <y>"), 1);
-                  writer.EndElement();
-              }),
-              "<a>x & <y></a>\n");
-}
+    std::string memory_ = std::string(100000, '#');
+};
 
-TEST(XMLWriter, IndentsChildrenAndTheClosingTag) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  writer.StartElement("a");
-                  writer.StartElement("b");
-                  writer.WriteElementText("c", "x");
-                  writer.StartElement("d");
-                  writer.EndElement();
-                  writer.EndElement();
-                  writer.WriteElementText("e", "");
-                  writer.EndElement();
-              }),
-              "<a>\n    <b>\n        <c>x</c>\n        <d />\n    </b>\n    <e></e>\n</a>\n");
-}
-
-TEST(XMLWriter, ClosesOnTheLineOfTextThatFollowsAChild) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  writer.StartElement("a");
-                  writer.StartElement("b");
-                  writer.EndElement();
-                  writer.WriteText("x");
-                  writer.EndElement();
-              }),
-              "<a>\n    <b />\nx</a>\n");
-}
-
-TEST(XMLWriter, TakesSeveralTopLevelElements) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  writer.StartElement("a");
-                  writer.WriteAttributeFormat("version", "%.2f", 0.5);
-                  writer.EndElement();
-                  writer.WriteComment("c");
-                  writer.WriteElementInt("b", 1);
-              }),
-              "<a version=\"0.50\" />\n\n<!-- c -->\n<b>1</b>\n");
-}
-
-TEST(XMLWriter, WritesACommentOnALineOfItsOwn) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  writer.StartElement("a");
-                  EXPECT_EQ(writer.WriteComment("x -- y"), 1);
-                  EXPECT_EQ(writer.WriteAttribute("b", "1"), 0);
-                  writer.EndElement();
-              }),
-              "<a>\n    <!-- x -- y -->\n</a>\n");
+TEST(XMLWriter, LaysElementsOutByWhatTheyHold) {
+    EXPECT_EQ(Script().Start("a").End().Written(), "<a />\n") << "nothing";
+    EXPECT_EQ(Script().Start("a").Text("x & <y>").End().Written(), "<a>x & <y></a>\n") << "text, on its line";
+    EXPECT_EQ(Script().Start("a").Start("b").Element("c", "x").Start("d").End().End().Element("e", "").End().Written(),
+              "<a>\n    <b>\n        <c>x</c>\n        <d />\n    </b>\n    <e></e>\n</a>\n")
+        << "children";
+    EXPECT_EQ(Script().Start("a").Start("b").End().Text("x").End().Written(), "<a>\n    <b />\nx</a>\n")
+        << "text behind a child";
+    EXPECT_EQ(Script().Start("a").Comment("x -- y").End().Written(), "<a>\n    <!-- x -- y -->\n</a>\n")
+        << "a comment, on a line of its own";
+    EXPECT_EQ(Script().Start("a").Attribute("b", "1").End().Comment("c").Element("d", "1").Written(),
+              "<a b=\"1\" />\n\n<!-- c -->\n<d>1</d>\n")
+        << "several at the top";
 }
 
 TEST(XMLWriter, WritesAttributesUnchanged) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  writer.StartElement("a");
-                  EXPECT_EQ(writer.WriteAttribute("b", "1 & \"<'\xE9"), 1);
-                  EXPECT_EQ(writer.WriteAttribute("c", ""), 1);
-                  EXPECT_EQ(writer.WriteAttributeInt("d", -2147483647 - 1), 1);
-                  EXPECT_EQ(writer.WriteAttributeFloat("e", 1.5F), 1);
-                  EXPECT_EQ(writer.WriteAttributeFormat("f", "0x%.8X", 0xABCDU), 1);
-                  writer.EndElement();
-              }),
+    Script script;
+    script.Start("a").Attribute("b", "1 & \"<'\xE9").Attribute("c", "");
+    EXPECT_EQ(script.writer.WriteAttributeInt("d", -2147483647 - 1), 1);
+    EXPECT_EQ(script.writer.WriteAttributeFloat("e", 1.5F), 1);
+    EXPECT_EQ(script.writer.WriteAttributeFormat("f", "0x%.8X", 0xABCDU), 1);
+    EXPECT_EQ(script.End().Written(),
               "<a b=\"1 & \"<'\xE9\" c=\"\" d=\"-2147483648\" e=\"1.500000\" f=\"0x0000ABCD\" />\n");
 }
 
 TEST(XMLWriter, RefusesAttributesOutsideAStartTag) {
-    const std::string text = Written([](XMLWriter& writer) {
-        EXPECT_EQ(writer.WriteAttribute("x", "1"), 0);
-        writer.StartElement("a");
-        writer.WriteText("t");
-        EXPECT_EQ(writer.WriteAttribute("x", "1"), 0);
-        EXPECT_EQ(writer.WriteAttributeFormat("x", "%d", 1), 0);
-        EXPECT_EQ(writer.WriteAttributeInt("x", 1), 0);
-        EXPECT_EQ(writer.WriteAttributeFloat("x", 1), 0);
-        writer.EndElement();
-        EXPECT_EQ(writer.WriteAttribute("x", "1"), 0);
-    });
-    EXPECT_EQ(text, "<a>t</a>\n");
+    Script script;
+    EXPECT_EQ(script.writer.WriteAttribute("x", "1"), 0);
+    script.Start("a").Text("t");
+    EXPECT_EQ(script.writer.WriteAttribute("x", "1"), 0);
+    EXPECT_EQ(script.writer.WriteAttributeFormat("x", "%d", 1), 0);
+    EXPECT_EQ(script.writer.WriteAttributeInt("x", 1), 0);
+    EXPECT_EQ(script.writer.WriteAttributeFloat("x", 1), 0);
+    script.End().Start("b").Comment("c");
+    EXPECT_EQ(script.writer.WriteAttribute("x", "1"), 0);
+    EXPECT_EQ(script.End().Written(), "<a>t</a>\n<b>\n    <!-- c -->\n</b>\n");
 }
 
 TEST(XMLWriter, CutsAFormattedValueTo255Characters) {
     for (const std::size_t length : {254U, 255U, 256U, 5000U}) {
-        const std::string value(length, 'v');
-        const std::string text = Written([&](XMLWriter& writer) {
-            writer.StartElement("a");
-            EXPECT_EQ(writer.WriteAttributeFormat("b", "%s", value.c_str()), 1);
-            writer.EndElement();
-        });
-        EXPECT_EQ(text, "<a b=\"" + std::string(std::min<std::size_t>(length, 255), 'v') + "\" />\n");
+        Script script;
+        script.Start("a");
+        EXPECT_EQ(script.writer.WriteAttributeFormat("b", "%s", std::string(length, 'v').c_str()), 1);
+        EXPECT_EQ(script.End().Written(), "<a b=\"" + std::string(std::min<std::size_t>(length, 255), 'v') + "\" />\n");
     }
 }
 
-TEST(XMLWriter, WritesElementsWithNumbers) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  EXPECT_EQ(writer.WriteElementInt("a", 2147483647), 1);
-                  EXPECT_EQ(writer.WriteElementFloat("b", -0.1F), 1);
-                  EXPECT_EQ(writer.WriteElementText("c", "x"), 1);
-              }),
-              "<a>2147483647</a>\n<b>-0.100000</b>\n<c>x</c>\n");
-}
-
-TEST(XMLWriter, PrintsFloatsAsPrintfDoes) {
-    for (const float value : {0.0F, -0.0F, 0.5F, 0.0000005F, 16777216.0F, 1e10F, -2.5e-7F, 3.4028235e38F, 1e-45F}) {
-        char expected[64];
-        std::snprintf(expected, sizeof expected, "<a>%f</a>\n", static_cast<double>(value));
-        EXPECT_EQ(Written([&](XMLWriter& writer) { writer.WriteElementFloat("a", value); }), expected);
+TEST(XMLWriter, WritesElementsWithNumbersAsPrintfDoes) {
+    Script script;
+    EXPECT_EQ(script.writer.WriteElementInt("a", 2147483647), 1);
+    std::string expected = "<a>2147483647</a>\n";
+    for (const float value : {0.0F, -0.0F, 0.5F, -0.1F, 0.0000005F, 16777216.0F, 1e10F, -2.5e-7F, 3.4028235e38F, 1e-45F,
+                              -std::numeric_limits<float>::infinity()}) {
+        char text[64];
+        std::snprintf(text, sizeof text, "<a>%f</a>\n", static_cast<double>(value));
+        expected += text;
+        EXPECT_EQ(script.writer.WriteElementFloat("a", value), 1);
     }
-    const float infinity = std::numeric_limits<float>::infinity();
-    EXPECT_EQ(Written([&](XMLWriter& writer) { writer.WriteElementFloat("a", -infinity); }), "<a>-inf</a>\n");
+    EXPECT_EQ(script.Written(), expected);
+    EXPECT_TRUE(expected.ends_with("<a>-inf</a>\n"));
 }
 
 TEST(XMLWriter, EndsNoElementThatIsNotOpen) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  EXPECT_EQ(writer.EndElement(), 0);
-                  writer.StartElement("a");
-                  EXPECT_EQ(writer.EndElement(), 1);
-                  EXPECT_EQ(writer.EndElement(), 0);
-                  EXPECT_FALSE(writer.Failed());
-              }),
-              "<a />\n");
+    Script script;
+    EXPECT_EQ(script.writer.EndElement(), 0);
+    script.Start("a").End();
+    EXPECT_EQ(script.writer.EndElement(), 0);
+    EXPECT_FALSE(script.writer.Failed());
+    EXPECT_EQ(script.Written(), "<a />\n");
 }
 
 TEST(XMLWriter, SetsTheIndentUpTo8) {
     for (const std::uint32_t spaces : {0U, 1U, 7U, 8U, 9U, 4000000000U}) {
-        const std::string text = Written([&](XMLWriter& writer) {
-            writer.SetIndent(spaces);
-            writer.StartElement("a");
-            writer.StartElement("b");
-        });
-        EXPECT_EQ(text, "<a>\n" + std::string(std::min(spaces, 8U), ' ') + "<b");
+        Script script;
+        script.writer.SetIndent(spaces);
+        EXPECT_EQ(script.Start("a").Start("b").Written(), "<a>\n" + std::string(std::min(spaces, 8U), ' ') + "<b");
     }
 }
 
 TEST(XMLWriter, LeavesLineEndsOutWhenNotPretty) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  writer.SetPretty(false);
-                  writer.SetIndent(0);
-                  writer.StartElement("a");
-                  writer.WriteElementText("b", "x");
-                  writer.WriteComment("c");
-                  writer.EndElement();
-              }),
-              "<a><b>x</b><!-- c --></a>");
+    Script script;
+    script.writer.SetPretty(false);
+    script.writer.SetIndent(0);
+    EXPECT_EQ(script.Start("a").Element("b", "x").Comment("c").End().Written(), "<a><b>x</b><!-- c --></a>");
 }
 
 TEST(XMLWriter, StacksNamesOf255BytesInAll) {
     for (const std::size_t length : {153U, 154U}) {
-        const std::string outer(100, 'o');
-        const std::string inner(length, 'i');
-        const std::string text = Written([&](XMLWriter& writer) {
-            writer.SetIndent(0);
-            EXPECT_EQ(writer.StartElement(outer), 1);
-            EXPECT_EQ(writer.StartElement(inner), 1);
-            EXPECT_EQ(writer.StartElement("x"), 1);
-            writer.EndElement();
-            writer.WriteText("t");
-            writer.EndElement();
-            writer.EndElement();
-            EXPECT_FALSE(writer.Failed());
-        });
-        EXPECT_EQ(text, "<" + outer + ">\n<" + inner + ">\n<x />\nt</" + inner + ">\n</" + outer + ">\n");
+        const std::string outer(100, 'o'), inner(length, 'i');
+        Script script;
+        script.writer.SetIndent(0);
+        EXPECT_EQ(script.Start(outer).Start(inner).Start("x").End().Text("t").End().End().Written(),
+                  "<" + outer + ">\n<" + inner + ">\n<x />\nt</" + inner + ">\n</" + outer + ">\n");
+        EXPECT_FALSE(script.writer.Failed());
     }
 }
 
 TEST(XMLWriter, WritesANameThatDoesNotFitTheStackWithoutItsEndTag) {
-    const std::string outer(200, 'o');
-    const std::string inner(56, 'i');
-    const std::string text = Written([&](XMLWriter& writer) {
-        EXPECT_EQ(writer.StartElement(outer), 1);
-        EXPECT_EQ(writer.StartElement(inner), 0);
-        writer.WriteText("x");
-        EXPECT_EQ(writer.EndElement(), 1);
-        EXPECT_TRUE(writer.Failed());
-        EXPECT_EQ(writer.EndElement(), 1);
-        EXPECT_EQ(writer.EndElement(), 0);
-    });
-    EXPECT_EQ(text, "<" + outer + ">\n    <" + inner + ">x</>\n</" + outer + ">\n");
+    const std::string outer(200, 'o'), inner(56, 'i');
+    Script script;
+    script.Start(outer);
+    EXPECT_EQ(script.writer.StartElement(inner), 0);
+    script.Text("x").End();
+    EXPECT_TRUE(script.writer.Failed());
+    script.End();
+    EXPECT_EQ(script.writer.EndElement(), 0);
+    EXPECT_EQ(script.Written(), "<" + outer + ">\n    <" + inner + ">x</>\n</" + outer + ">\n");
 }
 
 TEST(XMLWriter, NestsDeeplyOnceTheStackIsFull) {
-    const std::string text = Written([](XMLWriter& writer) {
-        writer.SetIndent(0);
-        for (int i = 0; i < 300; ++i)
-            EXPECT_EQ(writer.StartElement("n"), i < 255 ? 1 : 0);
-        for (int i = 0; i < 300; ++i)
-            EXPECT_EQ(writer.EndElement(), 1);
-        EXPECT_EQ(writer.EndElement(), 0);
-    });
+    Script script;
+    script.writer.SetIndent(0);
+    for (int i = 0; i < 300; ++i)
+        EXPECT_EQ(script.writer.StartElement("n"), i < 255 ? 1 : 0);
+    for (int i = 0; i < 300; ++i)
+        script.End();
+    EXPECT_EQ(script.writer.EndElement(), 0);
+    const std::string text = script.Written();
     EXPECT_TRUE(text.ends_with("</n>\n</n>\n"));
     EXPECT_NE(text.find("</>\n</n>\n"), std::string::npos);
 }
@@ -253,10 +186,10 @@ TEST(XMLWriter, DoesNothingWhenNotOpen) {
     EXPECT_FALSE(writer.Failed());
 }
 
-TEST(XMLWriter, WritesAFileWithCRLF) {
+TEST(XMLWriter, WritesAFileWithCRLFOverTheOneThatWasThere) {
     const test::TestFolder folder;
     XMLWriter writer;
-    ASSERT_NE(writer.Open(folder.Name("a.adx").c_str()), 0);
+    ASSERT_NE(writer.Open(folder.Put("a.adx", std::string(1000, 'o')).c_str()), 0);
     writer.StartElement("a");
     writer.WriteElementText("b", "x\ny");
     writer.WriteComment("c");
@@ -264,15 +197,6 @@ TEST(XMLWriter, WritesAFileWithCRLF) {
     writer.Close();
     EXPECT_FALSE(writer.Failed());
     EXPECT_EQ(folder.Content("a.adx"), "<a>\r\n    <b>x\ny</b>\r\n\r\n    <!-- c -->\r\n</a>\r\n");
-}
-
-TEST(XMLWriter, TruncatesTheFileThatWasThere) {
-    const test::TestFolder folder;
-    const std::string path = folder.Put("a.adx", std::string(100000, 'o'));
-    XMLWriter writer;
-    ASSERT_NE(writer.Open(path.c_str()), 0);
-    writer.Close();
-    EXPECT_EQ(folder.Content("a.adx"), "");
 }
 
 TEST(XMLWriter, WritesWholeBlocksAndTheRestAtClose) {
