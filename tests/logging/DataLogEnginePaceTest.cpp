@@ -6,42 +6,38 @@ namespace {
 
 class DataLogEnginePaceTest : public PlaybackFixture {
 protected:
-    void Play(const LogBytes& bytes, float speed = 1.0F) {
-        Open(bytes);
-        log_.speed = speed;
-        ASSERT_EQ(0U, log_.StartPlayback());
+    // A callback that is held in its first delivery.
+    void HoldTheDelivery() {
+        told_.hook = [this](const std::string& word) {
+            if (word != "Send 3") return;
+            inside_ = true;
+            Eventually([this] { return go_.load(); });
+        };
+    }
+    bool IsInside() {
+        return Eventually([this] { return inside_.load(); });
     }
     void Pause() {
         EXPECT_EQ(0U, log_.RequestStop());
         ASSERT_TRUE(Ends());
         EXPECT_EQ(kLogReady, log_.State());
     }
+
+    std::atomic<bool> inside_{false}, go_{false};
 };
 
-TEST_F(DataLogEnginePaceTest, FirstRecordComesAtOnce) {
-    Play(SmallLog(3, 100));
-    ASSERT_TRUE(Waits(1));
-    EXPECT_EQ(DataOf(0), DeliveredData().at(0));
-}
-
-TEST_F(DataLogEnginePaceTest, GapIsKeptAtRecordedSpeed) {
-    Play(SmallLog(3, 100));
-    ASSERT_TRUE(Waits(1));
-    ExpectAfter(100);
-    ExpectAfter(100);
-}
-
-TEST_F(DataLogEnginePaceTest, GapIsAQuarterAt400Percent) {
-    Play(SmallLog(3, 100), 4.0F);
-    ASSERT_TRUE(Waits(1));
-    ExpectAfter(25);
-    ExpectAfter(25);
-}
-
-TEST_F(DataLogEnginePaceTest, GapIsFourfoldAt25Percent) {
-    Play(SmallLog(3, 100), 0.25F);
-    ASSERT_TRUE(Waits(1));
-    ExpectAfter(400);
+TEST_F(DataLogEnginePaceTest, GapsFollowTheSpeedAndTheFirstRecordComesAtOnce) {
+    const std::pair<float, std::int64_t> cases[] = {{1.0F, 100}, {4.0F, 25}, {0.25F, 400}};
+    std::size_t delivered = 0;
+    for (const auto& [speed, gap] : cases) {
+        Play(SmallLog(3, 100), speed);
+        ASSERT_TRUE(Waits(delivered + 1)) << speed;
+        EXPECT_EQ(DataOf(0), DeliveredData().at(delivered));
+        ExpectAfter(gap);
+        ExpectAfter(gap);
+        ASSERT_TRUE(Ends());
+        delivered += 3;
+    }
 }
 
 TEST_F(DataLogEnginePaceTest, NewSpeedHoldsFromTheNextRecordOn) {
@@ -109,14 +105,9 @@ TEST_F(DataLogEnginePaceTest, PauseDropsTheAwaitedRecord) {
 }
 
 TEST_F(DataLogEnginePaceTest, ResumeWhileTheOldThreadEndsIsRefused) {
-    std::atomic<bool> inside{false}, go{false};
-    told_.hook = [&](const std::string& word) {
-        if (word != "Send 3") return;
-        inside = true;
-        Eventually([&] { return go.load(); });
-    };
+    HoldTheDelivery();
     Play(SmallLog(3, 100));
-    ASSERT_TRUE(Eventually([&] { return inside.load(); }));
+    ASSERT_TRUE(IsInside());
     EXPECT_EQ(0U, log_.RequestStop());
     EXPECT_EQ(3U, log_.StartPlayback());
     EXPECT_TRUE(log_.IsPlaying());
@@ -124,7 +115,7 @@ TEST_F(DataLogEnginePaceTest, ResumeWhileTheOldThreadEndsIsRefused) {
     ASSERT_EQ(0U, log_.Open(kPath, kLogForReading));
     EXPECT_EQ(1U, log_.StartPlayback());
     EXPECT_EQ(kLogReady, log_.State());
-    go = true;
+    go_ = true;
     ASSERT_TRUE(Ends());
     EXPECT_EQ(kLogReady, log_.State());
     EXPECT_EQ(0U, log_.sampleIndex);
@@ -134,18 +125,13 @@ TEST_F(DataLogEnginePaceTest, ResumeWhileTheOldThreadEndsIsRefused) {
 }
 
 TEST_F(DataLogEnginePaceTest, CloseDoesNotWaitForTheThread) {
-    std::atomic<bool> inside{false}, go{false};
-    told_.hook = [&](const std::string& word) {
-        if (word != "Send 3") return;
-        inside = true;
-        Eventually([&] { return go.load(); });
-    };
+    HoldTheDelivery();
     Play(SmallLog(3, 100));
-    ASSERT_TRUE(Eventually([&] { return inside.load(); }));
+    ASSERT_TRUE(IsInside());
     EXPECT_NE(0U, log_.Close());
     EXPECT_EQ(kLogClosed, log_.State());
     EXPECT_TRUE(log_.IsPlaying());
-    go = true;
+    go_ = true;
     ASSERT_TRUE(Ends());
     EXPECT_EQ(kLogClosed, log_.State());
     EXPECT_EQ(0U, told_.CountOf("End"));
@@ -239,11 +225,19 @@ TEST_F(DataLogEnginePaceTest, SeekFromWithinADeliverySetsThePace) {
     EXPECT_EQ(DataOf(50), DeliveredData().at(1));
 }
 
-TEST_F(DataLogEnginePaceTest, StopThatComesTooLateLeavesTheStateAlone) {
+TEST_F(DataLogEnginePaceTest, StopIsRequestedWithoutWaiting) {
     Play(SmallLog(1));
     ASSERT_TRUE(Ends());
     EXPECT_EQ(0U, log_.RequestStop());
-    EXPECT_EQ(kLogReady, log_.State());
+    EXPECT_EQ(kLogReady, log_.State()) << "came too late";
+    HoldTheDelivery();
+    Play(SmallLog(1));
+    ASSERT_TRUE(IsInside());
+    EXPECT_EQ(0U, log_.RequestStop());
+    EXPECT_EQ(kLogStopRequested, log_.State());
+    EXPECT_TRUE(log_.IsPlaying());
+    go_ = true;
+    ASSERT_TRUE(Ends());
 }
 
 }  // namespace

@@ -1,46 +1,31 @@
 // Reading record by record, good logs and bad ones.
-#include <gtest/gtest.h>
-
 #include "tests/logging/LogTestHelper.h"
-#include "tests/support/MemoryFiles.h"
 
 namespace corvex::test {
 namespace {
 
-class DataLogEngineReadTest : public ::testing::Test {
+class DataLogEngineReadTest : public LogFixture {
 protected:
-    void Open(const LogBytes& bytes) {
-        files_.Put(kPath, bytes.bytes);
-        ASSERT_EQ(0U, log_.Open(kPath, kLogForReading));
-    }
     std::uint32_t Read(std::uint32_t size = 16) { return log_.ReadRecord(&record_, buffer_.data(), size, &item_); }
-    Bytes Data(std::size_t count) const {
-        return {buffer_.begin(), buffer_.begin() + static_cast<std::ptrdiff_t>(count)};
-    }
+    Bytes Data() const { return {buffer_.begin(), buffer_.begin() + 3}; }
 
-    MemoryFiles files_;
-    DataLogEngine log_{files_};
     LogRecord record_;
     Bytes buffer_ = Bytes(16);
     const LogItem* item_ = nullptr;
 };
 
-TEST_F(DataLogEngineReadTest, EachRecordIsCountedAndTimed) {
-    Open(SmallLog(3));
+TEST_F(DataLogEngineReadTest, EachRecordIsCountedAndTimedUpToTheEnd) {
+    EXPECT_EQ(1U, Read()) << "a closed log can't be read";
+    ASSERT_EQ(0U, Open(SmallLog(3)));
     for (std::uint32_t i = 0; i < 3; ++i) {
         ASSERT_EQ(0U, Read());
         EXPECT_EQ(i * 80, record_.timeMs);
         EXPECT_EQ(kSmallDataOffset + (i + 1) * 15, record_.nextOffset);
-        EXPECT_EQ(DataOf(i), Data(3));
+        EXPECT_EQ(DataOf(i), Data());
         EXPECT_EQ(kId, item_->commandId);
         EXPECT_EQ(i + 1, log_.sampleIndex);
         EXPECT_EQ(i * 80, log_.CurrentTime());
     }
-}
-
-TEST_F(DataLogEngineReadTest, EndLeavesIndexAndTime) {
-    Open(SmallLog(3));
-    ASSERT_EQ(3U, ReadRest(log_).size());
     EXPECT_EQ(7U, Read());
     EXPECT_EQ(7U, Read());
     EXPECT_EQ(3U, log_.sampleIndex);
@@ -48,24 +33,20 @@ TEST_F(DataLogEngineReadTest, EndLeavesIndexAndTime) {
 }
 
 TEST_F(DataLogEngineReadTest, NullIsRefused) {
-    Open(SmallLog(1));
+    ASSERT_EQ(0U, Open(SmallLog(1)));
     EXPECT_EQ(9U, log_.ReadRecord(nullptr, buffer_.data(), 16, &item_));
     EXPECT_EQ(9U, log_.ReadRecord(&record_, nullptr, 16, &item_));
     EXPECT_EQ(9U, log_.ReadRecord(&record_, buffer_.data(), 16, nullptr));
     EXPECT_EQ(0U, Read());
 }
 
-TEST_F(DataLogEngineReadTest, ClosedLogCannotBeRead) {
-    EXPECT_EQ(1U, Read());
-}
-
 TEST_F(DataLogEngineReadTest, SmallBufferCanBeMadeLarger) {
-    Open(SmallLog(2));
+    ASSERT_EQ(0U, Open(SmallLog(2)));
     EXPECT_EQ(8U, Read(2));
     EXPECT_EQ(8U, Read(0));
     EXPECT_EQ(0U, log_.sampleIndex);
     EXPECT_EQ(0U, Read(3));
-    EXPECT_EQ(DataOf(0), Data(3));
+    EXPECT_EQ(DataOf(0), Data());
 }
 
 TEST_F(DataLogEngineReadTest, UnknownItemIsPassedOverThroughItsOffset) {
@@ -73,7 +54,7 @@ TEST_F(DataLogEngineReadTest, UnknownItemIsPassedOverThroughItsOffset) {
     bytes.Record(0, 0, DataOf(0));
     const auto here = static_cast<std::uint32_t>(bytes.bytes.size());
     bytes.RecordTo(here + 20, 1, 80, {1, 2, 3, 4, 5, 6, 7, 8}).Record(0, 160, DataOf(2));
-    Open(bytes.MarkEnd());
+    ASSERT_EQ(0U, Open(bytes.MarkEnd()));
     ASSERT_EQ(0U, Read());
     EXPECT_EQ(4U, Read());
     EXPECT_EQ(1, record_.itemIndex);
@@ -87,7 +68,7 @@ TEST_F(DataLogEngineReadTest, UnknownItemIsPassedOverThroughItsOffset) {
 TEST_F(DataLogEngineReadTest, UnknownItemMayPointAnywhere) {
     for (const std::uint32_t next : {0U, kSmallDataOffset, kSmallDataOffset + 12, 0xFFFFFFFFU}) {
         LogBytes bytes = SmallLogHead();
-        Open(bytes.RecordTo(next, 255, 0, {}).MarkEnd());
+        ASSERT_EQ(0U, Open(bytes.RecordTo(next, 255, 0, {}).MarkEnd()));
         EXPECT_EQ(4U, Read());
         EXPECT_EQ(next, log_.Position());
     }
@@ -99,7 +80,7 @@ TEST_F(DataLogEngineReadTest, OffsetOfAGoodRecordIsNotFollowed) {
     bytes.RecordTo(1, 0, 0, DataOf(0))
         .RecordTo(0xFFFFFFFF, 0, 1, DataOf(1))
         .RecordTo(kSmallDataOffset, 0, 2, DataOf(2));
-    Open(bytes.MarkEnd());
+    ASSERT_EQ(0U, Open(bytes.MarkEnd()));
     const std::vector<ReadBack> records = ReadRest(log_);
     ASSERT_EQ(3U, records.size());
     EXPECT_EQ(DataOf(2), records[2].data);
@@ -107,7 +88,8 @@ TEST_F(DataLogEngineReadTest, OffsetOfAGoodRecordIsNotFollowed) {
 
 TEST_F(DataLogEngineReadTest, TwelveZerosAreTheEnd) {
     LogBytes bytes = SmallLogHead();
-    Open(bytes.Record(0, 0, DataOf(0)).Raw(Bytes(12, 0)).Raw(DataOf(1)).Record(0, 80, DataOf(2)).MarkEnd());
+    ASSERT_EQ(0U,
+              Open(bytes.Record(0, 0, DataOf(0)).Raw(Bytes(12, 0)).Raw(DataOf(1)).Record(0, 80, DataOf(2)).MarkEnd()));
     std::uint32_t last = 0;
     EXPECT_EQ(1U, ReadRest(log_, &last).size());
     EXPECT_EQ(7U, last);
@@ -116,16 +98,15 @@ TEST_F(DataLogEngineReadTest, TwelveZerosAreTheEnd) {
     EXPECT_EQ(kSmallDataOffset + 15, log_.Position());
     // Eleven are a record like any other.
     LogBytes nearly = SmallLogHead();
-    Open(nearly.Raw({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}).Raw(DataOf(1)));
+    ASSERT_EQ(0U, Open(nearly.Raw({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}).Raw(DataOf(1))));
     EXPECT_EQ(0U, Read());
 }
 
 TEST_F(DataLogEngineReadTest, AnyTailLeavesAllWholeRecords) {
-    const Bytes whole = SmallLog(5).bytes;
-    for (std::size_t length = kSmallDataOffset; length <= whole.size(); ++length) {
-        LogBytes cut;
-        cut.bytes.assign(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
-        Open(cut);
+    LogBytes cut = SmallLog(5);
+    for (std::size_t length = cut.bytes.size(); length >= kSmallDataOffset; --length) {
+        cut.bytes.resize(length);
+        ASSERT_EQ(0U, Open(cut));
         std::uint32_t last = 0;
         const std::vector<ReadBack> records = ReadRest(log_, &last);
         EXPECT_EQ(7U, last) << length;
@@ -163,25 +144,16 @@ TEST_F(DataLogEngineReadTest, ReservedBytesMayBeAnything) {
         bytes.bytes[i] = 0xBB;
     for (std::size_t i = 9; i < 12; ++i)
         bytes.bytes[kSmallDataOffset + i] = bytes.bytes[kSmallDataOffset + 15 + i] = 0xCC;
-    Open(bytes);
+    ASSERT_EQ(0U, Open(bytes));
     const std::vector<ReadBack> records = ReadRest(log_);
     ASSERT_EQ(2U, records.size());
     EXPECT_EQ(DataOf(1), records[1].data);
 }
 
-TEST_F(DataLogEngineReadTest, UnendedLogIsReadToItsLastWholeRecord) {
-    LogBytes bytes = SmallLogHead();
-    bytes.Record(0, 0, DataOf(0)).Record(0, 80, DataOf(1)).Raw({1, 2, 3, 4});
-    Open(bytes);
-    std::uint32_t last = 0;
-    EXPECT_EQ(2U, ReadRest(log_, &last).size());
-    EXPECT_EQ(7U, last);
-}
-
 TEST_F(DataLogEngineReadTest, LogThatGrowsIsReadOn) {
     LogBytes bytes = SmallLogHead();
     bytes.Record(0, 0, DataOf(0)).Raw({1, 2});
-    Open(bytes);
+    ASSERT_EQ(0U, Open(bytes));
     ASSERT_EQ(1U, ReadRest(log_).size());
     // Those two bytes were of a sample that was taken out again.
     const std::unique_ptr<IFile> writer = files_.Open(kPath, FileAccess::kReadWrite);
@@ -196,7 +168,7 @@ TEST_F(DataLogEngineReadTest, FailedReadLeavesTheRecordToBeReadAgain) {
     // The data lies beyond what is read ahead with the head.
     LogBytes bytes;
     bytes.Header(kSmallDataOffset, 1).ItemCount(1).Item(kId, kTypeSendCommand, 70'000, 70'000, Bytes(15, 0xFF));
-    Open(bytes.Record(0, 5, Bytes(70'000, 0x42)).MarkEnd());
+    ASSERT_EQ(0U, Open(bytes.Record(0, 5, Bytes(70'000, 0x42)).MarkEnd()));
     Bytes large(70'000);
     files_.failReads = true;
     EXPECT_EQ(1U, log_.ReadRecord(&record_, large.data(), 70'000, &item_));
@@ -210,7 +182,7 @@ TEST_F(DataLogEngineReadTest, FailedReadLeavesTheRecordToBeReadAgain) {
 TEST_F(DataLogEngineReadTest, RecordWithoutDataIsARecord) {
     LogBytes bytes;
     bytes.Header(kSmallDataOffset, 2).ItemCount(1).Item(kId, kTypeSendCommand, 0, 0, Bytes(15, 0xFF));
-    Open(bytes.Record(0, 0, {}).Record(0, 9, {}).MarkEnd());
+    ASSERT_EQ(0U, Open(bytes.Record(0, 0, {}).Record(0, 9, {}).MarkEnd()));
     EXPECT_EQ(0U, Read(0));
     EXPECT_EQ(0U, Read(0));
     EXPECT_EQ(9U, record_.timeMs);
@@ -218,13 +190,13 @@ TEST_F(DataLogEngineReadTest, RecordWithoutDataIsARecord) {
 }
 
 TEST_F(DataLogEngineReadTest, EnormousRecordIsTooLargeForAnyBuffer) {
-    Open(SmallLog(2).PutWord32(44 + 24, 0xFFFFFFFF));
+    ASSERT_EQ(0U, Open(SmallLog(2).PutWord32(44 + 24, 0xFFFFFFFF)));
     EXPECT_EQ(8U, Read());
     EXPECT_EQ(0xFFFFFFFF, log_.MaxPackedSize());
 }
 
 TEST_F(DataLogEngineReadTest, GoesToTheDataFromOutsideItAlone) {
-    Open(SmallLog(3));
+    ASSERT_EQ(0U, Open(SmallLog(3)));
     ASSERT_EQ(0U, Read());
     log_.GoToData();
     EXPECT_EQ(kSmallDataOffset + 15, log_.Position());

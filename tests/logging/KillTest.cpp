@@ -63,21 +63,6 @@ int RecordUntilKilled(const std::string& path, Progress& progress) {
     return 1;
 }
 
-// Counts, as a log of thousands of records is played two hundred times.
-class CountingCallback final : public LogCallbackRecorder {
-public:
-    std::atomic<std::uint32_t> count{0}, ends{0};
-    std::int32_t OnSendCommandEnd(Status, Packet, std::uint32_t) override {
-        ++count;
-        return 0;
-    }
-    std::int32_t OnLogProgress(std::uint32_t, std::uint32_t) override { return 0; }
-    std::int32_t OnLogEnd() override {
-        ++ends;
-        return 0;
-    }
-};
-
 class KillTest : public ::testing::Test {
 protected:
     // How many records there are; each must be the sample of its number.
@@ -98,21 +83,6 @@ protected:
         EXPECT_EQ(7U, walk.Result());
         return i;
     }
-    void CheckThatItPlays(std::uint32_t records) const {
-        const std::string before = folder_.Content("drive.xdl");
-        CountingCallback told;
-        DataLogEngine log;
-        ASSERT_EQ(0U, log.Open(path_.c_str(), kLogForReading));
-        log.SetCallback(&told);
-        log.speed = 0.0F;
-        ASSERT_EQ(0U, log.StartPlayback());
-        ASSERT_TRUE(Eventually([&] { return !log.IsPlaying(); }));
-        EXPECT_EQ(records, told.count);
-        EXPECT_EQ(1U, told.ends);
-        EXPECT_NE(0U, log.Close());
-        EXPECT_TRUE(before == folder_.Content("drive.xdl"));
-    }
-
     const TestFolder folder_;
     const std::string path_ = folder_.Name("drive.xdl");
 };
@@ -148,7 +118,6 @@ TEST_F(KillTest, EverySampleOfAKilledRecordingIsReadBack) {
             const std::uint32_t records = CheckRecords();
             ASSERT_LE(finished, records) << "kill " << kill;
             ASSERT_GE(finished + 1, records) << "kill " << kill;
-            CheckThatItPlays(records);
             samples += records;
             inFlight += records - finished;
         }

@@ -1,11 +1,15 @@
 // Logs that the tests of this folder share, and a reading of them.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <vector>
 
 #include "definition/ADXObject.h"
 #include "logging/DataLogEngine.h"
 #include "tests/support/LogBytes.h"
+#include "tests/support/MemoryFiles.h"
+#include "tests/support/VirtualClock.h"
 
 namespace corvex::test {
 
@@ -63,5 +67,50 @@ inline std::vector<ReadBack> ReadRest(DataLogEngine& log, std::uint32_t* last = 
     if (last != nullptr) *last = result;
     return records;
 }
+
+// A clock that stands still, for a fixture to have as a base in front of LogFixture: what the log's threads look at
+// must be there until its destructor has waited for them.
+struct StandingClock {
+    VirtualClock clock_;
+    ScopedClock scoped_{clock_};
+};
+
+// A log in memory, which is recorded or read.
+class LogFixture : public ::testing::Test {
+protected:
+    // The result of opening a log of these bytes.
+    std::uint32_t Open(const LogBytes& bytes, std::uint32_t mode = kLogForReading) {
+        files_.Put(kPath, bytes.bytes);
+        return log_.Open(kPath, mode);
+    }
+    void BeginRecording(const std::vector<LogItem>& items = {MakeItem(kId, 3)}) {
+        ASSERT_EQ(0U, log_.Open(kPath, kLogForWriting));
+        for (const LogItem& item : items)
+            ASSERT_EQ(0U, log_.AddItem(item));
+        ASSERT_EQ(0U, log_.StartRecording());
+    }
+    std::uint32_t Add(const Bytes& reply, std::uint32_t id = kId) {
+        return log_.AddSample(id, reply.data(), static_cast<std::uint32_t>(reply.size()));
+    }
+    std::uint32_t AddRecord(std::uint32_t i) { return Add(DataOf(i)); }
+    // All records in the file as it is now; it must end as a log does.
+    std::vector<ReadBack> Recorded(const char* path = kPath) {
+        DataLogEngine reader(files_);
+        EXPECT_EQ(0U, reader.Open(path, kLogForLooking));
+        std::uint32_t last = 0;
+        std::vector<ReadBack> records = ReadRest(reader, &last);
+        EXPECT_EQ(7U, last);
+        return records;
+    }
+    std::vector<Bytes> RecordedData() {
+        std::vector<Bytes> data;
+        for (const ReadBack& record : Recorded())
+            data.push_back(record.data);
+        return data;
+    }
+
+    MemoryFiles files_;
+    DataLogEngine log_{files_};
+};
 
 }  // namespace corvex::test

@@ -1,9 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "logging/LogWalk.h"
 #include "tests/logging/FarFile.h"
 #include "tests/logging/LogTestHelper.h"
-#include "tests/support/MemoryFiles.h"
 
 namespace corvex::test {
 namespace {
@@ -33,74 +30,89 @@ Walked WalkAll(DataLogEngine& log) {
     return walked;
 }
 
-class LogWalkTest : public ::testing::Test {
+class LogWalkTest : public LogFixture {
 protected:
     Walked Walk(const LogBytes& bytes) {
-        files_.Put(kPath, bytes.bytes);
-        EXPECT_EQ(0U, log_.Open(kPath, kLogForLooking));
+        EXPECT_EQ(0U, Open(bytes, kLogForLooking));
         return WalkAll(log_);
     }
-
-    MemoryFiles files_;
-    DataLogEngine log_{files_};
 };
+
+// One good record, then one of item `item` that leads to `next`, then one more.
+LogBytes Between(std::uint32_t next, std::uint32_t item) {
+    return SmallLogHead()
+        .Record(0, 0, DataOf(0))
+        .RecordTo(next, item, 80, DataOf(1))
+        .Record(0, 160, DataOf(2))
+        .MarkEnd();
+}
+
+constexpr std::uint32_t kSecond = kSmallDataOffset + 15, kThird = kSmallDataOffset + 30;
+
+TEST_F(LogWalkTest, EndsWhereTheLogIsNoMoreWhatItWas) {
+    const LogBytes one = SmallLogHead().Record(0, 0, DataOf(0));
+    const struct {
+        const char* behaviour;
+        LogBytes log;
+        std::uint32_t result, records, unknown;
+        std::uint64_t left;
+        bool damaged;
+    } cases[] = {
+        {"a good log", SmallLog(4), 7, 4, 0, 0, false},
+        {"one that was never ended", LogBytes(one).Raw({1, 2, 3, 4, 5, 6, 7, 8, 0, 10, 11, 12, 13}), 7, 1, 0, 13, true},
+        {"cut in a record", LogBytes(one).RecordTo(kThird, 0, 80, {1, 2}), 7, 1, 0, 14, false},
+        {"zeros are no records", LogBytes(one).Raw(Bytes(4096, 0)), 7, 1, 0, 4096, true},
+        {"data behind the end of the file", SmallLog(3).PutWord32(4, 0xFFFFFFFE), 7, 0, 0, 45, true},
+        {"an enormous record", SmallLog(3).PutWord32(44 + 24, 0xFFFFFFFF), 7, 0, 0, 45, true},
+        // Right is kThird.
+        {"a record that leads to 0", Between(0, 0), 7, 1, 0, 30, true},
+        {"one byte too short", Between(kThird - 1, 0), 7, 1, 0, 30, true},
+        {"one byte too far", Between(kThird + 1, 0), 7, 1, 0, 30, true},
+        {"to the next but one", Between(kThird + 15, 0), 7, 1, 0, 30, true},
+        {"with a wrong highest bit", Between(kThird ^ 0x80000000U, 0), 7, 1, 0, 30, true},
+        {"to the end of all files", Between(0xFFFFFFFF, 0), 7, 1, 0, 30, true},
+        {"an unknown record is passed over",
+         LogBytes(one).Record(3, 80, {1, 2, 3, 4, 5}).Record(9, 90, {}).Record(0, 160, DataOf(2)).MarkEnd(), 7, 2, 2, 0,
+         false},
+        {"an unknown one that leads to 0", Between(0, 3), 4, 1, 0, 30, true},
+        {"back to the data", Between(kSmallDataOffset, 3), 4, 1, 0, 30, true},
+        {"to itself", Between(kSecond, 3), 4, 1, 0, 30, true},
+        {"just past the file", Between(kThird + 16, 3), 7, 1, 0, 30, true},
+        {"far past the file", Between(0xFFFFFFFF, 3), 7, 1, 0, 30, true},
+        // Whole from its twelve bytes to the end of the file.
+        {"an unknown one of 11 bytes", SmallLogHead().RecordTo(kSmallDataOffset + 11, 3, 80, {1, 2, 3, 4, 5}), 7, 0, 0,
+         17, true},
+        {"of 12", SmallLogHead().RecordTo(kSmallDataOffset + 12, 3, 80, {1, 2, 3, 4, 5}), 7, 0, 1, 5, false},
+        {"of 17", SmallLogHead().RecordTo(kSmallDataOffset + 17, 3, 80, {1, 2, 3, 4, 5}), 7, 0, 1, 0, false},
+        {"of 18", SmallLogHead().RecordTo(kSmallDataOffset + 18, 3, 80, {1, 2, 3, 4, 5}), 7, 0, 0, 17, true},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.behaviour);
+        const Walked walked = Walk(each.log);
+        EXPECT_EQ(each.result, walked.result);
+        EXPECT_EQ(each.records, walked.records);
+        EXPECT_EQ(each.unknown, walked.unknown);
+        EXPECT_EQ(each.left, walked.left);
+        EXPECT_EQ(each.damaged, walked.damaged);
+    }
+}
 
 TEST_F(LogWalkTest, MeetsAllRecordsInOrder) {
     const Walked walked = Walk(SmallLog(4));
-    EXPECT_EQ(7U, walked.result);
-    EXPECT_EQ(4U, walked.records);
-    EXPECT_EQ(0U, walked.unknown);
-    EXPECT_EQ(0U, walked.left);
-    EXPECT_FALSE(walked.damaged);
     EXPECT_EQ((std::vector<Bytes>{DataOf(0), DataOf(1), DataOf(2), DataOf(3)}), walked.replies);
     EXPECT_EQ(kSmallDataOffset, walked.offsets[0]);
     EXPECT_EQ(kSmallDataOffset + 45, walked.offsets[3]);
+    EXPECT_EQ((std::vector<Bytes>{DataOf(0), DataOf(2)}), Walk(Between(kThird, 3)).replies) << "but for unknown ones";
 }
 
 TEST_F(LogWalkTest, ShowsTheRecordInHand) {
-    files_.Put(kPath, SmallLog(2).bytes);
-    ASSERT_EQ(0U, log_.Open(kPath, kLogForLooking));
+    ASSERT_EQ(0U, Open(SmallLog(2), kLogForLooking));
     LogWalk walk(log_);
     ASSERT_TRUE(walk.Next());
     ASSERT_TRUE(walk.Next());
     EXPECT_EQ(80U, walk.Record().timeMs);
     EXPECT_EQ(kId, walk.Item().commandId);
     EXPECT_EQ(DataOf(1), Bytes(walk.Packed(), walk.Packed() + 3));
-}
-
-TEST_F(LogWalkTest, UnendedLogIsWalkedToItsLastWholeRecord) {
-    LogBytes bytes = SmallLogHead();
-    bytes.Record(0, 0, DataOf(0)).Raw({1, 2, 3, 4, 5, 6, 7, 8, 0, 10, 11, 12, 13});
-    const Walked walked = Walk(bytes);
-    EXPECT_EQ(7U, walked.result);
-    EXPECT_EQ(1U, walked.records);
-    EXPECT_EQ(13U, walked.left);
-    EXPECT_TRUE(walked.damaged);
-    const Walked cut = Walk(SmallLogHead().Record(0, 0, DataOf(0)).RecordTo(kSmallDataOffset + 30, 0, 80, {1, 2}));
-    EXPECT_EQ(7U, cut.result);
-    EXPECT_EQ(14U, cut.left);
-    EXPECT_FALSE(cut.damaged);
-}
-
-TEST_F(LogWalkTest, RecordThatDoesNotLeadRightBehindItselfIsDamage) {
-    const std::uint32_t right = kSmallDataOffset + 30;
-    for (const std::uint32_t next : {0U, right - 1, right + 1, right + 15, right ^ 0x80000000U, 0xFFFFFFFFU}) {
-        LogBytes bytes = SmallLogHead(3);
-        bytes.Record(0, 0, DataOf(0)).RecordTo(next, 0, 80, DataOf(1)).Record(0, 160, DataOf(2));
-        const Walked walked = Walk(bytes.MarkEnd());
-        EXPECT_EQ(7U, walked.result) << next;
-        EXPECT_EQ((std::vector<Bytes>{DataOf(0)}), walked.replies) << next;
-        EXPECT_EQ(30U, walked.left);
-        EXPECT_TRUE(walked.damaged);
-    }
-}
-
-TEST_F(LogWalkTest, ZerosAreNoRecords) {
-    const Walked walked = Walk(SmallLogHead().Record(0, 0, DataOf(0)).Raw(Bytes(4096, 0)));
-    EXPECT_EQ(7U, walked.result);
-    EXPECT_EQ(1U, walked.records);
-    EXPECT_EQ(4096U, walked.left);
-    EXPECT_TRUE(walked.damaged);
 }
 
 // A hole that begins behind a record's nextOffset leaves a record of zeros with a time of zero.
@@ -134,65 +146,15 @@ TEST_F(LogWalkTest, OffsetsWrapIn32Bits) {
     EXPECT_EQ(15U, walked.left);
 }
 
-TEST_F(LogWalkTest, UnknownRecordIsPassedOver) {
-    LogBytes bytes = SmallLogHead();
-    bytes.Record(0, 0, DataOf(0)).Record(3, 80, {1, 2, 3, 4, 5}).Record(9, 90, {}).Record(0, 160, DataOf(2));
-    const Walked walked = Walk(bytes.MarkEnd());
-    EXPECT_EQ(7U, walked.result);
-    EXPECT_EQ(2U, walked.records);
-    EXPECT_EQ(2U, walked.unknown);
-    EXPECT_EQ(DataOf(2), walked.replies.at(1));
-}
-
-TEST_F(LogWalkTest, UnknownRecordThatPointsNoFurtherEndsIt) {
-    for (const std::uint32_t next : {0U, kSmallDataOffset, kSmallDataOffset + 15}) {
-        LogBytes bytes = SmallLogHead();
-        bytes.Record(0, 0, DataOf(0)).RecordTo(next, 3, 80, {1, 2, 3}).Record(0, 160, DataOf(2));
-        const Walked walked = Walk(bytes.MarkEnd());
-        EXPECT_EQ(4U, walked.result) << next;
-        EXPECT_EQ(1U, walked.records);
-        EXPECT_EQ(30U, walked.left);
-    }
-}
-
-TEST_F(LogWalkTest, UnknownRecordThatPointsPastTheFileEndsIt) {
-    for (const std::uint32_t next : {kSmallDataOffset + 18, kSmallDataOffset + 1000, 0xFFFFFFFFU}) {
-        LogBytes bytes = SmallLogHead();
-        const Walked walked = Walk(bytes.RecordTo(next, 3, 80, {1, 2, 3, 4, 5}).MarkEnd());
-        EXPECT_EQ(17U, walked.left) << next;
-        EXPECT_EQ(0U, walked.unknown);
-        EXPECT_EQ(7U, walked.result);
-        EXPECT_EQ(0U, walked.records);
-    }
-}
-
-TEST_F(LogWalkTest, UnknownRecordIsWholeFromItsTwelveBytesToTheEndOfTheFile) {
-    for (const std::uint32_t size : {11U, 12U, 17U, 18U}) {
-        const Walked walked = Walk(SmallLogHead().RecordTo(kSmallDataOffset + size, 3, 80, {1, 2, 3, 4, 5}));
-        EXPECT_EQ(size == 12 || size == 17 ? 1U : 0U, walked.unknown) << size;
-        EXPECT_EQ(size == 17 ? 0U : size == 12 ? 5U : 17U, walked.left);
-    }
-}
-
 TEST_F(LogWalkTest, ReplyIsExpandedByItsMask) {
     LogBytes bytes;
-    bytes.Header(44 + 34, 1).ItemCount(1).Item(kId, kTypeSendCommand, 2, 4, Bytes{0x0A});
-    const Walked walked = Walk(bytes.Record(0, 0, {5, 6}).MarkEnd());
-    EXPECT_EQ((std::vector<Bytes>{{0, 5, 0, 6}}), walked.replies);
+    bytes.Header(44 + 34 + 33, 2).ItemCount(2);
+    bytes.Item(kId, kTypeSendCommand, 2, 4, Bytes{0x0A}).Item(kId, kTypeSendCommand, 2, 0, {});
+    const Walked walked = Walk(bytes.Record(0, 0, {5, 6}).Record(1, 0, {5, 6}).MarkEnd());
+    EXPECT_EQ((std::vector<Bytes>{{0, 5, 0, 6}, {}}), walked.replies);
 }
 
-TEST_F(LogWalkTest, ReplyWithoutBytesIsEmpty) {
-    LogBytes bytes;
-    bytes.Header(44 + 33, 1).ItemCount(1).Item(kId, kTypeSendCommand, 2, 0, {});
-    const Walked walked = Walk(bytes.Record(0, 0, {5, 6}).MarkEnd());
-    EXPECT_EQ((std::vector<Bytes>{{}}), walked.replies);
-}
-
-TEST_F(LogWalkTest, EnormousSizesAreCutToWhatTheFileJustifies) {
-    const Walked packed = Walk(SmallLog(3).PutWord32(44 + 24, 0xFFFFFFFF));
-    EXPECT_EQ(7U, packed.result);
-    EXPECT_EQ(0U, packed.records);
-    EXPECT_EQ(45U, packed.left);
+TEST_F(LogWalkTest, EnormousReplyIsCutToWhatTheFileJustifies) {
     const Walked full = Walk(SmallLog(3).PutWord32(44 + 28, 0xFFFFFFFF));
     EXPECT_EQ(3U, full.records);
     EXPECT_EQ(65536U, full.replies.at(0).size());
@@ -205,16 +167,14 @@ TEST_F(LogWalkTest, RecordsWithoutDataDoNotCostTheWholeFile) {
     LogBytes bytes;
     bytes.Header(kSmallDataOffset, 0).ItemCount(1).Item(kId, kTypeSendCommand, 0, 0xFFFFFFFF, Bytes(15, 0xFF));
     bytes.RecordTo(bytes.DataOffsetFor({15}) + 12, 0, 0, {}).Raw(Bytes(200'000, 0));
-    files_.Put(kPath, bytes.bytes);
-    ASSERT_EQ(0U, log_.Open(kPath, kLogForLooking));
+    ASSERT_EQ(0U, Open(bytes, kLogForLooking));
     LogWalk walk(log_);
     ASSERT_TRUE(walk.Next());
     EXPECT_EQ(65536U, walk.Reply().Size());
 }
 
 TEST_F(LogWalkTest, BeginsWhereAPlaybackWould) {
-    files_.Put(kPath, SmallLog(4).bytes);
-    ASSERT_EQ(0U, log_.Open(kPath, kLogForLooking));
+    ASSERT_EQ(0U, Open(SmallLog(4), kLogForLooking));
     log_.header.endMark = kSmallDataOffset;  // so that any position is past it
     EXPECT_EQ(4U, WalkAll(log_).records);
     EXPECT_EQ(4U, WalkAll(log_).records);
@@ -223,17 +183,8 @@ TEST_F(LogWalkTest, BeginsWhereAPlaybackWould) {
     EXPECT_EQ(1U, Walk(bytes.Record(0, 0, DataOf(0)).Record(0, 80, DataOf(1)).MarkEnd()).records);
 }
 
-TEST_F(LogWalkTest, DataOffsetPastTheFileIsAnEmptyLog) {
-    const Walked walked = Walk(SmallLog(3).PutWord32(4, 0xFFFFFFFE));
-    EXPECT_EQ(7U, walked.result);
-    EXPECT_EQ(0U, walked.records);
-    EXPECT_EQ(45U, walked.left);
-    EXPECT_TRUE(walked.damaged);
-}
-
 TEST_F(LogWalkTest, TellsOfWhatStandsInFrontOfTheData) {
-    files_.Put(kPath, SmallLog(3).PutWord32(4, kSmallDataOffset + 15).bytes);
-    ASSERT_EQ(0U, log_.Open(kPath, kLogForLooking));
+    ASSERT_EQ(0U, Open(SmallLog(3).PutWord32(4, kSmallDataOffset + 15), kLogForLooking));
     LogWalk walk(log_);
     EXPECT_EQ(15U, walk.Gap());
     while (walk.Next()) {
@@ -243,8 +194,7 @@ TEST_F(LogWalkTest, TellsOfWhatStandsInFrontOfTheData) {
 }
 
 TEST_F(LogWalkTest, FailedReadIsTold) {
-    files_.Put(kPath, SmallLog(6000).bytes);  // longer than what is read ahead
-    ASSERT_EQ(0U, log_.Open(kPath, kLogForLooking));
+    ASSERT_EQ(0U, Open(SmallLog(6000), kLogForLooking));  // longer than what is read ahead
     LogWalk walk(log_);
     files_.failReads = true;
     while (walk.Next()) {
@@ -253,41 +203,23 @@ TEST_F(LogWalkTest, FailedReadIsTold) {
     EXPECT_LT(1000U, walk.Records());
 }
 
-TEST_F(LogWalkTest, AnyFlippedByteComesToAnEnd) {
-    LogBytes bytes = SmallLogHead();
-    bytes.Record(0, 0, DataOf(0)).Record(1, 80, {1, 2, 3}).Record(0, 160, DataOf(2)).MarkEnd();
-    for (std::size_t at = 0; at < bytes.bytes.size(); ++at) {
-        for (const unsigned flip : {0x01U, 0x80U, 0xFFU}) {
-            Bytes bad = bytes.bytes;
-            bad[at] = static_cast<std::uint8_t>(bad[at] ^ flip);
-            files_.Put(kPath, bad);
-            if (log_.Open(kPath, kLogForLooking) != 0) continue;
-            const Walked walked = WalkAll(log_);
-            EXPECT_TRUE(walked.result == 7 || walked.result == 4) << at;
-            EXPECT_GE(9U, walked.records) << at;
-        }
-    }
-}
-
 TEST_F(LogWalkTest, LiveRecordingIsWalkedAsFarAsItIs) {
-    DataLogEngine recorder(files_);
-    ASSERT_EQ(0U, recorder.Open(kPath, kLogForWriting));
-    ASSERT_EQ(0U, recorder.AddItem(MakeItem(kId, 3)));
-    ASSERT_EQ(0U, recorder.StartRecording());
+    BeginRecording();
+    DataLogEngine looking(files_);
     for (std::uint32_t i = 0; i < 50; ++i) {
-        ASSERT_EQ(0U, recorder.AddSample(kId, DataOf(i).data(), 3));
-        ASSERT_EQ(0U, log_.Open(kPath, kLogForLooking));
-        const Walked walked = WalkAll(log_);
+        ASSERT_EQ(0U, AddRecord(i));
+        ASSERT_EQ(0U, looking.Open(kPath, kLogForLooking));
+        const Walked walked = WalkAll(looking);
         EXPECT_EQ(7U, walked.result);
         ASSERT_EQ(i + 1, walked.records);
         EXPECT_EQ(DataOf(i), walked.replies.back());
         EXPECT_EQ(0U, walked.left);
     }
     // A walk that has begun meets what comes meanwhile.
-    ASSERT_EQ(0U, log_.Open(kPath, kLogForLooking));
-    LogWalk walk(log_);
+    ASSERT_EQ(0U, looking.Open(kPath, kLogForLooking));
+    LogWalk walk(looking);
     ASSERT_TRUE(walk.Next());
-    ASSERT_EQ(0U, recorder.AddSample(kId, DataOf(50).data(), 3));
+    ASSERT_EQ(0U, AddRecord(50));
     while (walk.Next()) {
     }
     EXPECT_EQ(51U, walk.Records());

@@ -1,28 +1,28 @@
 // A log in memory that is played on a clock that the test moves.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include "tests/logging/LogTestHelper.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/LogCallbackRecorder.h"
-#include "tests/support/MemoryFiles.h"
-#include "tests/support/VirtualClock.h"
 
 namespace corvex::test {
 
-class PlaybackFixture : public ::testing::Test {
+// Told by the playback thread, and so a base in front of the log's, too.
+struct PlaybackListener {
+    LogCallbackRecorder told_;
+};
+
+class PlaybackFixture : public PlaybackListener, public StandingClock, public LogFixture {
 protected:
-    void Open(const LogBytes& bytes) {
-        files_.Put(kPath, bytes.bytes);
-        ASSERT_EQ(0U, log_.Open(kPath, kLogForReading));
+    void Play(const LogBytes& bytes, float speed = 1.0F) {
+        ASSERT_EQ(0U, Open(bytes));
         log_.SetCallback(&told_);
-    }
-    // Opens, plays as fast as it goes, and waits for the end.
-    void PlayAll(const LogBytes& bytes) {
-        Open(bytes);
-        log_.speed = 0.0F;
+        log_.speed = speed;
         ASSERT_EQ(0U, log_.StartPlayback());
+    }
+    // As fast as it goes, to the end.
+    void PlayAll(const LogBytes& bytes) {
+        Play(bytes, 0.0F);
         ASSERT_TRUE(Ends());
     }
     bool Ends() {
@@ -55,12 +55,6 @@ protected:
             data.push_back(record.bytes);
         return data;
     }
-
-    LogCallbackRecorder told_;
-    MemoryFiles files_;
-    VirtualClock clock_;
-    ScopedClock scoped_{clock_};
-    DataLogEngine log_{files_};
 };
 
 }  // namespace corvex::test

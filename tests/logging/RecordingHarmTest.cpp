@@ -1,24 +1,18 @@
 // What another program does to the file of a recording.
-#include <gtest/gtest.h>
-
 #include "logging/LogRescue.h"
 #include "tests/logging/LogTestHelper.h"
-#include "tests/support/MemoryFiles.h"
 
 namespace corvex::test {
 namespace {
 
-class RecordingHarmTest : public ::testing::Test {
+class RecordingHarmTest : public LogFixture {
 protected:
     void SetUp() override {
-        ASSERT_EQ(0U, log_.Open(kPath, kLogForWriting));
-        ASSERT_EQ(0U, log_.AddItem(MakeItem(kId, 3)));
-        ASSERT_EQ(0U, log_.StartRecording());
+        BeginRecording();
         for (std::uint32_t i = 0; i < 4; ++i)
-            ASSERT_EQ(0U, Add(i));
+            ASSERT_EQ(0U, AddRecord(i));
         EXPECT_EQ(LogHarm::kNone, log_.Harm());
     }
-    std::uint32_t Add(std::uint32_t i) { return log_.AddSample(kId, DataOf(i).data(), 3); }
     void CutTo(std::uint64_t size) {
         const std::unique_ptr<IFile> other = files_.Open(kPath, FileAccess::kReadWrite);
         ASSERT_TRUE(other->Seek(size) && other->EndHere());
@@ -34,18 +28,14 @@ protected:
             data.emplace_back(rescue.Packed(), rescue.Packed() + 3);
         return data;
     }
-
-    const std::uint64_t dataOffset_ = LogBytes::DataOffsetFor({15});
-    MemoryFiles files_;
-    DataLogEngine log_{files_};
 };
 
 // Down to nothing, too: `> drive.xdl` in a shell.
 TEST_F(RecordingHarmTest, CutIsToldAndTheRestCanBeSaved) {
-    for (const std::uint64_t left : {dataOffset_ + 15 + 4, dataOffset_ - 5, std::uint64_t{0}}) {
+    for (const std::uint64_t left : {kSmallDataOffset + 15 + 4, kSmallDataOffset - 5, 0U}) {
         CutTo(left);
-        ASSERT_EQ(0U, Add(7));
-        ASSERT_EQ(0U, Add(8));
+        ASSERT_EQ(0U, AddRecord(7));
+        ASSERT_EQ(0U, AddRecord(8));
         EXPECT_EQ(LogHarm::kCut, log_.Harm());
         const std::vector<Bytes> saved = Rescued();  // by now, in case that it is killed
         ASSERT_LE(2U, saved.size());
@@ -57,7 +47,7 @@ TEST_F(RecordingHarmTest, CutIsToldAndTheRestCanBeSaved) {
 }
 
 TEST_F(RecordingHarmTest, CutIsToldAtTheEndWhenNoSampleFollows) {
-    CutTo(dataOffset_ + 15);
+    CutTo(kSmallDataOffset + 15);
     EXPECT_EQ(0U, log_.StopRecording());
     EXPECT_EQ(LogHarm::kCut, log_.Harm());
     EXPECT_EQ((std::vector<Bytes>{DataOf(0)}), Rescued());
@@ -65,17 +55,17 @@ TEST_F(RecordingHarmTest, CutIsToldAtTheEndWhenNoSampleFollows) {
 
 TEST_F(RecordingHarmTest, WhatOthersHaveWrittenBehindIsToldAndCutOff) {
     const std::unique_ptr<IFile> other = files_.Open(kPath, FileAccess::kReadWrite);
-    ASSERT_TRUE(other->Seek(dataOffset_ + 60) && other->Write("more", 4));
+    ASSERT_TRUE(other->Seek(kSmallDataOffset + 60) && other->Write("more", 4));
     EXPECT_EQ(0U, log_.StopRecording());
     EXPECT_EQ(LogHarm::kLengthened, log_.Harm());
-    EXPECT_EQ(dataOffset_ + 60, files_.Get(kPath).size());
+    EXPECT_EQ(kSmallDataOffset + 60, files_.Get(kPath).size());
 }
 
 // A full disk is no other program.
 TEST_F(RecordingHarmTest, PartOfASampleIsNoHarm) {
     files_.failEndHere = true;
     files_.FailWriteAfter(0, 5);
-    EXPECT_EQ(kLogFileError, Add(9));
+    EXPECT_EQ(kLogFileError, AddRecord(9));
     files_.failEndHere = false;
     EXPECT_EQ(0U, log_.StopRecording());
     EXPECT_EQ(LogHarm::kNone, log_.Harm());
@@ -94,20 +84,17 @@ TEST_F(RecordingHarmTest, GoesOnUnderAnotherName) {
         return true;
     };
     ASSERT_EQ(0U, log_.ContinueIn("drive", move));
-    ASSERT_EQ(0U, Add(4));
+    ASSERT_EQ(0U, AddRecord(4));
     EXPECT_EQ(0U, log_.StopRecording());
     EXPECT_EQ(5U, log_.header.sampleCount);
-    DataLogEngine moved(files_);
-    ASSERT_EQ(0U, moved.Open("drive", kLogForLooking));
-    std::uint32_t last = 0;
-    EXPECT_EQ(5U, ReadRest(moved, &last).size());
-    EXPECT_EQ(files_.Get("drive").size() + 1, moved.header.endMark);
+    EXPECT_EQ(5U, Recorded("drive").size());
+    EXPECT_EQ(files_.Get("drive").size() + 1, log_.header.endMark);
 }
 
 TEST_F(RecordingHarmTest, IsOverWhenItCannotGoOn) {
     EXPECT_EQ(kLogFileError, log_.ContinueIn("drive", [] { return false; }));
     EXPECT_EQ(kLogClosed, log_.State());
-    EXPECT_EQ(kLogWrongState, Add(4));
+    EXPECT_EQ(kLogWrongState, AddRecord(4));
     EXPECT_EQ(kLogWrongState, log_.ContinueIn("drive", [] { return true; }));
 }
 
