@@ -1,14 +1,10 @@
 // Silence and chatter.
+#include <set>
 #include <thread>
 
 #include "tests/acquisition/EngineTestHelper.h"
 
-namespace corvex {
-
-using test::Bytes;
-using test::EngineTest;
-using test::Words;
-
+namespace corvex::test {
 namespace {
 
 class ListenSilenceTest : public EngineTest {
@@ -43,15 +39,13 @@ TEST_F(ListenSilenceTest, AQuietLineIsSilent) {
 
 TEST_F(ListenSilenceTest, SilenceComesAfterTheNoise) {
     line.Feed({1, 2, 3, 4, 5}, 1, 10);
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "SilenceEnd 0");
+    EXPECT_EQ(LastOf(command), "SilenceEnd 0");
     EXPECT_EQ(clock.PeekMilliseconds(), 41.0 + 20.0);
 }
 
 TEST_F(ListenSilenceTest, ALineThatNeverStopsTimesOut) {
     line.FeedForEver(0x55, 10);
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "SilenceEnd 4");
+    EXPECT_EQ(LastOf(command), "SilenceEnd 4");
     // At most the elapsed time: the byte that comes at 100 ms ends it.
     EXPECT_EQ(clock.PeekMilliseconds(), 100.0);
     EXPECT_EQ(line.Calls("read").size(), 10U);
@@ -77,27 +71,20 @@ TEST_F(ListenSilenceTest, TheEndGivesTheResult) {
 
 TEST_F(ListenSilenceTest, AStopGoesBeforeTheTimeout) {
     line.FeedForEver(0x55, 10);
-    line.onRead = [this](std::uint32_t number) {
-        if (number == 10) engine.RequestStop();
-    };
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "SilenceEnd 2");
+    StopAtRead(10);
+    EXPECT_EQ(LastOf(command), "SilenceEnd 2");
     EXPECT_EQ(line.Calls("read").size(), 10U);
 }
 
 TEST_F(ListenSilenceTest, AStopIsNotSeenWhenTheSilenceIsThereBefore) {
     line.onRead = [this](std::uint32_t) { engine.RequestStop(); };
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "SilenceEnd 0");
+    EXPECT_EQ(LastOf(command), "SilenceEnd 0");
 }
 
 TEST_F(ListenSilenceTest, AStopCutsTheWaitForALongSilence) {
     command.silencelen = 0xFFFFFFFF;
-    line.onRead = [this](std::uint32_t number) {
-        if (number == 3) engine.RequestStop();
-    };
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "SilenceEnd 2");
+    StopAtRead(3);
+    EXPECT_EQ(LastOf(command), "SilenceEnd 2");
     EXPECT_EQ(clock.PeekMilliseconds(), 150.0);
 }
 
@@ -150,7 +137,7 @@ TEST_F(ListenSilenceTest, NoLengthAndNoTimeReturnAtOnce) {
 }
 
 TEST_F(ListenSilenceTest, ADelayEndsOnAMachineWithoutACounter) {
-    test::VirtualClock none(0);
+    VirtualClock none(0);
     const ScopedClock inForce(none);
     command.silencelen = 0;
     EXPECT_EQ(engine.RunCommand(&command), 0);
@@ -166,98 +153,62 @@ TEST_F(ListenChatterTest, APatternInTheFirstBytesNeedsNoShifting) {
     EXPECT_EQ(callback.last.command, &command);
 }
 
-TEST_F(ListenChatterTest, ThePatternIsFoundByShifting) {
-    line.Feed({1, 7, 8, 7, 8, 9, 1});
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "ChatterEnd 0");
-    EXPECT_EQ(line.Calls("read"), Reads(6));
-}
-
-TEST_F(ListenChatterTest, TooFewBytesAtFirstTimeOutAtOnce) {
-    line.Feed({7, 8});
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "ChatterEnd 4");
-    EXPECT_EQ(clock.PeekMilliseconds(), 50.0);  // the gap
-}
-
 TEST_F(ListenChatterTest, OnlyTheTimeEndsTheSearch) {
     line.FeedForEver(1, 10);
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "ChatterEnd 4");
+    EXPECT_EQ(LastOf(command), "ChatterEnd 4");
     // At 400 ms the time is not yet less than the elapsed: one more byte is read.
     EXPECT_EQ(clock.PeekMilliseconds(), 410.0);
 }
 
-// A failed read costs no time on this line, so that several fit into the listening time. The first three are those of
-// the window.
-TEST_F(ListenChatterTest, AReadOfNothingDoesNotEndTheSearch) {
-    line.Feed({1, 7, 8, 7, 8, 9});
-    line.failReads = {4, 5};
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "ChatterEnd 0");
-    EXPECT_EQ(line.Calls("read").size(), 8U);
+// A failed read costs no time on this line, so that several fit into the listening time. The first three reads are
+// those of the window, which moves before each read, filled or not.
+struct ChatterCase {
+    const char* behaviour;
+    Bytes wanted, heard;
+    std::set<std::uint32_t> failed;
+    std::uint32_t stopAtRead;
+    const char* end;
+    std::size_t reads;
+};
+
+void PrintTo(const ChatterCase& one, std::ostream* out) {
+    *out << one.behaviour;
 }
 
-// The window moves before each read, filled or not: a pattern with a failed read in its middle is not seen.
-TEST_F(ListenChatterTest, AReadOfNothingMovesTheWindowAllTheSame) {
-    line.Feed({1, 7, 8, 9});
-    line.failReads = {4};
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "ChatterEnd 4");
+const ChatterCase kChatter[] = {
+    {"ThePatternIsFoundByShifting", {7, 8, 9}, {1, 7, 8, 7, 8, 9, 1}, {}, 0, "ChatterEnd 0", 6},
+    {"TooFewBytesAtFirstTimeOutAtOnce", {7, 8, 9}, {7, 8}, {}, 0, "ChatterEnd 4", 3},
+    {"AReadOfNothingDoesNotEndTheSearch", {7, 8, 9}, {1, 7, 8, 7, 8, 9}, {4, 5}, 0, "ChatterEnd 0", 8},
+    {"APatternWithAFailedReadInItsMiddleIsNotSeen", {7, 8, 9}, {1, 7, 8, 9}, {4}, 0, "ChatterEnd 4", 21},
+    // 1 7 8 becomes 7 8 8 and then 8 8 9: the last byte stays in its place and counts again.
+    {"TheLastByteStandsTwiceAfterAReadOfNothing", {8, 8, 9}, {1, 7, 8, 9}, {4}, 0, "ChatterEnd 0", 5},
+    // The window is 8 8 8 after the second.
+    {"AReadOfNothingSkipsTheCompare", {8, 8, 8}, {1, 7, 8}, {4, 5}, 6, "ChatterEnd 2", 6},
+    // Though this very read found it.
+    {"AStopComesWithoutAVerdict", {7, 8, 9}, {1, 7, 8, 9}, {}, 4, "ChatterEnd 2", 4},
+    {"AStopDuringTheFirstReadIsNotSeenWhenItFinds", {7, 8, 9}, {7, 8, 9}, {}, 1, "ChatterEnd 0", 3},
+};
+
+class ListenChatterLine : public ListenChatterTest, public testing::WithParamInterface<ChatterCase> {};
+
+TEST_P(ListenChatterLine, EndsAsTold) {
+    command.SetBytes(GetParam().wanted.data(), 3);
+    line.Feed(GetParam().heard);
+    line.failReads = GetParam().failed;
+    StopAtRead(GetParam().stopAtRead);
+    EXPECT_EQ(LastOf(command), GetParam().end);
+    EXPECT_EQ(line.Calls("read").size(), GetParam().reads);
+    EXPECT_EQ(line.Calls("purge"), Words{});
 }
 
-// 1 7 8 becomes 7 8 8 and then 8 8 9: the last byte stays in its place and counts again.
-TEST_F(ListenChatterTest, TheLastByteStandsTwiceAfterAReadOfNothing) {
-    const Bytes wanted{8, 8, 9};
-    command.SetBytes(wanted.data(), 3);
-    line.Feed({1, 7, 8, 9});
-    line.failReads = {4};
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "ChatterEnd 0");
-}
-
-TEST_F(ListenChatterTest, AReadOfNothingSkipsTheCompare) {
-    const Bytes wanted{8, 8, 8};
-    command.SetBytes(wanted.data(), 3);
-    line.Feed({1, 7, 8});
-    line.failReads = {4, 5};  // the window is 8 8 8 after the second
-    line.onRead = [this](std::uint32_t number) {
-        if (number == 6) engine.RequestStop();
-    };
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "ChatterEnd 2");
-}
-
-TEST_F(ListenChatterTest, AStopComesWithoutAVerdict) {
-    line.Feed({1, 7, 8, 9});
-    line.onRead = [this](std::uint32_t number) {
-        if (number == 4) engine.RequestStop();
-    };
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "ChatterEnd 2");  // though this very read found it
-}
+INSTANTIATE_TEST_SUITE_P(All, ListenChatterLine, testing::ValuesIn(kChatter),
+                         [](const auto& info) { return std::string(info.param.behaviour); });
 
 TEST_F(ListenChatterTest, AStopCutsAWaitWithoutLimit) {
     command.listentimeout = 0;
-    line.onRead = [this](std::uint32_t number) {
-        if (number == 100) engine.RequestStop();
-    };
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "ChatterEnd 2");
+    StopAtRead(100);
+    EXPECT_EQ(LastOf(command), "ChatterEnd 2");
     EXPECT_EQ(clock.PeekMilliseconds(), 5000.0);
-}
-
-TEST_F(ListenChatterTest, AStopDuringTheFirstReadIsNotSeenWhenItFinds) {
-    line.Feed({7, 8, 9});
-    line.onRead = [this](std::uint32_t) { engine.RequestStop(); };
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "ChatterEnd 0");
-}
-
-TEST_F(ListenChatterTest, NoPurgePrecedesIt) {
-    line.Feed({7, 8, 9});
-    engine.RunCommand(&command);
-    EXPECT_EQ(line.Calls("purge"), Words{});
 }
 
 TEST_F(ListenChatterTest, ABadArgumentCallsNobody) {
@@ -281,5 +232,4 @@ TEST_F(ListenChatterTest, TheEndGivesTheResult) {
 }
 
 }  // namespace
-
-}  // namespace corvex
+}  // namespace corvex::test

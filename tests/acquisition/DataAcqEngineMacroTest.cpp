@@ -3,11 +3,7 @@
 
 #include "tests/acquisition/EngineTestHelper.h"
 
-namespace corvex {
-
-using test::EngineTest;
-using test::Words;
-
+namespace corvex::test {
 namespace {
 
 class DataAcqEngineMacroTest : public EngineTest {
@@ -28,8 +24,7 @@ protected:
 
 TEST_F(DataAcqEngineMacroTest, EnclosesTheCallbacksOfItsNodes) {
     AddNode(macro, poll);
-    EXPECT_EQ(engine.RunCommand(&macro), 0);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 0"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 0"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, RepeatsNodesAndTheWhole) {
@@ -46,8 +41,7 @@ TEST_F(DataAcqEngineMacroTest, RepeatsNodesAndTheWhole) {
 TEST_F(DataAcqEngineMacroTest, ARepeatcountOfZeroRunsNothing) {
     AddNode(macro, trigger);
     macro.repeatcount = 0;
-    EXPECT_EQ(engine.RunCommand(&macro), 0);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "MacroEnd 0"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "MacroEnd 0"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, ANodeWithCountZeroOrWithoutCommandIsPassedOver) {
@@ -55,8 +49,7 @@ TEST_F(DataAcqEngineMacroTest, ANodeWithCountZeroOrWithoutCommandIsPassedOver) {
     const ADXMacroNode empty;
     macro.AddNode(&empty);
     AddNode(macro, poll);
-    engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 0"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 0"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, BillionsOfRoundsOverNothingEnd) {
@@ -65,13 +58,11 @@ TEST_F(DataAcqEngineMacroTest, BillionsOfRoundsOverNothingEnd) {
         macro.AddNode(&empty);
     AddNode(macro, trigger, 0);
     macro.repeatcount = 0xFFFFFFFF;
-    EXPECT_EQ(engine.RunCommand(&macro), 0);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "MacroEnd 0"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "MacroEnd 0"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, WithoutNodesOnlyTheEndIsCalledAndItsResultCounts) {
-    EXPECT_EQ(engine.RunCommand(&macro), 0);
-    EXPECT_EQ(callback.words, (Words{"MacroEnd 0"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroEnd 0"}));
     callback.answers["MacroEnd"] = -2;
     EXPECT_EQ(engine.RunMacro(nullptr), -2);
     EXPECT_EQ(callback.last.command, nullptr);
@@ -80,31 +71,27 @@ TEST_F(DataAcqEngineMacroTest, WithoutNodesOnlyTheEndIsCalledAndItsResultCounts)
 TEST_F(DataAcqEngineMacroTest, ARefusedBeginningGoesToTheEnd) {
     AddNode(macro, trigger);
     callback.answers["MacroBegin"] = -1;
-    EXPECT_EQ(engine.RunCommand(&macro), 0);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "MacroEnd 0"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "MacroEnd 0"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, Flag1EndsItWhenTheNodeFails) {
     AddNode(macro, poll, 3, 1);
     AddNode(macro, trigger);
     callback.answers["SendEnd"] = -5;
-    EXPECT_EQ(engine.RunCommand(&macro), 0);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 11"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 11"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, AFailureOnTheLineIsNoFailureOfTheNode) {
     poll.replysize = 60;
     AddNode(macro, poll, 1, 1);
     AddNode(macro, trigger);
-    engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "SendBegin", "SendEnd 6 5", "Trigger", "MacroEnd 0"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 6 5", "Trigger", "MacroEnd 0"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, Flag2EndsItWhenTheNodeSucceeds) {
     AddNode(macro, poll, 3, 2);
     AddNode(macro, trigger);
-    engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 10"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 10"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, Flag2LetsAFailingNodePass) {
@@ -120,22 +107,19 @@ TEST_F(DataAcqEngineMacroTest, WithoutFlagsFailuresAreIgnored) {
     const ADXObject unknown;
     AddNode(macro, unknown);
     AddNode(macro, trigger);
-    EXPECT_EQ(engine.RunCommand(&macro), 0);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "Trigger", "MacroEnd 0"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "Trigger", "MacroEnd 0"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, ABufferThatCannotBeHadIsAFailedNode) {
     poll.replysize = 0xFFFFFFFF;
     AddNode(macro, poll, 1, 1);
-    engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "MacroEnd 11"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "MacroEnd 11"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, TheEndSeesTheCodeOfTheLastNode) {
     poll.replysize = 60;
     AddNode(macro, poll);
-    engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words.back(), "MacroEnd 6");
+    EXPECT_EQ(LastOf(macro), "MacroEnd 6");
     EXPECT_EQ(callback.last.command, &poll);  // one record is shared by all
     EXPECT_EQ(callback.last.commandId, poll.GetIdHash());
 }
@@ -149,11 +133,8 @@ TEST_F(DataAcqEngineMacroTest, AnEndResultReplacesEveryOther) {
 
 TEST_F(DataAcqEngineMacroTest, AStopBetweenNodesEndsIt) {
     AddNode(macro, trigger, 5);
-    callback.hook = [this](const std::string& name) {
-        if (name == "Trigger") engine.RequestStop();
-    };
-    engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "Trigger", "MacroEnd 2"}));
+    StopAtTrigger(1);
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "Trigger", "MacroEnd 2"}));
     EXPECT_EQ(engine.stopRequested, 1U);
 }
 
@@ -161,42 +142,21 @@ TEST_F(DataAcqEngineMacroTest, AStopThatASendSawEndsItToo) {
     AddNode(macro, poll);
     AddNode(macro, trigger);
     line.onWrite = [this] { engine.RequestStop(); };
-    engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "SendBegin", "SendEnd 2 3", "MacroEnd 2"}));
-}
-
-TEST_F(DataAcqEngineMacroTest, AStopSeenByChatterEndsItToo) {
-    ADXCListenChatter chatter;
-    const std::uint8_t wanted[] = {9};
-    chatter.SetBytes(wanted, 1);
-    line.FeedForEver(1, 1);
-    AddNode(macro, chatter);
-    AddNode(macro, trigger);
-    line.onRead = [this](std::uint32_t number) {
-        if (number == 3) engine.RequestStop();
-    };
-    engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "ChatterBegin", "ChatterEnd 2", "MacroEnd 2"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 2 3", "MacroEnd 2"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, AStopStaysForTheEnclosingMacroToo) {
     ADXMacro outer;
     AddNode(macro, trigger, 2);
     AddNode(outer, macro, 2);
-    callback.hook = [this](const std::string& name) {
-        if (name == "Trigger") engine.RequestStop();
-    };
-    engine.RunCommand(&outer);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "MacroBegin", "Trigger", "MacroEnd 2", "MacroEnd 2"}));
+    StopAtTrigger(1);
+    EXPECT_EQ(WordsOf(outer), (Words{"MacroBegin", "MacroBegin", "Trigger", "MacroEnd 2", "MacroEnd 2"}));
 }
 
 TEST_F(DataAcqEngineMacroTest, AStopDuringBillionsOfRoundsEndsThem) {
     AddNode(macro, trigger);
     macro.repeatcount = 0xFFFFFFFF;
-    int triggers = 0;
-    callback.hook = [&](const std::string& name) {
-        if (name == "Trigger" && ++triggers == 100) engine.RequestStop();
-    };
+    StopAtTrigger(100);
     engine.RunCommand(&macro);
     EXPECT_EQ(Count("Trigger"), 100);
 }
@@ -236,5 +196,4 @@ TEST_F(DataAcqEngineMacroTest, AMacroThatHoldsItselfEndsWithAFailure) {
 }
 
 }  // namespace
-
-}  // namespace corvex
+}  // namespace corvex::test

@@ -1,11 +1,6 @@
 #include "tests/acquisition/EngineTestHelper.h"
 
-namespace corvex {
-
-using test::Bytes;
-using test::EngineTest;
-using test::Words;
-
+namespace corvex::test {
 namespace {
 
 class DataAcqEngineSendTest : public EngineTest {
@@ -43,39 +38,71 @@ TEST_F(DataAcqEngineSendTest, ARefusedBeginningTouchesNothing) {
     EXPECT_EQ(engine.RunCommand(&command), -9);
     EXPECT_EQ(callback.words, (Words{"SendBegin"}));
     EXPECT_EQ(line.Calls(), Words{});
-}
-
-TEST_F(DataAcqEngineSendTest, APositiveBeginningGoesOn) {
+    EXPECT_EQ(engine.RunSendCommand(nullptr), kResultFail);
     callback.answers["SendBegin"] = 1;
     line.Answer({1, 2, 3}, {1, 2, 3, 4, 5});
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "SendEnd 0 5");
+    EXPECT_EQ(LastOf(command), "SendEnd 0 5") << "a positive answer refuses nothing";
 }
 
-TEST_F(DataAcqEngineSendTest, AShortReplyKeepsItsCount) {
-    line.Answer({1, 2, 3}, {10, 20});
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "SendEnd 6 2");
-    EXPECT_EQ(callback.bytes, (Bytes{10, 20}));
+struct ReplyCase {
+    const char* behaviour;
+    bool echo;
+    Bytes sent, came;
+    std::uint32_t replysize;
+    const char* end;
+    Bytes bytes;
+    std::size_t reads;
+};
+
+void PrintTo(const ReplyCase& one, std::ostream* out) {
+    *out << one.behaviour;
 }
+
+const ReplyCase kReplies[] = {
+    {"AShortReplyKeepsItsCount", false, {1, 2, 3}, {10, 20}, 5, "SendEnd 6 2", {10, 20}, 4},
+    {"AnEmptyReplyIsAReply", false, {1, 2, 3}, {}, 0, "SendEnd 0 0", {}, 1},
+    {"WithoutBytesItOnlyListens", false, {}, {5, 4, 3, 2, 1}, 5, "SendEnd 0 5", {5, 4, 3, 2, 1}, 5},
+    {"TheEchoIsReadAndNotCompared", true, {1, 2, 3}, {99, 98, 97, 1, 2, 3, 4, 5}, 5, "SendEnd 0 5", {1, 2, 3, 4, 5}, 8},
+    {"TheEchoAloneIsAShortReply", true, {1, 2, 3}, {1, 2, 3}, 5, "SendEnd 6 0", {}, 7},
+    {"AShortEchoEndsTheCommandWithItsCount", true, {1, 2, 3}, {1, 2}, 5, "SendEnd 6 2", {0, 0}, 4},
+    {"NoEchoIsExpectedOfNothing", true, {}, {1, 2, 3, 4, 5}, 5, "SendEnd 0 5", {1, 2, 3, 4, 5}, 5},
+};
+
+class DataAcqEngineReply : public DataAcqEngineSendTest, public testing::WithParamInterface<ReplyCase> {};
+
+TEST_P(DataAcqEngineReply, EndsAsTold) {
+    engine.flags = GetParam().echo ? std::uint32_t{DataAcqEngine::kEcho} : 0U;
+    GiveBytes(command, GetParam().sent);
+    command.replysize = GetParam().replysize;
+    if (GetParam().sent.empty()) {
+        line.Feed(GetParam().came, 10);
+    } else {
+        line.Answer(GetParam().sent, GetParam().came);
+    }
+    EXPECT_EQ(WordsOf(command), (Words{"SendBegin", GetParam().end})) << "neither OnWrite nor OnRead is ever called";
+    EXPECT_EQ(callback.bytes, GetParam().bytes);
+    EXPECT_FALSE(callback.gotNull);
+    EXPECT_EQ(line.Calls("read").size(), GetParam().reads);
+    EXPECT_EQ(line.Calls("write").empty(), GetParam().sent.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, DataAcqEngineReply, testing::ValuesIn(kReplies),
+                         [](const auto& info) { return std::string(info.param.behaviour); });
 
 TEST_F(DataAcqEngineSendTest, SilenceIsAShortReplyAfterTheTimeout) {
     command.replytimeout = 123;
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "SendEnd 6 0");
+    EXPECT_EQ(LastOf(command), "SendEnd 6 0");
     EXPECT_EQ(clock.PeekMilliseconds(), 123.0);
 }
 
 TEST_F(DataAcqEngineSendTest, AGapOfMoreThan75MsEndsTheReply) {
     command.replytimeout = 1000;
     line.Answer({1, 2, 3}, {1, 2, 3, 4, 5}, 0, 75);
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "SendEnd 0 5");
+    EXPECT_EQ(LastOf(command), "SendEnd 0 5");
     line.ForgetCalls();
     line.Answer({9}, {1, 2, 3, 4, 5}, 0, 76);
     GiveBytes(command, {9});
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "SendEnd 6 1");
+    EXPECT_EQ(LastOf(command), "SendEnd 6 1");
 }
 
 TEST_F(DataAcqEngineSendTest, ExtraBytesWaitForTheNextPurge) {
@@ -88,50 +115,29 @@ TEST_F(DataAcqEngineSendTest, ExtraBytesWaitForTheNextPurge) {
 
 TEST_F(DataAcqEngineSendTest, AShortWriteEndsTheCommand) {
     line.writeLimit = 2;
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "SendEnd 5 2");
+    EXPECT_EQ(LastOf(command), "SendEnd 5 2");
     EXPECT_EQ(line.Calls("read"), Words{});
     EXPECT_EQ(callback.bytes, (Bytes{0, 0}));  // the reply buffer, untouched
-}
-
-TEST_F(DataAcqEngineSendTest, WithoutBytesItOnlyListens) {
-    GiveBytes(command, {});
-    line.Feed({5, 4, 3, 2, 1}, 10);
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(line.Calls("write"), Words{});
-    EXPECT_EQ(callback.words.back(), "SendEnd 0 5");
-    EXPECT_EQ(callback.bytes, (Bytes{5, 4, 3, 2, 1}));
-}
-
-TEST_F(DataAcqEngineSendTest, AnEmptyReplyIsAReply) {
-    command.replysize = 0;
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "SendEnd 0 0");
-    EXPECT_FALSE(callback.gotNull);
-    EXPECT_EQ(line.Calls("read"), (Words{"read 0 -> 0"}));
 }
 
 TEST_F(DataAcqEngineSendTest, WithoutTheReplyFlagTheCountIsThatOfTheBytesSent) {
     command.flags = 0xFFFFFFFE;
     command.replysize = 0;
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "SendEnd 0 3");
+    EXPECT_EQ(LastOf(command), "SendEnd 0 3");
     EXPECT_EQ(callback.bytes, (Bytes{0, 0, 0}));  // the recorder reads all three: they must be there
     EXPECT_EQ(line.Calls("read"), Words{});
 }
 
 TEST_F(DataAcqEngineSendTest, AStopAfterTheWriteReadsNothing) {
     line.onWrite = [this] { engine.RequestStop(); };
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "SendEnd 2 3");
+    EXPECT_EQ(LastOf(command), "SendEnd 2 3");
     EXPECT_EQ(line.Calls("read"), Words{});
 }
 
 TEST_F(DataAcqEngineSendTest, AReplyThatHasComeIsAReplyInSpiteOfAStop) {
     line.Answer({1, 2, 3}, {1, 2, 3, 4, 5});
     line.onRead = [this](std::uint32_t) { engine.RequestStop(); };
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "SendEnd 0 5");
+    EXPECT_EQ(LastOf(command), "SendEnd 0 5");
 }
 
 TEST_F(DataAcqEngineSendTest, AStopCutsTheWaitForAReplyOrAnEcho) {
@@ -151,44 +157,8 @@ TEST_F(DataAcqEngineSendTest, AStopCutsTheWaitForAReplyOrAnEcho) {
 // The timeouts were over when the stop was seen: the reply did come short.
 TEST_F(DataAcqEngineSendTest, AStopInTheLastSliceMakesNoOtherCode) {
     command.replytimeout = 100;
-    line.onRead = [this](std::uint32_t number) {
-        if (number == 2) engine.RequestStop();
-    };
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "SendEnd 6 0");
-}
-
-TEST_F(DataAcqEngineSendTest, TheEchoIsReadAndNotCompared) {
-    engine.flags = DataAcqEngine::kEcho;
-    line.Answer({1, 2, 3}, {99, 98, 97, 1, 2, 3, 4, 5});
-    engine.RunCommand(&command);
-    EXPECT_EQ(line.Calls("read"), Reads(3 + 5));
-    EXPECT_EQ(callback.words.back(), "SendEnd 0 5");
-    EXPECT_EQ(callback.bytes, (Bytes{1, 2, 3, 4, 5}));
-}
-
-TEST_F(DataAcqEngineSendTest, TheEchoAloneIsAShortReply) {
-    engine.flags = DataAcqEngine::kEcho;
-    line.Answer({1, 2, 3}, {1, 2, 3});
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "SendEnd 6 0");
-}
-
-TEST_F(DataAcqEngineSendTest, AShortEchoEndsTheCommandWithItsCount) {
-    engine.flags = DataAcqEngine::kEcho;
-    line.Answer({1, 2, 3}, {1, 2});
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.back(), "SendEnd 6 2");
-    EXPECT_EQ(line.Calls("read"), (Words{"read 1 -> 1", "read 1 -> 1", "read 1 -> 0", "read 1 -> 0"}));
-    EXPECT_EQ(callback.bytes, (Bytes{0, 0}));
-}
-
-TEST_F(DataAcqEngineSendTest, NoEchoIsExpectedOfNothing) {
-    engine.flags = DataAcqEngine::kEcho;
-    GiveBytes(command, {});
-    line.Feed({1, 2, 3, 4, 5}, 10);
-    engine.RunCommand(&command);
-    EXPECT_EQ(line.Calls("read"), Reads(5));
+    StopAtRead(2);
+    EXPECT_EQ(LastOf(command), "SendEnd 6 0");
 }
 
 TEST_F(DataAcqEngineSendTest, AnAbsurdReplyCannotBeHad) {
@@ -198,26 +168,13 @@ TEST_F(DataAcqEngineSendTest, AnAbsurdReplyCannotBeHad) {
     EXPECT_EQ(engine.RunCommand(&command), kResultNoMemory);
     EXPECT_EQ(callback.words, Words{});
     command.replysize = DataAcqEngine::kBufferLimit;
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "SendEnd 6 0");
+    EXPECT_EQ(LastOf(command), "SendEnd 6 0");
 }
 
 TEST_F(DataAcqEngineSendTest, AVanishedDeviceIsAShortWrite) {
     line.Vanish();
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words.back(), "SendEnd 5 0");
-}
-
-TEST_F(DataAcqEngineSendTest, ANullCommandIsABadArgument) {
-    EXPECT_EQ(engine.RunSendCommand(nullptr), kResultFail);
-}
-
-TEST_F(DataAcqEngineSendTest, NeitherOnWriteNorOnReadIsEverCalled) {
-    line.Answer({1, 2, 3}, {1, 2, 3, 4, 5});
-    engine.RunCommand(&command);
-    EXPECT_EQ(callback.words.size(), 2U);
+    EXPECT_EQ(LastOf(command), "SendEnd 5 0");
 }
 
 }  // namespace
-
-}  // namespace corvex
+}  // namespace corvex::test

@@ -3,11 +3,7 @@
 #include "acquisition/DataAcqEngine.h"
 #include "tests/acquisition/EngineTestHelper.h"
 
-namespace corvex {
-
-using test::EngineTest;
-using test::Words;
-
+namespace corvex::test {
 namespace {
 
 class DataAcqEngineTest : public EngineTest {};
@@ -73,12 +69,9 @@ TEST_F(DataAcqEngineTest, AStopStandsUntilItIsForgotten) {
     AddNode(macro, trigger);
     engine.RequestStop();
     for (int i = 0; i < 2; ++i)
-        EXPECT_EQ(engine.RunCommand(&macro), 0);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "MacroEnd 2", "MacroBegin", "MacroEnd 2"}));
+        EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "MacroEnd 2"}));
     engine.ForgetStop();
-    callback.words.clear();
-    engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "Trigger", "MacroEnd 0"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "Trigger", "MacroEnd 0"}));
 }
 
 TEST_F(DataAcqEngineTest, AStopIsNoCutAndNeverWeakensOne) {
@@ -102,9 +95,7 @@ TEST_F(DataAcqEngineTest, AWholeCommandRunsInSpiteOfAStop) {
     engine.RunWhole(&macro, 5000);
     EXPECT_EQ(callback.words,
               (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "SendBegin", "SendEnd 0 5", "MacroEnd 0"}));
-    callback.words.clear();
-    engine.RunCommand(&macro);
-    EXPECT_EQ(callback.words, (Words{"MacroBegin", "MacroEnd 2"}));
+    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "MacroEnd 2"}));
 }
 
 TEST_F(DataAcqEngineTest, ItsTimeOrACutEndAWholeCommand) {
@@ -153,5 +144,4 @@ TEST_F(DataAcqEngineTest, AStopMayComeFromAnotherThread) {
 }
 
 }  // namespace
-
-}  // namespace corvex
+}  // namespace corvex::test

@@ -32,6 +32,28 @@ protected:
         line.ForgetCalls();
     }
 
+    // Runs the command, which must succeed; the last word of the callback.
+    std::string LastOf(const ADXObject& command) {
+        EXPECT_EQ(engine.RunCommand(&command), 0);
+        return callback.words.empty() ? "" : callback.words.back();
+    }
+    // All of its words.
+    Words WordsOf(const ADXObject& command) {
+        callback.words.clear();
+        LastOf(command);
+        return callback.words;
+    }
+    void StopAtRead(std::uint32_t which) {
+        line.onRead = [this, which](std::uint32_t number) {
+            if (number == which) engine.RequestStop();
+        };
+    }
+    void StopAtTrigger(int which) {
+        callback.hook = [this, left = which](const std::string& name) mutable {
+            if (name == "Trigger" && --left == 0) engine.RequestStop();
+        };
+    }
+
     void GiveBytes(ADXCSendCommand& command, const Bytes& bytes) {
         command.SetBytes(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
     }

@@ -9,8 +9,7 @@
 #include "tests/support/ScriptedSerial.h"
 #include "tests/support/TextRecorder.h"
 
-namespace corvex {
-
+namespace corvex::test {
 namespace {
 
 using Words = std::vector<std::string>;
@@ -22,23 +21,32 @@ protected:
         port_.sink = &log_;
     }
 
-    test::VirtualClock clock_;
+    VirtualClock clock_;
     ScopedClock scope_{clock_};
-    test::ScriptedSerial line_;
-    test::TextRecorder text_;
+    ScriptedSerial line_;
+    TextRecorder text_;
     DebugOutput log_;
     QZSerial port_;
 };
 
-TEST_F(QZSerialTest, BeginsClosedAndSilent) {
-    const QZSerial port(line_);
-    EXPECT_FALSE(port.IsOpen());
-    EXPECT_EQ(port.handle, kInvalidSerialHandle);
-    EXPECT_EQ(port.sink, nullptr);
-    EXPECT_STREQ(port.path, "");
-    EXPECT_EQ(port.baud, 115200U);
-    EXPECT_EQ(port.block, nullptr);
-    EXPECT_EQ(port.blockSize, 0U);
+TEST_F(QZSerialTest, ResetBringsBackTheBeginning) {
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    text_.Clear();
+    port_.block = std::make_unique<std::uint8_t[]>(4);
+    port_.blockSize = 4;
+    port_.Reset();
+    EXPECT_FALSE(line_.IsOpen());
+    EXPECT_EQ(text_.Text(), "QZSerial: Port Closed");
+    const QZSerial fresh(line_);
+    for (const QZSerial* port : {&fresh, static_cast<const QZSerial*>(&port_)}) {
+        EXPECT_FALSE(port->IsOpen());
+        EXPECT_EQ(port->handle, kInvalidSerialHandle);
+        EXPECT_EQ(port->sink, nullptr);
+        EXPECT_STREQ(port->path, "");
+        EXPECT_EQ(port->baud, 115200U);
+        EXPECT_EQ(port->block, nullptr);
+        EXPECT_EQ(port->blockSize, 0U);
+    }
 }
 
 TEST_F(QZSerialTest, OpensInTheOrderThatDriversExpect) {
@@ -56,7 +64,7 @@ TEST_F(QZSerialTest, SetsTheFieldsOfTheLineThatItDecidesOn) {
     odd.byteSize = 7;
     odd.parity = odd.ctsFlow = odd.dsrFlow = odd.dsrSensitivity = true;
     odd.dtrEnable = odd.rtsEnable = false;
-    line_.SetState(test::ScriptedSerial::kHandle, odd);
+    line_.SetState(ScriptedSerial::kHandle, odd);
     ASSERT_EQ(port_.Open("COM1", 9600), 1);
     const SerialSettings settings = line_.Settings();
     EXPECT_EQ(settings.baud, 9600U);
@@ -86,22 +94,21 @@ TEST_F(QZSerialTest, AFailedOpenLeavesTheOldPortClosed) {
     EXPECT_EQ(port_.LastError(), "no such port");
 }
 
-TEST_F(QZSerialTest, ClosesWhenTheStateCannotBeRead) {
+TEST_F(QZSerialTest, ClosesWhenTheStateCannotBeReadOrSet) {
     line_.failGetState = true;
     EXPECT_EQ(port_.Open("COM1", 8192), 0);
     EXPECT_EQ(line_.Calls(), (Words{"open COM1", "getstate", "close"}));
     EXPECT_EQ(port_.handle, kInvalidSerialHandle);
-    EXPECT_EQ(text_.Text(),
-              "QZSerial: Successfully opened COM1\r\nQZSerial: GetCommState Failed\r\nQZSerial: Port Closed");
-}
-
-TEST_F(QZSerialTest, ClosesWhenTheStateCannotBeSet) {
+    const std::string opened = "QZSerial: Successfully opened COM1\r\n", closed = "\r\nQZSerial: Port Closed";
+    EXPECT_EQ(text_.Text(), opened + "QZSerial: GetCommState Failed" + closed);
+    line_.failGetState = false;
     line_.failSetState = true;
+    line_.ForgetCalls();
+    text_.Clear();
     EXPECT_EQ(port_.Open("COM1", 8192), 0);
     EXPECT_EQ(line_.Calls(), (Words{"open COM1", "getstate", "setstate 8192", "close"}));
     EXPECT_EQ(port_.handle, kInvalidSerialHandle);
-    EXPECT_EQ(text_.Text(),
-              "QZSerial: Successfully opened COM1\r\nQZSerial: SetCommState Failed\r\nQZSerial: Port Closed");
+    EXPECT_EQ(text_.Text(), opened + "QZSerial: SetCommState Failed" + closed);
 }
 
 TEST_F(QZSerialTest, KnowsTheRateThatTheLineReallyHas) {
@@ -122,12 +129,10 @@ TEST_F(QZSerialTest, OpensEvenWhenTheTimeoutsAreRefused) {
 }
 
 TEST_F(QZSerialTest, CutsAPathAt259Characters) {
-    EXPECT_EQ(port_.Open(std::string(259, 'a').c_str(), 8192), 1);
-    EXPECT_EQ(std::string(port_.path), std::string(259, 'a'));
-    EXPECT_EQ(port_.Open(std::string(260, 'b').c_str(), 8192), 1);
-    EXPECT_EQ(std::string(port_.path), std::string(259, 'b'));
-    EXPECT_EQ(port_.Open(std::string(5000, 'c').c_str(), 8192), 1);
-    EXPECT_EQ(std::string(port_.path), std::string(259, 'c'));
+    for (const std::size_t length : {259U, 260U, 5000U}) {
+        EXPECT_EQ(port_.Open(std::string(length, 'a').c_str(), 8192), 1);
+        EXPECT_EQ(std::string(port_.path), std::string(259, 'a'));
+    }
 }
 
 TEST_F(QZSerialTest, WithoutAPathTheLastOneIsOpenedAgain) {
@@ -145,22 +150,6 @@ TEST_F(QZSerialTest, CloseSaysSoEvenWhenNothingWasOpen) {
     EXPECT_EQ(line_.Calls(), Words{});
 }
 
-TEST_F(QZSerialTest, ResetBringsBackTheBeginning) {
-    ASSERT_EQ(port_.Open("COM1", 8192), 1);
-    text_.Clear();
-    port_.block = std::make_unique<std::uint8_t[]>(4);
-    port_.blockSize = 4;
-    port_.Reset();
-    EXPECT_FALSE(port_.IsOpen());
-    EXPECT_FALSE(line_.IsOpen());
-    EXPECT_EQ(text_.Text(), "QZSerial: Port Closed");
-    EXPECT_EQ(port_.sink, nullptr);
-    EXPECT_EQ(port_.baud, 115200U);
-    EXPECT_STREQ(port_.path, "");
-    EXPECT_EQ(port_.block, nullptr);
-    EXPECT_EQ(port_.blockSize, 0U);
-}
-
 TEST_F(QZSerialTest, TheDestructorCloses) {
     {
         QZSerial port(line_);
@@ -171,32 +160,21 @@ TEST_F(QZSerialTest, TheDestructorCloses) {
 
 TEST_F(QZSerialTest, StoresTheSelectedTimeoutsAndAppliesAll) {
     ASSERT_EQ(port_.Open("COM1", 8192), 1);
-    const auto applied = [this](std::uint32_t mask) {
+    // The system hears of no wait that is longer than a slice. The bits are a contract.
+    const std::pair<std::uint32_t, const char*> cases[] = {{0, "timeouts 40 0 50 0 300"}, {1, "timeouts 40 0 3 0 300"},
+                                                           {2, "timeouts 40 0 50 0 300"}, {4, "timeouts 1 0 50 0 300"},
+                                                           {8, "timeouts 1 0 50 0 5"},    {16, "timeouts 1 0 50 4 5"}};
+    for (const auto& [mask, applied] : cases) {
         line_.ForgetCalls();
         EXPECT_EQ(port_.SetTimeouts(1, 2, 3, 4, 5, mask), 1);
-        return line_.Calls().at(0);
-    };
-    // The system hears of no wait that is longer than a slice.
-    EXPECT_EQ(applied(0), "timeouts 40 0 50 0 300");
-    EXPECT_EQ(applied(QZSerial::kReadConstant), "timeouts 40 0 3 0 300");
-    EXPECT_EQ(applied(QZSerial::kReadMultiplier), "timeouts 40 0 50 0 300");
+        EXPECT_EQ(line_.Calls().at(0), applied) << mask;
+    }
     EXPECT_EQ(port_.timeouts.readMultiplier, 2U);
     EXPECT_EQ(port_.timeouts.readConstant, 3U);
-    EXPECT_EQ(applied(QZSerial::kReadInterval), "timeouts 1 0 50 0 300");
-    EXPECT_EQ(applied(QZSerial::kWriteConstant), "timeouts 1 0 50 0 5");
-    EXPECT_EQ(applied(QZSerial::kWriteMultiplier), "timeouts 1 0 50 4 5");
     EXPECT_EQ(port_.SetTimeouts(9, 9, 9, 9, 9, QZSerial::kAllTimeouts), 1);
     EXPECT_EQ(port_.timeouts.writeMultiplier, 9U);
     line_.failTimeouts = true;
     EXPECT_EQ(port_.SetTimeouts(1, 1, 1, 1, 1, 0), 0);
-}
-
-TEST_F(QZSerialTest, TheMaskBitsAreAContract) {
-    EXPECT_EQ(QZSerial::kReadConstant, 1);
-    EXPECT_EQ(QZSerial::kReadMultiplier, 2);
-    EXPECT_EQ(QZSerial::kReadInterval, 4);
-    EXPECT_EQ(QZSerial::kWriteConstant, 8);
-    EXPECT_EQ(QZSerial::kWriteMultiplier, 16);
 }
 
 TEST_F(QZSerialTest, AsksForQueues) {
@@ -262,5 +240,4 @@ TEST_F(QZSerialTest, AClosedPortIsAskedAndHasNothing) {
 }
 
 }  // namespace
-
-}  // namespace corvex
+}  // namespace corvex::test

@@ -9,10 +9,7 @@
 #include "tests/support/ScriptedSerial.h"
 #include "tests/support/TextRecorder.h"
 
-namespace corvex {
-
-using test::Bytes;
-
+namespace corvex::test {
 namespace {
 
 struct Outcome {
@@ -26,7 +23,7 @@ struct Script {
     std::uint32_t count = 0;
     std::vector<std::int64_t> arrivals;  // ms, ascending
 
-    void FeedTo(test::ScriptedSerial& line) const {
+    void FeedTo(ScriptedSerial& line) const {
         for (std::size_t i = 0; i < arrivals.size(); ++i)
             line.Feed({static_cast<std::uint8_t>(i + 1)}, arrivals[i]);
     }
@@ -53,7 +50,7 @@ Script RandomScript(unsigned seed) {
 }
 
 template <class Reader>
-std::vector<Outcome> ReadThrice(const Script& script, test::VirtualClock& clock, const Reader& read) {
+std::vector<Outcome> ReadThrice(const Script& script, VirtualClock& clock, const Reader& read) {
     std::vector<Outcome> outcomes;
     for (int i = 0; i < 3; ++i) {
         Bytes bytes(script.count);
@@ -79,25 +76,25 @@ protected:
         port_.giveUp = [this, ms] { return clock_.PeekMilliseconds() >= static_cast<double>(ms); };
     }
 
-    test::VirtualClock clock_;
+    VirtualClock clock_;
     ScopedClock scope_{clock_};
-    test::ScriptedSerial line_{clock_};
+    ScriptedSerial line_{clock_};
     QZSerial port_{line_};
 };
 
 TEST_F(SlicedReadTest, BytesAndMomentsAreThoseOfAReadInOnePiece) {
     for (unsigned seed = 1; seed <= 3000; ++seed) {
         const Script script = RandomScript(seed);
-        test::VirtualClock clock;
-        test::ScriptedSerial whole(clock);
+        VirtualClock clock;
+        ScriptedSerial whole(clock);
         script.FeedTo(whole);
-        whole.SetTimeouts(test::ScriptedSerial::kHandle, script.times);
+        whole.SetTimeouts(ScriptedSerial::kHandle, script.times);
         const auto wanted = ReadThrice(script, clock, [&](std::uint8_t* bytes, std::uint32_t count) {
-            return whole.Read(test::ScriptedSerial::kHandle, bytes, count);
+            return whole.Read(ScriptedSerial::kHandle, bytes, count);
         });
-        test::VirtualClock slicedClock;
+        VirtualClock slicedClock;
         const ScopedClock inForce(slicedClock);
-        test::ScriptedSerial sliced(slicedClock);
+        ScriptedSerial sliced(slicedClock);
         QZSerial port(sliced);
         ASSERT_EQ(port.Open("COM1", 8192), 1);
         script.FeedTo(sliced);
@@ -128,7 +125,7 @@ TEST_F(SlicedReadTest, AShortTotalNeedsNoSlices) {
 }
 
 TEST_F(SlicedReadTest, AReadIsOneDump) {
-    test::TextRecorder text;
+    TextRecorder text;
     DebugOutput log;
     log.edit = &text;
     port_.sink = &log;
@@ -196,7 +193,7 @@ TEST_F(SlicedReadTest, AFailedCallIsNotRepeated) {
 
 // There is nothing to measure slices with.
 TEST_F(SlicedReadTest, WithoutACounterAReadIsInOnePiece) {
-    test::VirtualClock none(0);
+    VirtualClock none(0);
     const ScopedClock inForce(none);
     Times(75, 200);
     line_.ForgetCalls();
@@ -206,5 +203,4 @@ TEST_F(SlicedReadTest, WithoutACounterAReadIsInOnePiece) {
 }
 
 }  // namespace
-
-}  // namespace corvex
+}  // namespace corvex::test
