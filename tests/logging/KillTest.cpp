@@ -156,13 +156,13 @@ constexpr std::uint32_t kSmall = 100 + 2;  // the item of 12 bytes
 const Bytes kTwelve = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
 
 int RecordOntoAFullDisk(const std::string& path, std::uint64_t room, FullDisk& told) {
-    LimitFileSize(room);
+    std::optional<FileSizeLimit> limit(room);
     DataLogEngine log;
     if (!BeginRecording(log, path)) return 1;
     for (std::uint32_t i = 0; i < 30; ++i) {
         if (i == 20) {
             told.sizeWhenFull = log.FileSize();
-            UnlimitFileSize();
+            limit.reset();
         }
         Bytes sample = kTwelve;
         sample[0] = static_cast<std::uint8_t>(i);

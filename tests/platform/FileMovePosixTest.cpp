@@ -1,36 +1,15 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <csignal>
 
 #include "platform/FileMove.h"
 #include "platform/FileMove_posix.h"
+#include "tests/support/PeerProcess.h"
 #include "tests/support/TestFolder.h"
 
 namespace corvex::test {
 namespace {
-
-// No file grows beyond so many bytes: what a full disk looks like from here.
-class ScopedFileLimit {
-public:
-    explicit ScopedFileLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~ScopedFileLimit() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-    ScopedFileLimit(const ScopedFileLimit&) = delete;
-    ScopedFileLimit& operator=(const ScopedFileLimit&) = delete;
-
-private:
-    rlimit before_{};
-    void (*handler_)(int);
-};
 
 class FileMovePosixTest : public ::testing::TestWithParam<int (*)(const std::string&, const std::string&)> {
 protected:
@@ -82,7 +61,7 @@ TEST(FileMoveByCopyTest, FullDiskCostsNothing) {
     const std::string log(100'000, 'x');
     folder.Put("a", log);
     {
-        const ScopedFileLimit limit(70'000);
+        const FileSizeLimit limit(70'000);
         EXPECT_EQ(EFBIG, MoveByCopy(folder.Name("a"), folder.Name("b")));
     }
     EXPECT_EQ(log, folder.Content("a"));

@@ -22,19 +22,14 @@ TEST_F(FileMoveTest, MovesToANewName) {
     EXPECT_EQ(std::string("log\0bytes", 9), folder.Content("b"));
 }
 
-TEST_F(FileMoveTest, NeverReplaces) {
+TEST_F(FileMoveTest, NeverReplacesAFileOrAFolder) {
     folder.Put("a", "new");
     folder.Put("b", "old");
+    std::filesystem::create_directory(folder.Path() / "c");
     EXPECT_NE(0U, Move("a", "b"));
+    EXPECT_NE(0U, Move("a", "c"));
     EXPECT_EQ("new", folder.Content("a"));
     EXPECT_EQ("old", folder.Content("b"));
-}
-
-TEST_F(FileMoveTest, FolderIsNotReplacedEither) {
-    folder.Put("a", "new");
-    std::filesystem::create_directory(folder.Path() / "b");
-    EXPECT_NE(0U, Move("a", "b"));
-    EXPECT_EQ("new", folder.Content("a"));
 }
 
 TEST_F(FileMoveTest, TellsTheSystemsErrorNumber) {

@@ -13,7 +13,6 @@
 #include "platform/SerialPlatform.h"
 
 namespace corvex {
-
 namespace {
 
 class SerialPlatformPosixTest : public ::testing::Test {

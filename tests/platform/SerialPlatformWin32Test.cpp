@@ -7,7 +7,6 @@
 #include "platform/WindowsApi.h"
 
 namespace corvex {
-
 namespace {
 
 class SerialPlatformWin32Test : public ::testing::Test {
@@ -72,5 +71,4 @@ TEST_F(SerialPlatformWin32Test, ARateThatCannotBeKnownIsNone) {
 }
 
 }  // namespace
-
 }  // namespace corvex

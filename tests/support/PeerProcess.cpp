@@ -59,12 +59,12 @@ void UnmapShared(void* memory, std::size_t size) {
     munmap(memory, size);
 }
 
-void LimitFileSize(std::uint64_t bytes) {
+FileSizeLimit::FileSizeLimit(std::uint64_t bytes) {
     signal(SIGXFSZ, SIG_IGN);
     SetFileLimit(static_cast<rlim_t>(bytes));
 }
 
-void UnlimitFileSize() {
+FileSizeLimit::~FileSizeLimit() {
     rlimit limit{};
     if (getrlimit(RLIMIT_FSIZE, &limit) != 0) Die("getrlimit");
     SetFileLimit(limit.rlim_max);

@@ -48,8 +48,13 @@ private:
     Words* words_;
 };
 
-// No file of this process grows beyond it; a write that would takes what fits and fails, as on a full disk.
-void LimitFileSize(std::uint64_t bytes);
-void UnlimitFileSize();
+// Meanwhile no file of this process grows beyond it; a write that would takes what fits and fails, as on a full disk.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(std::uint64_t bytes);
+    ~FileSizeLimit();
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+};
 
 }  // namespace corvex::test

@@ -1,41 +1,18 @@
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "definition/ADXDefinition.h"
 #include "platform/FileReplacement.h"
+#include "tests/support/PeerProcess.h"
 #include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
 
 namespace fs = std::filesystem;
-
-// No file of this process may grow beyond `bytes`, as on a disk with so much room left.
-class RoomLeft {
-public:
-    explicit RoomLeft(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        handler_ = signal(SIGXFSZ, SIG_IGN);
-        const rlimit less{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &less);
-    }
-    ~RoomLeft() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        signal(SIGXFSZ, handler_);
-    }
-    RoomLeft(const RoomLeft&) = delete;
-    RoomLeft& operator=(const RoomLeft&) = delete;
-
-private:
-    rlimit before_{};
-    void (*handler_)(int) = nullptr;
-};
 
 constexpr char kSaved[] = "saved.adx";
 
@@ -49,9 +26,9 @@ protected:
 };
 
 TEST_F(FullDiskTest, TellsOfItAndKeepsTheFileThatWasThere) {
-    std::ofstream(path_) << "the only copy";
+    folder_.Put(kSaved, "the only copy");
     {
-        const RoomLeft room(20000);
+        const test::FileSizeLimit room(20000);
         EXPECT_EQ(definition_.Save(path_.c_str()), 0);
     }
     EXPECT_EQ(folder_.Content(kSaved), "the only copy");
@@ -60,7 +37,7 @@ TEST_F(FullDiskTest, TellsOfItAndKeepsTheFileThatWasThere) {
 
 TEST_F(FullDiskTest, LeavesNoHalfFileWhereThereWasNone) {
     {
-        const RoomLeft room(20000);
+        const test::FileSizeLimit room(20000);
         EXPECT_EQ(definition_.Save(path_.c_str()), 0);
     }
     EXPECT_EQ(folder_.FileCount(), 0U);
@@ -68,7 +45,7 @@ TEST_F(FullDiskTest, LeavesNoHalfFileWhereThereWasNone) {
 
 // A name in use by a folder, as a disk without a free entry would have it.
 TEST_F(FullDiskTest, KeepsTheFileWhereThereCanBeNoneBesideIt) {
-    std::ofstream(path_) << "the only copy";
+    folder_.Put(kSaved, "the only copy");
     fs::create_directory(FreshNameFor(path_));
     EXPECT_EQ(definition_.Save(path_.c_str()), 0);
     EXPECT_EQ(folder_.Content(kSaved), "the only copy");
@@ -82,13 +59,13 @@ TEST_F(FullDiskTest, SavesUnderTheLongestName) {
 }
 
 TEST_F(FullDiskTest, ASweepFollowsAKilledSave) {
-    std::ofstream(path_ + ".2147483647.new") << "half";
+    folder_.Put("saved.adx.2147483647.new", "half");
     EXPECT_EQ(definition_.Save(path_.c_str()), 1);
     EXPECT_EQ(folder_.FileCount(), 1U);
 }
 
 TEST_F(FullDiskTest, ASaveKeepsRightsAndLinks) {
-    std::ofstream(path_) << "old";
+    folder_.Put(kSaved, "old");
     ASSERT_EQ(chmod(path_.c_str(), 0640), 0);
     const std::string link = folder_.Name("link.adx");
     fs::create_symlink("saved.adx", link);
