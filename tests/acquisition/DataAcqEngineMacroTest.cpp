@@ -22,113 +22,84 @@ protected:
     ADXCTrigger trigger;
 };
 
-TEST_F(DataAcqEngineMacroTest, EnclosesTheCallbacksOfItsNodes) {
-    AddNode(macro, poll);
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 0"}));
+// A node of a case: which command, how often, with which flags.
+enum Node { kPoll, kTrigger, kUnknown, kEmpty };
+struct MacroNode {
+    Node node;
+    std::uint32_t repeatcount = 1, flags = 0;
+};
+
+struct MacroCase {
+    const char* behaviour;
+    std::vector<MacroNode> nodes;
+    const char* words;
+    const char* refused = "";  // the callback that answers with a failure
+    std::uint32_t replysize = 5, repeatcount = 1;
+};
+
+void PrintTo(const MacroCase& one, std::ostream* out) {
+    *out << one.behaviour;
 }
 
-TEST_F(DataAcqEngineMacroTest, RepeatsNodesAndTheWhole) {
-    AddNode(macro, trigger, 2);
-    AddNode(macro, poll);
-    macro.repeatcount = 3;
-    engine.RunCommand(&macro);
-    EXPECT_EQ(Count("Trigger"), 6);
-    EXPECT_EQ(Count("SendBegin"), 3);
-    EXPECT_EQ(callback.words[1], "Trigger");
-    EXPECT_EQ(callback.words[3], "SendBegin");
+const MacroCase kMacros[] = {
+    {"ItEnclosesTheCallbacksOfItsNodes", {{kPoll}}, "MacroBegin, SendBegin, SendEnd 0 5, MacroEnd 0"},
+    {"NodesAreRepeated", {{kTrigger, 2}, {kPoll}}, "MacroBegin, Trigger, Trigger, SendBegin, SendEnd 0 5, MacroEnd 0"},
+    {"AndTheWhole", {{kTrigger, 2}}, "MacroBegin, Trigger, Trigger, Trigger, Trigger, MacroEnd 0", "", 5, 2},
+    {"ARepeatcountOfZeroRunsNothing", {{kTrigger}}, "MacroBegin, MacroEnd 0", "", 5, 0},
+    {"CountZeroAndNoCommandArePassedOver", {{kTrigger, 0}, {kEmpty}, {kTrigger}}, "MacroBegin, Trigger, MacroEnd 0"},
+    {"BillionsOfRoundsOverNothingEnd", {{kEmpty}, {kTrigger, 0}}, "MacroBegin, MacroEnd 0", "", 5, 0xFFFFFFFF},
+    {"WithoutNodesOnlyTheEndIsCalled", {}, "MacroEnd 0"},
+    {"ARefusedBeginningGoesToTheEnd", {{kTrigger}}, "MacroBegin, MacroEnd 0", "MacroBegin"},
+    {"Flag1EndsItWhenTheNodeFails",
+     {{kPoll, 3, 1}, {kTrigger}},
+     "MacroBegin, SendBegin, SendEnd 0 5, MacroEnd 11",
+     "SendEnd"},
+    {"AFailureOnTheLineIsNoFailureOfTheNode",
+     {{kPoll, 1, 1}, {kTrigger}},
+     "MacroBegin, SendBegin, SendEnd 6 5, Trigger, MacroEnd 0",
+     "",
+     60},
+    {"Flag2EndsItWhenTheNodeSucceeds", {{kPoll, 3, 2}, {kTrigger}}, "MacroBegin, SendBegin, SendEnd 0 5, MacroEnd 10"},
+    {"Flag2LetsAFailingNodePass",
+     {{kPoll, 2, 2}, {kTrigger}},
+     "MacroBegin, SendBegin, SendEnd 0 5, SendBegin, SendEnd 0 5, Trigger, MacroEnd 0",
+     "SendEnd"},
+    {"WithoutFlagsFailuresAreIgnored", {{kUnknown}, {kTrigger}}, "MacroBegin, Trigger, MacroEnd 0"},
+    {"ABufferThatCannotBeHadIsAFailedNode", {{kPoll, 1, 1}}, "MacroBegin, MacroEnd 11", "", 0xFFFFFFFF},
+    {"TheEndSeesTheCodeOfTheLastNode", {{kPoll}}, "MacroBegin, SendBegin, SendEnd 6 5, MacroEnd 6", "", 60},
+};
+
+class DataAcqEngineMacroCase : public DataAcqEngineMacroTest, public testing::WithParamInterface<MacroCase> {};
+
+TEST_P(DataAcqEngineMacroCase, CallsAsTold) {
+    const ADXObject unknown;
+    poll.replysize = GetParam().replysize;
+    macro.repeatcount = GetParam().repeatcount;
+    callback.answers[GetParam().refused] = -5;
+    for (const MacroNode& node : GetParam().nodes) {
+        const ADXObject* const commands[] = {&poll, &trigger, &unknown, nullptr};
+        const ADXMacroNode added{commands[node.node], "", node.flags, node.repeatcount};
+        macro.AddNode(&added);
+    }
+    std::string words;
+    for (const std::string& word : WordsOf(macro))
+        words += (words.empty() ? "" : ", ") + word;
+    EXPECT_EQ(words, GetParam().words);
 }
 
-TEST_F(DataAcqEngineMacroTest, ARepeatcountOfZeroRunsNothing) {
-    AddNode(macro, trigger);
-    macro.repeatcount = 0;
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "MacroEnd 0"}));
-}
+INSTANTIATE_TEST_SUITE_P(All, DataAcqEngineMacroCase, testing::ValuesIn(kMacros),
+                         [](const auto& info) { return std::string(info.param.behaviour); });
 
-TEST_F(DataAcqEngineMacroTest, ANodeWithCountZeroOrWithoutCommandIsPassedOver) {
-    AddNode(macro, trigger, 0);
-    const ADXMacroNode empty;
-    macro.AddNode(&empty);
-    AddNode(macro, poll);
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 0"}));
-}
-
-TEST_F(DataAcqEngineMacroTest, BillionsOfRoundsOverNothingEnd) {
-    const ADXMacroNode empty;
-    for (int i = 0; i < 1000; ++i)
-        macro.AddNode(&empty);
-    AddNode(macro, trigger, 0);
-    macro.repeatcount = 0xFFFFFFFF;
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "MacroEnd 0"}));
-}
-
-TEST_F(DataAcqEngineMacroTest, WithoutNodesOnlyTheEndIsCalledAndItsResultCounts) {
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroEnd 0"}));
+TEST_F(DataAcqEngineMacroTest, TheResultOfItsEndReplacesEveryOther) {
     callback.answers["MacroEnd"] = -2;
     EXPECT_EQ(engine.RunMacro(nullptr), -2);
     EXPECT_EQ(callback.last.command, nullptr);
-}
-
-TEST_F(DataAcqEngineMacroTest, ARefusedBeginningGoesToTheEnd) {
-    AddNode(macro, trigger);
-    callback.answers["MacroBegin"] = -1;
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "MacroEnd 0"}));
-}
-
-TEST_F(DataAcqEngineMacroTest, Flag1EndsItWhenTheNodeFails) {
-    AddNode(macro, poll, 3, 1);
-    AddNode(macro, trigger);
-    callback.answers["SendEnd"] = -5;
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 11"}));
-}
-
-TEST_F(DataAcqEngineMacroTest, AFailureOnTheLineIsNoFailureOfTheNode) {
-    poll.replysize = 60;
-    AddNode(macro, poll, 1, 1);
-    AddNode(macro, trigger);
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 6 5", "Trigger", "MacroEnd 0"}));
-}
-
-TEST_F(DataAcqEngineMacroTest, Flag2EndsItWhenTheNodeSucceeds) {
-    AddNode(macro, poll, 3, 2);
-    AddNode(macro, trigger);
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "SendBegin", "SendEnd 0 5", "MacroEnd 10"}));
-}
-
-TEST_F(DataAcqEngineMacroTest, Flag2LetsAFailingNodePass) {
-    AddNode(macro, poll, 2, 2);
-    AddNode(macro, trigger);
-    callback.answers["SendEnd"] = -5;
-    engine.RunCommand(&macro);
-    EXPECT_EQ(Count("SendBegin"), 2);
-    EXPECT_EQ(Count("Trigger"), 1);
-}
-
-TEST_F(DataAcqEngineMacroTest, WithoutFlagsFailuresAreIgnored) {
-    const ADXObject unknown;
-    AddNode(macro, unknown);
-    AddNode(macro, trigger);
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "Trigger", "MacroEnd 0"}));
-}
-
-TEST_F(DataAcqEngineMacroTest, ABufferThatCannotBeHadIsAFailedNode) {
-    poll.replysize = 0xFFFFFFFF;
-    AddNode(macro, poll, 1, 1);
-    EXPECT_EQ(WordsOf(macro), (Words{"MacroBegin", "MacroEnd 11"}));
-}
-
-TEST_F(DataAcqEngineMacroTest, TheEndSeesTheCodeOfTheLastNode) {
-    poll.replysize = 60;
-    AddNode(macro, poll);
-    EXPECT_EQ(LastOf(macro), "MacroEnd 6");
-    EXPECT_EQ(callback.last.command, &poll);  // one record is shared by all
-    EXPECT_EQ(callback.last.commandId, poll.GetIdHash());
-}
-
-TEST_F(DataAcqEngineMacroTest, AnEndResultReplacesEveryOther) {
     AddNode(macro, poll, 1, 1);
     callback.answers["SendEnd"] = -5;
     callback.answers["MacroEnd"] = 4;
     EXPECT_EQ(engine.RunCommand(&macro), 4);
+    EXPECT_EQ(callback.last.command, &poll);  // one record is shared by all
+    EXPECT_EQ(callback.last.commandId, poll.GetIdHash());
 }
 
 TEST_F(DataAcqEngineMacroTest, AStopBetweenNodesEndsIt) {

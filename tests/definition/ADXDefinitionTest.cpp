@@ -103,30 +103,26 @@ TEST(ADXDefinitionGetObject, CountsTheObjectsOfTheMask) {
 
 TEST(ADXDefinitionFindById, ComparesExactlyAndTakesTheFirst) {
     ADXDefinition definition;
+    EXPECT_EQ(definition.FindById("RPM"), nullptr);
+    test::Add<ADXValue>(definition, nullptr);  // never got an id
+    EXPECT_EQ(definition.FindById(""), nullptr);
     ADXObject* first = test::Add<ADXValue>(definition, "RPM");
     test::Add<ADXValue>(definition, "RPM");
-    EXPECT_EQ(definition.FindById("RPM"), first);
-    EXPECT_EQ(definition.FindById("rpm"), nullptr);
-    EXPECT_EQ(definition.FindById("RPMX"), nullptr);
-    EXPECT_EQ(definition.FindById(nullptr), nullptr);
-    EXPECT_EQ(ADXDefinition().FindById("RPM"), nullptr);
-}
-
-TEST(ADXDefinitionFindById, CannotReachAnIdOf15Characters) {
-    ADXDefinition definition;
-    ADXObject* object = test::Add<ADXValue>(definition, "ABCDEFGHIJKLMNO");
-    EXPECT_EQ(definition.FindById("ABCDEFGHIJKLMNO"), nullptr);
-    EXPECT_EQ(definition.FindByHash(HashId("ABCDEFGHIJKLMNO", 15)), object);
-    // Its copy is 14 characters long, and that is what it answers to.
-    EXPECT_EQ(definition.FindById("ABCDEFGHIJKLMN"), object);
-}
-
-TEST(ADXDefinitionFindById, PassesOverObjectsThatNeverGotAnId) {
-    ADXDefinition definition;
-    test::Add<ADXValue>(definition, nullptr);
-    EXPECT_EQ(definition.FindById(""), nullptr);
     ADXObject* empty = test::Add<ADXValue>(definition, "");
-    EXPECT_EQ(definition.FindById(""), empty);
+    ADXObject* longest = test::Add<ADXValue>(definition, "ABCDEFGHIJKLMNO");
+    const std::pair<const char*, const ADXObject*> cases[] = {
+        {"RPM", first},
+        {"rpm", nullptr},
+        {"RPMX", nullptr},
+        {nullptr, nullptr},
+        {"", empty},
+        // The copy of an id of 15 characters is 14 long, and that is what it answers to.
+        {"ABCDEFGHIJKLMNO", nullptr},
+        {"ABCDEFGHIJKLMN", longest},
+    };
+    for (const auto& [id, object] : cases)
+        EXPECT_EQ(definition.FindById(id), object) << (id != nullptr ? id : "null");
+    EXPECT_EQ(definition.FindByHash(HashId("ABCDEFGHIJKLMNO", 15)), longest);
 }
 
 TEST(ADXDefinitionFindByHash, TakesTheFirstAndKnowsNobodyByHashZero) {
@@ -175,21 +171,13 @@ TEST(ADXDefinitionUpdateValues, CapturesWhatBelongsToTheCommandOrToAny) {
     other->parentcmdidhash = 8;
     const std::uint8_t packet[] = {0x11, 0x22};
     definition.UpdateValues(PacketView(packet, 2), 7);
+    // Fields outside the packet are left alone.
+    definition.UpdateValues(PacketView(packet, 1), 7);
+    definition.UpdateValues(nullptr, 7);
     EXPECT_EQ(any->GetRaw(nullptr), 0x11u);
     EXPECT_EQ(own->GetRaw(nullptr), 0x22u);
     EXPECT_EQ(flag->GetRaw(nullptr), 0x22u);
     EXPECT_EQ(other->GetRaw(nullptr), 0u);
-}
-
-TEST(ADXDefinitionUpdateValues, LeavesAFieldOutsideThePacketAlone) {
-    ADXDefinition definition;
-    auto* value = test::AddValue(definition, "A", "X");
-    value->packetoffset = 1;
-    const std::uint8_t packet[] = {1, 2};
-    definition.UpdateValues(PacketView(packet, 2), 0);
-    definition.UpdateValues(PacketView(packet, 1), 0);
-    definition.UpdateValues(nullptr, 0);
-    EXPECT_EQ(value->GetRaw(nullptr), 2u);
 }
 
 TEST(ADXDefinitionInsertAfter, PlacesByKeyAndAppendsBehindAStranger) {

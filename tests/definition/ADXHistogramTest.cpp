@@ -55,15 +55,13 @@ TEST_F(ADXHistogramTest, PutsBinCentresOnTheAxis) {
 }
 
 TEST_F(ADXHistogramTest, PicksTheNearestColumn) {
-    const std::pair<float, int> cases[] = {{12.0F, 0}, {13.0F, 1}, {12.5F, 1}, {1000.0F, 4}, {-5.0F, 0}};
+    const float nan = std::numeric_limits<float>::quiet_NaN(), infinity = std::numeric_limits<float>::infinity();
+    const std::pair<float, int> cases[] = {{12.0F, 0}, {13.0F, 1}, {12.5F, 1},    {1000.0F, 4},
+                                           {-5.0F, 0}, {nan, 2},   {infinity, 4}, {-infinity, 0}};
     for (const auto& [x, column] : cases)
         EXPECT_EQ(Column(x), column) << x;
-}
-
-TEST_F(ADXHistogramTest, ReturnsTheCell) {
     EXPECT_EQ(histogram.AddPoint(75, 10, 1), 3 << 16 | 2);
     EXPECT_EQ(histogram.GetSampleCount(2, 3), 1u);
-    EXPECT_EQ(histogram.GetTotalSampleCount(), 1u);
 }
 
 TEST_F(ADXHistogramTest, RecordsNothingWithoutRowsOrColumns) {
@@ -155,6 +153,11 @@ TEST_F(ADXHistogramTest, KeepsTheLastAxisWhenARangeLosesItsWidth) {
     histogram.SetXMax(0);
     EXPECT_EQ(Column(1000), 4);
     EXPECT_EQ(histogram.XTable().GetEntryCount(), 5u);
+    // Samples that it places outside are counted and kept nowhere.
+    histogram.SetCols(2);
+    EXPECT_EQ(Column(1000), 4);
+    EXPECT_EQ(histogram.GetSampleCount(1, 4), 0u);
+    EXPECT_EQ(histogram.GetTotalSampleCount(), 2u);
 }
 
 TEST_F(ADXHistogramTest, GivesEverySampleColumnZeroWithoutAnAxis) {
@@ -165,39 +168,22 @@ TEST_F(ADXHistogramTest, GivesEverySampleColumnZeroWithoutAnAxis) {
     EXPECT_EQ(fresh.GetSampleCount(0, 0), 1u);
 }
 
-TEST_F(ADXHistogramTest, IgnoresSamplesThatAnOldAxisPlacesOutside) {
-    histogram.SetXMax(0);  // the axis of five stays
-    histogram.SetCols(2);
-    EXPECT_EQ(Column(1000), 4);
-    EXPECT_EQ(histogram.GetSampleCount(1, 4), 0u);
-    EXPECT_EQ(histogram.GetTotalSampleCount(), 1u);
-}
-
-TEST_F(ADXHistogramTest, PutsEverySampleIntoTheOnlyBin) {
+TEST_F(ADXHistogramTest, PutsEverySampleIntoTheOnlyBinAndTurnsAnAxisAround) {
+    histogram.SetXMin(100);
+    histogram.SetXMax(0);
+    EXPECT_EQ(Column(0), 4);
+    EXPECT_EQ(Column(100), 0);
     histogram.SetCols(1);
     EXPECT_EQ(Column(-1000), 0);
     EXPECT_EQ(Column(1000), 0);
     EXPECT_EQ(histogram.GetSampleCount(1, 0), 2u);
 }
 
-TEST_F(ADXHistogramTest, TurnsAnAxisAround) {
-    histogram.SetXMin(100);
-    histogram.SetXMax(0);
-    EXPECT_EQ(Column(0), 4);
-    EXPECT_EQ(Column(100), 0);
-}
-
 TEST_F(ADXHistogramTest, SurvivesNumbersThatAreNone) {
     const float nan = std::numeric_limits<float>::quiet_NaN();
-    const float infinity = std::numeric_limits<float>::infinity();
-    EXPECT_EQ(Column(nan), 2);
-    EXPECT_EQ(Column(infinity), 4);
-    EXPECT_EQ(Column(-infinity), 0);
-    Add({nan, infinity});
-    Value(ADXHistogram::kMeanKept);
-    Value(ADXHistogram::kDeviationKept);
-    Value(ADXHistogram::kMeanTotal);
-    Value(ADXHistogram::kLast);
+    Add({nan, std::numeric_limits<float>::infinity()});
+    for (int mode = 0; mode <= ADXHistogram::kRange; ++mode)
+        Value(mode);
     histogram.SetXMin(nan);
     EXPECT_GE(Column(5), 0);
     histogram.SetXMin(-3.4028235E38F);
@@ -216,12 +202,16 @@ TEST_F(ADXHistogramTest, CutsHostileSizes) {
     EXPECT_EQ(histogram.XTable().GetEntryCount(), ADXHistogram::kAxisLimit);
 }
 
-TEST_F(ADXHistogramTest, ThrowsCellsAwayOnResize) {
+TEST_F(ADXHistogramTest, ThrowsCellsAwayOnResizeAndTheHistoryAloneWithItsSize) {
+    Add({5});
+    histogram.SetHistorySize(4);
+    EXPECT_EQ(histogram.GetSampleCount(0, 0), 0u);
+    EXPECT_EQ(Value(ADXHistogram::kCountTotal), 1.0);
     Add({5});
     histogram.SetRows(3);
     EXPECT_EQ(histogram.GetSampleCount(0, 0), 0u);
     EXPECT_EQ(Value(ADXHistogram::kCountTotal), 0.0);
-    EXPECT_EQ(histogram.GetTotalSampleCount(), 1u);
+    EXPECT_EQ(histogram.GetTotalSampleCount(), 2u);
 }
 
 TEST_F(ADXHistogramTest, ClearKeepsTheHistorySize) {
@@ -233,13 +223,6 @@ TEST_F(ADXHistogramTest, ClearKeepsTheHistorySize) {
     EXPECT_EQ(histogram.GetTotalSampleCount(), 0u);
     EXPECT_EQ(histogram.GetSampleCount(0, 0), 0u);
     EXPECT_EQ(Value(ADXHistogram::kMaximum), 0.0);
-}
-
-TEST_F(ADXHistogramTest, LosesTheHistoryAloneWithANewHistorySize) {
-    Add({5});
-    histogram.SetHistorySize(4);
-    EXPECT_EQ(histogram.GetSampleCount(0, 0), 0u);
-    EXPECT_EQ(Value(ADXHistogram::kCountTotal), 1.0);
 }
 
 TEST_F(ADXHistogramTest, TakesValuesAlone) {
@@ -257,6 +240,9 @@ TEST_F(ADXHistogramTest, TakesValuesAlone) {
 
 TEST_F(ADXHistogramTest, SamplesItsThreeValues) {
     ADXDefinition definition;
+    const std::uint8_t packet[] = {50, 20, 42};
+    EXPECT_EQ(histogram.AddSample(definition, PacketView(packet, 1), 0), 1) << "a value that is not set counts as zero";
+    histogram.Clear();
     auto* x = test::AddValue(definition, "X", "X");
     auto* y = test::AddValue(definition, "Y", "X-10");
     auto* z = test::AddValue(definition, "Z", "X");
@@ -266,22 +252,15 @@ TEST_F(ADXHistogramTest, SamplesItsThreeValues) {
     histogram.SetX(x);
     histogram.SetY(y);
     histogram.SetZ(z);
-    const std::uint8_t packet[] = {50, 20, 42};
     EXPECT_EQ(histogram.AddSample(definition, nullptr, 7), -1);
     EXPECT_EQ(histogram.GetTotalSampleCount(), 0u);
-    EXPECT_EQ(histogram.AddSample(definition, PacketView(packet, 3), 8), 2 << 16 | 2);
-    float sample = -1;
-    histogram.GetSample(2, 2, 0, &sample);
-    EXPECT_EQ(sample, 0.0F);  // z belongs to another command and has no word yet
-    histogram.AddSample(definition, PacketView(packet, 3), 7);
-    histogram.GetSample(2, 2, 0, &sample);
-    EXPECT_EQ(sample, 42.0F);
-}
-
-TEST_F(ADXHistogramTest, CountsAValueThatIsNotSetAsZero) {
-    ADXDefinition definition;
-    const std::uint8_t packet[] = {1};
-    EXPECT_EQ(histogram.AddSample(definition, PacketView(packet, 1), 0), 1);  // x 0, y 0: the middle row
+    // z belongs to another command and has no word yet.
+    for (const auto& [command, expected] : {std::pair{8U, 0.0F}, std::pair{7U, 42.0F}}) {
+        EXPECT_EQ(histogram.AddSample(definition, PacketView(packet, 3), command), 2 << 16 | 2);
+        float sample = -1;
+        histogram.GetSample(2, 2, 0, &sample);
+        EXPECT_EQ(sample, expected);
+    }
 }
 
 }  // namespace

@@ -28,11 +28,8 @@ std::string Shown(const ADXLookupTable& table, float x, int digcount = 2) {
     return out;
 }
 
-TEST(ADXLookupTable, ConvertsToZeroWhileEmpty) {
-    EXPECT_EQ(ADXLookupTable().Convert(5), 0.0F);
-}
-
 TEST(ADXLookupTableModes, ConvertByTheirRule) {
+    EXPECT_EQ(ADXLookupTable().Convert(5), 0.0F);
     constexpr float kInfinity = std::numeric_limits<float>::infinity();
     const struct {
         const char* rule;
@@ -99,20 +96,20 @@ TEST(ADXLookupTableModes, OnlyEntryAnswersInEveryMode) {
 
 TEST(ADXLookupTableModes, BracketEveryPlaceOfALongerTable) {
     ADXLookupTable table;
-    for (int i = 0; i < 11; ++i) {
+    for (int i = 0; i < 11; ++i)
         table.AddEntry(static_cast<float>(i * 10), static_cast<float>(i));
-    }
     for (int i = 0; i < 10; ++i) {
-        const auto between = static_cast<float>(i * 10 + 4);
-        table.SetLookupMode(ADXLookupTable::kLower);
-        EXPECT_EQ(table.Convert(between), static_cast<float>(i));
+        const auto here = static_cast<float>(i), between = static_cast<float>(i * 10 + 4);
+        const std::pair<std::uint32_t, float> cases[] = {{ADXLookupTable::kLower, here},
+                                                         {ADXLookupTable::kNearest, here},
+                                                         {ADXLookupTable::kHigher, here + 1},
+                                                         {ADXLookupTable::kInterpolate, here + 0.4F}};
+        for (const auto& [mode, expected] : cases) {
+            table.SetLookupMode(mode);
+            EXPECT_FLOAT_EQ(table.Convert(between), expected) << mode;
+        }
         table.SetLookupMode(ADXLookupTable::kHigher);
-        EXPECT_EQ(table.Convert(between), static_cast<float>(i + 1));
-        EXPECT_EQ(table.Convert(static_cast<float>(i * 10)), static_cast<float>(i));
-        table.SetLookupMode(ADXLookupTable::kNearest);
-        EXPECT_EQ(table.Convert(between), static_cast<float>(i));
-        table.SetLookupMode(ADXLookupTable::kInterpolate);
-        EXPECT_FLOAT_EQ(table.Convert(between), static_cast<float>(i) + 0.4F);
+        EXPECT_EQ(table.Convert(static_cast<float>(i * 10)), here);
     }
 }
 
@@ -262,25 +259,19 @@ TEST(ADXLookupTableFormat, ShowsTheEntrysText) {
     EXPECT_EQ(result, 0.0F);
 }
 
-TEST(ADXLookupTableFormat, GivesTheNumberToo) {
+TEST(ADXLookupTableFormat, GivesTheNumberTooAndStaysWithinTheBuffer) {
     ADXLookupTable table;
     Fill(table, {{1, 1234}});
     float result = 0;
-    char out[4];
-    EXPECT_EQ(table.Format(1, out, sizeof out, &result, 2), 7u);
+    char out[300];
+    EXPECT_EQ(table.Format(1, out, 4, &result, 2), 7u);
     EXPECT_STREQ(out, "123");
     EXPECT_EQ(result, 1234.0F);
     result = 0;
     EXPECT_EQ(table.Format(1, out, 0, &result, 2), 0u);
     EXPECT_EQ(result, 1234.0F);
-}
-
-TEST(ADXLookupTableFormat, CutsAnEndlessNumberAt99Characters) {
-    ADXLookupTable table;
-    Fill(table, {{1, 1}});
-    char out[300];
     EXPECT_EQ(table.Format(1, out, sizeof out, nullptr, 255), 99u);
-    EXPECT_EQ(std::string(out), "1." + std::string(97, '0'));
+    EXPECT_EQ(std::string(out), "1234." + std::string(94, '0'));
 }
 
 TEST(ADXLookupTableSetOutputType, LosesTheNumbersThroughText) {
@@ -313,21 +304,15 @@ TEST(ADXLookupTableSetOutputType, CutsALongNumbersTextAt19Characters) {
     EXPECT_EQ(Text(table, 10), "1000000020040877342");
 }
 
-TEST(ADXLookupTableSetLookupMode, NeverInterpolatesTexts) {
+TEST(ADXLookupTableSetLookupMode, NeverInterpolatesTextsUntilReset) {
     ADXLookupTable table;
     table.SetLookupMode(2);
     table.SetOutputType(ADXLookupTable::kText);
     EXPECT_EQ(table.GetLookupMode(), 2u);
     table.SetLookupMode(0);
     EXPECT_EQ(table.GetLookupMode(), 1u);
-}
-
-TEST(ADXLookupTable, ResetsToItsDefaults) {
-    ADXLookupTable table;
-    table.AddEntry(1, 1);
+    table.AddEntryText(1, "one", 3);
     table.inputtype = 1;
-    table.SetOutputType(ADXLookupTable::kText);
-    table.SetLookupMode(3);
     table.Reset();
     EXPECT_EQ(table.GetEntryCount(), 0u);
     EXPECT_EQ(table.inputtype, 3u);

@@ -76,29 +76,17 @@ TEST(ADXObject, CopiesTitleAndDescriptionWithinTheBuffer) {
     ADXObject object;
     object.SetTitle("Engine speed", 6);
     object.SetDesc("From the crank", 14);
-    char text[8];
-    EXPECT_EQ(object.GetTitle(text, sizeof text), 6u);
-    EXPECT_STREQ(text, "Engine");
-    EXPECT_EQ(object.GetDesc(text, sizeof text), 7u);
-    EXPECT_STREQ(text, "From th");
-}
-
-TEST(ADXObject, EmptiesTheBufferWhenThereIsNoText) {
-    ADXObject object;
-    object.SetTitle("Title", 5);
-    object.SetTitle(nullptr, 5);
-    char text[8] = "old";
-    EXPECT_EQ(object.GetTitle(text, sizeof text), 0u);
-    EXPECT_STREQ(text, "");
-}
-
-TEST(ADXObject, DoesNothingToAnUnusableBuffer) {
-    ADXObject object;
-    object.SetTitle("Title", 5);
     char text[8] = "old";
     EXPECT_EQ(object.GetTitle(text, 0), 0u);
     EXPECT_EQ(object.GetDesc(nullptr, 8), 0u);
     EXPECT_STREQ(text, "old");
+    EXPECT_EQ(object.GetTitle(text, sizeof text), 6u);
+    EXPECT_STREQ(text, "Engine");
+    EXPECT_EQ(object.GetDesc(text, sizeof text), 7u);
+    EXPECT_STREQ(text, "From th");
+    object.SetTitle(nullptr, 5);
+    EXPECT_EQ(object.GetTitle(text, sizeof text), 0u);
+    EXPECT_STREQ(text, "");
 }
 
 TEST(ADXObject, WritesNothingOfABareObject) {

@@ -41,25 +41,15 @@ TEST(EntryList, HoldsAtMost255Entries) {
     EXPECT_EQ(list.GetEntryCount(), 255u);
 }
 
-TEST(EntryList, IgnoresACountOf256OrMore) {
+TEST(EntryList, KeepsTheFirstEntriesAndIgnoresACountOf256OrMore) {
     Numbers list = Counted(10);
-    list.SetEntryCount(256);
-    EXPECT_EQ(list.GetEntryCount(), 10u);
-    list.SetEntryCount(0xFFFFFFFF);
-    EXPECT_EQ(list.GetEntryCount(), 10u);
-    list.SetEntryCount(255);
-    EXPECT_EQ(list.GetEntryCount(), 255u);
-    EXPECT_EQ(*list.GetEntry(9), 9);
-    EXPECT_EQ(*list.GetEntry(10), 0);
-}
-
-TEST(EntryList, KeepsTheFirstEntriesWhenCut) {
-    Numbers list = Counted(10);
-    list.SetEntryCount(5);
-    EXPECT_EQ(list.GetEntryCount(), 5u);
-    EXPECT_EQ(*list.GetEntry(4), 4);
-    list.SetEntryCount(0);
-    EXPECT_EQ(list.GetEntryCount(), 0u);
+    const struct { std::uint32_t asked, count; } cases[] = {{256, 10}, {0xFFFFFFFF, 10}, {255, 255}, {5, 5}, {0, 0}};
+    for (const auto& one : cases) {
+        list.SetEntryCount(one.asked);
+        EXPECT_EQ(list.GetEntryCount(), one.count);
+        for (std::uint32_t i = 0; i < one.count; ++i)
+            EXPECT_EQ(*list.GetEntry(i), i < 10 ? static_cast<int>(i) : 0);
+    }
 }
 
 TEST(EntryList, ClosesTheGapOfARemovedEntry) {

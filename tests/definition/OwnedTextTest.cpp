@@ -26,18 +26,14 @@ TEST(OwnedText, TellsNoTextFromAnEmptyOne) {
 
 TEST(OwnedText, TakesNoEmptyTextWhereToldSo) {
     OwnedText text;
+    text.SetUnlessEmpty("ab\0cd", 5);
+    EXPECT_EQ(text.Length(), 2u) << "ends at the first NUL";
     text.SetUnlessEmpty("abc", 2);
     EXPECT_STREQ(text.CStr(), "ab");
     text.SetUnlessEmpty("abc", 0);
     EXPECT_FALSE(text.IsSet());
     text.SetUnlessEmpty("", 5);
     EXPECT_FALSE(text.IsSet());
-}
-
-TEST(OwnedText, EndsAtTheFirstNul) {
-    OwnedText text;
-    text.Set("ab\0cd", 5);
-    EXPECT_EQ(text.Length(), 2u);
 }
 
 TEST(OwnedText, SurvivesAPieceOfItself) {

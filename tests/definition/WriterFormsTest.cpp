@@ -24,19 +24,21 @@ TEST(WriterForms, EscapesUpToALimit) {
     EXPECT_EQ(EscapedText(nullptr), "");
     EXPECT_EQ(EscapedText(""), "");
     EXPECT_EQ(EscapedText("abc", 0), "");
+    EXPECT_EQ(EscapedText(std::string(1000, '"').c_str()).size(), 6000u);
 }
 
-TEST(WriterForms, EscapesTextsOfNothingButQuotes) {
-    const std::string quotes(1000, '"');
-    EXPECT_EQ(EscapedText(quotes.c_str()).size(), 6000u);
-}
-
-TEST(WriterForms, WritesElementsInTheirForms) {
-    EXPECT_EQ(Written([](XMLWriter& writer) { WriteElementHex8(writer, "a", 0xAB); }), "<a>0x000000AB</a>\n");
-    EXPECT_EQ(Written([](XMLWriter& writer) { WriteElementHex2(writer, "a", 0xA); }), "<a>0x0A</a>\n");
-    EXPECT_EQ(Written([](XMLWriter& writer) { WriteElementHex2(writer, "a", 0xFFFFFFFF); }), "<a>0xFFFFFFFF</a>\n");
-    EXPECT_EQ(Written([](XMLWriter& writer) { WriteElementDec(writer, "a", 0xFFFFFFFF); }), "<a>4294967295</a>\n");
-    EXPECT_EQ(Written([](XMLWriter& writer) { WriteElementTextUnlessEmpty(writer, "a", "<&>"); }), "<a><&></a>\n");
+TEST(WriterForms, WritesElementsInTheirFormsAndLeavesOutWhatIsZeroOrEmpty) {
+    EXPECT_EQ(Written([](XMLWriter& writer) {
+                  WriteElementHex8(writer, "a", 0xAB);
+                  WriteElementHex2(writer, "b", 0xA);
+                  WriteElementHex2(writer, "c", 0xFFFFFFFF);
+                  WriteElementDec(writer, "d", 0xFFFFFFFF);
+                  WriteElementTextUnlessEmpty(writer, "e", "<&>");
+                  WriteElementHex8UnlessZero(writer, "f", 0);
+                  WriteElementTextUnlessEmpty(writer, "g", "");
+                  WriteElementTextUnlessEmpty(writer, "h", nullptr);
+              }),
+              "<a>0x000000AB</a>\n<b>0x0A</b>\n<c>0xFFFFFFFF</c>\n<d>4294967295</d>\n<e><&></e>\n");
 }
 
 TEST(WriterForms, WritesAttributesInTheirForms) {
@@ -49,15 +51,6 @@ TEST(WriterForms, WritesAttributesInTheirForms) {
                   writer.EndElement();
               }),
               "<e a=\"0x00000000\" b=\"4294967295\" d=\"0x00000001\" />\n");
-}
-
-TEST(WriterForms, LeavesOutWhatIsZeroOrEmpty) {
-    EXPECT_EQ(Written([](XMLWriter& writer) {
-                  WriteElementHex8UnlessZero(writer, "a", 0);
-                  WriteElementTextUnlessEmpty(writer, "a", "");
-                  WriteElementTextUnlessEmpty(writer, "a", nullptr);
-              }),
-              "");
 }
 
 }  // namespace

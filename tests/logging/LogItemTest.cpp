@@ -47,49 +47,48 @@ TEST(LogItemTest, BitPastTheMaskIsSet) {
     EXPECT_TRUE(LogMask().IsSet(0));
 }
 
-TEST(LogItemTest, FullMaskCopiesBothWays) {
-    const Bytes reply = Counted(63);
-    EXPECT_EQ(reply, Pack(LogMask::AllSet(), reply, 63));
-    EXPECT_EQ(reply, Expand(LogMask::AllSet(), reply, 63));
+TEST(LogItemTest, PacksBytesAtTheirPlaces) {
+    const struct {
+        const char* behaviour;
+        LogMask mask;
+        Bytes reply;
+        std::uint32_t size;
+        Bytes packed;
+    } cases[] = {
+        {"a full mask", LogMask::AllSet(), Counted(63), 63, Counted(63)},
+        {"bytes past the mask, too", LogMask::AllSet(), Counted(200), 200, Counted(200)},
+        {"with gaps", LogMask(Bytes{0x05}), {1, 2, 3}, 3, {1, kUntouched, 3}},
+        {"no further than the record", LogMask::AllSet(), Counted(5), 2, {1, 2}},
+        {"or the reply", LogMask::AllSet(), Counted(2), 3, {1, 2, kUntouched}},
+        {"a place in the reply only", LogMask(Bytes{0x02}), Counted(2), 1, {kUntouched}},
+    };
+    for (const auto& one : cases)
+        EXPECT_EQ(one.packed, Pack(one.mask, one.reply, one.size)) << one.behaviour;
 }
 
-TEST(LogItemTest, BytesPastTheMaskAreStoredToo) {
-    const Bytes reply = Counted(200);
-    EXPECT_EQ(reply, Pack(LogMask::AllSet(), reply, 200));
-    EXPECT_EQ(reply, Expand(LogMask::AllSet(), reply, 200));
-}
-
-// Writers and readers do not agree on this, and files depend on the reading side: bytes keep their places in the
+// Writers and readers do not agree on gaps, and files depend on the reading side: bytes keep their places in the
 // record, and are read as if they had been moved together.
-TEST(LogItemTest, PackingLeavesGapsThatExpandingDoesNotKnow) {
-    const LogMask mask(Bytes{0x05});
-    const Bytes reply = {1, 2, 3};
-    const Bytes packed = Pack(mask, reply, 3);
-    EXPECT_EQ((Bytes{1, kUntouched, 3}), packed);
-    EXPECT_EQ((Bytes{1, 0, kUntouched}), Expand(mask, packed, 3));
-    EXPECT_EQ((Bytes{1, 0, 3}), Expand(mask, {1, 3}, 3));
-}
-
-TEST(LogItemTest, PackingWalksNoFurtherThanTheRecordOrTheReply) {
-    EXPECT_EQ((Bytes{1, 2}), Pack(LogMask::AllSet(), Counted(5), 2));
-    EXPECT_EQ((Bytes{1, 2, kUntouched}), Pack(LogMask::AllSet(), Counted(2), 3));
-    // The second byte has a place in the reply only: the record ends before it.
-    EXPECT_EQ((Bytes{kUntouched}), Pack(LogMask(Bytes{0x02}), Counted(2), 1));
-}
-
-TEST(LogItemTest, ExpandingEndsWithZerosWhereTheRecordIsShorter) {
-    EXPECT_EQ((Bytes{1, 2, 0, 0}), Expand(LogMask::AllSet(), {1, 2}, 4));
-    EXPECT_EQ((Bytes{1, 2, 0, 0}), Expand(LogMask(), {1, 2}, 4));
-    EXPECT_EQ((Bytes{1, 0, 2, 0}), Expand(LogMask(Bytes{0xFD}), {1, 2}, 4));
-}
-
-TEST(LogItemTest, ExpandingTakesNoMoreThanTheReply) {
-    EXPECT_EQ((Bytes{1, 2}), Expand(LogMask::AllSet(), Counted(5), 2));
-    EXPECT_EQ(Bytes(), Expand(LogMask(Bytes{0x00}), Counted(5), 0));
-}
-
-TEST(LogItemTest, ExpandingCrossesTheEndOfTheMask) {
-    EXPECT_EQ((Bytes{0, 1, 0, 2, 0, 3, 0, 4, 5, 6, 0}), Expand(LogMask(Bytes{0xAA}), Counted(6), 11));
+TEST(LogItemTest, ExpandsBytesThatStandTogether) {
+    const struct {
+        const char* behaviour;
+        LogMask mask;
+        Bytes packed;
+        std::uint32_t size;
+        Bytes reply;
+    } cases[] = {
+        {"a full mask", LogMask::AllSet(), Counted(63), 63, Counted(63)},
+        {"bytes past the mask, too", LogMask::AllSet(), Counted(200), 200, Counted(200)},
+        {"a gap of the writer is read", LogMask(Bytes{0x05}), {1, kUntouched, 3}, 3, {1, 0, kUntouched}},
+        {"no gap", LogMask(Bytes{0x05}), {1, 3}, 3, {1, 0, 3}},
+        {"zeros where the record is shorter", LogMask::AllSet(), {1, 2}, 4, {1, 2, 0, 0}},
+        {"without a mask", LogMask(), {1, 2}, 4, {1, 2, 0, 0}},
+        {"with a gap", LogMask(Bytes{0xFD}), {1, 2}, 4, {1, 0, 2, 0}},
+        {"no more than the reply", LogMask::AllSet(), Counted(5), 2, {1, 2}},
+        {"nothing of nothing", LogMask(Bytes{0x00}), Counted(5), 0, {}},
+        {"across the end of the mask", LogMask(Bytes{0xAA}), Counted(6), 11, {0, 1, 0, 2, 0, 3, 0, 4, 5, 6, 0}},
+    };
+    for (const auto& one : cases)
+        EXPECT_EQ(one.reply, Expand(one.mask, one.packed, one.size)) << one.behaviour;
 }
 
 }  // namespace

@@ -20,8 +20,6 @@ struct Rescued {
 // Logs of SmallLog: records of 15 bytes, 80 ms apart.
 class LogRescueTest : public ::testing::Test {
 protected:
-    static std::size_t PlaceOf(std::uint32_t i) { return kSmallDataOffset + std::size_t{15} * i; }
-
     static Rescued RescueFile(IFile& file, const LogHeader& header, std::uint64_t tableEnd) {
         LogRescue rescue(file, header, {MakeItem(kId, 3)}, tableEnd);
         Rescued rescued;
@@ -77,78 +75,85 @@ LogBytes Fill(LogBytes log, std::size_t at, std::size_t count, std::uint8_t byte
     return log;
 }
 
-TEST_F(LogRescueTest, GoodLogComesOutWhole) {
-    const Rescued rescued = Rescue(SmallLog(20));
-    ExpectAllBut(rescued, {}, 20);
-    EXPECT_EQ(rescued.skipped + rescued.left, 0U);
-    EXPECT_EQ(rescued.places, 0U);
+// A record's item, that of another writer.
+LogBytes Foreign(LogBytes log, std::size_t at) {
+    log.bytes[at + 8] = 9;
+    return log;
 }
 
-TEST_F(LogRescueTest, OneWrongOffsetCostsOneRecord) {
-    for (const std::uint32_t i : {0U, 7U, 19U}) {
-        const Rescued rescued = Rescue(SmallLog(20).PutWord32(PlaceOf(i), 5));
-        ExpectAllBut(rescued, {i}, 20);
-        EXPECT_EQ(rescued.skipped, i == 19 ? 0U : 15U);
-        EXPECT_EQ(rescued.places, i == 19 ? 0U : 1U);
-        EXPECT_EQ(rescued.left, i == 19 ? 15U : 0U);
-    }
+// Where record i of SmallLog(20) stands, and where one leads that is of no use.
+constexpr std::size_t At(std::uint32_t i) {
+    return kSmallDataOffset + std::size_t{15} * i;
+}
+constexpr std::uint32_t Amid(std::uint32_t i) {
+    return static_cast<std::uint32_t>(At(i) + 3);
 }
 
-TEST_F(LogRescueTest, OneAloneBetweenDamageComesOut) {
-    const Rescued rescued = Rescue(SmallLog(20).PutWord32(PlaceOf(7), 5).PutWord32(PlaceOf(9), 5));
-    ExpectAllBut(rescued, {7, 9}, 20);
-    EXPECT_EQ(rescued.places, 2U);
-}
-
-TEST_F(LogRescueTest, HoleOfZerosIsPassedOver) {
-    const Rescued rescued = Rescue(Fill(SmallLog(20), PlaceOf(5), 40, 0));
-    ExpectAllBut(rescued, {5, 6, 7}, 20);
-    EXPECT_EQ(rescued.skipped, 45U);
-}
-
-// The nextOffset of the first record in the hole is still there, its time and data are not.
-TEST_F(LogRescueTest, HoleBehindAnOffsetMakesNoRecord) {
-    ExpectAllBut(Rescue(Fill(SmallLog(20), PlaceOf(5) + 4, 40, 0)), {5, 6, 7}, 20);
-}
-
-TEST_F(LogRescueTest, InsertedBlockCostsAtMostTheRecordThatItIsIn) {
+TEST_F(LogRescueTest, TakesAllButWhatWasHit) {
     const LogBytes log = SmallLog(20);
-    const Rescued between = Rescue(Insert(log, PlaceOf(5), Bytes(100, 0x55)));
-    ExpectAllBut(between, {}, 20);
-    EXPECT_EQ(between.skipped, 100U);
-    ExpectAllBut(Rescue(Insert(log, PlaceOf(5) + 2, Bytes(100, 0x55))), {5}, 20);
-    // Behind the nextOffset, so that the record has a time from the block.
-    ExpectAllBut(Rescue(Insert(log, PlaceOf(5) + 6, {0x55})), {5}, 20);
-}
-
-TEST_F(LogRescueTest, RemovedBlockCostsWhatItTook) {
-    const LogBytes log = SmallLog(20);
-    const Rescued whole = Rescue(Cut(log, PlaceOf(5), 45));
-    EXPECT_EQ(whole.gone, 45U);
-    ExpectAllBut(whole, {5, 6, 7}, 20);
-    EXPECT_EQ(whole.skipped, 0U);
-    ExpectAllBut(Rescue(Cut(log, PlaceOf(5) + 1, 40)), {5, 6, 7}, 20);
-}
-
-// Its nextOffset is right, but the next whole record begins inside of what it takes for its data.
-TEST_F(LogRescueTest, RecordThatReachesIntoAnotherIsNone) {
-    for (const std::size_t own : {12U, 13U})
-        ExpectAllBut(Rescue(Cut(SmallLog(20), PlaceOf(5) + own, 44 - own)), {5, 6, 7}, 20);
-}
-
-TEST_F(LogRescueTest, LastRecordOfAMovedEndComesOut) {
-    LogBytes log = Insert(SmallLog(20), PlaceOf(18) + 3, Bytes(10, 0x55));
-    ExpectAllBut(Rescue(log), {18}, 20);
-    // Without the end mark nothing proves it.
-    ExpectAllBut(Rescue(log.PutWord32(8, kNeverEnded)), {18, 19}, 20);
-}
-
-TEST_F(LogRescueTest, WrongDataOffsetCostsNothing) {
-    for (const std::uint32_t offset : {0U, 60U, kSmallDataOffset + 15, kSmallDataOffset + 7, 0x80000000U}) {
-        const Rescued rescued = Rescue(SmallLog(20).PutWord32(4, offset));
-        ExpectAllBut(rescued, {}, 20);
-        EXPECT_EQ(rescued.skipped, 0U);
+    const Bytes older(log.bytes.begin() + static_cast<std::ptrdiff_t>(At(2)),
+                      log.bytes.begin() + static_cast<std::ptrdiff_t>(At(6)));
+    const LogBytes moved = Insert(log, At(18) + 3, Bytes(10, 0x55));
+    const struct {
+        const char* behaviour;
+        LogBytes log;
+        std::vector<std::uint32_t> lost;
+        std::uint64_t skipped, left;
+        std::uint32_t places;
+    } cases[] = {
+        {"a good log", log, {}, 0, 0, 0},
+        {"one wrong offset costs one record", LogBytes(log).PutWord32(At(0), 5), {0}, 15, 0, 1},
+        {"in the middle", LogBytes(log).PutWord32(At(7), 5), {7}, 15, 0, 1},
+        {"at the end", LogBytes(log).PutWord32(At(19), 5), {19}, 0, 15, 0},
+        {"one alone between damage comes out", LogBytes(log).PutWord32(At(7), 5).PutWord32(At(9), 5), {7, 9}, 30, 0, 2},
+        {"a hole of zeros is passed over", Fill(log, At(5), 40, 0), {5, 6, 7}, 45, 0, 1},
+        // The nextOffset of the first record in the hole is still there, its time and data are not.
+        {"a hole behind an offset makes no record", Fill(log, At(5) + 4, 40, 0), {5, 6, 7}, 45, 0, 1},
+        {"an inserted block between records", Insert(log, At(5), Bytes(100, 0x55)), {}, 100, 0, 1},
+        {"costs the record that it is in", Insert(log, At(5) + 2, Bytes(100, 0x55)), {5}, 115, 0, 1},
+        // Behind the nextOffset, so that the record has a time from the block.
+        {"even a byte of it", Insert(log, At(5) + 6, {0x55}), {5}, 16, 0, 1},
+        {"a removed block of whole records", Cut(log, At(5), 45), {5, 6, 7}, 0, 0, 1},
+        {"costs what it took", Cut(log, At(5) + 1, 40), {5, 6, 7}, 5, 0, 1},
+        // Its nextOffset is right, but the next whole record begins inside of what it takes for its data.
+        {"a record that reaches into another is none", Cut(log, At(5) + 12, 32), {5, 6, 7}, 13, 0, 1},
+        {"nor with a byte of its own", Cut(log, At(5) + 13, 31), {5, 6, 7}, 14, 0, 1},
+        {"the last record of a moved end comes out", moved, {18}, 25, 0, 1},
+        {"without the end mark nothing proves it", LogBytes(moved).PutWord32(8, kNeverEnded), {18, 19}, 0, 40, 0},
+        {"a wrong offset of the data costs nothing", LogBytes(log).PutWord32(4, 0), {}, 0, 0, 0},
+        {"into the table", LogBytes(log).PutWord32(4, 60), {}, 0, 0, 0},
+        {"behind a record", LogBytes(log).PutWord32(4, kSmallDataOffset + 15), {}, 0, 0, 0},
+        {"amid a record", LogBytes(log).PutWord32(4, kSmallDataOffset + 7), {}, 0, 0, 0},
+        {"past the file", LogBytes(log).PutWord32(4, 0x80000000U), {}, 0, 0, 0},
+        // It would take good records with it.
+        {"an unknown item that leads to no record",
+         Foreign(LogBytes(log).PutWord32(At(5), Amid(15)), At(5)),
+         {5},
+         15,
+         0,
+         1},
+        // No record in front looks where it leads.
+        {"at the begin", Foreign(LogBytes(log).PutWord32(At(0), Amid(3)), At(0)), {0}, 15, 0, 1},
+        {"unknown items that lead to each other and no further",
+         Foreign(Foreign(LogBytes(log).PutWord32(At(5), static_cast<std::uint32_t>(At(12))).PutWord32(At(12), Amid(15)),
+                         At(5)),
+                 At(12)),
+         {5, 12},
+         30,
+         0,
+         2},
+        {"an end that is cut is left", Cut(log, At(20) - 1, 1), {19}, 0, 14, 0},
+        {"a copy of an older block is no record", Insert(log, At(12), older), {}, 60, 0, 1},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.behaviour);
+        const Rescued rescued = Rescue(one.log);
+        ExpectAllBut(rescued, one.lost, 20);
+        EXPECT_EQ(rescued.skipped, one.skipped);
+        EXPECT_EQ(rescued.left, one.left);
+        EXPECT_EQ(rescued.places, one.places);
     }
+    EXPECT_EQ(Rescue(Cut(log, At(5), 45)).gone, 45U);
 }
 
 TEST_F(LogRescueTest, TableThatReachesIntoTheDataCostsNothing) {
@@ -175,39 +180,6 @@ TEST_F(LogRescueTest, UnknownItemsArePassedOverWhereTheyLeadOn) {
     EXPECT_EQ(rescued.unknown, 3U);
     EXPECT_EQ(rescued.unknownBytes, 32U + 12U + 13U);
     EXPECT_EQ(rescued.skipped + rescued.left, 0U);
-}
-
-// It would take good records with it.
-TEST_F(LogRescueTest, UnknownItemThatLeadsToNoRecordIsDamage) {
-    LogBytes log = SmallLog(20).PutWord32(PlaceOf(5), static_cast<std::uint32_t>(PlaceOf(15) + 3));
-    log.bytes[PlaceOf(5) + 8] = 9;
-    ExpectAllBut(Rescue(log), {5}, 20);
-    // No record in front looks where it leads.
-    log.PutWord32(PlaceOf(0), static_cast<std::uint32_t>(PlaceOf(3) + 3));
-    log.bytes[PlaceOf(0) + 8] = 9;
-    ExpectAllBut(Rescue(log), {0, 5}, 20);
-}
-
-TEST_F(LogRescueTest, UnknownItemsThatLeadToEachOtherAndNoFurtherAreDamage) {
-    LogBytes log = SmallLog(20).PutWord32(PlaceOf(5), static_cast<std::uint32_t>(PlaceOf(12)));
-    log.PutWord32(PlaceOf(12), static_cast<std::uint32_t>(PlaceOf(15) + 3));
-    log.bytes[PlaceOf(5) + 8] = log.bytes[PlaceOf(12) + 8] = 9;
-    ExpectAllBut(Rescue(log), {5, 12}, 20);
-}
-
-TEST_F(LogRescueTest, CutEndIsLeft) {
-    LogBytes log = SmallLog(20);
-    log.bytes.resize(PlaceOf(19) + 14);
-    const Rescued rescued = Rescue(log);
-    ExpectAllBut(rescued, {19}, 20);
-    EXPECT_EQ(rescued.left, 14U);
-}
-
-TEST_F(LogRescueTest, CopyOfAnOlderBlockIsNoRecord) {
-    const LogBytes log = SmallLog(20);
-    const Bytes older(log.bytes.begin() + static_cast<std::ptrdiff_t>(PlaceOf(2)),
-                      log.bytes.begin() + static_cast<std::ptrdiff_t>(PlaceOf(6)));
-    ExpectAllBut(Rescue(Insert(log, PlaceOf(12), older)), {}, 20);
 }
 
 TEST_F(LogRescueTest, GarbageHoldsNothing) {

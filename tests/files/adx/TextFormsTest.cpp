@@ -13,78 +13,78 @@
 namespace corvex {
 namespace {
 
-TEST(TextForms, HexTextFoldsDigitsAndSkipsAllElse) {
-    EXPECT_EQ(HexText("0x1F"), 0x1Fu);
-    EXPECT_EQ(HexText("1F"), 0x1Fu);
-    EXPECT_EQ(HexText("1 F"), 0x1Fu);
-    EXPECT_EQ(HexText("1f"), 0x1Fu);
-    EXPECT_EQ(HexText("10"), 16u);
-    EXPECT_EQ(HexText(""), 0u);
-    EXPECT_EQ(HexText("xyz-"), 0u);
-    EXPECT_EQ(HexText("0xFFFFFFFF"), 0xFFFFFFFFu);
+TEST(TextForms, HexTextFoldsTheLastEightDigitsAndSkipsAllElse) {
+    const std::pair<const char*, std::uint32_t> cases[] = {
+        {"0x1F", 0x1F},
+        {"1F", 0x1F},
+        {"1 F", 0x1F},
+        {"1f", 0x1F},
+        {"10", 16},
+        {"", 0},
+        {"xyz-", 0},
+        {"0xFFFFFFFF", 0xFFFFFFFF},
+        {"123456789", 0x23456789},
+    };
+    for (const auto& [text, word] : cases)
+        EXPECT_EQ(HexText(text), word) << text;
 }
 
-TEST(TextForms, HexTextKeepsTheLastEightDigits) {
-    EXPECT_EQ(HexText("123456789"), 0x23456789u);
-}
-
-TEST(TextForms, DecimalWordsAreUnsigned) {
-    EXPECT_EQ(DecimalWord("4294967295"), 4294967295u);
-    EXPECT_EQ(DecimalWord("2147483648"), 2147483648u);
-    EXPECT_EQ(DecimalWord("-1"), 4294967295u);
-    EXPECT_EQ(DecimalWord("0"), 0u);
-}
-
-TEST(TextForms, DecimalWordReadsTheLeadingNumber) {
-    EXPECT_EQ(DecimalWord(" \t\r\n12abc"), 12u);
-    EXPECT_EQ(DecimalWord("+7"), 7u);
-    EXPECT_EQ(DecimalWord("0x10"), 0u);
-    EXPECT_EQ(DecimalWord("1.9"), 1u);
-    EXPECT_EQ(DecimalWord("abc"), 0u);
-    EXPECT_EQ(DecimalWord(""), 0u);
-    EXPECT_EQ(DecimalWord("--1"), 0u);
-}
-
-TEST(TextForms, DecimalWordCutsWhatIsBeyondAWord) {
-    EXPECT_EQ(DecimalWord("4294967296"), 4294967295u);
-    EXPECT_EQ(DecimalWord(std::string(500, '9')), 4294967295u);
+TEST(TextForms, DecimalWordReadsTheLeadingNumberUnsigned) {
+    const std::pair<std::string, std::uint32_t> cases[] = {
+        {"4294967295", 4294967295},
+        {"2147483648", 2147483648},
+        {"-1", 4294967295},
+        {"0", 0},
+        {" \t\r\n12abc", 12},
+        {"+7", 7},
+        {"0x10", 0},
+        {"1.9", 1},
+        {"abc", 0},
+        {"", 0},
+        {"--1", 0},
+        // What is beyond a word is cut.
+        {"4294967296", 4294967295},
+        {std::string(500, '9'), 4294967295},
+    };
+    for (const auto& [text, word] : cases)
+        EXPECT_EQ(DecimalWord(text), word) << text;
 }
 
 TEST(TextForms, DecimalFloatReadsTheLeadingNumber) {
-    EXPECT_EQ(DecimalFloat("12.5"), 12.5F);
-    EXPECT_EQ(DecimalFloat(" -12.5 rpm"), -12.5F);
-    EXPECT_EQ(DecimalFloat("+3"), 3.0F);
-    EXPECT_EQ(DecimalFloat(".5"), 0.5F);
-    EXPECT_EQ(DecimalFloat("5."), 5.0F);
-    EXPECT_EQ(DecimalFloat("1e3"), 1000.0F);
-    EXPECT_EQ(DecimalFloat("1e"), 1.0F);
-    EXPECT_EQ(DecimalFloat("1,5"), 1.0F);
-    EXPECT_EQ(DecimalFloat("text"), 0.0F);
-    EXPECT_EQ(DecimalFloat(""), 0.0F);
-    EXPECT_EQ(DecimalFloat("+-1"), 0.0F);
-    EXPECT_EQ(DecimalFloat("--1"), 0.0F);
-    EXPECT_EQ(DecimalFloat("0x10"), 0.0F);
-}
-
-TEST(TextForms, DecimalFloatNarrowsBeyondItsRangeToInfinity) {
     constexpr float kInfinity = std::numeric_limits<float>::infinity();
-    EXPECT_EQ(DecimalFloat("1e39"), kInfinity);
-    EXPECT_EQ(DecimalFloat("-1e39"), -kInfinity);
-    EXPECT_EQ(DecimalFloat("1e400"), kInfinity);
-    EXPECT_EQ(DecimalFloat("-1e400"), -kInfinity);
-    EXPECT_EQ(DecimalFloat("1e99999999999999999999"), kInfinity);
-    EXPECT_EQ(DecimalFloat(std::string(400, '9')), kInfinity);
-    EXPECT_EQ(DecimalFloat("0." + std::string(350, '0') + "1e900"), kInfinity);
-    EXPECT_EQ(DecimalFloat("inf"), kInfinity);
-    EXPECT_EQ(DecimalFloat("-inf"), -kInfinity);
+    const std::pair<std::string, float> cases[] = {
+        {"12.5", 12.5F},
+        {" -12.5 rpm", -12.5F},
+        {"+3", 3.0F},
+        {".5", 0.5F},
+        {"5.", 5.0F},
+        {"1e3", 1000.0F},
+        {"1e", 1.0F},
+        {"1,5", 1.0F},
+        {"text", 0.0F},
+        {"", 0.0F},
+        {"+-1", 0.0F},
+        {"--1", 0.0F},
+        {"0x10", 0.0F},
+        // Beyond its range it is infinity.
+        {"1e39", kInfinity},
+        {"-1e39", -kInfinity},
+        {"1e400", kInfinity},
+        {"-1e400", -kInfinity},
+        {"1e99999999999999999999", kInfinity},
+        {std::string(400, '9'), kInfinity},
+        {"0." + std::string(350, '0') + "1e900", kInfinity},
+        {"inf", kInfinity},
+        {"-inf", -kInfinity},
+        // Below its range it is zero.
+        {"1e-400", 0.0F},
+        {"1e-99999999999999999999", 0.0F},
+        {"0." + std::string(400, '0') + "1", 0.0F},
+        {"1" + std::string(300, '0') + "e-900", 0.0F},
+    };
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(DecimalFloat(text), number) << text;
     EXPECT_TRUE(std::isnan(DecimalFloat("nan")));
-}
-
-TEST(TextForms, DecimalFloatBelowItsRangeIsZero) {
-    EXPECT_EQ(DecimalFloat("1e-400"), 0.0F);
-    EXPECT_EQ(DecimalFloat("1e-99999999999999999999"), 0.0F);
-    EXPECT_EQ(DecimalFloat("0." + std::string(400, '0') + "1"), 0.0F);
-    EXPECT_EQ(DecimalFloat("1" + std::string(300, '0') + "e-900"), 0.0F);
 }
 
 TEST(TextForms, TheLargestFloatKeepsItself) {
@@ -130,9 +130,8 @@ TEST(TextForms, CharactersOfANarrowFileKeepTheirByte) {
 
 TEST(TextForms, CharactersWithoutAByteBecomeQuestionMarks) {
     EXPECT_EQ(NarrowCharacter(0xE9), '\xE9');
-    EXPECT_EQ(NarrowCharacter(0x100), '?');
-    EXPECT_EQ(NarrowCharacter(0x20AC), '?');
-    EXPECT_EQ(NarrowCharacter(0xFF7F), '?');
+    for (const char16_t c : {u'\x100', u'\x20AC', u'\xFF7F'})
+        EXPECT_EQ(NarrowCharacter(c), '?');
 }
 
 }  // namespace
