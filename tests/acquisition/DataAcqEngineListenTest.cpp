@@ -30,62 +30,58 @@ protected:
 };
 
 TEST_F(ListenSilenceTest, AQuietLineIsSilent) {
-    EXPECT_EQ(engine.RunCommand(&command), 0);
+    line.Feed({1, 2, 3});  // what came before is purged
+    callback.answers["SilenceEnd"] = -4;
+    EXPECT_EQ(engine.RunCommand(&command), -4);
     EXPECT_EQ(line.Calls(), (Words{"timeouts 20 0 20 0 300", "purge 1 1", "read 1 -> 0"}));
     EXPECT_EQ(callback.words, (Words{"SilenceBegin", "SilenceEnd 0"}));
     EXPECT_EQ(callback.last.command, &command);
     EXPECT_EQ(clock.PeekMilliseconds(), 20.0);
 }
 
-TEST_F(ListenSilenceTest, SilenceComesAfterTheNoise) {
-    line.Feed({1, 2, 3, 4, 5}, 1, 10);
-    EXPECT_EQ(LastOf(command), "SilenceEnd 0");
-    EXPECT_EQ(clock.PeekMilliseconds(), 41.0 + 20.0);
+struct SilenceCase {
+    const char* behaviour;
+    Bytes noise;  // from 1 ms on, a byte each 10 ms
+    bool endless;
+    std::uint32_t stopAtRead, silencelen;
+    const char* end;
+    double ms;
+    std::size_t reads;
+};
+
+void PrintTo(const SilenceCase& one, std::ostream* out) {
+    *out << one.behaviour;
 }
 
-TEST_F(ListenSilenceTest, ALineThatNeverStopsTimesOut) {
-    line.FeedForEver(0x55, 10);
-    EXPECT_EQ(LastOf(command), "SilenceEnd 4");
+const SilenceCase kSilences[] = {
+    {"SilenceComesAfterTheNoise", {1, 2, 3, 4, 5}, false, 0, 20, "SilenceEnd 0", 41.0 + 20.0, 6},
     // At most the elapsed time: the byte that comes at 100 ms ends it.
-    EXPECT_EQ(clock.PeekMilliseconds(), 100.0);
-    EXPECT_EQ(line.Calls("read").size(), 10U);
+    {"ALineThatNeverStopsTimesOut", {}, true, 0, 20, "SilenceEnd 4", 100.0, 10},
+    {"AStopGoesBeforeTheTimeout", {}, true, 10, 20, "SilenceEnd 2", 100.0, 10},
+    {"AStopIsNotSeenWhenTheSilenceIsThereBefore", {}, false, 1, 20, "SilenceEnd 0", 20.0, 1},
+    {"AStopCutsTheWaitForALongSilence", {}, false, 3, 0xFFFFFFFF, "SilenceEnd 2", 150.0, 3},
+};
+
+class ListenSilenceLine : public ListenSilenceTest, public testing::WithParamInterface<SilenceCase> {};
+
+TEST_P(ListenSilenceLine, EndsAsTold) {
+    line.Feed(GetParam().noise, 1, 10);
+    if (GetParam().endless) line.FeedForEver(0x55, 10);
+    command.silencelen = GetParam().silencelen;
+    StopAtRead(GetParam().stopAtRead);
+    EXPECT_EQ(LastOf(command), GetParam().end);
+    EXPECT_EQ(clock.PeekMilliseconds(), GetParam().ms);
+    EXPECT_EQ(line.Calls("read").size(), GetParam().reads);
 }
 
-TEST_F(ListenSilenceTest, WhatCameBeforeIsPurged) {
-    line.Feed({1, 2, 3});
-    engine.RunCommand(&command);
-    EXPECT_EQ(line.Calls("read"), (Words{"read 1 -> 0"}));
-}
+INSTANTIATE_TEST_SUITE_P(All, ListenSilenceLine, testing::ValuesIn(kSilences),
+                         [](const auto& info) { return std::string(info.param.behaviour); });
 
 TEST_F(ListenSilenceTest, ARefusedBeginningHasNoEnd) {
     callback.answers["SilenceBegin"] = -3;
     EXPECT_EQ(engine.RunCommand(&command), -3);
     EXPECT_EQ(callback.words, (Words{"SilenceBegin"}));
     EXPECT_EQ(line.Calls(), (Words{"timeouts 20 0 20 0 300"}));
-}
-
-TEST_F(ListenSilenceTest, TheEndGivesTheResult) {
-    callback.answers["SilenceEnd"] = -4;
-    EXPECT_EQ(engine.RunCommand(&command), -4);
-}
-
-TEST_F(ListenSilenceTest, AStopGoesBeforeTheTimeout) {
-    line.FeedForEver(0x55, 10);
-    StopAtRead(10);
-    EXPECT_EQ(LastOf(command), "SilenceEnd 2");
-    EXPECT_EQ(line.Calls("read").size(), 10U);
-}
-
-TEST_F(ListenSilenceTest, AStopIsNotSeenWhenTheSilenceIsThereBefore) {
-    line.onRead = [this](std::uint32_t) { engine.RequestStop(); };
-    EXPECT_EQ(LastOf(command), "SilenceEnd 0");
-}
-
-TEST_F(ListenSilenceTest, AStopCutsTheWaitForALongSilence) {
-    command.silencelen = 0xFFFFFFFF;
-    StopAtRead(3);
-    EXPECT_EQ(LastOf(command), "SilenceEnd 2");
-    EXPECT_EQ(clock.PeekMilliseconds(), 150.0);
 }
 
 TEST_F(ListenSilenceTest, NoLengthMakesItAPureDelay) {
@@ -129,10 +125,8 @@ TEST_F(ListenSilenceTest, ALongDelayDoesNotSpin) {
 }
 
 TEST_F(ListenSilenceTest, NoLengthAndNoTimeReturnAtOnce) {
-    command.silencelen = 0;
-    command.totaltimeout = 0;
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words, Words{});
+    command.silencelen = command.totaltimeout = 0;
+    EXPECT_EQ(WordsOf(command), Words{});
     EXPECT_EQ(clock.PeekMilliseconds(), 0.0);
 }
 
@@ -146,7 +140,8 @@ TEST_F(ListenSilenceTest, ADelayEndsOnAMachineWithoutACounter) {
 
 TEST_F(ListenChatterTest, APatternInTheFirstBytesNeedsNoShifting) {
     line.Feed({7, 8, 9});
-    EXPECT_EQ(engine.RunCommand(&command), 0);
+    callback.answers["ChatterEnd"] = -6;
+    EXPECT_EQ(engine.RunCommand(&command), -6);
     EXPECT_EQ(line.Calls(), (Words{"timeouts 50 0 50 0 300", "read 1 -> 1", "read 1 -> 1", "read 1 -> 1"}));
     EXPECT_EQ(Told(), "50 0 400 0 300");
     EXPECT_EQ(callback.words, (Words{"ChatterBegin", "ChatterEnd 0"}));
@@ -223,12 +218,6 @@ TEST_F(ListenChatterTest, ARefusedBeginningReadsNothing) {
     EXPECT_EQ(engine.RunCommand(&command), -3);
     EXPECT_EQ(callback.words, (Words{"ChatterBegin"}));
     EXPECT_EQ(line.Calls("read"), Words{});
-}
-
-TEST_F(ListenChatterTest, TheEndGivesTheResult) {
-    line.Feed({7, 8, 9});
-    callback.answers["ChatterEnd"] = -6;
-    EXPECT_EQ(engine.RunCommand(&command), -6);
 }
 
 }  // namespace

@@ -29,9 +29,11 @@ struct MacroNode {
     std::uint32_t repeatcount = 1, flags = 0;
 };
 
+using MacroNodes = std::vector<MacroNode>;
+
 struct MacroCase {
     const char* behaviour;
-    std::vector<MacroNode> nodes;
+    MacroNodes nodes;
     const char* words;
     const char* refused = "";  // the callback that answers with a failure
     std::uint32_t replysize = 5, repeatcount = 1;
@@ -47,7 +49,8 @@ const MacroCase kMacros[] = {
     {"AndTheWhole", {{kTrigger, 2}}, "MacroBegin, Trigger, Trigger, Trigger, Trigger, MacroEnd 0", "", 5, 2},
     {"ARepeatcountOfZeroRunsNothing", {{kTrigger}}, "MacroBegin, MacroEnd 0", "", 5, 0},
     {"CountZeroAndNoCommandArePassedOver", {{kTrigger, 0}, {kEmpty}, {kTrigger}}, "MacroBegin, Trigger, MacroEnd 0"},
-    {"BillionsOfRoundsOverNothingEnd", {{kEmpty}, {kTrigger, 0}}, "MacroBegin, MacroEnd 0", "", 5, 0xFFFFFFFF},
+    {"BillionsOfRoundsOverNoCommandEnd", MacroNodes(1000, {kEmpty}), "MacroBegin, MacroEnd 0", "", 5, 0xFFFFFFFF},
+    {"AndOverNoneThatRuns", MacroNodes(1000, {kTrigger, 0}), "MacroBegin, MacroEnd 0", "", 5, 0xFFFFFFFF},
     {"WithoutNodesOnlyTheEndIsCalled", {}, "MacroEnd 0"},
     {"ARefusedBeginningGoesToTheEnd", {{kTrigger}}, "MacroBegin, MacroEnd 0", "MacroBegin"},
     {"Flag1EndsItWhenTheNodeFails",

@@ -131,21 +131,6 @@ TEST_F(KillTest, EverySampleOfAKilledRecordingIsReadBack) {
     EXPECT_LT(1000U, samples);
 }
 
-TEST_F(KillTest, LogIsReadWhileAnotherProcessRecordsIt) {
-    const SharedMemory<Progress> progress;
-    PeerProcess peer([&] { return RecordUntilKilled(path_, *progress); });
-    ASSERT_TRUE(Eventually([&] { return progress->finished != 0; }));
-    for (int look = 0; look < 10; ++look) {
-        const std::uint32_t before = progress->finished;
-        const std::uint32_t records = CheckRecords();
-        const std::uint32_t after = progress->finished;
-        ASSERT_LE(before, records);
-        ASSERT_GE(after + 1, records);
-    }
-    peer.Kill();
-    EXPECT_EQ(0U, progress->mistakes);
-}
-
 struct FullDisk {
     std::array<std::atomic<std::uint32_t>, 30> results;
     std::atomic<std::uint64_t> sizeWhenFull;
