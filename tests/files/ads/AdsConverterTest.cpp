@@ -25,14 +25,6 @@ TEST(AdsConverter, NullArgumentsGiveZero) {
     EXPECT_EQ(definition.baud, 1u);
 }
 
-TEST(AdsConverter, AnEmptyFileGivesAnEmptyDefinition) {
-    const AdsImport file("");
-    EXPECT_EQ(file.definition.GetCount(), 0u);
-    EXPECT_EQ(file.definition.baud, 8192u);
-    EXPECT_EQ(file.definition.monitorcmd, nullptr);
-    EXPECT_FALSE(file.definition.Author().IsSet());
-}
-
 TEST(AdsConverter, ClearsTheDefinitionFirst) {
     AdsImport file(WholeAdsFile());
     file.definition.flags = 1;
@@ -40,7 +32,9 @@ TEST(AdsConverter, ClearsTheDefinitionFirst) {
     EXPECT_EQ(ConvertAds(&file.definition, &empty), 1);
     EXPECT_EQ(file.definition.GetCount(), 0u);
     EXPECT_EQ(file.definition.flags, 0u);
+    EXPECT_EQ(file.definition.baud, 8192u);
     EXPECT_EQ(file.definition.monitorcmd, nullptr);
+    EXPECT_FALSE(file.definition.Author().IsSet());
 }
 
 TEST(AdsConverter, TakesTheHeader) {
@@ -52,29 +46,26 @@ TEST(AdsConverter, TakesTheHeader) {
 }
 
 TEST(AdsConverter, A160BaudFileMakesOneListenCommandAt4800Baud) {
-    AdsTexts records = AdsRecord("Stream", "F4", "1", "0");
+    AdsTexts two = AdsRecord("Stream", "F4", "1", "0");
     for (const std::string& field : AdsRecord("Second", "F4", "1", "0", "1"))
-        records.push_back(field);
-    const AdsImport file(AdsHeaderBlock("1.2", "160", "2", records));
-    EXPECT_EQ(file.definition.baud, 4800u);
-    ASSERT_EQ(file.definition.GetCount(), 1u);
-    const auto& listen = file.Get<ADXC160BaudListen>("160BAUD");
-    EXPECT_STREQ(listen.Title(), "Stream");
-    EXPECT_EQ(listen.packetsize, 20u);
-    EXPECT_EQ(file.definition.monitorcmd, &listen);
-}
-
-TEST(AdsConverter, A160BaudFileWithoutRecordsListensByTheDefaults) {
-    const AdsImport file(AdsHeaderBlock("1.2", "160"));
-    const auto& listen = file.Get<ADXC160BaudListen>("160BAUD");
-    EXPECT_STREQ(listen.Title(), "New ALDL Data Command");
-    EXPECT_EQ(listen.packetsize, 63u);
-    EXPECT_EQ(file.definition.monitorcmd, &listen);
-}
-
-TEST(AdsConverter, A160BaudFileWithoutAPayloadHasNoCommand) {
+        two.push_back(field);
+    const struct {
+        const char* count;
+        AdsTexts records;
+        const char* title;
+        std::uint32_t packetsize;
+    } cases[] = {{"2", two, "Stream", 20}, {"0", {}, "New ALDL Data Command", 63}};
+    for (const auto& one : cases) {
+        const AdsImport file(AdsHeaderBlock("1.2", "160", one.count, one.records));
+        EXPECT_EQ(file.definition.baud, 4800u);
+        ASSERT_EQ(file.definition.GetCount(), 1u);
+        const auto& listen = file.Get<ADXC160BaudListen>("160BAUD");
+        EXPECT_STREQ(listen.Title(), one.title);
+        EXPECT_EQ(listen.packetsize, one.packetsize);
+        EXPECT_EQ(file.definition.monitorcmd, &listen);
+    }
     const AdsImport file(AdsHeaderBlock("1.2", "160", "1", {"Stream", "", "0", "0", "0"}));
-    EXPECT_EQ(file.definition.GetCount(), 0u);
+    EXPECT_EQ(file.definition.GetCount(), 0u) << "without a payload there is no command";
     EXPECT_EQ(file.definition.baud, 4800u);
     EXPECT_EQ(file.definition.monitorcmd, nullptr);
 }

@@ -101,11 +101,8 @@ TEST(AdsItemConverter, ATableKeepsItsGivenSlotsOneKeyHigher) {
         EXPECT_EQ(output, outputs[i]);
     }
     EXPECT_EQ(file.definition.GetCount(), 1u);  // tables are not listed
-}
-
-TEST(AdsItemConverter, ATableOfWholeNumbersShowsThem) {
-    const AdsImport file(AdsHeaderBlock() + AdsItem(5, "40", AdsTable("0,10\n", "256", "1")));
-    EXPECT_EQ(file.Get<ADXLookupTable>("40").GetOutputType(), 1u);
+    const AdsImport whole(AdsHeaderBlock() + AdsItem(5, "40", AdsTable("0,10\n", "256", "1")));
+    EXPECT_EQ(whole.Get<ADXLookupTable>("40").GetOutputType(), 1u) << "whole numbers are shown as such";
 }
 
 TEST(AdsItemConverter, SlotsPastTheMaskAreAllKept) {
@@ -141,11 +138,9 @@ TEST(AdsItemConverter, WithoutItsTableAValueHasNoneAndItsLimitsAreZero) {
         EXPECT_EQ(value.rangehigh, 0.0F);
         EXPECT_EQ(value.alarmhigh, 0.0F);
     }
-}
-
-TEST(AdsItemConverter, OtherOperationsTakeNoTable) {
-    const ImportValue file({.operation = "0", .table = "40"}, AdsItem(5, "40", AdsTable("0,1\n")));
-    EXPECT_EQ(file.Get<ADXValue>("10").lookup, nullptr);
+    // Other operations take no table.
+    const ImportValue linear({.operation = "0", .table = "40"}, AdsItem(5, "40", AdsTable("0,1\n")));
+    EXPECT_EQ(linear.Get<ADXValue>("10").lookup, nullptr);
 }
 
 TEST(AdsItemConverter, ABitTakesItsFields) {
@@ -164,17 +159,12 @@ TEST(AdsItemConverter, ABitTakesItsFields) {
 }
 
 TEST(AdsItemConverter, ABitNumberBeyondAWordIsNoBit) {
-    for (const char* number : {"32", "-1", "4294967295"}) {
-        const AdsImport file(AdsHeaderBlock() + AdsItem(2, "20", Bit(number)));
-        EXPECT_EQ(file.Get<ADXBitmask>("20").operand, 0u) << number;
+    const std::pair<const char*, std::uint32_t> cases[] = {
+        {"31", 0x80000000u}, {"32", 0}, {"-1", 0}, {"4294967295", 0}};
+    for (const auto& [number, operand] : cases) {
+        const AdsImport file(AdsHeaderBlock() + AdsItem(2, "4294967295", Bit(number)));
+        EXPECT_EQ(file.Get<ADXBitmask>("-1").operand, operand) << number << "; ids are signed";
     }
-    const AdsImport file(AdsHeaderBlock() + AdsItem(2, "20", Bit("31")));
-    EXPECT_EQ(file.Get<ADXBitmask>("20").operand, 0x80000000u);
-}
-
-TEST(AdsItemConverter, IdsAreSignedNumbers) {
-    const AdsImport file(AdsHeaderBlock() + AdsItem(2, "4294967295", Bit("0")));
-    EXPECT_NE(file.definition.FindById("-1"), nullptr);
 }
 
 TEST(AdsItemConverter, SeparatorsBecomeNoObject) {
