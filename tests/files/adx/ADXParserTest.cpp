@@ -25,10 +25,6 @@ struct FileCase {
     std::vector<std::string> lines = {};
 };
 
-void PrintTo(const FileCase& one, std::ostream* out) {
-    *out << one.text;
-}
-
 const FileCase kFiles[] = {
     {"AVersionBelowAHalfIsOutOfDate", Version("0.4"), kOutOfDate},
     {"AHalfIsUpToDate", Version("0.5"), kNoError},
@@ -68,18 +64,16 @@ const FileCase kFiles[] = {
      {"header objects = 1"}},
 };
 
-class ADXParserFile : public testing::TestWithParam<FileCase> {};
-
-TEST_P(ADXParserFile, EndsAsTold) {
-    ADXDefinition definition;
-    const ParseResult result = ParseText(GetParam().text, definition);
-    const char* const expected = GetParam().error;
-    EXPECT_EQ(result.ok, expected == kNoError ? 1 : 0);
-    EXPECT_EQ(result.error, expected == kNoError ? "" : expected);
-    ExpectLines(definition, GetParam().lines);
+TEST(ADXParser, EndsFilesAsTold) {
+    for (const FileCase& one : kFiles) {
+        SCOPED_TRACE(std::string(one.behaviour) + ": " + one.text);
+        ADXDefinition definition;
+        const ParseResult result = ParseText(one.text, definition);
+        EXPECT_EQ(result.ok, one.error == kNoError ? 1 : 0);
+        EXPECT_EQ(result.error, one.error == kNoError ? "" : one.error);
+        ExpectLines(definition, one.lines);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(All, ADXParserFile, testing::ValuesIn(kFiles), ByBehaviour());
 
 const ObjectsCase kObjects[] = {
     // Depth is not looked at: a known name counts wherever it stands.
@@ -122,13 +116,9 @@ const ObjectsCase kObjects[] = {
     {"AnEmptyElementIsAnObject", "<ADXVALUE id='A'/><ADXMACRO/>", {"header objects = 2"}},
 };
 
-class ADXParserObjects : public ObjectsTest {};
-
-TEST_P(ADXParserObjects, AreReadAsTold) {
-    ExpectLines(definition, GetParam().lines);
+TEST(ADXParser, ReadsObjectsAsTold) {
+    ExpectObjects(kObjects);
 }
-
-INSTANTIATE_TEST_SUITE_P(All, ADXParserObjects, testing::ValuesIn(kObjects), ByBehaviour());
 
 TEST(ADXParser, ReadsBothOrdersOfAWideFile) {
     const std::string text = std::string(kRoot) + "<ADXVALUE id='A'><units>\xB0\x43</units></ADXVALUE>";

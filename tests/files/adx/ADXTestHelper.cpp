@@ -40,4 +40,13 @@ void ExpectLines(const ADXDefinition& definition, const std::vector<std::string>
     }
 }
 
+void ExpectObjects(std::span<const ObjectsCase> cases) {
+    for (const ObjectsCase& one : cases) {
+        SCOPED_TRACE(std::string(one.behaviour) + ": " + one.objects.substr(0, 300));
+        ADXDefinition definition;
+        ParseObjects(one.objects, definition);
+        ExpectLines(definition, one.lines);
+    }
+}
+
 }  // namespace corvex

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 #include <memory>
-#include <ostream>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,27 +48,9 @@ struct ObjectsCase {
     std::vector<std::string> lines;
 };
 
-inline void PrintTo(const ObjectsCase& one, std::ostream* out) {
-    *out << one.objects;
-}
-
 void ExpectLines(const ADXDefinition& definition, const std::vector<std::string>& lines);
-
-// For tables of them.
-class ObjectsTest : public testing::TestWithParam<ObjectsCase> {
-protected:
-    ObjectsTest() { ParseObjects(GetParam().objects, definition); }
-
-    ADXDefinition definition;
-};
-
-// Names each case of a table by its behaviour.
-struct ByBehaviour {
-    template <class Case>
-    std::string operator()(const testing::TestParamInfo<Case>& info) const {
-        return info.param.behaviour;
-    }
-};
+// Each case of a table.
+void ExpectObjects(std::span<const ObjectsCase> cases);
 
 // Notes what it is told.
 class ProgressRecorder : public IProgress {

@@ -47,13 +47,9 @@ const ObjectsCase kReadCommands[] = {
      {"0 node commandid = 0123456789ABCDE", "0 node repeatcount = 1", "0 node command = none"}},
 };
 
-class CommandReaderObjects : public ObjectsTest {};
-
-TEST_P(CommandReaderObjects, AreReadAsTold) {
-    ExpectLines(definition, GetParam().lines);
+TEST(CommandReader, ReadsAsTold) {
+    ExpectObjects(kReadCommands);
 }
-
-INSTANTIATE_TEST_SUITE_P(All, CommandReaderObjects, testing::ValuesIn(kReadCommands), ByBehaviour());
 
 }  // namespace
 }  // namespace corvex

@@ -23,10 +23,6 @@ struct AgainCase {
     std::vector<std::string> again = {};
 };
 
-void PrintTo(const AgainCase& one, std::ostream* out) {
-    *out << one.objects;
-}
-
 const std::string kLongEquation = "X" + std::string(254, ' ');
 
 const AgainCase kAgain[] = {
@@ -109,17 +105,16 @@ const AgainCase kAgain[] = {
       "2 gauge itemidhash = 0", "3 entries = 0", "4 nodes = 0", "5 row itemidhash = 1", "6 var = X 1 1"}},
 };
 
-class FormatDifferencesAgain : public testing::TestWithParam<AgainCase> {};
-
-TEST_P(FormatDifferencesAgain, ReadsBackAsTold) {
-    ADXDefinition definition, loaded;
-    ParseObjects(GetParam().objects, definition);
-    ExpectLines(definition, GetParam().lines);
-    SaveAndLoad(definition, loaded);
-    ExpectLines(loaded, GetParam().again);
+TEST(FormatDifferences, ReadBackAsTold) {
+    for (const AgainCase& one : kAgain) {
+        SCOPED_TRACE(one.behaviour);
+        ADXDefinition definition, loaded;
+        ParseObjects(one.objects, definition);
+        ExpectLines(definition, one.lines);
+        SaveAndLoad(definition, loaded);
+        ExpectLines(loaded, one.again);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(All, FormatDifferencesAgain, testing::ValuesIn(kAgain), ByBehaviour());
 
 TEST(FormatDifferences, BaseFlagsOfCommandsAreWrittenAndLost) {
     ADXDefinition definition, loaded;

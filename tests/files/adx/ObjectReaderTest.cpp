@@ -74,13 +74,9 @@ const ObjectsCase kReadObjects[] = {
      {"0 series linewidth = 1", "0 series item = object 1"}},
 };
 
-class ObjectReaderObjects : public ObjectsTest {};
-
-TEST_P(ObjectReaderObjects, AreReadAsTold) {
-    ExpectLines(definition, GetParam().lines);
+TEST(ObjectReader, ReadsAsTold) {
+    ExpectObjects(kReadObjects);
 }
-
-INSTANTIATE_TEST_SUITE_P(All, ObjectReaderObjects, testing::ValuesIn(kReadObjects), ByBehaviour());
 
 TEST(DashboardReader, KeepsTheFirst255Gauges) {
     ADXDefinition definition;
