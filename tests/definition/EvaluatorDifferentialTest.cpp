@@ -22,32 +22,21 @@ public:
     // What packets and links give, and what they should not.
     double Value() {
         constexpr double kInfinity = std::numeric_limits<double>::infinity();
-        switch (Below(12)) {
-            case 0:
-                return 0.0;
-            case 1:
-                return static_cast<double>(Below(256));
-            case 2:
-                return static_cast<double>(Below(65536));
-            case 3:
-                return static_cast<double>(random_() >> 32);
-            case 4:
-                return -static_cast<double>(Below(40000));
-            case 5:
-                return static_cast<double>(Below(4000000000)) / 1e7 + 5e-8;
-            case 6:
-                return -static_cast<double>(Below(1000000)) / 128.0;
-            case 7:
-                return std::bit_cast<double>(random_());
-            case 8:
-                return std::ldexp(1.0 + static_cast<double>(Below(1000)) / 997.0, static_cast<int>(Below(700)));
-            case 9:
-                return Below(2) == 0 ? kInfinity : -kInfinity;
-            case 10:
-                return Below(2) == 0 ? std::nan("") : -0.0;
-            default:
-                return static_cast<double>(Below(100)) * 0.1;
-        }
+        const double values[] = {
+            0.0,
+            static_cast<double>(Below(256)),
+            static_cast<double>(Below(65536)),
+            static_cast<double>(random_() >> 32),
+            -static_cast<double>(Below(40000)),
+            static_cast<double>(Below(4000000000)) / 1e7 + 5e-8,
+            -static_cast<double>(Below(1000000)) / 128.0,
+            std::bit_cast<double>(random_()),
+            std::ldexp(1.0 + static_cast<double>(Below(1000)) / 997.0, static_cast<int>(Below(700))),
+            Below(2) == 0 ? kInfinity : -kInfinity,
+            Below(2) == 0 ? std::nan("") : -0.0,
+            static_cast<double>(Below(100)) * 0.1,
+        };
+        return values[Below(12)];
     }
 
     std::string Number() {

@@ -68,23 +68,10 @@ private:
     static bool IsOperator(char c) { return c != '\0' && std::strchr("#*/%-+^&|<>", c) != nullptr; }
 
     static int Precedence(char c) {
-        switch (c) {
-            case '#':
-            case '*':
-            case '/':
-                return 19;
-            case '%':
-                return 18;
-            case '-':
-            case '+':
-                return 16;
-            case '^':
-            case '&':
-            case '|':
-                return 15;
-            default:
-                return 13;
-        }
+        if (std::strchr("#*/", c) != nullptr) return 19;
+        if (c == '%') return 18;
+        if (c == '-' || c == '+') return 16;
+        return std::strchr("^&|", c) != nullptr ? 15 : 13;
     }
 
     static std::string Token(const std::string& text, std::size_t i) {
@@ -213,43 +200,19 @@ private:
     }
 
     static int Apply(char c, double a, double b, double& r) {
-        switch (c) {
-            case '#':
-                r = std::pow(a, b);
-                return 0;
-            case '*':
-                r = a * b;
-                return 0;
-            case '/':
-                if (b == 0.0) return 5;
-                r = a / b;
-                return 0;
-            case '%':
-                if (Whole(b) == 0) return 5;
-                r = static_cast<double>(static_cast<long long>(Whole(a)) % Whole(b));
-                return 0;
-            case '-':
-                r = a - b;
-                return 0;
-            case '+':
-                r = a + b;
-                return 0;
-            case '^':
-                r = Whole(a) ^ Whole(b);
-                return 0;
-            case '&':
-                r = Whole(a) & Whole(b);
-                return 0;
-            case '|':
-                r = Whole(a) | Whole(b);
-                return 0;
-            case '<':
-                r = a < b ? 1.0 : 0.0;
-                return 0;
-            default:
-                r = a > b ? 1.0 : 0.0;
-                return 0;
-        }
+        if ((c == '/' && b == 0.0) || (c == '%' && Whole(b) == 0)) return 5;
+        if (c == '#') r = std::pow(a, b);
+        if (c == '*') r = a * b;
+        if (c == '/') r = a / b;
+        if (c == '%') r = static_cast<double>(static_cast<long long>(Whole(a)) % Whole(b));
+        if (c == '-') r = a - b;
+        if (c == '+') r = a + b;
+        if (c == '^') r = Whole(a) ^ Whole(b);
+        if (c == '&') r = Whole(a) & Whole(b);
+        if (c == '|') r = Whole(a) | Whole(b);
+        if (c == '<') r = a < b ? 1.0 : 0.0;
+        if (c == '>') r = a > b ? 1.0 : 0.0;
+        return 0;
     }
 };
 
