@@ -22,21 +22,19 @@ public:
     // What packets and links give, and what they should not.
     double Value() {
         constexpr double kInfinity = std::numeric_limits<double>::infinity();
-        const double values[] = {
-            0.0,
-            static_cast<double>(Below(256)),
-            static_cast<double>(Below(65536)),
-            static_cast<double>(random_() >> 32),
-            -static_cast<double>(Below(40000)),
-            static_cast<double>(Below(4000000000)) / 1e7 + 5e-8,
-            -static_cast<double>(Below(1000000)) / 128.0,
-            std::bit_cast<double>(random_()),
-            std::ldexp(1.0 + static_cast<double>(Below(1000)) / 997.0, static_cast<int>(Below(700))),
-            Below(2) == 0 ? kInfinity : -kInfinity,
-            Below(2) == 0 ? std::nan("") : -0.0,
-            static_cast<double>(Below(100)) * 0.1,
-        };
-        return values[Below(12)];
+        const std::size_t kind = Below(12);
+        if (kind == 0) return 0.0;
+        if (kind == 1) return static_cast<double>(Below(256));
+        if (kind == 2) return static_cast<double>(Below(65536));
+        if (kind == 3) return static_cast<double>(random_() >> 32);
+        if (kind == 4) return -static_cast<double>(Below(40000));
+        if (kind == 5) return static_cast<double>(Below(4000000000)) / 1e7 + 5e-8;
+        if (kind == 6) return -static_cast<double>(Below(1000000)) / 128.0;
+        if (kind == 7) return std::bit_cast<double>(random_());
+        if (kind == 8) return std::ldexp(1.0 + static_cast<double>(Below(1000)) / 997.0, static_cast<int>(Below(700)));
+        if (kind == 9) return Below(2) == 0 ? kInfinity : -kInfinity;
+        if (kind == 10) return Below(2) == 0 ? std::nan("") : -0.0;
+        return static_cast<double>(Below(100)) * 0.1;
     }
 
     std::string Number() {
