@@ -9,9 +9,9 @@
 #include "definition/ADXCListenSilence.h"
 #include "definition/ADXCSendCommand.h"
 #include "definition/ADXDefinition.h"
-#include "tests/program/CorvexWindow.h"
-#include "tests/program/ProgramFolder.h"
-#include "tests/program/RunningProgram.h"
+#include "tests/program/driver/CorvexWindow.h"
+#include "tests/program/driver/ProgramFolder.h"
+#include "tests/program/driver/RunningProgram.h"
 #include "tests/support/Eventually.h"
 
 namespace corvex::bench {

@@ -7,9 +7,9 @@
 
 #include "bench/desktop/Figures.h"
 #include "platform/WindowsApi.h"
-#include "tests/program/ProgramFolder.h"
-#include "tests/program/RunningProgram.h"
-#include "tests/program/WindowFinder.h"
+#include "tests/program/driver/ProgramFolder.h"
+#include "tests/program/driver/RunningProgram.h"
+#include "tests/program/driver/WindowFinder.h"
 #include "tests/support/Eventually.h"
 // After windows.h, which it leans on.
 #include <psapi.h>

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "tests/program/ProgramFolder.h"
+#include "tests/program/driver/ProgramFolder.h"
 
 namespace corvex::bench {
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "bench/desktop/ViewDefinition.h"
-#include "tests/program/WindowFinder.h"
+#include "tests/program/driver/WindowFinder.h"
 #include "tests/support/Eventually.h"
 
 namespace corvex::bench {

@@ -3,10 +3,10 @@
 
 #include <vector>
 
-#include "tests/program/CorvexWindow.h"
-#include "tests/program/EngineHost.h"
-#include "tests/program/ProgramFolder.h"
-#include "tests/program/RunningProgram.h"
+#include "tests/program/driver/CorvexWindow.h"
+#include "tests/program/driver/EngineHost.h"
+#include "tests/program/driver/ProgramFolder.h"
+#include "tests/program/driver/RunningProgram.h"
 
 namespace corvex::bench {
 

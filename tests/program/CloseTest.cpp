@@ -3,8 +3,8 @@
 #include <functional>
 #include <random>
 
-#include "tests/program/LogFiles.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/driver/LogFiles.h"
 
 namespace corvex::test {
 namespace {

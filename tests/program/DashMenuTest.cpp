@@ -1,5 +1,5 @@
-#include "tests/program/PopupMenu.h"
 #include "tests/program/ViewsProgramTest.h"
+#include "tests/program/driver/PopupMenu.h"
 
 namespace corvex::test {
 namespace {

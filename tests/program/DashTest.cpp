@@ -1,6 +1,6 @@
-#include "tests/program/GaugePictures.h"
-#include "tests/program/ReplyLines.h"
 #include "tests/program/ViewsProgramTest.h"
+#include "tests/program/driver/GaugePictures.h"
+#include "tests/program/driver/ReplyLines.h"
 
 namespace corvex::test {
 namespace {

@@ -1,7 +1,7 @@
 #include <numeric>
 
-#include "tests/program/LogFiles.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/driver/LogFiles.h"
 
 namespace corvex::test {
 namespace {

@@ -1,9 +1,9 @@
 #include "controls/window/CommonControls.h"
-#include "tests/program/Keyboard.h"
-#include "tests/program/LogFiles.h"
-#include "tests/program/Mouse.h"
 #include "tests/program/ProgramTest.h"
-#include "tests/program/RemoteMemory.h"
+#include "tests/program/driver/Keyboard.h"
+#include "tests/program/driver/LogFiles.h"
+#include "tests/program/driver/Mouse.h"
+#include "tests/program/driver/RemoteMemory.h"
 
 namespace corvex::test {
 namespace {

@@ -1,5 +1,5 @@
-#include "tests/program/ReplyLines.h"
 #include "tests/program/ViewsProgramTest.h"
+#include "tests/program/driver/ReplyLines.h"
 
 namespace corvex::test {
 namespace {

@@ -1,8 +1,8 @@
 // The end of one log and the beginning of the next, in the running program.
 #include <algorithm>
 
-#include "tests/program/LogFiles.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/driver/LogFiles.h"
 
 namespace corvex::test {
 namespace {

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <regex>
 
-#include "tests/program/LogFiles.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/driver/LogFiles.h"
 
 namespace corvex::test {
 namespace {

@@ -1,6 +1,6 @@
 #include "tests/program/ProgramTest.h"
 
-#include "tests/program/OwnDesktop.h"
+#include "tests/program/driver/OwnDesktop.h"
 
 namespace corvex::test {
 

@@ -8,12 +8,12 @@
 #include <optional>
 #include <string>
 
-#include "tests/program/CorvexWindow.h"
-#include "tests/program/DialogAnswers.h"
-#include "tests/program/EngineHost.h"
-#include "tests/program/ProgramFolder.h"
-#include "tests/program/RunningProgram.h"
-#include "tests/program/WindowFinder.h"
+#include "tests/program/driver/CorvexWindow.h"
+#include "tests/program/driver/DialogAnswers.h"
+#include "tests/program/driver/EngineHost.h"
+#include "tests/program/driver/ProgramFolder.h"
+#include "tests/program/driver/RunningProgram.h"
+#include "tests/program/driver/WindowFinder.h"
 #include "tests/support/Eventually.h"
 
 namespace corvex::test {

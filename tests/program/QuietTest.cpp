@@ -1,6 +1,6 @@
-#include "tests/program/LogFiles.h"
 #include "tests/program/ProgramTest.h"
-#include "tests/program/ReplyLines.h"
+#include "tests/program/driver/LogFiles.h"
+#include "tests/program/driver/ReplyLines.h"
 
 namespace corvex::test {
 namespace {

@@ -1,5 +1,5 @@
-#include "tests/program/LogFiles.h"
 #include "tests/program/ProgramTest.h"
+#include "tests/program/driver/LogFiles.h"
 
 namespace corvex::test {
 namespace {

@@ -2,7 +2,7 @@
 #include <regex>
 
 #include "tests/program/ProgramTest.h"
-#include "tests/program/ReplyLines.h"
+#include "tests/program/driver/ReplyLines.h"
 
 namespace corvex::test {
 namespace {

@@ -1,5 +1,5 @@
 #include "tests/program/ProgramTest.h"
-#include "tests/program/RemoteMemory.h"
+#include "tests/program/driver/RemoteMemory.h"
 
 namespace corvex::test {
 namespace {

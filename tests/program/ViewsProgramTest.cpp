@@ -1,7 +1,7 @@
 #include "tests/program/ViewsProgramTest.h"
 
-#include "tests/program/GaugePictures.h"
-#include "tests/program/HostPath.h"
+#include "tests/program/driver/GaugePictures.h"
+#include "tests/program/driver/HostPath.h"
 
 namespace corvex::test {
 

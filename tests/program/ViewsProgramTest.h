@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/program/DashView.h"
-#include "tests/program/Eyes.h"
-#include "tests/program/ListPageView.h"
 #include "tests/program/ProgramTest.h"
-#include "tests/program/ReplyLog.h"
-#include "tests/program/SmallDefinition.h"
+#include "tests/program/driver/DashView.h"
+#include "tests/program/driver/Eyes.h"
+#include "tests/program/driver/ListPageView.h"
+#include "tests/program/driver/ReplyLog.h"
+#include "tests/program/driver/SmallDefinition.h"
 
 namespace corvex::test {
 

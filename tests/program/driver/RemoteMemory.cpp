@@ -1,0 +1,70 @@
+#include "tests/program/driver/RemoteMemory.h"
+
+#include <commctrl.h>
+
+#include <array>
+
+#include "tests/program/driver/RemoteBlock.h"
+#include "tests/program/driver/WindowFinder.h"
+
+namespace corvex::test {
+
+RECT AskRectangle(HWND window, UINT message, WPARAM wParam) {
+    return AskRectangle(window, message, wParam, {});
+}
+
+RECT AskRectangle(HWND window, UINT message, WPARAM wParam, const RECT& asked) {
+    RECT rectangle = asked;
+    const RemoteBlock block(window);
+    if (!block.IsThere()) return {};
+    block.Put(0, &rectangle, sizeof rectangle);
+    Ask(window, message, wParam, reinterpret_cast<LPARAM>(block.Place(0)));
+    block.Get(0, &rectangle, sizeof rectangle);
+    return rectangle;
+}
+
+std::string TabTitle(HWND tabControl, int index) {
+    constexpr SIZE_T kText = 1024;
+    const RemoteBlock block(tabControl);
+    if (!block.IsThere()) return {};
+    std::array<char, 256> text = {};
+    TCITEMA item = {};
+    item.mask = TCIF_TEXT;
+    item.pszText = block.Place(kText);
+    item.cchTextMax = static_cast<int>(text.size());
+    block.Put(0, &item, sizeof item);
+    Ask(tabControl, TCM_GETITEMA, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(block.Place(0)));
+    block.Get(kText, text.data(), text.size());
+    text.back() = '\0';
+    return text.data();
+}
+
+std::string AskText(HWND window, UINT message) {
+    constexpr std::size_t kLength = 256;
+    const RemoteBlock block(window);
+    if (!block.IsThere()) return {};
+    std::array<char, kLength> text = {};
+    block.Put(0, text.data(), kLength);
+    Ask(window, message, reinterpret_cast<WPARAM>(block.Place(0)), kLength);
+    block.Get(0, text.data(), kLength);
+    text.back() = '\0';
+    return text.data();
+}
+
+std::string CellText(HWND list, int row, int column) {
+    constexpr SIZE_T kText = 1024;
+    const RemoteBlock block(list);
+    if (!block.IsThere()) return {};
+    std::array<char, 300> text = {};
+    LVITEMA cell = {};
+    cell.iSubItem = column;
+    cell.pszText = block.Place(kText);
+    cell.cchTextMax = static_cast<int>(text.size());
+    block.Put(0, &cell, sizeof cell);
+    Ask(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(block.Place(0)));
+    block.Get(kText, text.data(), text.size());
+    text.back() = '\0';
+    return text.data();
+}
+
+}  // namespace corvex::test
