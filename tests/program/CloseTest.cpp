@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstdio>
 #include <functional>
 #include <random>
 
@@ -8,9 +7,6 @@
 
 namespace corvex::test {
 namespace {
-
-constexpr int kCloses = 50;
-constexpr unsigned kSeed = 20261121;
 
 class Close : public ProgramTest {
 protected:
@@ -33,8 +29,6 @@ protected:
         Window().Send(command);
         WaitForDialog(program->Id(), title);
     }
-    // Closes by the cross or by Exit and expects all to be in order afterwards.
-    void CloseAndLook(const char* state, bool byExit);
 };
 
 std::vector<Close::State> Close::States() {
@@ -85,7 +79,7 @@ std::vector<Close::State> Close::States() {
         {"the save dialog of a recording",
          [this] {
              RecordScan();
-             Open(kStop, "Select/Create file to save...");
+             Open(kStop, kSaveLogTitle);
          }},
         {"a load waits for the scan to end",
          [this] {
@@ -98,7 +92,7 @@ std::vector<Close::State> Close::States() {
              Connect();
              Open(kAbout, "About");
          }},
-        {"the editor", [this] { Open(kEditDefinition, "Corvex Definition Editor"); }},
+        {"the editor", [this] { Open(kEditDefinition, kEditorTitle); }},
         {"Preferences",
          [this] {
              Window().Send(kPreferences);
@@ -107,68 +101,38 @@ std::vector<Close::State> Close::States() {
     };
 }
 
-void Close::CloseAndLook(const char* state, bool byExit) {
-    const Timer timer;
-    if (byExit) {
-        Window().Send(kExit);
-    } else {
-        Window().Close();
-    }
-    EXPECT_EQ(program->WaitForExit(30000), std::optional<DWORD>(0)) << state;
-    std::printf("%-32s gone after %.0f ms\n", state, timer.Milliseconds());
-    program.reset();
-    EXPECT_EQ(CountProcessesOf(folder.Program()), 0) << state;
-    const std::map<std::string, std::string> settings = folder.Settings();
-    const std::map<std::string, std::string> expected{{"lastadxpath", Definition()},
-                                                      {"comport", TestPort()},
-                                                      {"loadlastdef", "1"},
-                                                      {"lastxdlpath", folder.Name("drive.xdl")},
-                                                      {"winposx", "50"},
-                                                      {"winposy", "40"},
-                                                      {"winsizex", "800"},
-                                                      {"winsizey", "600"}};
-    EXPECT_EQ(settings, expected) << state;
-}
-
+// By the cross or by Exit; all is in order afterwards.
 TEST_F(Close, WorksAtAnyMoment) {
     folder.Files().Put("drive.xdl", MakeEvenLog(3, 100000));
+    const std::map<std::string, std::string> kept{{"lastxdlpath", folder.Name("drive.xdl")},
+                                                  {"winposx", "50"},
+                                                  {"winposy", "40"},
+                                                  {"winsizex", "800"},
+                                                  {"winsizey", "600"}};
+    std::map<std::string, std::string> expected = kept;
+    expected.insert({{"lastadxpath", Definition()}, {"comport", TestPort()}, {"loadlastdef", "1"}});
     const std::vector<State> states = States();
-    std::mt19937 random(kSeed);
+    std::mt19937 random(20261121);
     std::vector<std::size_t> order;
-    while (order.size() < kCloses)
+    while (order.size() < 50)
         order.push_back(order.size() < states.size() ? order.size() : random() % states.size());
     std::shuffle(order.begin(), order.end(), random);
     for (const std::size_t index : order) {
         SCOPED_TRACE(states[index].name);
-        // Without loadlastdef, which the program must have added at the end.
-        Settle({{"lastxdlpath", folder.Name("drive.xdl")},
-                {"winposx", "50"},
-                {"winposy", "40"},
-                {"winsizex", "800"},
-                {"winsizey", "600"}});
+        Settle(kept);  // without loadlastdef, which the program must have added at the end
         Start();
         states[index].enter();
-        CloseAndLook(states[index].name, random() % 4 == 0);
+        if (random() % 4 == 0) {
+            Window().Send(kExit);
+        } else {
+            Window().Close();
+        }
+        EXPECT_EQ(program->WaitForExit(kLongestEnd), std::optional<DWORD>(0));
+        program.reset();
+        EXPECT_EQ(CountProcessesOf(folder.Program()), 0);
+        EXPECT_EQ(folder.Settings(), expected);
         if (HasFailure()) return;
     }
-}
-
-TEST_F(Close, WorksWhenThePortWillNotOpen) {
-    Settle({{"comport", "COM9"}});
-    Start();
-    Window().Send(kScan);
-    CloseProgram();
-    EXPECT_EQ(folder.Settings().at("comport"), "COM9");
-}
-
-TEST_F(Close, IsSafeTwice) {
-    Settle();
-    Start();
-    Connect();
-    Window().Close();
-    Window().Close();
-    Window().Send(kExit);
-    EXPECT_EQ(program->WaitForExit(30000), std::optional<DWORD>(0));
 }
 
 }  // namespace

@@ -1,12 +1,21 @@
 #include "tests/program/ProgramTest.h"
 
-#include "tests/program/driver/OwnDesktop.h"
+#include <stdexcept>
 
 namespace corvex::test {
 
 namespace {
 
-constexpr DWORD kLongestEnd = 30000;  // ms
+// Moves this thread, which has no windows, and the programs that it starts there to a desktop of their own: what others
+// start or bring to the front meanwhile is none of their business, keyboard included. Its name. (Windows lets keys
+// through to the desktop on show only.)
+const std::string& OwnDesktop() {
+    static const std::string name = "corvex" + std::to_string(::GetCurrentProcessId());
+    // Lives as long as the process.
+    static const HDESK desktop = ::CreateDesktopA(name.c_str(), nullptr, nullptr, 0, GENERIC_ALL, nullptr);
+    if (desktop == nullptr || !::SetThreadDesktop(desktop)) throw std::runtime_error("no desktop");
+    return name;
+}
 
 }  // namespace
 
@@ -70,11 +79,6 @@ void ProgramTest::Connect() {
     engines.Start({"--pace"});
     Window().Send(kScan);
     ExpectLeft("ALDL: Connected");
-}
-
-void ProgramTest::Resume() {
-    Window().Send(kPlay);
-    EXPECT_TRUE(Eventually([&] { return Window().Bar().pause; })) << Window().Output();
 }
 
 }  // namespace corvex::test

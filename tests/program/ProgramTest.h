@@ -20,6 +20,8 @@ namespace corvex::test {
 
 class ProgramTest : public ::testing::Test {
 protected:
+    static constexpr DWORD kLongestEnd = 30000;  // ms
+
     // A program that is still there at the end is closed as a user would and must go.
     void TearDown() override;
 
@@ -40,8 +42,6 @@ protected:
     void ExpectBar(const BarStates& states);
     // An engine that answers in the line's time, and a scan that has got through to it.
     void Connect();
-    // Plays on after a pause.
-    void Resume();
 
     std::string Definition() const { return folder.Name("harrier-8192.adx"); }
     // The whole title when no log is chosen.
@@ -53,18 +53,6 @@ protected:
 
 private:
     std::optional<CorvexWindow> window_;
-};
-
-// Milliseconds since something, for figures that are printed and not asserted.
-class Timer {
-public:
-    double Milliseconds() const {
-        return 1000.0 * static_cast<double>(SystemClock().Counter() - start_) /
-               static_cast<double>(SystemClock().Frequency());
-    }
-
-private:
-    std::int64_t start_ = SystemClock().Counter();
 };
 
 }  // namespace corvex::test

@@ -1,5 +1,4 @@
 #include "tests/program/ProgramTest.h"
-#include "tests/program/driver/RemoteMemory.h"
 
 namespace corvex::test {
 namespace {
@@ -27,77 +26,47 @@ TEST_F(Start, WorksWithoutSettingsAndWritesThem) {
     EXPECT_EQ(folder.Files().Content("Settings.dat"), expected);
 }
 
-TEST_F(Start, ShowsFiveTabsWithTheOutputInFront) {
-    Settle();
-    ProgramTest::Start();
-    std::string titles;
-    for (int i = 0; i < 6; ++i)
-        titles.append(TabTitle(Window().Tabs(), i)).append("|");
-    EXPECT_EQ(titles, "Output|Dash|Item Lists|Histograms|Monitors||");
-    EXPECT_TRUE(::IsWindowVisible(FindBelow(Window().Handle(), "Edit", kOutputId)));
-    for (const int id : {kToolBandId, kFileToolbarId, kScanToolbarId, kLogToolbarId, kStatusBarId})
-        EXPECT_NE(FindBelow(Window().Handle(), id), nullptr) << id;
-}
-
-TEST_F(Start, LoadsTheLastDefinition) {
-    Settle();
-    ProgramTest::Start();
-    EXPECT_EQ(Window().OutputLines(), std::vector<std::string>{"Loaded " + Definition()});
-    EXPECT_EQ(Window().Title(), TitleOf(folder.ShortName("harrier-8192.adx")));
-}
-
-TEST_F(Start, LeavesTheLastDefinitionAloneWhenToldSo) {
-    Settle({{"loadlastdef", "0"}});
-    ProgramTest::Start();
-    EXPECT_EQ(Window().Output(), "");
-    CloseProgram();
-    EXPECT_EQ(folder.Settings().at("lastadxpath"), Definition());
-    EXPECT_EQ(folder.Settings().at("loadlastdef"), "0");
-}
-
-TEST_F(Start, PutsTheWindowWhereItWasBefore) {
-    Settle();
-    ProgramTest::Start();
-    ::SetWindowPos(Window().Handle(), nullptr, 61, 43, 703, 521, SWP_NOZORDER | SWP_NOACTIVATE);
-    CloseProgram();
-    EXPECT_EQ(folder.Settings().at("winposx"), "61");
-    EXPECT_EQ(folder.Settings().at("winsizey"), "521");
-    ProgramTest::Start();
-    const RECT place = Window().Rectangle();
-    EXPECT_EQ(place.left, 61);
-    EXPECT_EQ(place.top, 43);
-    EXPECT_EQ(place.right - place.left, 703);
-    EXPECT_EQ(place.bottom - place.top, 521);
-}
-
-TEST_F(Start, CutsAPathThatIsTooLong) {
-    const std::string path = "Z:\\" + std::string(400, 'x') + "\\there.adx";
-    Settle({{"lastadxpath", path}});
-    ProgramTest::Start();
-    ExpectOutput("FAILED to Load " + path.substr(0, 259));
-    EXPECT_FALSE(Window().OutputHas(path.substr(0, 260)));
-    CloseProgram();
-    EXPECT_EQ(folder.Settings().at("lastadxpath"), path.substr(0, 259));
-}
-
-TEST_F(Start, RefusesToRunWithoutTheEditor) {
+TEST_F(Start, IsRefusedWithoutTheEditorOrItsEntry) {
+    const struct {
+        const char *caption, *words;
+    } boxes[] = {{"Tarvex",
+                  "Unable to ADXEditor.dll. Be sure it is in your path or application directory and restart the "
+                  "application"},
+                 {"Error",
+                  "Unable to get ADXEditor entry point. Makes sure ADXEditor.dll is valid and in the correct "
+                  "directory."}};
     Settle();
     std::filesystem::remove(folder.Name("ADXEditor.dll"));
-    Launch();
-    EXPECT_EQ(CloseBox(program->Id(), "Tarvex"),
-              "Unable to ADXEditor.dll. Be sure it is in your path or application directory and restart the "
-              "application");
-    EXPECT_EQ(program->WaitForExit(30000), std::optional<DWORD>(0));
+    for (const auto& box : boxes) {
+        Launch();
+        EXPECT_EQ(CloseBox(program->Id(), box.caption), box.words);
+        EXPECT_EQ(program->WaitForExit(kLongestEnd), std::optional<DWORD>(0));
+        std::filesystem::copy_file(BuiltFile("no_entry.dll"), folder.Name("ADXEditor.dll"),
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
 }
 
-TEST_F(Start, RefusesAnEditorWithoutItsEntry) {
+TEST_F(Start, TakesTheDigitOfThePortThatWasPreferredBefore) {
+    constexpr int kOk = 1000;
     Settle();
-    std::filesystem::copy_file(BuiltFile("no_entry.dll"), folder.Name("ADXEditor.dll"),
-                               std::filesystem::copy_options::overwrite_existing);
-    Launch();
-    EXPECT_EQ(CloseBox(program->Id(), "Error"),
-              "Unable to get ADXEditor entry point. Makes sure ADXEditor.dll is valid and in the correct directory.");
-    EXPECT_EQ(program->WaitForExit(30000), std::optional<DWORD>(0));
+    ProgramTest::Start();
+    Window().Send(kPreferences);
+    HWND preferences = nullptr, digit = nullptr;
+    ASSERT_TRUE(Eventually([&] {
+        preferences = FindTopWindow(program->Id(), "QZPROPTREECONTAINER", "Preferences");
+        for (HWND window : AllBelow(preferences)) {
+            if (ClassOf(window) == "Edit" && ::IsWindowVisible(window)) digit = window;
+        }
+        return preferences != nullptr && digit != nullptr;
+    }));
+    EXPECT_EQ(TextOf(digit), TestPort().substr(3));
+    Ask(digit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("9"));
+    PressButton(preferences, kOk);
+    CloseProgram();
+    EXPECT_EQ(folder.Settings().at("comport"), "COM9");
+    ProgramTest::Start();
+    Window().Send(kScan);
+    ExpectOutput("Unable to open port (COM9)!");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "tests/program/ViewsProgramTest.h"
 
 #include "tests/program/driver/GaugePictures.h"
-#include "tests/program/driver/HostPath.h"
 
 namespace corvex::test {
 
@@ -18,7 +17,7 @@ std::string ViewsProgramTest::Put(const std::string& file, const SmallDefinition
 void ViewsProgramTest::StartWith(const SmallDefinition& definition, const std::vector<LoggedReply>& log) {
     std::map<std::string, std::string> settings{{"lastadxpath", Put("own.adx", definition)}};
     if (!log.empty()) {
-        folder.Files().Put("drive.xdl", MakeReplyLog(log));
+        folder.Files().Put("drive.xdl", MakeLog(log));
         settings["lastxdlpath"] = folder.Name("drive.xdl");
     }
     Settle(settings);
@@ -26,10 +25,9 @@ void ViewsProgramTest::StartWith(const SmallDefinition& definition, const std::v
     ExpectOutput("Loaded " + folder.Name("own.adx"));
 }
 
-void ViewsProgramTest::Serve(const std::vector<LoggedReply>& replies, const std::string& definition) {
-    folder.Files().Put("served.xdl", MakeReplyLog(replies));
-    const std::string adx = definition.empty() ? HostPath(folder.Name("own.adx")) : definition;
-    engines.Start({"--pace", "--replay", HostPath(folder.Name("served.xdl")), adx});
+void ViewsProgramTest::Serve(const std::vector<LoggedReply>& replies) {
+    folder.Files().Put("served.xdl", MakeLog(replies));
+    engines.Start({"--pace", "--replay", HostPath(folder.Name("served.xdl")), HostPath(folder.Name("own.adx"))});
 }
 
 void ViewsProgramTest::Scan(const std::vector<LoggedReply>& replies) {
@@ -40,17 +38,6 @@ void ViewsProgramTest::Scan(const std::vector<LoggedReply>& replies) {
 
 void ViewsProgramTest::StopScan() {
     Window().Send(kScan);
-    ExpectLeft("ALDL: Not Connected");
-}
-
-void ViewsProgramTest::Play() {
-    Window().Send(kPlay);
-    ExpectLeft("Log Playing");
-}
-
-void ViewsProgramTest::PlayToTheEnd() {
-    Window().Send(kPlay);
-    ExpectOutput("Playback stopped");
     ExpectLeft("ALDL: Not Connected");
 }
 

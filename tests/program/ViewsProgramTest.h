@@ -11,7 +11,7 @@
 #include "tests/program/driver/DashView.h"
 #include "tests/program/driver/Eyes.h"
 #include "tests/program/driver/ListPageView.h"
-#include "tests/program/driver/ReplyLog.h"
+#include "tests/program/driver/LogFiles.h"
 #include "tests/program/driver/SmallDefinition.h"
 
 namespace corvex::test {
@@ -27,15 +27,11 @@ protected:
     std::string Put(const std::string& file, const SmallDefinition& definition) const;
     // Starts the program with it, as own.adx, and with a log to be played when there are replies for one.
     void StartWith(const SmallDefinition& definition, const std::vector<LoggedReply>& log = {});
-    // An engine that answers with these in turn, over and over, in the line's time. Of an example, or of own.adx.
-    void Serve(const std::vector<LoggedReply>& replies, const std::string& definition = {});
+    // An engine of own.adx that answers with these in turn, over and over, in the line's time.
+    void Serve(const std::vector<LoggedReply>& replies);
     // The same, and a scan that has got through to it.
     void Scan(const std::vector<LoggedReply>& replies);
     void StopScan();
-    // Plays the log that the program was started with.
-    void Play();
-    // Of a log that may be too short to be seen playing.
-    void PlayToTheEnd();
     void Load(const std::string& path);
 
     DashView Dash() { return DashView(Window()); }

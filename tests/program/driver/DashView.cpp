@@ -71,25 +71,14 @@ int DashView::GaugeCount() const {
     return count;
 }
 
-std::string DashView::Class(int index) const {
-    return ClassOf(Gauge(index));
-}
-
 std::string DashView::Title(int index) const {
-    const std::string name = Class(index);
+    const std::string name = ClassOf(Gauge(index));
     if (name == kAnalogGaugeClass) return AskText(Gauge(index), AGM_GETTITLE);
     return name == kStatusGaugeClass ? AskText(Gauge(index), SGM_GETTITLE) : std::string();
 }
 
 int DashView::Needle(int index) const {
     return static_cast<int>(Ask(Gauge(index), AGM_GETVALUE));
-}
-
-RECT DashView::Place(int index) const {
-    RECT place{};
-    ::GetWindowRect(Gauge(index), &place);
-    ::MapWindowPoints(nullptr, Page(), reinterpret_cast<POINT*>(&place), 2);
-    return place;
 }
 
 }  // namespace corvex::test

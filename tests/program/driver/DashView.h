@@ -28,13 +28,10 @@ public:
     HWND Gauge(int index) const;
     // Windows of gauges, whatever their entries.
     int GaugeCount() const;
-    std::string Class(int index) const;
     // Of a dial or a lamp: a readout gives none.
     std::string Title(int index) const;
     // Where a dial's needle points, a whole number.
     int Needle(int index) const;
-    // In the page.
-    RECT Place(int index) const;
 
 private:
     HWND window_;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <filesystem>
 #include <stdexcept>
 
 namespace corvex::test {
@@ -89,6 +90,18 @@ std::string EngineHost::Request(const std::string& line) const {
 std::string TestPort() {
     const char* port = std::getenv("CORVEX_TEST_PORT");
     return port == nullptr ? "COM1" : port;
+}
+
+std::string HostPath(const std::string& file) {
+    using NameOf = char*(CDECL*)(const wchar_t*);
+    const auto nameOf = reinterpret_cast<NameOf>(
+        reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleA("kernel32"), "wine_get_unix_file_name")));
+    if (nameOf == nullptr) throw std::runtime_error("no host");
+    char* const name = nameOf(std::filesystem::path(file).wstring().c_str());
+    if (name == nullptr) throw std::runtime_error("the host has no " + file);
+    std::string path = name;
+    ::HeapFree(::GetProcessHeap(), 0, name);
+    return path;
 }
 
 std::uint64_t CountIn(const std::string& json, const std::string& name) {

@@ -38,6 +38,9 @@ private:
 // The port that this test program has for itself: $CORVEX_TEST_PORT, or COM1.
 std::string TestPort();
 
+// How the host of Wine names this file, which need not be there. Throws std::runtime_error elsewhere.
+std::string HostPath(const std::string& file);
+
 // A number of the JSON that Stop gives.
 std::uint64_t CountIn(const std::string& json, const std::string& name);
 

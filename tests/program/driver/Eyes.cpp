@@ -1,7 +1,5 @@
 #include "tests/program/driver/Eyes.h"
 
-#include <cstring>
-#include <sstream>
 #include <stdexcept>
 
 #include "tests/program/driver/ProgramFolder.h"
@@ -11,7 +9,7 @@ namespace corvex::test {
 
 namespace {
 
-constexpr std::size_t kHead = offsetof(EyesRequest, text);
+constexpr std::size_t kHead = offsetof(EyesRequest, pixels);
 
 HHOOK Hook(HWND window) {
     // Stays loaded, as the hook of the next program needs it again.
@@ -23,11 +21,7 @@ HHOOK Hook(HWND window) {
 
 }  // namespace
 
-Eyes::Eyes(HWND window)
-    : window_(window),
-      hook_(Hook(window)),
-      block_(window, sizeof(EyesRequest)),
-      request_(std::make_unique<EyesRequest>()) {
+Eyes::Eyes(HWND window) : window_(window), hook_(Hook(window)), block_(window, sizeof(EyesRequest)) {
     if (hook_ == nullptr || !block_.IsThere()) throw std::runtime_error("the program lets nobody look into it");
 }
 
@@ -35,39 +29,17 @@ Eyes::~Eyes() {
     ::UnhookWindowsHookEx(hook_);
 }
 
-void Eyes::Do(EyesTask task, EyesRequest& request) const {
-    request.done = 0;
-    block_.Put(0, &request, kHead);
-    Ask(window_, ::RegisterWindowMessageA(kEyesMessage), task, reinterpret_cast<LPARAM>(block_.Place(0)));
-    block_.Get(0, &request, kHead);
-    if (request.done == 0) throw std::runtime_error("the eyes do not see");
-}
-
 Picture Eyes::Of(HWND window) const {
-    request_->window = window;
-    Do(kTakePicture, *request_);
-    Picture picture{request_->width, request_->height, {}};
+    const auto request = std::make_unique<EyesRequest>();
+    request->window = window;
+    block_.Put(0, request.get(), kHead);
+    Ask(window_, ::RegisterWindowMessageA(kEyesMessage), 0, reinterpret_cast<LPARAM>(block_.Place(0)));
+    block_.Get(0, request.get(), kHead);
+    if (request->done == 0) throw std::runtime_error("the eyes do not see");
+    Picture picture{request->width, request->height, {}};
     picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
-    block_.Get(offsetof(EyesRequest, pixels), picture.pixels.data(), picture.pixels.size() * sizeof(std::uint32_t));
+    block_.Get(kHead, picture.pixels.data(), picture.pixels.size() * sizeof(std::uint32_t));
     return picture;
-}
-
-std::vector<std::string> Eyes::RowsOf(HWND popup) const {
-    request_->window = popup;
-    Do(kReadMenu, *request_);
-    block_.Get(kHead, request_->text, EyesRequest::kTextSize);
-    std::vector<std::string> rows;
-    std::istringstream text(request_->text);
-    for (std::string row; std::getline(text, row);)
-        rows.push_back(row);
-    return rows;
-}
-
-void Eyes::Smear(HWND window, const RECT& part, COLORREF colour) const {
-    request_->window = window;
-    request_->part = part;
-    request_->colour = colour;
-    Do(kSmear, *request_);
 }
 
 }  // namespace corvex::test

@@ -36,27 +36,20 @@ Picture DialPicture(HWND size, const std::string& title, const std::vector<float
     return Painted(size, model, &PaintAnalogGauge);
 }
 
-Picture ReadoutPicture(HWND size, const ReadoutWords& words, float value) {
+Picture ReadoutPicture(HWND size, const std::string& title, float value) {
     DigitalReadoutModel model;
-    model.SetTitle(words.title.c_str());
-    model.SetUnits(words.units.c_str());
-    model.SetFormat(1, words.digits);
+    model.SetTitle(title.c_str());
+    model.SetUnits("unit");
+    model.SetFormat(1, 1);
     model.SetColour(kReadoutLowColour, 0x0080FF);
     model.SetColour(kReadoutHighColour, 0x0000FF);
-    model.SetLowLimit(words.alarmLow);
-    model.SetHighLimit(words.alarmHigh);
+    model.SetLowLimit(10.0F);
+    model.SetHighLimit(200.0F);
     model.EnableHighLimit(1);
     model.EnableLowLimit(1);
     model.SetValue(0.0F);
     model.SetValue(value);
     return Painted(size, model, &PaintDigitalReadout);
-}
-
-Picture ReadoutPicture(HWND size, const std::string& title, float value) {
-    ReadoutWords words;
-    words.title = title;
-    words.units = "unit";
-    return ReadoutPicture(size, words, value);
 }
 
 Picture LampPicture(HWND size, const std::string& title, bool isOn) {

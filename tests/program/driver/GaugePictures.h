@@ -14,12 +14,4 @@ Picture DialPicture(HWND size, const std::string& title, const std::vector<float
 Picture ReadoutPicture(HWND size, const std::string& title, float value);
 Picture LampPicture(HWND size, const std::string& title, bool isOn);
 
-// The same of a readout with words of its own.
-struct ReadoutWords {
-    std::string title, units;
-    unsigned digits = 1;
-    float alarmLow = 10.0F, alarmHigh = 200.0F;
-};
-Picture ReadoutPicture(HWND size, const ReadoutWords& words, float value);
-
 }  // namespace corvex::test

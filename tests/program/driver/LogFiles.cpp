@@ -1,12 +1,21 @@
 #include "tests/program/driver/LogFiles.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "definition/ADXObject.h"
 #include "tests/support/LogBytes.h"
 
 namespace corvex::test {
 
 namespace {
 
-constexpr std::uint32_t kPoll = 0xA6607299, kSendCommand = 0x20000, kReplySize = 63;
+constexpr std::uint32_t kSendCommand = 0x20000, kMaskLength = 15, kExampleReplySize = 63;
+
+std::uint32_t HashOf(const std::string& id) {
+    return HashId(id.data(), static_cast<std::uint32_t>(id.size()));
+}
 
 std::uint32_t Word32At(const std::string& bytes, std::size_t offset) {
     std::uint32_t word = 0;
@@ -17,17 +26,34 @@ std::uint32_t Word32At(const std::string& bytes, std::size_t offset) {
 
 }  // namespace
 
-std::string MakeLog(const std::vector<std::uint32_t>& times) {
-    LogBytes log;
-    log.Header(LogBytes::DataOffsetFor({15}), static_cast<std::uint32_t>(times.size())).ItemCount(1);
-    log.Item(kPoll, kSendCommand, kReplySize, kReplySize, Bytes(15, 0xFF));
-    for (const std::uint32_t time : times) {
-        Bytes reply(kReplySize, 0x40);
-        reply[4] = static_cast<std::uint8_t>(time / 100 & 0xFFU);
-        log.Record(0, time, reply);
+std::string MakeLog(const std::vector<LoggedReply>& replies) {
+    std::vector<LoggedReply> firsts;  // one of each command
+    const auto indexOf = [&](const LoggedReply& reply) {
+        const auto isSame = [&](const LoggedReply& first) { return first.command == reply.command; };
+        return static_cast<std::size_t>(std::find_if(firsts.begin(), firsts.end(), isSame) - firsts.begin());
+    };
+    for (const LoggedReply& reply : replies) {
+        if (indexOf(reply) == firsts.size()) firsts.push_back(reply);
     }
+    LogBytes log;
+    const std::vector<std::uint32_t> masks(firsts.size(), kMaskLength);
+    log.Header(LogBytes::DataOffsetFor(masks), static_cast<std::uint32_t>(replies.size()));
+    log.ItemCount(static_cast<std::uint32_t>(firsts.size()));
+    for (const LoggedReply& first : firsts) {
+        const auto size = static_cast<std::uint32_t>(first.bytes.size());
+        log.Item(HashOf(first.command), kSendCommand, size, size, Bytes(kMaskLength, 0xFF));
+    }
+    for (const LoggedReply& reply : replies)
+        log.Record(static_cast<std::uint32_t>(indexOf(reply)), reply.time, reply.bytes);
     log.MarkEnd();
     return {log.bytes.begin(), log.bytes.end()};
+}
+
+std::string MakeLog(const std::vector<std::uint32_t>& times) {
+    std::vector<LoggedReply> replies;
+    for (const std::uint32_t time : times)
+        replies.push_back({"POLL", Bytes(kExampleReplySize, 0x40), time});
+    return MakeLog(replies);
 }
 
 std::string MakeEvenLog(std::uint32_t count, std::uint32_t spacing) {
@@ -39,6 +65,12 @@ std::string MakeEvenLog(std::uint32_t count, std::uint32_t spacing) {
 
 LogHeader HeaderOf(const std::string& log) {
     return {Word32At(log, 0), Word32At(log, 8), Word32At(log, 36)};
+}
+
+std::string HashText(const std::string& id) {
+    std::array<char, 16> text = {};
+    std::snprintf(text.data(), text.size(), "0x%08X", static_cast<unsigned>(HashOf(id)));
+    return text.data();
 }
 
 }  // namespace corvex::test

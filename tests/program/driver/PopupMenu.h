@@ -6,13 +6,11 @@
 namespace corvex::test {
 
 // With the right button of the mouse, once the window is the one to be seen there. Waits with a long deadline and
-// throws std::runtime_error when the menu does not come. The menu's window.
-HWND OpenPopup(HWND window);
+// throws std::runtime_error when the menu does not come.
+void OpenPopup(HWND window);
 
 // Presses the keys that lead to a row of a submenu, counted from 0, and waits until the menu has gone. False when the
 // main window does not come to the front or the menu stays.
 bool ChooseRow(HWND mainWindow, int submenu, int row);
-// The same with Escape.
-bool LeaveMenu(HWND mainWindow);
 
 }  // namespace corvex::test

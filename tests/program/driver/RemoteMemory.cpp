@@ -4,13 +4,28 @@
 
 #include <array>
 
-#include "tests/program/driver/RemoteBlock.h"
 #include "tests/program/driver/WindowFinder.h"
 
 namespace corvex::test {
 
-RECT AskRectangle(HWND window, UINT message, WPARAM wParam) {
-    return AskRectangle(window, message, wParam, {});
+RemoteBlock::RemoteBlock(HWND window, SIZE_T size) {
+    DWORD id = 0;
+    ::GetWindowThreadProcessId(window, &id);
+    process_ = ::OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id);
+    if (process_ != nullptr) block_ = ::VirtualAllocEx(process_, nullptr, size, MEM_COMMIT, PAGE_READWRITE);
+}
+
+RemoteBlock::~RemoteBlock() {
+    if (block_ != nullptr) ::VirtualFreeEx(process_, block_, 0, MEM_RELEASE);
+    if (process_ != nullptr) ::CloseHandle(process_);
+}
+
+void RemoteBlock::Put(SIZE_T offset, const void* bytes, SIZE_T count) const {
+    if (IsThere()) ::WriteProcessMemory(process_, Place(offset), bytes, count, nullptr);
+}
+
+void RemoteBlock::Get(SIZE_T offset, void* bytes, SIZE_T count) const {
+    if (IsThere()) ::ReadProcessMemory(process_, Place(offset), bytes, count, nullptr);
 }
 
 RECT AskRectangle(HWND window, UINT message, WPARAM wParam, const RECT& asked) {
@@ -21,22 +36,6 @@ RECT AskRectangle(HWND window, UINT message, WPARAM wParam, const RECT& asked) {
     Ask(window, message, wParam, reinterpret_cast<LPARAM>(block.Place(0)));
     block.Get(0, &rectangle, sizeof rectangle);
     return rectangle;
-}
-
-std::string TabTitle(HWND tabControl, int index) {
-    constexpr SIZE_T kText = 1024;
-    const RemoteBlock block(tabControl);
-    if (!block.IsThere()) return {};
-    std::array<char, 256> text = {};
-    TCITEMA item = {};
-    item.mask = TCIF_TEXT;
-    item.pszText = block.Place(kText);
-    item.cchTextMax = static_cast<int>(text.size());
-    block.Put(0, &item, sizeof item);
-    Ask(tabControl, TCM_GETITEMA, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(block.Place(0)));
-    block.Get(kText, text.data(), text.size());
-    text.back() = '\0';
-    return text.data();
 }
 
 std::string AskText(HWND window, UINT message) {

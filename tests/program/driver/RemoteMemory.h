@@ -1,4 +1,4 @@
-// Messages that carry a pointer, asked of another process.
+// Memory in another process, and messages that carry a pointer to it.
 #pragma once
 
 #include <string>
@@ -7,13 +7,28 @@
 
 namespace corvex::test {
 
-// For messages that fill a rectangle. Empty on failure.
-RECT AskRectangle(HWND window, UINT message, WPARAM wParam);
-// For those that read in it first what is asked for.
-RECT AskRectangle(HWND window, UINT message, WPARAM wParam, const RECT& asked);
+// Zeroed bytes in the process of a window, which is assumed to have the same number of bits. Gone with the object.
+class RemoteBlock {
+public:
+    explicit RemoteBlock(HWND window, SIZE_T size = 4096);
+    ~RemoteBlock();
+    RemoteBlock(const RemoteBlock&) = delete;
+    RemoteBlock& operator=(const RemoteBlock&) = delete;
 
-// The title of one tab; empty on failure.
-std::string TabTitle(HWND tabControl, int index);
+    // False when the window or its process is gone; nothing is put or got then.
+    bool IsThere() const { return block_ != nullptr; }
+    // An address there.
+    char* Place(SIZE_T offset) const { return static_cast<char*>(block_) + offset; }
+    void Put(SIZE_T offset, const void* bytes, SIZE_T count) const;
+    void Get(SIZE_T offset, void* bytes, SIZE_T count) const;
+
+private:
+    HANDLE process_ = nullptr;
+    void* block_ = nullptr;
+};
+
+// For messages that fill a rectangle, some of which read in it what is asked for. Empty on failure.
+RECT AskRectangle(HWND window, UINT message, WPARAM wParam, const RECT& asked = {});
 
 // For messages of the gauges that fill a buffer in wParam of the size in lParam. Empty on failure.
 std::string AskText(HWND window, UINT message);

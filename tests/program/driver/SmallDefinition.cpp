@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 
-#include "tests/program/driver/ReplyLog.h"
+#include "tests/program/driver/LogFiles.h"
 
 namespace corvex::test {
 

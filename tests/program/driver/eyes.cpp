@@ -1,12 +1,9 @@
-// Looks around in the program that it is loaded into: pixels of windows and rows of menus can't be had from outside.
+// Looks around in the program that it is loaded into: the pixels of windows can't be had from outside.
 #include <algorithm>
-#include <cstring>
-#include <string>
 
 #include "controls/window/GdiObjects.h"
 #include "tests/program/driver/EyesRequest.h"
 #include "tests/program/driver/Picture.h"
-#include "tests/views/MenuDriver.h"
 
 namespace corvex::test {
 namespace {
@@ -25,32 +22,11 @@ void TakePicture(EyesRequest& request) {
     request.done = 1;
 }
 
-void ReadMenu(EyesRequest& request) {
-    std::string text;
-    for (const std::string& row : RowsOf(reinterpret_cast<HMENU>(::SendMessageA(request.window, kGetPopupMenu, 0, 0))))
-        text.append(row).append("\n");
-    if (text.size() >= EyesRequest::kTextSize) return;
-    std::memcpy(request.text, text.c_str(), text.size() + 1);
-    request.done = 1;
-}
-
-void Smear(EyesRequest& request) {
-    const OwnedBrush brush(::CreateSolidBrush(request.colour));
-    const ClientDc dc(request.window);
-    request.done = ::FillRect(dc.Get(), &request.part, brush.Get()) != 0 ? 1 : 0;
-}
-
-void Do(WPARAM task, EyesRequest& request) {
-    if (task == kTakePicture) TakePicture(request);
-    if (task == kReadMenu) ReadMenu(request);
-    if (task == kSmear) Smear(request);
-}
-
 LRESULT CALLBACK OnCall(int code, WPARAM wParam, LPARAM lParam) {
     static const UINT wanted = ::RegisterWindowMessageA(kEyesMessage);
     const auto& call = *reinterpret_cast<const CWPSTRUCT*>(lParam);
     if (code == HC_ACTION && call.message == wanted && call.lParam != 0)
-        Do(call.wParam, *reinterpret_cast<EyesRequest*>(call.lParam));
+        TakePicture(*reinterpret_cast<EyesRequest*>(call.lParam));
     return ::CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
