@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 #include <sstream>
 
 #include "apps/cli/Arguments.h"
@@ -8,10 +10,10 @@
 namespace corvex {
 namespace {
 
-using Parsed = std::variant<Options, ExitCode>;
+using Letters = std::vector<std::pair<char, double>>;
 
 struct Outcome {
-    Parsed parsed;
+    std::variant<Options, ExitCode> parsed;
     std::string out, err;
     template <class T>
     const T* As() const {
@@ -26,30 +28,33 @@ struct Outcome {
 
 Outcome Parse(std::vector<std::string> args) {
     std::ostringstream out, err;
-    Parsed parsed = ParseArguments(std::move(args), out, err);
+    auto parsed = ParseArguments(std::move(args), out, err);
     return {std::move(parsed), out.str(), err.str()};
 }
 
-TEST(ArgumentsTest, TakesAnEquationThatBeginsWithAMinus) {
-    for (const auto& args : {std::vector<std::string>{"eval", "-X+1", "X=3"}, {"eval", "--", "-X+1", "X=3"}}) {
-        const Outcome outcome = Parse(args);
-        const auto* eval = outcome.As<EvalOptions>();
-        ASSERT_NE(eval, nullptr) << outcome.err;
-        EXPECT_EQ(eval->equation, "-X+1");
-        ASSERT_EQ(eval->letters.size(), 1U);
-        EXPECT_EQ(eval->letters[0], (std::pair<char, double>{'X', 3.0}));
+// A command line that is written with blanks between its words.
+std::vector<std::string> Split(const std::string& line) {
+    std::istringstream words(line);
+    return {std::istream_iterator<std::string>(words), {}};
+}
+
+// The options of a command line that is in order.
+template <class T>
+T OptionsFrom(const std::string& line) {
+    const Outcome outcome = Parse(Split(line));
+    const T* const options = outcome.As<T>();
+    EXPECT_NE(options, nullptr) << outcome.err;
+    return options == nullptr ? T() : *options;
+}
+
+TEST(ArgumentsTest, TakesEquationsAndNumbersInEveryUsualForm) {
+    for (const char* line : {"eval -X+1 X=3", "eval -- -X+1 X=3"}) {
+        const auto eval = OptionsFrom<EvalOptions>(line);
+        EXPECT_EQ(eval.equation, "-X+1");
+        EXPECT_EQ(eval.letters, (Letters{{'X', 3.0}}));
     }
-}
-
-TEST(ArgumentsTest, TakesNumbersInEveryUsualForm) {
-    const Outcome outcome = Parse({"eval", "X+Y+z+q", "X=-3.5", "Y=1e3", "z=+2", "q=.5"});
-    const auto* eval = outcome.As<EvalOptions>();
-    ASSERT_NE(eval, nullptr) << outcome.err;
-    const std::vector<std::pair<char, double>> expected{{'X', -3.5}, {'Y', 1000.0}, {'z', 2.0}, {'q', 0.5}};
-    EXPECT_EQ(eval->letters, expected);
-}
-
-TEST(ArgumentsTest, RefusesLettersThatAreNone) {
+    EXPECT_EQ(OptionsFrom<EvalOptions>("eval X+Y+z+q X=-3.5 Y=1e3 z=+2 q=.5").letters,
+              (Letters{{'X', -3.5}, {'Y', 1000.0}, {'z', 2.0}, {'q', 0.5}}));
     for (const char* letter : {"X", "X=", "XY=1", "1=1", "X=1x", "=1", "X=++1"}) {
         const Outcome outcome = Parse({"eval", "X", letter});
         EXPECT_EQ(outcome.Code(), kExitUsage) << letter;
@@ -73,30 +78,44 @@ TEST(ArgumentsTest, TakesEveryTextAsItStands) {
         EXPECT_EQ(Parse({"check", text}).As<CheckOptions>()->file, text);
         EXPECT_EQ(Parse({"info", "-d", text, "--human", text}).As<InfoOptions>()->definition, text);
     }
-    EXPECT_EQ(Parse({"convert", "[a,b]", "{}"}).As<ConvertOptions>()->output, "{}");
-    EXPECT_EQ(Parse({"decode", "-d", "d", "l", "--items", "[a,b]"}).As<DecodeOptions>()->items, "[a,b]");
-    EXPECT_EQ(Parse({"histogram", "-d", "d", "l", "--view", "[last,count]"}).Code(), kExitUsage);
-    EXPECT_EQ(Parse({"eval", "X", "[X=1,Y=2]"}).Code(), kExitUsage);
-    EXPECT_EQ(Parse({"hash", "--", "-a"}).As<HashOptions>()->texts, std::vector<std::string>{"-a"});
+    EXPECT_EQ(OptionsFrom<ConvertOptions>("convert [a,b] {}").output, "{}");
+    EXPECT_EQ(OptionsFrom<DecodeOptions>("decode -d d l --items [a,b]").items, "[a,b]");
+    EXPECT_EQ(OptionsFrom<HashOptions>("hash -- -a").texts, std::vector<std::string>{"-a"});
 }
 
 TEST(ArgumentsTest, CallsWrongUsageByItsCode) {
-    for (const auto& args : std::vector<std::vector<std::string>>{{},
-                                                                  {"nothing"},
-                                                                  {"check"},
-                                                                  {"check", "a", "--what"},
-                                                                  {"convert", "a"},
-                                                                  {"hash"},
-                                                                  {"scan", "--port", "COM1"},
-                                                                  {"scan", "--definition", "a"},
-                                                                  {"scan", "-d", "a", "-p", "b", "--simulate"},
-                                                                  {"scan", "-d", "a", "-p", "b", "--plain", "--json"},
-                                                                  {"scan", "-d", "a", "-p", "b", "--seconds", "0"},
-                                                                  {"scan", "-d", "a", "-p", "b", "--silent"},
-                                                                  {"scan", "-d", "a", "-p", "b", "--record", ""},
-                                                                  {"scan", "-d", "a", "-p", "b", "--record="},
-                                                                  {"scan", "-d", "a", "--simulate", "--replay", ""},
-                                                                  {"decode", "-d", "a", "b", "-o", ""}}) {
+    std::vector<std::vector<std::string>> lines{{"scan", "-d", "a", "-p", "b", "--record", ""},
+                                                {"scan", "-d", "a", "--simulate", "--replay", ""},
+                                                {"decode", "-d", "a", "b", "-o", ""}};
+    for (const char* line : {"",
+                             "nothing",
+                             "check",
+                             "check a --what",
+                             "convert a",
+                             "hash",
+                             "eval X [X=1,Y=2]",
+                             "scan --port COM1",
+                             "scan --definition a",
+                             "scan -d a -p b --simulate",
+                             "scan -d a -p b --plain --json",
+                             "scan -d a -p b --seconds 0",
+                             "scan -d a -p b --silent",
+                             "scan -d a -p b --force",
+                             "scan -d a -p b --record=",
+                             "info",
+                             "info a -d b",
+                             "decode a",
+                             "decode -d b",
+                             "decode -d b a --from x",
+                             "decode -d b a --from -1",
+                             "decode -d b a --from 2 --to 1",
+                             "play -d b a --plain --json",
+                             "play -d b a --speed -1",
+                             "histogram -d b a --view most",
+                             "histogram -d b a --view [last,count]",
+                             "repair a"})
+        lines.push_back(Split(line));
+    for (const auto& args : lines) {
         const Outcome outcome = Parse(args);
         EXPECT_EQ(outcome.Code(), kExitUsage) << testing::PrintToString(args);
         EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
@@ -104,7 +123,7 @@ TEST(ArgumentsTest, CallsWrongUsageByItsCode) {
     }
 }
 
-TEST(ArgumentsTest, HelpsWithEachCommand) {
+TEST(ArgumentsTest, HelpsWithEachCommandAndTellsItsVersion) {
     for (const char* command :
          {"check", "list", "hash", "eval", "convert", "scan", "info", "decode", "play", "histogram", "repair"}) {
         const Outcome outcome = Parse({command, "--help"});
@@ -113,18 +132,63 @@ TEST(ArgumentsTest, HelpsWithEachCommand) {
         EXPECT_EQ(outcome.err, "");
     }
     EXPECT_NE(Parse({"--help"}).out.find("scan"), std::string::npos);
+    const Outcome version = Parse({"--version"});
+    EXPECT_EQ(version.Code(), kExitSuccess);
+    EXPECT_EQ(version.out.substr(0, 11), "corvex-cli ");
 }
 
-TEST(ArgumentsTest, TellsItsVersion) {
-    const Outcome outcome = Parse({"--version"});
-    EXPECT_EQ(outcome.Code(), kExitSuccess);
-    EXPECT_EQ(outcome.out.substr(0, 11), "corvex-cli ");
+TEST(ArgumentsTest, ReadsScan) {
+    EXPECT_TRUE(OptionsFrom<ScanOptions>("scan -d a --simulate").engine.pace);
+    EXPECT_FALSE(OptionsFrom<ScanOptions>("scan -d a --simulate --no-pace").engine.pace);
+    EXPECT_EQ(OptionsFrom<ScanOptions>("scan -d a --simulate --seed 7").engine.seed, 7U);
+    const auto scan = OptionsFrom<ScanOptions>("scan -d b.adx -p COM1 --record c.xdl --force");
+    EXPECT_EQ(scan.record, "c.xdl");
+    EXPECT_TRUE(scan.force);
 }
 
-TEST(ArgumentsTest, PacesTheSimulatedEngineUnlessToldOtherwise) {
-    EXPECT_TRUE(Parse({"scan", "-d", "a", "--simulate"}).As<ScanOptions>()->engine.pace);
-    EXPECT_FALSE(Parse({"scan", "-d", "a", "--simulate", "--no-pace"}).As<ScanOptions>()->engine.pace);
-    EXPECT_EQ(Parse({"scan", "-d", "a", "--simulate", "--seed", "7"}).As<ScanOptions>()->engine.seed, 7U);
+TEST(ArgumentsTest, ReadsInfo) {
+    const auto plain = OptionsFrom<InfoOptions>("info a.xdl");
+    EXPECT_EQ(plain.log, "a.xdl");
+    EXPECT_FALSE(plain.human);
+    EXPECT_EQ(plain.definition, "");
+    const auto human = OptionsFrom<InfoOptions>("info a.xdl --human -d b.adx");
+    EXPECT_TRUE(human.human);
+    EXPECT_EQ(human.definition, "b.adx");
+}
+
+TEST(ArgumentsTest, ReadsDecode) {
+    const auto plain = OptionsFrom<DecodeOptions>("decode -d b.adx a.xdl");
+    EXPECT_EQ(plain.log, "a.xdl");
+    EXPECT_EQ(plain.definition, "b.adx");
+    EXPECT_EQ(plain.output, "-");
+    EXPECT_EQ(plain.from, 0.0);
+    EXPECT_TRUE(std::isinf(plain.to));
+    const auto full =
+        OptionsFrom<DecodeOptions>("decode -d b.adx a.xdl -o c.csv --text --items *rpm* --from 1.5 --to 2");
+    EXPECT_EQ(full.output, "c.csv");
+    EXPECT_TRUE(full.text);
+    EXPECT_EQ(full.items, "*rpm*");
+    EXPECT_EQ(full.from, 1.5);
+    EXPECT_EQ(full.to, 2.0);
+}
+
+TEST(ArgumentsTest, ReadsPlayHistogramAndRepair) {
+    EXPECT_EQ(OptionsFrom<PlayOptions>("play -d b.adx a.xdl").speed, 1.0);
+    const auto play = OptionsFrom<PlayOptions>("play -d b.adx a.xdl --speed 4 --from 9 --json -v");
+    EXPECT_EQ(play.speed, 4.0);
+    EXPECT_EQ(play.from, 9.0);
+    EXPECT_TRUE(play.json);
+    EXPECT_TRUE(play.verbose);
+    const auto histogram =
+        OptionsFrom<HistogramOptions>("histogram -d b.adx --id H --view count --view average-total a.xdl --csv");
+    EXPECT_EQ(histogram.log, "a.xdl");
+    EXPECT_EQ(histogram.id, "H");
+    EXPECT_EQ(histogram.views, (std::vector<std::string>{"count", "average-total"}));
+    EXPECT_TRUE(histogram.csv);
+    const auto repair = OptionsFrom<RepairOptions>("repair a.xdl b.xdl --force");
+    EXPECT_EQ(repair.input, "a.xdl");
+    EXPECT_EQ(repair.output, "b.xdl");
+    EXPECT_TRUE(repair.force);
 }
 
 }  // namespace

@@ -46,27 +46,9 @@ TEST_F(ExampleLogTest, PlaysAsItIsDecoded) {
 }
 
 TEST_F(ExampleLogTest, FillsTheHistograms) {
-    for (const char* id : {"HISTBLM", "HISTKNK"}) {
-        const ToolResult result =
-            RunInside({"histogram", "-d", definition, log, "--csv", "--id", id, "--view", "count-total"});
-        EXPECT_EQ(result.code, 0) << result.err;
-        std::istringstream rows(result.out);
-        std::string row;
-        std::getline(rows, row);
-        unsigned long samples = 0;
-        int cells = 0;
-        while (std::getline(rows, row)) {
-            std::istringstream fields(row);
-            std::string field;
-            std::getline(fields, field, ',');
-            while (std::getline(fields, field, ',')) {
-                if (!field.empty()) ++cells;
-                samples += field.empty() ? 0 : std::stoul(field);
-            }
-        }
-        EXPECT_EQ(samples, 1079U);
-        EXPECT_GT(cells, 10);
-    }
+    for (const char* id : {"HISTBLM", "HISTKNK"})
+        EXPECT_TRUE(Has(RunInside({"histogram", "-d", definition, log, "--id", id}).out,
+                        "; 1079 samples, 0 outside the grid\n"));
 }
 
 }  // namespace

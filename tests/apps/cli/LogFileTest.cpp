@@ -19,15 +19,6 @@ std::string FailureOf(const std::string& path) {
     return err.str();
 }
 
-TEST(LogFileTest, OpensALogForLooking) {
-    const LogTempFile file(BeginLog({kPollHash}));
-    DataLogEngine log;
-    std::ostringstream err;
-    EXPECT_TRUE(OpenLog(log, file.Path(), err));
-    EXPECT_EQ(err.str(), "");
-    EXPECT_EQ(log.ItemCount(), 1U);
-}
-
 TEST(LogFileTest, GivesTheEnginesCode) {
     test::LogBytes old;
     old.Header(44, 0, 2).ItemCount(0);
@@ -49,10 +40,6 @@ TEST(LogFileTest, KnowsAFileByAnotherName) {
     EXPECT_FALSE(SameFile(file.Path(), other.Path()));
     EXPECT_FALSE(SameFile(file.Path(), file.Path() + ".absent"));
     EXPECT_FALSE(SameFile("absent", "absent"));
-}
-
-TEST(LogFileTest, KnowsAFileThroughALink) {
-    const TempFile file("x");
     const std::string link = file.Path() + ".link";
     fs::create_hard_link(file.Path(), link);
     EXPECT_TRUE(SameFile(file.Path(), link));

@@ -12,7 +12,7 @@ namespace corvex {
 using test::Bytes;
 using test::LogBytes;
 
-ToolResult RunInside(const std::vector<std::string>& args) {
+ToolResult RunInside(const Words& args) {
     std::ostringstream out, err;
     ToolResult result;
     result.code = RunCli(args, out, err);

@@ -11,7 +11,7 @@
 namespace corvex {
 
 // Runs the tool inside this process.
-ToolResult RunInside(const std::vector<std::string>& args);
+ToolResult RunInside(const Words& args);
 
 inline constexpr std::uint32_t kPollHash = 0xA6607299;    // POLL of DefinitionWith
 inline constexpr std::uint32_t kStreamHash = 0xFE43497D;  // STREAM

@@ -20,43 +20,19 @@ protected:
     std::ostringstream err_;
 };
 
-TEST_F(ProgressBarTest, KeepsQuietForShortWork) {
+TEST_F(ProgressBarTest, DrawsTheShareDoneTenTimesASecondButNotForShortWork) {
     ProgressBar bar(err_, true, clock_);
-    bar.Update(1, 2);
-    clock_.AdvanceMilliseconds(499);
-    bar.Update(1, 2);
-    bar.Clear();
-    EXPECT_EQ(Drawn(), "");
-}
-
-TEST_F(ProgressBarTest, DrawsTheShareDone) {
-    ProgressBar bar(err_, true, clock_);
-    clock_.AdvanceMilliseconds(500);
-    bar.Update(1, 2);
-    EXPECT_EQ(Drawn(), std::string("\r[").append(20, '#').append(20, ' ').append("]  50 %"));
-}
-
-TEST_F(ProgressBarTest, DrawsTenTimesASecond) {
-    ProgressBar bar(err_, true, clock_);
-    clock_.AdvanceMilliseconds(500);
-    bar.Update(1, 4);
-    EXPECT_NE(Drawn(), "");
-    clock_.AdvanceMilliseconds(99);
-    bar.Update(2, 4);
-    EXPECT_EQ(Drawn(), "");
-    clock_.AdvanceMilliseconds(1);
-    bar.Update(3, 4);
-    EXPECT_NE(Drawn().find(" 75 %"), std::string::npos);
-}
-
-TEST_F(ProgressBarTest, NeverPassesTheEnd) {
-    ProgressBar bar(err_, true, clock_);
-    clock_.AdvanceMilliseconds(500);
-    bar.Update(9, 4);
-    EXPECT_NE(Drawn().find("] 100 %"), std::string::npos);
-    clock_.AdvanceMilliseconds(500);
-    bar.Update(0, 0);
-    EXPECT_NE(Drawn().find("] 100 %"), std::string::npos);
+    const auto after = [&](int milliseconds, std::uint64_t done, std::uint64_t all) {
+        clock_.AdvanceMilliseconds(milliseconds);
+        bar.Update(done, all);
+        return Drawn();
+    };
+    EXPECT_EQ(after(499, 1, 2), "");
+    EXPECT_EQ(after(1, 1, 2), std::string("\r[").append(20, '#').append(20, ' ').append("]  50 %"));
+    EXPECT_EQ(after(99, 3, 4), "");
+    EXPECT_NE(after(1, 3, 4).find(" 75 %"), std::string::npos);
+    EXPECT_NE(after(500, 9, 4).find("] 100 %"), std::string::npos);
+    EXPECT_NE(after(500, 0, 0).find("] 100 %"), std::string::npos);
 }
 
 TEST_F(ProgressBarTest, LeavesTheLineEmpty) {

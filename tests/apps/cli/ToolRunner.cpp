@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 #include "tests/checking/CheckTestHelper.h"
 
@@ -29,7 +30,7 @@ int ExitCodeOf(int status) {
 
 }  // namespace
 
-ToolResult RunTool(const std::vector<std::string>& args, const std::string& before) {
+ToolResult RunTool(const Words& args, const std::string& before) {
     const TempFile out("", ".out");
     const TempFile err("", ".err");
     std::string line = before + Quoted(CORVEX_CLI);
@@ -44,6 +45,19 @@ ToolResult RunTool(const std::vector<std::string>& args, const std::string& befo
     result.out = ReadText(out.Path());
     result.err = ReadText(err.Path());
     return result;
+}
+
+testing::AssertionResult Has(const std::string& text, const std::string& part) {
+    if (text.find(part) != std::string::npos) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "no \"" << part << "\" in:\n" << text;
+}
+
+Words LinesOf(const std::string& text) {
+    Words lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
 }
 
 std::string Example(const std::string& name) {
