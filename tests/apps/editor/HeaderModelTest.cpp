@@ -54,8 +54,8 @@ protected:
     ADXObject *value_, *send_, *macro_, *trigger_;
 };
 
-TEST_F(HeaderModelTest, ShowsWhatTheDefinitionHolds) {
-    const HeaderModel model(definition_);
+TEST_F(HeaderModelTest, ShowsWhatTheDefinitionHoldsAndLeavesItByteForByte) {
+    HeaderModel model(definition_);
     EXPECT_EQ(model.Fields().author, "A. Nother");
     EXPECT_EQ(model.Fields().version, "1.2");
     EXPECT_EQ(model.Fields().description, "one\r\ntwo\r\nthree\r\nfour");
@@ -64,6 +64,11 @@ TEST_F(HeaderModelTest, ShowsWhatTheDefinitionHolds) {
     EXPECT_EQ(model.Fields().command[0], 0U);
     EXPECT_EQ(model.Fields().command[1], 2U);
     EXPECT_FALSE(model.Validate(model.Fields()));
+    model.Apply(model.Fields());
+    EXPECT_STREQ(definition_.Desc().CStr(), "one\ntwo\r\nthree\rfour");
+    EXPECT_STREQ(definition_.Author().CStr(), "A. Nother");
+    EXPECT_EQ(definition_.flags, 0x81U);
+    EXPECT_EQ(definition_.monitorcmd, macro_);
 }
 
 TEST_F(HeaderModelTest, OffersNoneAndAllCommandsByTitleAndId) {
@@ -114,15 +119,13 @@ TEST_F(HeaderModelTest, AppliesWhatWasChanged) {
     EXPECT_EQ(definition_.connectcmd, send_);
     EXPECT_EQ(definition_.monitorcmd, nullptr);
     EXPECT_EQ(definition_.disconnectcmd, trigger_);
-}
-
-TEST_F(HeaderModelTest, LeavesWhatWasNotChangedByteForByte) {
-    HeaderModel model(definition_);
-    model.Apply(model.Fields());
-    EXPECT_STREQ(definition_.Desc().CStr(), "one\ntwo\r\nthree\rfour");
-    EXPECT_STREQ(definition_.Author().CStr(), "A. Nother");
-    EXPECT_EQ(definition_.flags, 0x81U);
-    EXPECT_EQ(definition_.monitorcmd, macro_);
+    for (const char* blank : {"  \t ", "\r\n \r\n"}) {  // no text either
+        definition_.SetDesc("old", 3);
+        fields.description = blank;
+        ASSERT_FALSE(model.Validate(fields));
+        model.Apply(fields);
+        EXPECT_FALSE(definition_.Desc().IsSet());
+    }
 }
 
 TEST_F(HeaderModelTest, TakesWhatNobodyTouchedFromTheDefinitionAndNotFromAControl) {
@@ -146,17 +149,6 @@ TEST_F(HeaderModelTest, TakesWhatNobodyTouchedFromTheDefinitionAndNotFromAContro
     EXPECT_EQ(model.Typed(shown, now), expected);
 }
 
-TEST_F(HeaderModelTest, BlanksAloneAreNoText) {
-    HeaderModel model(definition_);
-    HeaderFields fields = model.Fields();
-    fields.author = "  \t ";
-    fields.description = "\r\n \r\n";
-    ASSERT_FALSE(model.Validate(fields));
-    model.Apply(fields);
-    EXPECT_FALSE(definition_.Author().IsSet());
-    EXPECT_FALSE(definition_.Desc().IsSet());
-}
-
 TEST_F(HeaderModelTest, TextsMayBeAsLongAsTheyAreReadBack) {
     const HeaderModel model(definition_);
     const struct {
@@ -176,6 +168,9 @@ TEST_F(HeaderModelTest, TextsMayBeAsLongAsTheyAreReadBack) {
         fields.*tried.text += 'x';
         const std::string words = std::string(tried.name).append(std::to_string(tried.limit + 1));
         ExpectRefused(model, fields, tried.field, words);
+        fields.baud = "x";  // further down in the dialog
+        ExpectRefused(model, fields, tried.field, words);
+        fields.baud = "160";
         for (const char* character : {"<", "&"}) {
             fields.*tried.text = std::string("a").append(character);
             ExpectRefused(model, fields, tried.field, std::string("the character ").append(character));
@@ -259,14 +254,6 @@ TEST_F(HeaderModelTest, RefusesCommandsThatTheHeaderCannotName) {
     ExpectRefused(model, fields, HeaderField::kConnect, "Connect command: choose one");
     fields.command[0] = static_cast<std::size_t>(-1);  // a combo box without a selection
     ExpectRefused(model, fields, HeaderField::kConnect, "Connect command: choose one");
-}
-
-TEST_F(HeaderModelTest, TellsOfTheFirstProblemInTheOrderOfTheDialog) {
-    const HeaderModel model(definition_);
-    HeaderFields fields = model.Fields();
-    fields.baud = "x";
-    fields.version.assign(20, 'v');
-    ExpectRefused(model, fields, HeaderField::kVersion, "Version: ");
 }
 
 }  // namespace
