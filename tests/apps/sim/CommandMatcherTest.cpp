@@ -26,49 +26,33 @@ Found Pause(CommandMatcher& matcher) {
     return found;
 }
 
-TEST(CommandMatcher, FindsRequestsBackToBack) {
-    CommandMatcher matcher({{1, 2, 3}, {4, 5}});
-    EXPECT_EQ(FeedAll(matcher, {1, 2, 3, 4, 5, 1, 2, 3}), (Found{0, 1, 0}));
-    EXPECT_FALSE(matcher.IsWaiting());
-}
-
-TEST(CommandMatcher, SkipsNoiseAndBrokenRequests) {
-    CommandMatcher matcher({{1, 2, 3}});
-    EXPECT_EQ(FeedAll(matcher, {9, 1, 1, 2, 1, 2, 3, 9, 9, 2, 3}), (Found{0}));
-    EXPECT_EQ(FeedAll(matcher, {1, 2}), Found{});
-    EXPECT_EQ(FeedAll(matcher, {1, 2, 3}), (Found{0}));
-}
-
-TEST(CommandMatcher, PrefersTheLongestRequest) {
-    CommandMatcher matcher({{1, 2}, {1, 2, 3, 4}, {2, 3}});
-    EXPECT_EQ(FeedAll(matcher, {1, 2, 3, 4}), (Found{1}));
-    EXPECT_EQ(FeedAll(matcher, {1, 2, 3, 9}), (Found{0}));
-}
-
-TEST(CommandMatcher, DecidesAHeldRequestAtAPause) {
-    CommandMatcher matcher({{1, 2}, {1, 2, 3, 4}});
-    EXPECT_EQ(FeedAll(matcher, {1, 2}), Found{});
-    EXPECT_TRUE(matcher.IsWaiting());
-    EXPECT_EQ(Pause(matcher), (Found{0}));
-    EXPECT_FALSE(matcher.IsWaiting());
-}
-
-TEST(CommandMatcher, FindsTheRequestBehindADisprovedOne) {
-    CommandMatcher matcher({{1, 1, 2, 3}, {1, 2}});
-    EXPECT_EQ(FeedAll(matcher, {1, 1, 2}), Found{});
-    EXPECT_EQ(FeedAll(matcher, {9}), (Found{1}));
-}
-
-TEST(CommandMatcher, ForgetsABegunRequestAtAPause) {
-    CommandMatcher matcher({{1, 2, 3}});
-    EXPECT_EQ(FeedAll(matcher, {1, 2}), Found{});
-    EXPECT_EQ(Pause(matcher), Found{});
-    EXPECT_EQ(FeedAll(matcher, {3}), Found{});
-}
-
-TEST(CommandMatcher, IgnoresEmptyPatternsAndTakesTheFirstOfEqualOnes) {
-    CommandMatcher matcher({{}, {7, 8}, {7, 8}});
-    EXPECT_EQ(FeedAll(matcher, {7, 8, 7, 8}), (Found{1, 1}));
+TEST(CommandMatcher, FindsRequestsWhereverTheyStand) {
+    const struct {
+        const char* name;
+        std::vector<Bytes> requests;
+        Bytes first;
+        Found found, atPause;  // what `first` brings, and a pause behind it
+        Bytes second = {};
+        Found foundThen = {};
+    } rows[] = {
+        {"back to back", {{1, 2, 3}, {4, 5}}, {1, 2, 3, 4, 5, 1, 2, 3}, {0, 1, 0}, {}},
+        {"noise and broken requests", {{1, 2, 3}}, {9, 1, 1, 2, 1, 2, 3, 9, 9, 2, 3}, {0}, {}},
+        {"the longest", {{1, 2}, {1, 2, 3, 4}, {2, 3}}, {1, 2, 3, 4}, {1}, {}, {1, 2, 3, 9}, {0}},
+        {"one that is held until a pause", {{1, 2}, {1, 2, 3, 4}}, {1, 2}, {}, {0}},
+        {"one behind a disproved one", {{1, 1, 2, 3}, {1, 2}}, {1, 1, 2, 9}, {1}, {}},
+        {"one that a pause cuts", {{1, 2, 3}}, {1, 2}, {}, {}, {3}, {}},
+        {"a broken one before a pause", {{1, 2, 3}}, {1, 2, 1, 2}, {}, {}, {1, 2, 3}, {0}},
+        {"the first of equal ones", {{}, {7, 8}, {7, 8}}, {7, 8, 7, 8}, {1, 1}, {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        CommandMatcher matcher(row.requests);
+        EXPECT_EQ(FeedAll(matcher, row.first), row.found);
+        EXPECT_TRUE(matcher.IsWaiting() || row.atPause.empty());
+        EXPECT_EQ(Pause(matcher), row.atPause);
+        EXPECT_FALSE(matcher.IsWaiting());
+        EXPECT_EQ(FeedAll(matcher, row.second), row.foundThen);
+    }
 }
 
 TEST(CommandMatcher, FindsEveryRequestInAStreamOfNoise) {

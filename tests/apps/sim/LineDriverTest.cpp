@@ -59,24 +59,44 @@ TEST_F(LineDriverTest, DoesNotAddUpTheLatenessOfSingleBytes) {
     EXPECT_GT(stats.latenessMaxMs, 0.05);
 }
 
-TEST_F(LineDriverTest, CountsARequestThatComesByteByByteOnceOnTheLine) {
-    for (std::size_t i = 0; i < kPollRequest.size(); ++i) {
-        line.Type(0.1 + static_cast<double>(i) * kByte, {kPollRequest[i]});
-    }
-    Run();
-    ASSERT_EQ(line.sent.size(), 63U);
-    EXPECT_NEAR(Seconds(line.sent.back().at), 0.1 + 68 * kByte, 1e-6);
-}
-
-TEST_F(LineDriverTest, EchoesARequestWhileItIsBeingSent) {
-    options.echo = true;
-    line.Type(0.1, kPollRequest);
-    Run();
-    ASSERT_EQ(line.sent.size(), 68U);
-    const Bytes sent = line.SentBytes();
-    EXPECT_TRUE(std::equal(kPollRequest.begin(), kPollRequest.end(), sent.begin()));
-    for (std::size_t i = 0; i < sent.size(); ++i) {
-        ASSERT_NEAR(Seconds(line.sent[i].at), 0.1 + static_cast<double>(i + 1) * kByte, 1e-6) << i;
+// Each byte that is sent takes its time on the line, whoever caused it.
+TEST_F(LineDriverTest, EchoesAndAnswersAndIsLateAsItIsTold) {
+    const struct {
+        const char* name;
+        bool echo, silent, definitionEchoes;
+        std::uint32_t late;
+        std::size_t sent;
+        double first, last;  // in bytes of the line behind the request's beginning
+    } rows[] = {
+        {"plain", false, false, false, 0, 63, 6, 68},
+        {"echo", true, false, false, 0, 68, 1, 68},
+        {"echo of a definition", false, false, true, 0, 68, 1, 68},
+        {"late", false, false, false, 50, 63, 6, 68},
+        {"silent", false, true, false, 0, 0, 0, 0},
+        {"silent, but for its echo", true, true, false, 0, 5, 1, 5},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        line = LineFake();
+        options.echo = row.echo;
+        options.silent = row.silent;
+        options.late = row.late;
+        definition.flags = row.definitionEchoes ? 1 : 0;
+        // As it comes from a port: byte by byte.
+        for (std::size_t i = 0; i < kPollRequest.size(); ++i)
+            line.Type(0.1 + static_cast<double>(i) * kByte, {kPollRequest[i]});
+        const SimStats stats = Run();
+        EXPECT_EQ(stats.requests, 1U);
+        EXPECT_EQ(stats.replies, row.silent ? 0U : 1U);
+        ASSERT_EQ(line.sent.size(), row.sent);
+        if (row.sent == 0) continue;
+        const double begin = 0.1 + row.late / 1000.0;
+        EXPECT_NEAR(Seconds(line.sent.front().at), begin + row.first * kByte, 1e-6);
+        EXPECT_NEAR(Seconds(line.sent.back().at), begin + row.last * kByte, 1e-6);
+        const Bytes sent = line.SentBytes();
+        if (row.first < 2) {
+            EXPECT_TRUE(std::equal(kPollRequest.begin(), kPollRequest.end(), sent.begin()));
+        }
     }
 }
 
@@ -112,14 +132,6 @@ TEST_F(LineDriverTest, NeitherWaitsNorSpinsWhenNobodyTakesTheBytes) {
     }
 }
 
-TEST_F(LineDriverTest, StartsLateWhenAsked) {
-    options.late = 50;
-    line.Type(0.1, kPollRequest);
-    Run();
-    ASSERT_EQ(line.sent.size(), 63U);
-    EXPECT_NEAR(Seconds(line.sent.front().at), 0.15 + 6 * kByte, 1e-6);
-}
-
 TEST_F(LineDriverTest, LetsANewRequestCutOffTheReply) {
     line.Type(0.1, kPollRequest);
     line.Type(0.13, kPollRequest);
@@ -128,28 +140,6 @@ TEST_F(LineDriverTest, LetsANewRequestCutOffTheReply) {
     const auto before = static_cast<std::size_t>((0.03 - 5 * kByte) / kByte);
     EXPECT_NEAR(static_cast<double>(line.sent.size()), static_cast<double>(before + 63), 1.0);
     EXPECT_NEAR(Seconds(line.sent.back().at), 0.13 + 68 * kByte, 1e-6);
-}
-
-TEST_F(LineDriverTest, EchoesUnaskedWhenTheDefinitionCountsOnIt) {
-    definition.flags = 1;
-    line.Type(0.1, kPollRequest);
-    Run();
-    EXPECT_EQ(line.sent.size(), kPollRequest.size() + 63U);
-}
-
-TEST_F(LineDriverTest, SaysNothingWhenSilentAndEchoesAllTheSame) {
-    options.silent = true;
-    options.echo = true;
-    line.Type(0.1, kPollRequest);
-    const SimStats stats = Run();
-    EXPECT_EQ(line.SentBytes(), kPollRequest);
-    EXPECT_EQ(stats.requests, 1U);
-    EXPECT_EQ(stats.replies, 0U);
-}
-
-TEST_F(LineDriverTest, IsQuietOnAnIdleLine) {
-    Run();
-    EXPECT_TRUE(line.sent.empty());
 }
 
 TEST_F(LineDriverTest, CountsTheFaultsItMakes) {

@@ -168,48 +168,35 @@ TEST(ReplyBuilder, SweepsEveryWidthOrderAndSign) {
         EXPECT_LE(span.high, 111.0) << value->Id();
 }
 
-TEST(ReplyBuilder, RunsOverTheWholeFieldWhereTheEquationTurns) {
+TEST(ReplyBuilder, FollowsAReciprocalAndRunsOverTheWholeFieldWhereAnEquationTurns) {
     ADXDefinition definition;
-    test::AddSend(definition, "POLL", {1}, 2);
+    test::AddSend(definition, "POLL", {1}, 4);
     auto& value = test::AddValue(definition, "PARABOLA", 0, 8, "(X-128)#2");
     auto& nothing = test::AddValue(definition, "FAROFF", 1, 8);
     value.rangehigh = 100;
     nothing.rangelow = 1000;
     nothing.rangehigh = 2000;
+    auto& period = test::AddValue(definition, "PERIOD", 2, 16, "1000000/X");
+    period.rangelow = 400;
+    period.rangehigh = 7000;
     const Drive drive(definition);
+    EXPECT_NEAR(drive.seen.at(&period).low, 400, 60);
+    EXPECT_NEAR(drive.seen.at(&period).high, 7000, 60);
     EXPECT_EQ(drive.seen.at(&value).low, 0);
     EXPECT_EQ(drive.seen.at(&value).high, 128 * 128);
     EXPECT_EQ(drive.seen.at(&nothing).low, 0);
     EXPECT_EQ(drive.seen.at(&nothing).high, 255);
 }
 
-TEST(ReplyBuilder, FollowsAReciprocal) {
-    ADXDefinition definition;
-    test::AddSend(definition, "POLL", {1}, 2);
-    auto& value = test::AddValue(definition, "PERIOD", 0, 16, "1000000/X");
-    value.rangelow = 400;
-    value.rangehigh = 7000;
-    Drive drive(definition);
-    EXPECT_NEAR(drive.seen.at(&value).low, 400, 60);
-    EXPECT_NEAR(drive.seen.at(&value).high, 7000, 60);
-}
-
 TEST(ReplyBuilder, GivesOverlappingValuesTheirTurns) {
     ADXDefinition definition;
-    test::AddSend(definition, "POLL", {1}, 3);
+    test::AddSend(definition, "POLL", {1}, 4);
     test::AddValue(definition, "WORD", 0, 16).rangehigh = 65535;
     test::AddValue(definition, "HIGHBYTE", 0, 8).rangehigh = 50;  // would hold the word down if it were always written
     test::AddValue(definition, "LOWBYTE", 1, 8);
     test::AddValue(definition, "NEXT", 1, 16).rangehigh = 65535;
-    Drive drive(definition);
-    drive.ExpectSweeps();
-}
-
-TEST(ReplyBuilder, MovesTwoValuesOfOneFieldOverBothRanges) {
-    ADXDefinition definition;
-    test::AddSend(definition, "POLL", {1}, 1);
-    test::AddValue(definition, "LOWER", 0, 8).rangehigh = 100;
-    test::AddValue(definition, "UPPER", 0, 8).rangelow = 90;
+    test::AddValue(definition, "LOWER", 3, 8).rangehigh = 100;
+    test::AddValue(definition, "UPPER", 3, 8).rangelow = 90;
     Drive drive(definition);
     drive.ExpectSweeps();
 }

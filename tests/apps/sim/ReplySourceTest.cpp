@@ -67,36 +67,29 @@ TEST_F(ReplySourceTest, SimulatesWhatTheLogHasNoReplyFor) {
     EXPECT_EQ(plain.Next(0, 3.0), model.Build(0, 3.0));
 }
 
-TEST_F(ReplySourceTest, AnswersOnTheLine) {
+TEST_F(ReplySourceTest, AnswersAndStreamsOnTheLine) {
+    const auto sent = [&](bool withStream, double seconds) {
+        SimOptions options;
+        options.pace = withStream;
+        options.seconds = seconds;
+        options.recording = Recording(withStream);
+        test::LineFake line;
+        for (const double at : {0.1, 0.3, 0.5})
+            if (!withStream) line.Type(at, {0xF4, 0x57});
+        const std::atomic<bool> stop{false};
+        LineDriver driver(line, definition, options);
+        driver.Run(stop);
+        return line.SentBytes();
+    };
+    Bytes packets = EncodeStreamPacket(Bytes{0xA5, 0x0F}), streamed = sent(true, 0.75);
+    const Bytes second = EncodeStreamPacket(Bytes{0x5A, 0xF0});
+    packets.insert(packets.end(), second.begin(), second.end());
+    ASSERT_GE(streamed.size(), packets.size());
+    streamed.resize(packets.size());
+    EXPECT_EQ(streamed, packets);
     definition.Clear();
     poll = test::AddSend(definition, "POLL", {0xF4, 0x57}, 3).GetIdHash();
-    SimOptions options;
-    options.seconds = 1.0;
-    options.recording = Recording(false);
-    test::LineFake line;
-    for (const double at : {0.1, 0.3, 0.5})
-        line.Type(at, {0xF4, 0x57});
-    const std::atomic<bool> stop{false};
-    LineDriver driver(line, definition, options);
-    driver.Run(stop);
-    EXPECT_EQ(line.SentBytes(), (Bytes{1, 2, 3, 4, 5, 6, 1, 2, 3}));
-}
-
-TEST_F(ReplySourceTest, StreamsRecordedPackets) {
-    SimOptions options;
-    options.pace = true;
-    options.seconds = 0.75;
-    options.recording = Recording(true);
-    test::LineFake line;
-    const std::atomic<bool> stop{false};
-    LineDriver driver(line, definition, options);
-    driver.Run(stop);
-    const Bytes first = EncodeStreamPacket(Bytes{0xA5, 0x0F}), second = EncodeStreamPacket(Bytes{0x5A, 0xF0});
-    Bytes both = first;
-    both.insert(both.end(), second.begin(), second.end());
-    const Bytes sent = line.SentBytes();
-    ASSERT_GE(sent.size(), both.size());
-    EXPECT_EQ(Bytes(sent.begin(), sent.begin() + static_cast<std::ptrdiff_t>(both.size())), both);
+    EXPECT_EQ(sent(false, 1.0), (Bytes{1, 2, 3, 4, 5, 6, 1, 2, 3}));
 }
 
 }  // namespace

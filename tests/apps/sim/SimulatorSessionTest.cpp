@@ -74,15 +74,6 @@ TEST_F(SimulatorSessionTest, AnswersPollsOverItsPort) {
     EXPECT_FALSE(session.IsRunning());
 }
 
-TEST_F(SimulatorSessionTest, AnswersPacedPollsWithItsEcho) {
-    options.pace = options.echo = true;
-    Start();
-    Port port(name);
-    const Bytes reply = port.Poll(68);
-    ASSERT_EQ(reply.size(), 68U);
-    EXPECT_TRUE(std::equal(kPollRequest.begin(), kPollRequest.end(), reply.begin()));
-}
-
 TEST_F(SimulatorSessionTest, ServesOnePortAfterAnotherAndCanBeStartedAgain) {
     for (int run = 0; run < 3; ++run) {
         Start();
@@ -115,21 +106,6 @@ TEST_F(SimulatorSessionTest, TakesTheDeviceAwayWhenUnplugged) {
     EXPECT_TRUE(port.Read(1).empty());
     EXPECT_FALSE(SystemSerial().LastError().empty());
     session.Stop();
-}
-
-TEST_F(SimulatorSessionTest, StreamsToAListeningPort) {
-    definition.Clear();
-    test::Add<ADXC160BaudListen>(definition, "STREAM").packetsize = 4;
-    Start();
-    Port port(name);
-    const Bytes stream = port.Read(46 * 20);
-    ASSERT_EQ(stream.size(), 46U * 20);
-    int ones = 0, syncs = 0;
-    for (const std::uint8_t bit : stream) {
-        ones = bit == 0 ? ones + 1 : 0;
-        syncs += ones == 9 ? 1 : 0;
-    }
-    EXPECT_NEAR(syncs, 20, 1);
 }
 
 }  // namespace
