@@ -24,26 +24,19 @@ int WriteOnAFullDisk(const AppSettings& settings) {
     return result;
 }
 
-TEST(AppSettingsPosixTest, FullDiskKeepsTheOldFile) {
+TEST(AppSettingsPosixTest, OldFileStaysOnAFullDiskAndWhereThereCanBeNoneBesideIt) {
     const TestFolder folder;
     FixedProgramPlace place{folder};
     const ScopedProgramPlace scope{place};
-    folder.Put("Settings.dat", "comport=COM4\nlastxdlpath=/logs/drive.xdl\n");
-    AppSettings settings;
-    EXPECT_EQ(0, WriteOnAFullDisk(settings));
-    EXPECT_EQ("comport=COM4\nlastxdlpath=/logs/drive.xdl\n", folder.Content("Settings.dat"));
-    EXPECT_EQ(1U, folder.FileCount());
-}
-
-TEST(AppSettingsPosixTest, KeepsTheOldFileWhereThereCanBeNoneBesideIt) {
-    const TestFolder folder;
-    FixedProgramPlace place{folder};
-    const ScopedProgramPlace scope{place};
-    folder.Put("Settings.dat", "comport=COM4\n");
-    std::filesystem::create_directory(FreshNameFor(folder.Name("Settings.dat")));
+    const std::string old = "comport=COM4\nlastxdlpath=/logs/drive.xdl\n";
+    folder.Put("Settings.dat", old);
     const AppSettings settings;
+    EXPECT_EQ(0, WriteOnAFullDisk(settings));
+    EXPECT_EQ(old, folder.Content("Settings.dat"));
+    EXPECT_EQ(1U, folder.FileCount());
+    std::filesystem::create_directory(FreshNameFor(folder.Name("Settings.dat")));
     EXPECT_EQ(0, WriteSettings(&settings));
-    EXPECT_EQ("comport=COM4\n", folder.Content("Settings.dat"));
+    EXPECT_EQ(old, folder.Content("Settings.dat"));
 }
 
 TEST(AppSettingsPosixTest, LinkToTheFileStaysALink) {

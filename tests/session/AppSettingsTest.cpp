@@ -58,20 +58,10 @@ TEST_F(AppSettingsTest, DefaultsGoByTheScreen) {
     EXPECT_EQ(750, settings.winsizey);  // of the width
     EXPECT_EQ(682 - 511, settings.winposx);
     EXPECT_EQ(383 - 375, settings.winposy);
-}
-
-TEST_F(AppSettingsTest, NarrowScreenBringsTheTopEdgeAboveIt) {
-    place.screen = {2000, 401};
+    place.screen = {2000, 401};  // the top edge is above a low one
     SetDefaults(&settings);
     EXPECT_EQ(1100, settings.winsizey);
     EXPECT_EQ(200 - 550, settings.winposy);
-}
-
-TEST_F(AppSettingsTest, MissingFileKeepsTheDefaults) {
-    settings.winposx = 77;
-    EXPECT_EQ(0, ReadSettings(&settings));
-    EXPECT_EQ(77, settings.winposx);
-    EXPECT_STREQ("COM1", settings.comport);
 }
 
 TEST_F(AppSettingsTest, WritesWhatItReadInItsOwnOrder) {
@@ -93,23 +83,24 @@ TEST_F(AppSettingsTest, PortIsCutToFourCharacters) {
     EXPECT_NE(std::string::npos, Text().find("comport=/dev\n"));
 }
 
-TEST_F(AppSettingsTest, OnlyTheKeyEndsAtTheFirstSign) {
-    EXPECT_EQ(1, Read("lastadxpath=a=b==c=\nlastxdlpath==x\n"));
-    EXPECT_STREQ("a=b==c=", settings.lastadxpath);
-    EXPECT_STREQ("=x", settings.lastxdlpath);
-}
-
-TEST_F(AppSettingsTest, EmptyValuesAndBareKeysLeaveTheDefault) {
-    settings.SetLastLog("kept");
-    EXPECT_EQ(1, Read("lastxdlpath=\ncomport\n\n=\n=COM2\nloadlastdef=\n"));
-    EXPECT_STREQ("kept", settings.lastxdlpath);
-    EXPECT_STREQ("COM1", settings.comport);
-    EXPECT_EQ(1, settings.loadlastdef);
-}
-
-TEST_F(AppSettingsTest, KeysAreComparedExactly) {
-    EXPECT_EQ(1, Read("COMPORT=COM2\ncomport =COM2\n comport=COM2\ncomports=COM2\n"));
-    EXPECT_STREQ("COM1", settings.comport);
+TEST_F(AppSettingsTest, LinesAreKeysAndWhatStandsBehindTheFirstSign) {
+    const struct {
+        const char *name, *text, *adx, *port, *log;
+    } rows[] = {
+        {"only the key ends at the sign", "lastadxpath=a=b==c=\nlastxdlpath==x\n", "a=b==c=", "COM1", "=x"},
+        {"empty values and bare keys", "lastxdlpath=\ncomport\n\n=\n=COM2\nloadlastdef=\n", "", "COM1", "kept"},
+        {"keys that are not quite", "COMPORT=COM2\ncomport =COM2\n comport=COM2\ncomports=COM2\n", "", "COM1", "kept"},
+        {"a last line without an end", "winposx=1\ncomport=COM7", "", "COM7", "kept"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        SetDefaults(&settings);
+        settings.SetLastLog("kept");
+        EXPECT_EQ(1, Read(row.text));
+        EXPECT_STREQ(row.adx, settings.lastadxpath);
+        EXPECT_STREQ(row.port, settings.comport);
+        EXPECT_STREQ(row.log, settings.lastxdlpath);
+        EXPECT_EQ(1, settings.loadlastdef);
+    }
 }
 
 TEST_F(AppSettingsTest, BadNumbersAreZeroAndHugeOnesTheLargest) {
@@ -118,11 +109,6 @@ TEST_F(AppSettingsTest, BadNumbersAreZeroAndHugeOnesTheLargest) {
     EXPECT_EQ(12, settings.winposy);
     EXPECT_EQ(2147483647, settings.winsizex);
     EXPECT_EQ(-2147483647 - 1, settings.winsizey);
-}
-
-TEST_F(AppSettingsTest, LastLineNeedsNoEnd) {
-    EXPECT_EQ(1, Read("winposx=1\ncomport=COM7"));
-    EXPECT_STREQ("COM7", settings.comport);
 }
 
 TEST_F(AppSettingsTest, LongPathsAreCut) {
@@ -155,15 +141,15 @@ TEST_F(AppSettingsTest, ProgramWithoutAFolderHasNoSettings) {
     EXPECT_EQ(kWritten, folder.Content(kFile));
 }
 
-TEST_F(AppSettingsTest, FolderThatIsGoneTakesNothing) {
-    place.file = folder.Name("gone") + place.separator + "corvex.exe";
-    EXPECT_EQ(0, WriteSettings(&settings));
-    EXPECT_EQ(0U, folder.FileCount());
-}
-
-TEST_F(AppSettingsTest, FolderIsNoSettingsFile) {
+TEST_F(AppSettingsTest, WhereThereIsNoFileAllStaysAsItIs) {
+    settings.winposx = 77;
+    EXPECT_EQ(0, ReadSettings(&settings));
     std::filesystem::create_directory(folder.Path() / kFile);
     EXPECT_EQ(0, ReadSettings(&settings));
+    EXPECT_EQ(0, WriteSettings(&settings));
+    EXPECT_EQ(77, settings.winposx);
+    EXPECT_STREQ("COM1", settings.comport);
+    place.file = folder.Name("gone") + place.separator + "corvex.exe";
     EXPECT_EQ(0, WriteSettings(&settings));
     EXPECT_EQ(1U, folder.FileCount());
 }
@@ -185,27 +171,20 @@ TEST_F(AppSettingsTest, ProgramDirectoryEndsWithItsSeparator) {
     EXPECT_STREQ("", directory);
 }
 
-TEST_F(AppSettingsTest, CutAtAnyPlaceItIsReadAsFarAsItGoes) {
+TEST_F(AppSettingsTest, CutAtAnyPlaceOrWithAnyByteWrongItIsReadAsFarAsItGoes) {
     const std::string whole = kWritten;
-    for (std::size_t length = 0; length <= whole.size(); ++length) {
+    const auto read = [this](const std::string& bytes) {
         SetDefaults(&settings);
-        ASSERT_EQ(1, Read(whole.substr(0, length)));
+        ASSERT_EQ(1, Read(bytes));
         ExpectSane();
-    }
-    EXPECT_EQ(600, settings.winsizey);
-}
-
-TEST_F(AppSettingsTest, AnyByteMayBeWrong) {
-    const std::string whole = kWritten;
+    };
     for (std::size_t i = 0; i < whole.size(); ++i) {
-        for (const int bad : {0x00, 0x0A, 0x1A, 0x3D, 0xFF}) {
-            std::string bytes = whole;
-            bytes[i] = static_cast<char>(bad);
-            SetDefaults(&settings);
-            ASSERT_EQ(1, Read(bytes));
-            ExpectSane();
-        }
+        read(whole.substr(0, i));
+        for (const int bad : {0x00, 0x0A, 0x1A, 0x3D, 0xFF})
+            read(std::string(whole).replace(i, 1, 1, static_cast<char>(bad)));
     }
+    read(whole);
+    EXPECT_EQ(600, settings.winsizey);
 }
 
 TEST_F(AppSettingsTest, BinaryRubbishIsPassedOver) {

@@ -3,20 +3,40 @@
 namespace corvex::test {
 namespace {
 
-class ConnectThreadTest : public ScanTest {
-protected:
-    const Calls connectWrite{"write 192"}, monitorWrite{"write 160"};
-};
+class ConnectThreadTest : public ScanTest {};
 
 TEST_F(ConnectThreadTest, ConnectMonitorAndDisconnectRunInOrder) {
     AnswerAll();
-    EndAfter(3);
-    Scan();
-    EXPECT_EQ((Calls{"write 192", "write 160", "write 160", "write 208"}), serial.Calls("write"));
-    EXPECT_EQ("close", serial.Calls().back());
-    EXPECT_EQ(kNotConnected, session.connectionState);
-    EXPECT_EQ(0U, session.scanning);
-    EXPECT_EQ(0U, session.errorCount);
+    ADXObject *const none = nullptr, *const refused = Add<ADXValue>(session.definition, "NOCOMMAND");
+    const std::string c = "write 192", m = "write 160", d = "write 208";
+    const struct {
+        const char* name;
+        ADXObject *connect, *monitor, *disconnect;
+        int replies;
+        Calls writes;
+    } rows[] = {
+        {"all of them", connect, monitor, disconnect, 3, {c, m, m, d}},
+        {"without a connect command the monitor begins at once", none, monitor, disconnect, 1, {m, d}},
+        {"without a monitor there is nothing to disconnect", connect, none, disconnect, 9, {c}},
+        {"an absent disconnect is no failure", connect, monitor, none, 2, {c, m}},
+        {"a stop during the connect skips the monitor", connect, monitor, disconnect, 1, {c, d}},
+        {"a refused connect skips the rest", refused, monitor, disconnect, 9, {}},
+        {"a refused monitor skips the disconnect", connect, refused, disconnect, 9, {c}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        session.definition.connectcmd = row.connect;
+        session.definition.monitorcmd = row.monitor;
+        session.definition.disconnectcmd = row.disconnect;
+        EndAfter(row.replies);
+        Scan();
+        EXPECT_EQ(row.writes, serial.Calls("write"));
+        EXPECT_EQ("close", serial.Calls().back());
+        EXPECT_EQ(kNotConnected, session.connectionState);
+        EXPECT_EQ(0U, session.scanning);
+        EXPECT_EQ(0U, session.errorCount);
+        serial.ForgetCalls();
+    }
 }
 
 TEST_F(ConnectThreadTest, StatesAreShownAsTheyAreEntered) {
@@ -69,61 +89,6 @@ TEST_F(ConnectThreadTest, ALineAtAnotherRateIsTold) {
     EXPECT_EQ(6U, Opened());
 }
 
-TEST_F(ConnectThreadTest, DefinitionWithoutConnectMonitorsAtOnce) {
-    AnswerAll();
-    session.definition.connectcmd = nullptr;
-    EndAfter(1);
-    Scan();
-    EXPECT_EQ((Calls{"write 160", "write 208"}), serial.Calls("write"));
-}
-
-TEST_F(ConnectThreadTest, DefinitionWithoutMonitorClosesWithoutDisconnect) {
-    AnswerAll();
-    session.definition.monitorcmd = nullptr;
-    Scan();
-    EXPECT_EQ(connectWrite, serial.Calls("write"));
-    EXPECT_EQ("close", serial.Calls().back());
-}
-
-TEST_F(ConnectThreadTest, StopDuringTheConnectSkipsTheMonitor) {
-    AnswerAll();
-    EndAfter(1);
-    Scan();
-    EXPECT_EQ((Calls{"write 192", "write 208"}), serial.Calls("write"));
-}
-
-TEST_F(ConnectThreadTest, RefusedConnectSkipsTheRest) {
-    AnswerAll();
-    session.definition.connectcmd = Add<ADXValue>(session.definition, "NOCOMMAND");
-    Scan();
-    EXPECT_TRUE(serial.Calls("write").empty());
-    EXPECT_EQ("close", serial.Calls().back());
-}
-
-// A line failure is no refusal.
-TEST_F(ConnectThreadTest, UnansweredConnectGoesOnToTheMonitor) {
-    EndAfter(2);
-    Scan();
-    EXPECT_EQ((Calls{"write 192", "write 160", "write 208"}), serial.Calls("write"));
-}
-
-TEST_F(ConnectThreadTest, RefusedMonitorSkipsTheDisconnect) {
-    AnswerAll();
-    session.definition.monitorcmd = Add<ADXValue>(session.definition, "NOCOMMAND");
-    Scan();
-    EXPECT_EQ(connectWrite, serial.Calls("write"));
-    EXPECT_EQ(0U, session.scanning);
-}
-
-TEST_F(ConnectThreadTest, AbsentDisconnectIsNoFailure) {
-    AnswerAll();
-    session.definition.disconnectcmd = nullptr;
-    EndAfter(2);
-    Scan();
-    EXPECT_EQ((Calls{"write 192", "write 160"}), serial.Calls("write"));
-    EXPECT_EQ("close", serial.Calls().back());
-}
-
 TEST_F(ConnectThreadTest, SilentLineStaysConnectingWithoutErrors) {
     EndAfter(4);
     std::vector<std::uint32_t> states;
@@ -131,6 +96,8 @@ TEST_F(ConnectThreadTest, SilentLineStaysConnectingWithoutErrors) {
         if (call == "status") states.push_back(session.connectionState);
     };
     Scan();
+    // A line failure is no refusal.
+    EXPECT_EQ((Calls{"write 192", "write 160", "write 160", "write 160", "write 208"}), serial.Calls("write"));
     EXPECT_EQ((std::vector<std::uint32_t>{1, 1, 1, 1, 1, 1, 2}), states);  // entered, four polls, disconnect, left
     EXPECT_EQ(0U, session.errorCount);
     EXPECT_EQ(5U, recorder.Count("reply 6 0"));

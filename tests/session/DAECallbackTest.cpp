@@ -8,6 +8,8 @@
 namespace corvex::test {
 namespace {
 
+constexpr auto kRefused = static_cast<std::int32_t>(0x80004005);
+
 class DAECallbackTest : public testing::Test {
 protected:
     DAECallbackTest() {
@@ -27,7 +29,6 @@ protected:
         status.code = code;
         return session.callback.On160BaudEnd(&status, packet.data(), static_cast<std::uint32_t>(packet.size()));
     }
-    void Connect() { session.connectionState = kConnected; }
 
     VirtualClock clock;
     ScopedClock scope{clock};
@@ -45,57 +46,91 @@ TEST_F(DAECallbackTest, GoodReplyTakesTheWholeRoadInOrder) {
     session.scanning = 1;
     session.connectionState = kConnecting;
     recorder.ShowDashAndList(true);
-    recorder.onNoted = [this](const std::string& call) {
-        if (call.starts_with("dash")) {
-            EXPECT_EQ("1.234: Command/Reply Success", text.Text());
-            EXPECT_EQ(4U, session.CopyLastPacket().size);
-            EXPECT_EQ(kConnecting, session.connectionState);
-        }
-    };
-    EXPECT_EQ(0, EndSend(*send, {1, 2, 3, 4}));
-    EXPECT_EQ((Calls{"dash 4 " + id, "list", "histograms 4 " + id, "monitor 1.234 4 " + id, "status", "buttons",
-                     "status", "reply 0 4"}),
-              recorder.Noted());
-    EXPECT_EQ(kConnected, session.connectionState);
-    EXPECT_EQ(1U, session.timer.tickCount);
-    EXPECT_EQ(0U, session.errorCount);
-}
-
-TEST_F(DAECallbackTest, HiddenPagesAreNotTold) {
-    EndSend(*send, {1, 2, 3, 4});
-    EXPECT_EQ((Calls{"histograms 4 " + id, "monitor 0.000 4 " + id, "status", "reply 0 4"}), recorder.Noted());
-}
-
-TEST_F(DAECallbackTest, ValuesAreCapturedBeforeTheViewsAreTold) {
     ADXValue* own = AddValue(session.definition, "OWN", "X");
     own->packetoffset = 1;
     own->parentcmdidhash = send->GetIdHash();
     ADXValue* foreign = AddValue(session.definition, "FOREIGN", "X");
     foreign->parentcmdidhash = listen->GetIdHash();
     recorder.onNoted = [&](const std::string& call) {
-        if (call.starts_with("histograms")) {
-            EXPECT_EQ(0x22U, own->GetRaw(nullptr));
-        }
+        if (!call.starts_with("dash")) return;
+        EXPECT_EQ("1.234: Command/Reply Success", text.Text());
+        EXPECT_EQ(4U, session.CopyLastPacket().size);
+        EXPECT_EQ(kConnecting, session.connectionState);
+        EXPECT_EQ(0x22U, own->GetRaw(nullptr));
     };
-    EndSend(*send, {0x11, 0x22, 0x33, 0x44});
-    EXPECT_EQ(0x22U, own->GetRaw(nullptr));
+    EXPECT_EQ(0, EndSend(*send, {0x11, 0x22, 0x33, 0x44}));
+    EXPECT_EQ((Calls{"dash 4 " + id, "list", "histograms 4 " + id, "monitor 1.234 4 " + id, "status", "buttons",
+                     "status", "reply 0 4"}),
+              recorder.Noted());
     EXPECT_EQ(0U, foreign->GetRaw(nullptr));
+    EXPECT_EQ(kConnected, session.connectionState);
+    EXPECT_EQ(1U, session.timer.tickCount);
+    EXPECT_EQ(0U, session.errorCount);
 }
 
-TEST_F(DAECallbackTest, PacketIsThePartOfTheReplyBehindTheOffset) {
-    send->replysize = 6;
-    send->packetoffset = 2;
-    send->packetsize = 3;
-    EndSend(*send, {1, 2, 3, 4, 5, 6});
-    const LastPacket last = session.CopyLastPacket();
-    EXPECT_EQ(3U, last.size);
-    EXPECT_EQ(send->GetIdHash(), last.command);
-    EXPECT_EQ((Bytes{3, 4, 5, 0}), Bytes(last.bytes.begin(), last.bytes.begin() + 4));
-    EXPECT_EQ(1U, recorder.Count("reply 0 6"));
+TEST_F(DAECallbackTest, WhatIsNoSampleIsToldByItsCodeAndState) {
+    const std::string failure = "0.000: !!!!!!SEND COMMAND FAILURE (0x0000000";
+    const char *none = "", *framing = "Data errors detected!", *sync = "160 BAUD PACKET ERROR";
+    const struct {
+        const char* name;
+        std::uint32_t state, code;
+        Bytes reply;
+        const char *text, *flash, *told;  // the text is that of a 160-baud packet
+        std::uint32_t errors;
+    } rows[] = {
+        {"while connected", kConnected, kCodeShortReply, {1, 2}, none, "ALDL Data Error!", "6 2", 1},
+        {"before the first good one", kConnecting, kCodeShortReply, {}, none, none, "6 0", 0},
+        {"before the read", kNotConnected, kCodeShortWrite, {1}, none, none, "5 -", 0},
+        {"by a stop", kNotConnected, kCodeStopped, {1, 2}, none, none, "2 -", 0},
+        {"badly framed in every state", kConnecting, kCodeBadFraming, {1, 0, 3}, framing, none, "7 3", 1},
+        {"badly framed when connected", kConnected, kCodeBadFraming, {1, 0, 3}, framing, "Data Byte Error!", "7 3", 1},
+        {"without sync", kConnected, kCodeNoSync, {}, sync, "Packet Error!", "8 -", 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        session.connectionState = row.state;
+        session.errorCount = session.timer.tickCount = 0;
+        session.StoreLastPacket({});
+        text.Clear();
+        const bool isSend = *row.text == '\0';
+        EXPECT_EQ(0, isSend ? EndSend(*send, row.reply, row.code) : End160(row.reply, row.code));
+        EXPECT_EQ(isSend ? failure + row.told[0] + ")!!!!!!" : row.text, text.Text());
+        Calls calls{"status", std::string("reply ") + row.told};
+        if (*row.flash != '\0')
+            calls.insert(calls.begin(), std::string("flash ") + row.flash + " 0x000000 0x0000FF 500");
+        EXPECT_EQ(calls, recorder.Take());
+        EXPECT_EQ(row.errors, session.errorCount);
+        EXPECT_EQ(1U, session.timer.tickCount);
+        // What is framed badly is kept all the same.
+        EXPECT_EQ(row.code == kCodeBadFraming ? 3U : 0U, session.CopyLastPacket().size);
+    }
 }
 
-// Live and played alike: a packetsize that is too small hides no field of the reply.
-TEST_F(DAECallbackTest, ItemsReadToTheEndOfTheReply) {
+TEST_F(DAECallbackTest, SendWithoutReplyCountsATickAndDecodesNothing) {
+    send->flags = 0;
+    clock.AdvanceMilliseconds(500);
+    session.connectionState = kConnected;
+    EXPECT_EQ(0, EndSend(*send, {0xF4, 0x57}));
+    EXPECT_EQ("0.500: Command sent. Reply not processed.", text.Text());
+    EXPECT_EQ((Calls{"status", "reply 0 -"}), recorder.Noted());
+    EXPECT_EQ(1U, session.timer.tickCount);
+    EXPECT_EQ(0U, session.CopyLastPacket().size);
+}
+
+TEST_F(DAECallbackTest, GoodReplyConnectsOnlyAScanThatIsConnecting) {
+    session.connectionState = kConnecting;
+    EndSend(*send, {1, 2, 3, 4});
+    EXPECT_EQ(kConnecting, session.connectionState);
+    session.scanning = 1;
+    session.connectionState = kLogPaused;
+    EndSend(*send, {1, 2, 3, 4});
+    EXPECT_EQ(kLogPaused, session.connectionState);
+    EXPECT_EQ(0U, recorder.Count("buttons"));
+}
+
+// Live and played alike: a packetsize that is too small hides no field of the reply, and the last packet is as long as
+// it says.
+TEST_F(DAECallbackTest, ItemsReadFromTheOffsetToTheEndOfTheReply) {
     send->packetoffset = 1;
     send->packetsize = 1;
     ADXValue* beyond = AddValue(session.definition, "BEYOND", "X");
@@ -104,12 +139,16 @@ TEST_F(DAECallbackTest, ItemsReadToTheEndOfTheReply) {
         const auto last = static_cast<std::uint8_t>(0x44 + status.source);
         EndSend(*send, {0x11, 0x22, 0x33, last});
         EXPECT_EQ(last, beyond->GetRaw(nullptr));
-        EXPECT_EQ(1U, session.CopyLastPacket().size);
+        const LastPacket packet = session.CopyLastPacket();
+        EXPECT_EQ(1U, packet.size);
+        EXPECT_EQ(0x22, packet.bytes[0]);
+        EXPECT_EQ(send->GetIdHash(), packet.command);
         // A reader of the last packet, like a histogram, takes the raw word.
-        EXPECT_EQ(last, beyond->GetRaw(session.CopyLastPacket().View()));
+        EXPECT_EQ(last, beyond->GetRaw(packet.View()));
     }
     EXPECT_EQ(2U, recorder.Count("monitor 0.000 3 " + id));
     EXPECT_EQ(2U, recorder.Count("histograms 1 " + id));
+    EXPECT_EQ(2U, recorder.Count("reply 0 4"));
 }
 
 // Bytes that never came are neither read nor made up.
@@ -127,97 +166,27 @@ TEST_F(DAECallbackTest, PacketBeyondTheReplyIsCutToWhatCame) {
     EXPECT_EQ(2U, session.CopyLastPacket().size);
     EXPECT_EQ(9U, inside->GetRaw(nullptr));
     EXPECT_EQ(0U, outside->GetRaw(nullptr));
-
     send->packetoffset = 0xFFFFFFFF;
     EXPECT_EQ(0, session.callback.OnSendCommandEnd(&status, exact.get(), 4));
     EXPECT_EQ(0U, session.CopyLastPacket().size);
-}
-
-TEST_F(DAECallbackTest, CountBeyondTheReplyBufferIsNotBelieved) {
-    send->replysize = 2;
-    EndSend(*send, {1, 2, 3, 4});
+    send->packetoffset = 0;
+    send->replysize = 2;  // a count beyond the reply's buffer is not believed
+    EXPECT_EQ(0, session.callback.OnSendCommandEnd(&status, exact.get(), 4));
     EXPECT_EQ(2U, session.CopyLastPacket().size);
-}
-
-TEST_F(DAECallbackTest, PacketLongerThanTheLastPacketIsCut) {
-    send->replysize = send->packetsize = 400;
-    Bytes reply(400, 7);
-    reply[299] = 8;
-    EndSend(*send, reply);
-    EXPECT_EQ(300U, session.CopyLastPacket().size);
-    EXPECT_EQ(8U, session.CopyLastPacket().bytes[299]);
-    EXPECT_EQ(1U, recorder.Count("monitor 0.000 400 " + id));
-}
-
-TEST_F(DAECallbackTest, EmptyReplyIsASampleAllTheSame) {
     send->replysize = send->packetsize = 0;
+    text.Clear();
     EndSend(*send, {});
     EXPECT_EQ("0.000: Command/Reply Success", text.Text());
     EXPECT_EQ(1U, recorder.Count("reply 0 0"));
 }
 
-TEST_F(DAECallbackTest, SendWithoutReplyCountsATickAndDecodesNothing) {
-    send->flags = 0;
-    clock.AdvanceMilliseconds(500);
-    Connect();
-    EXPECT_EQ(0, EndSend(*send, {0xF4, 0x57}));
-    EXPECT_EQ("0.500: Command sent. Reply not processed.", text.Text());
-    EXPECT_EQ((Calls{"status", "reply 0 -"}), recorder.Noted());
-    EXPECT_EQ(1U, session.timer.tickCount);
-    EXPECT_EQ(0U, session.CopyLastPacket().size);
-}
-
-TEST_F(DAECallbackTest, FailureWhileConnectedFlashesAndCounts) {
-    Connect();
-    clock.AdvanceMilliseconds(2500);
-    EXPECT_EQ(0, EndSend(*send, {1, 2}, kCodeShortReply));
-    EXPECT_EQ("2.500: !!!!!!SEND COMMAND FAILURE (0x00000006)!!!!!!", text.Text());
-    EXPECT_EQ((Calls{"flash ALDL Data Error! 0x000000 0x0000FF 500", "status", "reply 6 2"}), recorder.Noted());
-    EXPECT_EQ(1U, session.errorCount);
-    EXPECT_EQ(1U, session.timer.tickCount);
-    EXPECT_EQ(0U, session.CopyLastPacket().size);
-}
-
-TEST_F(DAECallbackTest, FailureBeforeTheFirstGoodReplyIsNoError) {
-    session.connectionState = kConnecting;
-    EndSend(*send, {}, kCodeShortReply);
-    EXPECT_EQ(0U, session.errorCount);
-    EXPECT_EQ((Calls{"status", "reply 6 0"}), recorder.Noted());
-    EXPECT_EQ(1U, session.timer.tickCount);
-}
-
-TEST_F(DAECallbackTest, FailureBeforeTheReadBringsNoReply) {
-    EndSend(*send, {1}, kCodeShortWrite);
-    EndSend(*send, {1, 2}, kCodeStopped);
-    EXPECT_EQ((Calls{"status", "reply 5 -", "status", "reply 2 -"}), recorder.Noted());
-}
-
-TEST_F(DAECallbackTest, GoodReplyWhileNotScanningMakesNoConnection) {
-    session.connectionState = kConnecting;
-    EndSend(*send, {1, 2, 3, 4});
-    EXPECT_EQ(kConnecting, session.connectionState);
-    EXPECT_EQ(0U, recorder.Count("buttons"));
-}
-
-TEST_F(DAECallbackTest, GoodReplyLeavesAPausedLogPaused) {
-    session.scanning = 1;
-    session.connectionState = kLogPaused;
-    EndSend(*send, {1, 2, 3, 4});
-    EXPECT_EQ(kLogPaused, session.connectionState);
-}
-
 TEST_F(DAECallbackTest, TextBeginsAnewAtEvery201stReply) {
-    for (int i = 0; i < 200; ++i)
-        EndSend(*send, {}, kCodeShortReply);
-    EXPECT_NE(std::string::npos, text.Text().find("\r\n"));
     const std::string line = "0.000: !!!!!!SEND COMMAND FAILURE (0x00000006)!!!!!!";
-    EndSend(*send, {}, kCodeShortReply);
-    EXPECT_EQ(line, text.Text());
-    for (int i = 0; i < 200; ++i)
+    for (std::size_t reply = 0; reply < 2 * 201 + 1; ++reply) {
         EndSend(*send, {}, kCodeShortReply);
-    EXPECT_EQ(line.size() * 201 + 2 * 200, text.Text().size());
-    EndSend(*send, {}, kCodeShortReply);
-    EXPECT_EQ(line, text.Text());
+        const std::size_t lines = reply < 200 ? reply + 1 : (reply - 200) % 201 + 1;
+        ASSERT_EQ(lines * line.size() + 2 * (lines - 1), text.Text().size()) << reply;
+    }
 }
 
 TEST_F(DAECallbackTest, LoggedReplyIsFoundByHashAndTimedByTheLog) {
@@ -237,21 +206,18 @@ TEST_F(DAECallbackTest, LoggedReplyIsFoundByHashAndTimedByTheLog) {
     EXPECT_EQ(2U, session.CopyLastPacket().bytes[0]);
 }
 
-TEST_F(DAECallbackTest, LoggedReplyOfAnUnknownCommandIsRefused) {
+TEST_F(DAECallbackTest, LoggedReplyOfAnUnknownCommandOrOneThatSendsNothingIsRefused) {
     status.source = 1;
+    for (const std::uint32_t command : {0x12345678U, listen->GetIdHash()}) {
+        text.Clear();
+        status.commandId = command;
+        EXPECT_EQ(kRefused, session.callback.OnSendCommandEnd(&status, nullptr, 0));
+        EXPECT_EQ("Log playback: Command not found in def. Wrong definition?", text.Text());
+    }
     status.commandId = 0x12345678;
-    EXPECT_EQ(static_cast<std::int32_t>(0x80004005), session.callback.OnSendCommandEnd(&status, nullptr, 0));
-    EXPECT_EQ("Log playback: Command not found in def. Wrong definition?", text.Text());
-    EXPECT_EQ(static_cast<std::int32_t>(0x80004005), session.callback.On160BaudEnd(&status, nullptr, 0));
+    EXPECT_EQ(kRefused, session.callback.On160BaudEnd(&status, nullptr, 0));
     EXPECT_TRUE(recorder.Noted().empty());
     EXPECT_EQ(0U, session.timer.tickCount);
-}
-
-TEST_F(DAECallbackTest, LoggedReplyOfACommandThatSendsNothingIsRefused) {
-    status.source = 1;
-    status.commandId = listen->GetIdHash();
-    EXPECT_EQ(static_cast<std::int32_t>(0x80004005), session.callback.OnSendCommandEnd(&status, nullptr, 0));
-    EXPECT_EQ("Log playback: Command not found in def. Wrong definition?", text.Text());
 }
 
 // The values keep their raw words: views compute from the packet. The id is the last send's.
@@ -263,9 +229,10 @@ TEST_F(DAECallbackTest, Packet160IsPublishedUnderTheStaleIdWithoutCapture) {
     double seen = 0.0;
     const Bytes packet{5, 6};
     recorder.onNoted = [&](const std::string& call) {
-        if (call.starts_with("dash")) seen = value->Compute(session.definition, PacketView(packet.data(), 2));
         if (call.starts_with("monitor")) {
             EXPECT_EQ(0U, session.CopyLastPacket().size);
+            EXPECT_EQ(0U, value->GetRaw(nullptr));
+            seen = value->Compute(session.definition, PacketView(packet.data(), 2));
         }
     };
     status.commandId = send->GetIdHash();
@@ -273,59 +240,18 @@ TEST_F(DAECallbackTest, Packet160IsPublishedUnderTheStaleIdWithoutCapture) {
     EXPECT_EQ("160 baud packet acquired", text.Text());
     EXPECT_EQ((Calls{"status", "buttons", "dash 2 " + id, "list", "histograms 0 " + id, "monitor 0.000 2 " + id,
                      "status", "reply 0 2"}),
-              recorder.Noted());
+              recorder.Take());
     EXPECT_EQ(5.0, seen);
     EXPECT_EQ(kConnected, session.connectionState);
     EXPECT_EQ(2U, session.CopyLastPacket().size);
     EXPECT_EQ(send->GetIdHash(), session.CopyLastPacket().command);
     EXPECT_EQ(1U, session.timer.tickCount);
-}
-
-TEST_F(DAECallbackTest, Packet160IsNotCaptured) {
-    ADXValue* value = AddValue(session.definition, "V", "X");
-    End160({5, 6});
-    EXPECT_EQ(0U, value->GetRaw(nullptr));
-}
-
-// The last packet is stored after the views are told, so a histogram takes the one before.
-TEST_F(DAECallbackTest, HistogramsTakeThe160BaudPacketBefore) {
-    End160({5, 6});
-    recorder.Take();
+    recorder.onNoted = nullptr;
+    // The last packet is stored after the views are told, so a histogram takes the one before.
     End160({7, 8, 9});
-    EXPECT_EQ(1U, recorder.Count("histograms 2 0x000000"));
-}
-
-TEST_F(DAECallbackTest, BadFramingCountsInEveryStateAndKeepsThePacket) {
-    session.connectionState = kConnecting;
-    EXPECT_EQ(0, End160({1, 0, 3}, kCodeBadFraming));
-    EXPECT_EQ("Data errors detected!", text.Text());
-    EXPECT_EQ(1U, session.errorCount);
+    EXPECT_EQ(1U, recorder.Count("histograms 2 " + id));
+    EXPECT_EQ(0, session.callback.On160BaudEnd(&status, nullptr, 7));  // a count without bytes, as of a stop
     EXPECT_EQ(3U, session.CopyLastPacket().size);
-    EXPECT_EQ((Calls{"status", "reply 7 3"}), recorder.Take());
-    Connect();
-    End160({1, 0, 3}, kCodeBadFraming);
-    EXPECT_EQ(2U, session.errorCount);
-    EXPECT_EQ((Calls{"flash Data Byte Error! 0x000000 0x0000FF 500", "status", "reply 7 3"}), recorder.Noted());
-}
-
-TEST_F(DAECallbackTest, MissingSyncFlashesAndIsNotCounted) {
-    Connect();
-    EXPECT_EQ(0, End160({}, kCodeNoSync));
-    EXPECT_EQ("160 BAUD PACKET ERROR", text.Text());
-    EXPECT_EQ((Calls{"flash Packet Error! 0x000000 0x0000FF 500", "status", "reply 8 -"}), recorder.Noted());
-    EXPECT_EQ(0U, session.errorCount);
-    EXPECT_EQ(1U, session.timer.tickCount);
-}
-
-TEST_F(DAECallbackTest, StoppedListenKeepsThePacketBefore) {
-    End160({5, 6});
-    EXPECT_EQ(0, session.callback.On160BaudEnd(&status, nullptr, 7));  // a count without bytes
-    EXPECT_EQ(2U, session.CopyLastPacket().size);
-}
-
-TEST_F(DAECallbackTest, Long160BaudPacketIsCut) {
-    End160(Bytes(400, 1), kCodeBadFraming);
-    EXPECT_EQ(300U, session.CopyLastPacket().size);
 }
 
 TEST_F(DAECallbackTest, TriggerMakesTheViewsCatchUp) {
@@ -339,7 +265,7 @@ TEST_F(DAECallbackTest, TriggerMakesTheViewsCatchUp) {
     const struct {
         std::uint32_t bits;
         Calls calls;
-    } cases[] = {
+    } rows[] = {
         {0x1, {}},
         {0x2, {"histograms 4 " + own}},
         {0x4, {"list"}},
@@ -347,10 +273,10 @@ TEST_F(DAECallbackTest, TriggerMakesTheViewsCatchUp) {
         {0x10, {"dash - " + own}},
         {0x1E, {"dash - " + own, "list", "histograms 4 " + own, "monitor 2.000 - " + own}},
     };
-    for (const auto& one : cases) {
-        trigger->triggertype = one.bits;
+    for (const auto& row : rows) {
+        trigger->triggertype = row.bits;
         EXPECT_EQ(0, session.callback.OnTrigger(&status));
-        EXPECT_EQ(one.calls, recorder.Take()) << one.bits;
+        EXPECT_EQ(row.calls, recorder.Take()) << row.bits;
     }
     EXPECT_EQ(1U, session.timer.tickCount);  // the send's
     recorder.ShowDashAndList(false);
@@ -390,15 +316,12 @@ TEST_F(DAECallbackTest, RawTrafficIsDumpedWhenRead) {
     EXPECT_EQ(0U, text.Text().find("Read\r\n0000: 41 "));
 }
 
-TEST_F(DAECallbackTest, LogProgressMovesCursorAndSlider) {
+TEST_F(DAECallbackTest, LogProgressMovesCursorAndSliderAndItsEndStartsAStop) {
     EXPECT_EQ(0, session.callback.OnLogSeekBegin(3, 1));
     EXPECT_EQ(0, session.callback.OnLogProgress(2500, 17));
     session.log.currentMs = 750;
     EXPECT_EQ(0, session.callback.OnLogSeekEnd());
     EXPECT_EQ((Calls{"monitor time 2.500", "slider 17", "monitor time 0.750"}), recorder.Noted());
-}
-
-TEST_F(DAECallbackTest, LogEndStartsTheStopOfThePlayback) {
     session.log.state = kLogPlaying;
     EXPECT_EQ(0, session.callback.OnLogEnd());
     EXPECT_TRUE(recorder.WaitFor("post 32770"));

@@ -17,54 +17,32 @@ protected:
     std::uint32_t Index() const { return session.log.sampleIndex; }
 };
 
-TEST_F(JumpCommandsTest, SliderGoesToItsRecord) {
-    for (const std::uint32_t position : {20U, 3U, 30U, 0U}) {
+// The keys go not by ten, but to the tenth, and from there on by one. They are known for it.
+TEST_F(JumpCommandsTest, GoWhereTheyPointWithoutDeliveringAnything) {
+    const auto slider = [this](std::uint32_t position) {
         session.MoveLogSlider(position);
-        EXPECT_EQ(position, Index());
-    }
+        return Index();
+    };
+    const auto forward = [this] {
+        session.JumpForward();
+        return Index();
+    };
+    const auto backward = [this] {
+        session.JumpBackward();
+        return Index();
+    };
+    for (const std::uint32_t position : {20U, 3U, 30U, 0U})
+        EXPECT_EQ(position, slider(position));
     EXPECT_EQ((Calls{"monitor time 1.900", "monitor time 0.200", "monitor time 2.900", "monitor time 2.900"}),
               recorder.Take());
-}
-
-// Not by ten, but to the tenth; from there on by one. The keys are known for it.
-TEST_F(JumpCommandsTest, ForwardGoesToTheTenthAndThenByOne) {
-    session.JumpForward();
-    EXPECT_EQ(10U, Index());
-    session.JumpForward();
-    EXPECT_EQ(11U, Index());
-    session.MoveLogSlider(4);
-    session.JumpForward();
-    EXPECT_EQ(10U, Index());
-}
-
-TEST_F(JumpCommandsTest, BackwardGoesByTen) {
-    session.MoveLogSlider(25);
-    session.JumpBackward();
-    EXPECT_EQ(15U, Index());
-    session.JumpBackward();
-    EXPECT_EQ(5U, Index());
-}
-
-TEST_F(JumpCommandsTest, BackwardAmongTheFirstTenRunsToTheEnd) {
-    session.MoveLogSlider(5);
-    session.JumpBackward();
-    EXPECT_EQ(30U, Index());
-}
-
-TEST_F(JumpCommandsTest, NothingIsDeliveredOnTheWay) {
-    session.MoveLogSlider(20);
-    session.JumpForward();
-    session.JumpBackward();
+    EXPECT_EQ(10U, forward());
+    EXPECT_EQ(11U, forward());
+    EXPECT_EQ(25U, slider(25));
+    EXPECT_EQ(15U, backward());
+    EXPECT_EQ(5U, backward());
+    EXPECT_EQ(30U, backward()) << "among the first ten it runs to the end";
     EXPECT_EQ(0U, recorder.Count("reply 0 2"));
     EXPECT_EQ(0U, session.CopyLastPacket().size);
-}
-
-TEST_F(JumpCommandsTest, ClosedLogStaysClosed) {
-    static_cast<void>(session.log.Close());
-    session.JumpForward();
-    session.JumpBackward();
-    session.MoveLogSlider(7);
-    EXPECT_EQ(kLogClosed, session.log.State());
 }
 
 // The record that was waited for belongs to the place that was left; the views go on at the new one.

@@ -18,24 +18,11 @@ TEST_F(LoadLogCommandTest, ChosenLogIsTheOneToPlay) {
     EXPECT_EQ("", text.Text());
 }
 
-TEST_F(LoadLogCommandTest, PromptIsTheDialogs) {
-    EXPECT_STREQ("Select datalog...", kOpenLogPrompt.title);
-    EXPECT_STREQ("Datalog (XDL) Files (*.xdl)", kOpenLogPrompt.filter);
-    EXPECT_STREQ("xdl", kOpenLogPrompt.extension);
-    EXPECT_EQ(0x2002U, kOpenLogPrompt.flags);
-}
-
 TEST_F(LoadLogCommandTest, NothingChosenChangesNothing) {
     Choose("before");
     session.LoadLogCommand();
     EXPECT_STREQ("before", session.settings.lastxdlpath);
     EXPECT_EQ((Calls{kAskedForLog, "buttons"}), recorder.Take());
-}
-
-TEST_F(LoadLogCommandTest, LongNameIsCut) {
-    recorder.answer = std::string(300, 'x');
-    session.LoadLogCommand();
-    EXPECT_EQ(std::string(259, 'x'), session.settings.lastxdlpath);
 }
 
 TEST_F(LoadLogCommandTest, PlaybackIsPausedFirstWithoutALine) {

@@ -39,20 +39,19 @@ TEST_F(PlayCommandTest, PlaysTheLastLog) {
     EXPECT_EQ(1, std::count(noted.begin(), noted.end(), "monitor 0.000 2 " + IdText(*monitor)));
 }
 
-TEST_F(PlayCommandTest, TellsWhatCannotBeOpened) {
-    Choose(folder.Name("gone.xdl"));
-    session.PlayCommand();
-    EXPECT_EQ("Could not open " + folder.Name("gone.xdl") + ", error 0xC", NewText());
+TEST_F(PlayCommandTest, TellsWhatCannotBeOpenedWhichCostsTheSpeed) {
     folder.Put("old.xdl", std::string("\2\0\0\0", 4) + std::string(60, '\0'));
-    Choose(folder.Name("old.xdl"));
-    session.PlayCommand();
-    EXPECT_EQ("Could not open " + folder.Name("old.xdl") + ", error 0xD", NewText());
     folder.Put("short.xdl", "123");
-    Choose(folder.Name("short.xdl"));
-    session.PlayCommand();
-    EXPECT_EQ("Could not open " + folder.Name("short.xdl") + ", error 0x1", NewText());
-    EXPECT_EQ(kLogClosed, session.log.State());
-    EXPECT_EQ((Calls{}), recorder.Take());
+    for (const auto& [file, code] : {std::pair{"gone.xdl", "0xC"}, {"old.xdl", "0xD"}, {"short.xdl", "0x1"}}) {
+        session.SetSpeed(0.25F);
+        recorder.Take();
+        Choose(folder.Name(file));
+        session.PlayCommand();
+        EXPECT_EQ("Could not open " + folder.Name(file) + ", error " + code, NewText());
+        EXPECT_EQ(kLogClosed, session.log.State());
+        EXPECT_EQ((Calls{}), recorder.Take());
+        EXPECT_EQ(1.0F, session.log.speed);
+    }
 }
 
 TEST_F(PlayCommandTest, KeepsTheChosenSpeedOverTheOpening) {
@@ -62,13 +61,7 @@ TEST_F(PlayCommandTest, KeepsTheChosenSpeedOverTheOpening) {
     EXPECT_EQ(0U, recorder.Count("title"));
 }
 
-TEST_F(PlayCommandTest, LogThatCannotBeOpenedCostsTheSpeed) {
-    session.SetSpeed(0.25F);
-    session.PlayCommand();
-    EXPECT_EQ(1.0F, session.log.speed);
-}
-
-TEST_F(PlayCommandTest, EndOfTheLogClosesIt) {
+TEST_F(PlayCommandTest, EndOfTheLogClosesItAndItCanBePlayedAgain) {
     Choose(PutLog("one.xdl", {0, 0, 0}));
     session.PlayCommand();
     ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback));
@@ -82,24 +75,11 @@ TEST_F(PlayCommandTest, EndOfTheLogClosesIt) {
     EXPECT_STREQ("ALDL: Not Connected", LeftPanel());
     EXPECT_EQ("Playback stopped", text.Text());
     EXPECT_EQ((Calls{"status", "buttons", "slider 0", "status", "buttons"}), recorder.Take());
-}
-
-TEST_F(PlayCommandTest, PlayedLogCanBePlayedAgain) {
-    Choose(PutLog("one.xdl", {0, 0, 0}));
-    for (std::size_t round = 1; round <= 3; ++round) {
-        session.PlayCommand();
-        ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback, round));
-        ASSERT_TRUE(Rests(kLogClosed));
-        EXPECT_EQ(3 * round, recorder.Count("reply 0 2"));
-    }
-}
-
-TEST_F(PlayCommandTest, PauseHoldsTheLog) {
-    PlayWaiting();
-    PauseAndRest();
-    EXPECT_EQ(kLogPaused, session.connectionState);
-    EXPECT_STREQ("Log Paused", LeftPanel());
-    EXPECT_EQ("Playback paused", text.Text());
+    ForgetPosts();
+    session.PlayCommand();
+    ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback));
+    ASSERT_TRUE(Rests(kLogClosed));
+    EXPECT_EQ(3U, recorder.Count("reply 0 2"));
 }
 
 TEST_F(PlayCommandTest, PauseOfNothingRefreshesTheButtons) {
@@ -110,11 +90,13 @@ TEST_F(PlayCommandTest, PauseOfNothingRefreshesTheButtons) {
 }
 
 // The one that was waited for is lost to the views; those after it are paced from its time.
-TEST_F(PlayCommandTest, PlayGoesOnBehindTheRecordThatAPauseDropped) {
+TEST_F(PlayCommandTest, PauseHoldsTheLogAndPlayGoesOnBehindTheRecordThatItDropped) {
     PlayWaiting();
     PauseAndRest();
+    EXPECT_EQ(kLogPaused, session.connectionState);
+    EXPECT_STREQ("Log Paused", LeftPanel());
+    EXPECT_EQ("Playback paused", NewText());
     recorder.Take();
-    text.Clear();
     session.PlayCommand();
     EXPECT_NE(std::string::npos, NewText().find("Playback unpaused"));  // maybe behind the first reply
     ASSERT_TRUE(recorder.WaitFor("reply 0 2", 2));
@@ -122,16 +104,6 @@ TEST_F(PlayCommandTest, PlayGoesOnBehindTheRecordThatAPauseDropped) {
     EXPECT_EQ(0U, recorder.Count("clear monitors"));
     EXPECT_TRUE(Rests(kLogClosed));
     EXPECT_EQ(2U, recorder.Count("reply 0 2"));
-}
-
-TEST_F(PlayCommandTest, UnpausedLogIsStillPausedForTheConnection) {
-    PlayWaiting();
-    PauseAndRest();
-    static_cast<void>(session.log.Seek(1, kSeekFromStart));
-    session.PlayCommand();
-    EXPECT_EQ(kLogPlaying, session.log.State());
-    EXPECT_EQ(kLogPaused, session.connectionState);
-    EXPECT_STREQ("Log Playing", LeftPanel());
 }
 
 TEST_F(PlayCommandTest, OneKeyPlaysAndPauses) {
@@ -145,16 +117,8 @@ TEST_F(PlayCommandTest, OneKeyPlaysAndPauses) {
     static_cast<void>(session.log.Seek(1, kSeekFromStart));
     session.PlayPauseCommand();
     EXPECT_EQ(kLogPlaying, session.log.State());
-}
-
-TEST_F(PlayCommandTest, StopEndsAPlayback) {
-    PlayWaiting();
-    session.StopCommand();
-    ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback));
-    ASSERT_TRUE(WaitForThreads());
-    EXPECT_FALSE(session.log.IsPlaying());
-    EXPECT_TRUE(Rests(kLogClosed));
-    EXPECT_EQ(0U, recorder.Count("ask save Select/Create file to save..."));
+    EXPECT_EQ(kLogPaused, session.connectionState);  // for the connection it is paused still
+    EXPECT_STREQ("Log Playing", LeftPanel());
 }
 
 TEST_F(PlayCommandTest, StopWhilePausedClosesTheLogAndResetsTheSlider) {
@@ -187,43 +151,6 @@ TEST_F(PlayCommandTest, LogThatIsOnlyLookedAtIsNotWrittenTo) {
         EXPECT_EQ(before, folder.Content("one.xdl"));
     }
     EXPECT_EQ(4U, recorder.Count("reply 0 2"));
-}
-
-TEST_F(PlayCommandTest, UnknownRecordEndsPlaybackWithoutAWord) {
-    PutLog("one.xdl", {0, 0});
-    std::string bytes = folder.Content("one.xdl");
-    bytes[bytes.size() - 6] = 9;  // the item of the last record
-    folder.Put("one.xdl", bytes);
-    Choose(folder.Name("one.xdl"));
-    session.PlayCommand();
-    ASSERT_TRUE(Rests(kLogReady));
-    EXPECT_EQ(0U, recorder.Count(kStoppedPlayback));
-    EXPECT_EQ(1U, recorder.Count("reply 0 2"));
-}
-
-TEST_F(PlayCommandTest, LogOfAnotherDefinitionPlaysOnWithALineForEachRecord) {
-    Choose(PutLog("one.xdl", {0, 0}));
-    session.definition.connectcmd = session.definition.monitorcmd = session.definition.disconnectcmd = nullptr;
-    session.definition.Clear();
-    session.PlayCommand();
-    ASSERT_TRUE(Rests(kLogClosed));
-    const std::string line = "Log playback: Command not found in def. Wrong definition?";
-    const std::size_t first = text.Text().find(line);
-    ASSERT_NE(std::string::npos, first);
-    EXPECT_NE(std::string::npos, text.Text().find(line, first + 1));
-    EXPECT_EQ(2U, recorder.Count("slider 2") + recorder.Count("slider 1"));
-}
-
-TEST_F(PlayCommandTest, SessionThatGoesEndsItsPlaybackFirst) {
-    for (const bool atItsEnd : {false, true}) {
-        auto brief = std::make_unique<SessionState>(recorder.Calls(), serial);
-        brief->settings.SetLastLog(PutLog("one.xdl", atItsEnd ? std::vector<std::uint32_t>{0} :  //
-                                                         std::vector<std::uint32_t>{0, kFarAway}));
-        brief->PlayCommand();
-        ASSERT_TRUE(recorder.WaitFor("slider 1"));
-        brief.reset();
-        recorder.Take();
-    }
 }
 
 // A record is just being shown when the session goes.

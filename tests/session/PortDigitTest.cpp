@@ -8,59 +8,36 @@
 namespace corvex::test {
 namespace {
 
-std::string After(const std::string& typed, const char* port = "COM1") {
+AppSettings AfterTyping(const std::string& typed, const char* port = "COM1") {
     AppSettings settings;
-    std::strcpy(settings.comport, port);
+    std::strncpy(settings.comport, port, sizeof settings.comport);  // with zeros behind
     StorePortDigit(settings, typed);
-    return settings.comport;
+    return settings;
 }
 
-TEST(PortDigitTest, ShowsTheDigitOfTheName) {
-    AppSettings settings;
-    EXPECT_EQ("1", PortDigitText(settings));
-    settings.comport[3] = '9';
-    EXPECT_EQ("9", PortDigitText(settings));
-}
-
-TEST(PortDigitTest, ChangesTheDigitAlone) {
-    EXPECT_EQ("COM3", After("3"));
-    EXPECT_EQ("COM9", After("9", "COM1"));
-    EXPECT_EQ("LPT2x", After("2", "LPT1x"));
-}
-
-TEST(PortDigitTest, ALargerNumberGivesNoDigit) {
-    EXPECT_EQ("COM:", After("10"));
-    EXPECT_EQ("COM<", After("12"));
-    EXPECT_EQ(std::string("COM") + static_cast<char>('0' + 99), After("99"));
-}
-
-TEST(PortDigitTest, WhatALargerNumberGaveIsShownAsThatNumber) {
-    for (const char* typed : {"10", "12", "99"}) {
-        AppSettings settings;
-        StorePortDigit(settings, typed);
-        EXPECT_EQ(typed, PortDigitText(settings));
+TEST(PortDigitTest, ChangesTheDigitAloneAndShowsIt) {
+    const struct {
+        const char *port, *typed, *name, *shown;
+    } rows[] = {
+        {"COM1", "3", "COM3", "3"},   {"LPT1x", "2", "LPT2x", "2"},
+        {"COM1", "10", "COM:", "10"},  // a larger number gives no digit, and is shown as that number
+        {"COM1", "12", "COM<", "12"}, {"COM1", "99", "COM\x93", "99"},
+        {"COM1", "", "COM0", "0"},  // what begins with no number is zero
+        {"COM1", "x", "COM0", "0"},   {"COM1", "5x", "COM5", "5"},
+        {"CO", "7", "CO", ""},  // a short name shows nothing and stays short
+    };
+    for (const auto& row : rows) {
+        const AppSettings settings = AfterTyping(row.typed, row.port);
+        EXPECT_STREQ(row.name, settings.comport) << row.typed;
+        EXPECT_EQ(row.shown, PortDigitText(settings)) << row.typed;
     }
-}
-
-TEST(PortDigitTest, WhatBeginsWithNoNumberIsZero) {
-    EXPECT_EQ("COM0", After(""));
-    EXPECT_EQ("COM0", After("x"));
-    EXPECT_EQ("COM5", After("5x"));
-    EXPECT_EQ("COM/", After("-1"));
+    EXPECT_EQ("1", PortDigitText(AppSettings()));
+    EXPECT_STREQ("COM/", AfterTyping("-1").comport);
 }
 
 TEST(PortDigitTest, ANumberBeyondAllBoundsChangesOneByteAlone) {
-    EXPECT_EQ(4U, After("99999999999999999999").size());
-    EXPECT_EQ(4U, After("-99999999999999999999").size());
-}
-
-TEST(PortDigitTest, AShortNameShowsNothingAndStaysShort) {
-    AppSettings settings;
-    std::memset(settings.comport, 0, sizeof settings.comport);
-    std::strcpy(settings.comport, "CO");
-    EXPECT_EQ("", PortDigitText(settings));
-    StorePortDigit(settings, "7");
-    EXPECT_STREQ("CO", settings.comport);
+    for (const char* typed : {"99999999999999999999", "-99999999999999999999"})
+        EXPECT_EQ(4U, std::strlen(AfterTyping(typed).comport));
 }
 
 }  // namespace

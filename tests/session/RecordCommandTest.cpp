@@ -69,15 +69,6 @@ TEST_F(RecordCommandTest, OutlastsTheScan) {
         Recorded());
 }
 
-TEST_F(RecordCommandTest, RunningRecordingIsNotBegunAnew) {
-    RecordScan(3);
-    recorder.Take();
-    session.RecordCommand();
-    EXPECT_EQ(kLogRecording, session.log.State());
-    EXPECT_EQ((Calls{"flash Stop the recording first 0x000000 0x0000FF 2000", "buttons"}), recorder.Take());
-    EXPECT_EQ(4U, Recorded().size());
-}
-
 TEST_F(RecordCommandTest, UnsavedRecordingGetsANameOfItsOwn) {
     PutLog("temp.xdl", {0, 1, 2, 3});
     PutLog("drive-2026-07-01-123456.xdl", {0});
@@ -89,13 +80,6 @@ TEST_F(RecordCommandTest, UnsavedRecordingGetsANameOfItsOwn) {
     EXPECT_EQ("The recording before was not saved. It is now " + folder.Name("drive-2026-07-01-123456-2.xdl") +
                   "\r\nRecording to " + folder.Name("temp.xdl"),
               text.Text());
-}
-
-TEST_F(RecordCommandTest, SavingThatWasCalledOffKeepsTheDrive) {
-    RecordScan(2);
-    session.StopCommand();
-    session.RecordCommand();
-    EXPECT_EQ(2U, folder.FileCount());  // the drive, and the new one's scratch file
 }
 
 TEST_F(RecordCommandTest, TellsOnceThatRepliesAreNotRecorded) {

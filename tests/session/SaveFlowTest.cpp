@@ -42,21 +42,6 @@ TEST_F(SaveFlowTest, MovesTheRecordingToANewName) {
     EXPECT_EQ((Calls{kAskedForName, "slider 0", "buttons", "status"}), TakeAnswers());
 }
 
-TEST_F(SaveFlowTest, PromptIsTheDialogs) {
-    EXPECT_STREQ("Select/Create file to save...", kSaveLogPrompt.title);
-    EXPECT_STREQ("Datalog (XDL) Files (*.xdl)", kSaveLogPrompt.filter);
-    EXPECT_STREQ("xdl", kSaveLogPrompt.extension);
-    EXPECT_EQ(0x2002U, kSaveLogPrompt.flags);
-}
-
-TEST_F(SaveFlowTest, SavedLogIsTheOneToPlay) {
-    Save(folder.Name("drive.xdl"));
-    session.PlayCommand();
-    clock.SetStep(1000);
-    EXPECT_TRUE(recorder.WaitFor("reply 0 2", 3));
-    EXPECT_TRUE(Rests(kLogClosed));
-}
-
 // The dialog has asked whether to replace it, but a log is never lost.
 TEST_F(SaveFlowTest, ExistingFileAndRecordingAreBothKept) {
     const std::string name = folder.Name("drive.xdl");
@@ -115,16 +100,6 @@ TEST_F(SaveFlowTest, ScratchFileItselfMayBeChosen) {
     EXPECT_EQ(kRecorded, ReadLog(folder.Name("temp.xdl")));
     EXPECT_EQ(folder.Name("temp.xdl"), session.settings.lastxdlpath);
     EXPECT_EQ(0U, recorder.Count("box"));
-}
-
-TEST_F(SaveFlowTest, RecordingWithoutASampleIsALog) {
-    recorder.answer = folder.Name("empty.xdl");
-    session.RecordCommand();
-    session.StopCommand();
-    DataLogEngine log;
-    EXPECT_EQ(kLogSuccess, log.Open(recorder.answer->c_str(), kLogForLooking));
-    EXPECT_EQ(3U, log.ItemCount());
-    EXPECT_EQ(0U, log.header.sampleCount);
 }
 
 // The end of a log may come just when a recording was begun. On the playback thread nobody may be asked anything.

@@ -31,25 +31,6 @@ protected:
     AutoResetEvent reading{false}, gate{false};
 };
 
-TEST_F(ScanStopTest, EndsAConnectCommandThatWaitsForEver) {
-    session.ToggleScan();
-    ASSERT_TRUE(WaitForWrite("write 192"));
-    Stop();
-    ASSERT_TRUE(WaitForThreads());
-    EXPECT_EQ((Calls{"write 192", "write 208"}), serial.Calls("write"));
-}
-
-TEST_F(ScanStopTest, EndsTheRemainingNodesOfTheMonitorToo) {
-    serial.Answer({0xC0}, {1, 2});
-    ADXDefinition& definition = session.definition;
-    definition.monitorcmd = AddMacro(definition, "MACRO", {monitor, AddSend(definition, "NEXT", {0xB0}, 2)});
-    session.ToggleScan();
-    ASSERT_TRUE(WaitForWrite("write 160"));
-    Stop();
-    ASSERT_TRUE(WaitForThreads());
-    EXPECT_EQ((Calls{"write 192", "write 160", "write 208"}), serial.Calls("write"));
-}
-
 TEST_F(ScanStopTest, ClosesThePortWhereThereIsNoDisconnectCommand) {
     session.definition.disconnectcmd = nullptr;
     session.ToggleScan();
@@ -60,12 +41,13 @@ TEST_F(ScanStopTest, ClosesThePortWhereThereIsNoDisconnectCommand) {
     EXPECT_EQ(1U, recorder.Count("post 32768"));
 }
 
-TEST_F(ScanStopTest, TheDisconnectCommandRunsWholeInSpiteOfTheStop) {
+TEST_F(ScanStopTest, EndsACommandThatWaitsForEverAndRunsTheDisconnectCommandWhole) {
     serial.Answer({0xD0}, {5, 6}, 4000);
     session.ToggleScan();
     ASSERT_TRUE(WaitForWrite("write 192"));
     Stop();
     ASSERT_TRUE(WaitForThreads());
+    EXPECT_EQ((Calls{"write 192", "write 208"}), serial.Calls("write"));
     EXPECT_EQ(1U, recorder.Count("reply 0 2"));
 }
 

@@ -36,6 +36,16 @@ TEST(SessionCallsTest, GivenCallsStay) {
     EXPECT_EQ("name", calls.askSavePath(kSaveLogPrompt));
 }
 
+TEST(SessionCallsTest, PromptsAreTheDialogs) {
+    EXPECT_STREQ("Select/Create file to save...", kSaveLogPrompt.title);
+    EXPECT_STREQ("Select datalog...", kOpenLogPrompt.title);
+    for (const FilePrompt& prompt : {kSaveLogPrompt, kOpenLogPrompt}) {
+        EXPECT_STREQ("Datalog (XDL) Files (*.xdl)", prompt.filter);
+        EXPECT_STREQ("xdl", prompt.extension);
+        EXPECT_EQ(0x2002U, prompt.flags);
+    }
+}
+
 TEST(SessionCallsTest, MessagesKeepTheirNumbers) {
     EXPECT_EQ(32768U, kMessageDestroyWindow);
     EXPECT_EQ(32769U, kMessageScanStopped);

@@ -35,14 +35,6 @@ TEST_F(SessionStateTest, BeginsIdle) {
     EXPECT_EQ(nullptr, session.engine.port.sink);
 }
 
-TEST_F(SessionStateTest, NeedsNoCalls) {
-    SessionState bare({}, serial);
-    bare.ToggleScan();
-    EXPECT_TRUE(bare.WaitForThreads(std::chrono::seconds(60)));
-    bare.PublishSample(0.0, nullptr, 0);
-    EXPECT_EQ(1U, Opened());
-}
-
 TEST_F(SessionStateTest, ScanStartsFromACleanSlate) {
     text.Append("old");
     session.errorCount = 7;
@@ -58,44 +50,6 @@ TEST_F(SessionStateTest, ScanStartsFromACleanSlate) {
     EXPECT_EQ(5U, session.timer.tickCount);
     EXPECT_EQ(rateAt, session.timer.rateAt);
     EXPECT_EQ("clear monitors", recorder.Noted().front());
-}
-
-// The first rate after a new scan spans the idle time before it.
-TEST_F(SessionStateTest, RateIsComputedAfterHalfASecond) {
-    session.timer.tickCount = 6;
-    clock.AdvanceMilliseconds(500);
-    EXPECT_EQ(0.0F, session.SampleRate());
-    EXPECT_EQ(6U, session.timer.tickCount);
-    clock.AdvanceMilliseconds(1000);
-    EXPECT_EQ(4.0F, session.SampleRate());
-    EXPECT_EQ(0U, session.timer.tickCount);
-    session.timer.tickCount = 1;
-    EXPECT_EQ(4.0F, session.SampleRate());
-    EXPECT_EQ(1U, session.timer.tickCount);
-}
-
-TEST_F(SessionStateTest, ScanCanBeRepeated) {
-    AnswerAll();
-    for (int i = 0; i < 3; ++i) {
-        EndAfter(2);
-        Scan();
-    }
-    EXPECT_EQ(3U, Opened());
-    EXPECT_EQ(3U, serial.Calls("write 208").size());
-}
-
-TEST_F(SessionStateTest, StartsAndStopsAHundredTimes) {
-    AnswerAll();
-    for (int i = 0; i < 100; ++i) {
-        session.ToggleScan();
-        session.ToggleScan();
-        ASSERT_TRUE(WaitForThreads());
-        ASSERT_EQ(0U, session.scanning);
-        ASSERT_EQ(kNotConnected, session.connectionState);
-    }
-    EXPECT_EQ(100U, Opened());
-    EXPECT_EQ(100U, serial.Calls("write 208").size());
-    EXPECT_EQ(100U, recorder.Count("post 32769"));
 }
 
 // A stop clears `scanning` long before the connect thread has ended: a toggle then must not start a second one.
@@ -148,24 +102,6 @@ TEST_F(SessionStateTest, DestructionEndsTheScanFirst) {
         EXPECT_EQ("write 208", serial.Calls("write").back());
         recorder.Take();
     }
-}
-
-TEST_F(SessionStateTest, DestructionEndsAScanThatIsStillConnecting) {
-    auto brief = std::make_unique<SessionState>(recorder.Calls(), serial);
-    brief->definition.connectcmd = AddSend(brief->definition, "CONNECT", {0xC0}, 2);
-    AutoResetEvent reading(false), released(false);
-    serial.onRead = [&](std::uint32_t number) {
-        if (number != 1) return;
-        reading.Set();
-        released.Wait();
-        released.Set();  // for the next slice
-    };
-    brief->ToggleScan();
-    reading.Wait();
-    std::thread closer([&] { brief.reset(); });
-    released.Set();
-    closer.join();
-    EXPECT_FALSE(serial.IsOpen());
 }
 
 TEST_F(SessionStateTest, PublishingTellsVisibleViewsInOrder) {

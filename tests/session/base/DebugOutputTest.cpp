@@ -22,6 +22,8 @@ protected:
 };
 
 TEST_F(DebugOutputTest, BreaksStandBeforeLinesAndNeverAfter) {
+    log_.enabled = 0;  // which nothing tests
+    DebugOutput::Print(&log_, "%s", "");
     DebugOutput::Print(&log_, "one %i", 1);
     EXPECT_EQ(text_.Text(), "one 1");
     DebugOutput::Print(&log_, "%s", "two");
@@ -38,12 +40,6 @@ TEST_F(DebugOutputTest, AppendsTheBreaksAskedFor) {
     DebugOutput::AppendText(&text_, "d", -1);
     EXPECT_EQ(text_.Text(), "a\r\n\r\nbcd");
     DebugOutput::AppendText(nullptr, "e", 1);
-}
-
-TEST_F(DebugOutputTest, AnEmptyFirstLineLeavesTheControlEmpty) {
-    DebugOutput::Print(&log_, "%s", "");
-    DebugOutput::Print(&log_, "x");
-    EXPECT_EQ(text_.Text(), "x");
 }
 
 TEST_F(DebugOutputTest, CutsALineAt4095Characters) {
@@ -64,49 +60,21 @@ TEST_F(DebugOutputTest, IsSilentWithoutSinkOrControl) {
     EXPECT_EQ(text_.Text(), "");
 }
 
-TEST_F(DebugOutputTest, NothingTestsTheEnabledWord) {
-    log_.enabled = 0;
-    DebugOutput::Print(&log_, "still here");
-    EXPECT_EQ(text_.Text(), "still here");
-}
-
-TEST_F(DebugOutputTest, DumpsASingleRow) {
-    DebugOutput::HexDump("Read", &log_, "AB\x01", 3);
-    EXPECT_EQ(text_.Text(), "Read\r\n0000: 41 42 01 " + std::string(13 * 3, ' ') + "AB.");
-}
-
-TEST_F(DebugOutputTest, SeventeenBytesMakeTwoRows) {
+TEST_F(DebugOutputTest, DumpsRowsOfSixteenBytes) {
     std::array<unsigned char, 17> bytes{};
     std::iota(bytes.begin(), bytes.end(), static_cast<unsigned char>(0x70));
-    DebugOutput::HexDump(nullptr, &log_, bytes.data(), bytes.size());
-    EXPECT_EQ(text_.Text(),
-              "0000: 70 71 72 73 74 75 76 77 78 79 7A 7B 7C 7D 7E 7F pqrstuvwxyz{|}~.\r\n"
-              "0010: 80 " +
-                  std::string(15 * 3, ' ') + ".");
-}
-
-TEST_F(DebugOutputTest, FullRowsHaveNoBlankRowBehindThem) {
-    DebugOutput::HexDump(nullptr, &log_, "0123456789abcdef0123456789abcdef", 32);
-    EXPECT_EQ(text_.Text(),
-              "0000: 30 31 32 33 34 35 36 37 38 39 61 62 63 64 65 66 0123456789abcdef\r\n"
-              "0010: 30 31 32 33 34 35 36 37 38 39 61 62 63 64 65 66 0123456789abcdef");
-}
-
-TEST_F(DebugOutputTest, NothingToDumpPrintsNoLabelEither) {
-    DebugOutput::HexDump("label", &log_, "abc", 0);
-    DebugOutput::HexDump("label", &log_, nullptr, 3);
-    EXPECT_EQ(text_.Text(), "");
-}
-
-TEST_F(DebugOutputTest, ALabelIsReadAsAFormat) {
-    DebugOutput::HexDump("100%% of it", &log_, "A", 1);
-    EXPECT_EQ(text_.Text().substr(0, text_.Text().find('\r')), "100% of it");
-}
-
-TEST_F(DebugOutputTest, OffsetsGrowBeyondFourDigits) {
-    const std::string zeros(0x10010, '\0');
-    DebugOutput::HexDump(nullptr, &log_, zeros.data(), zeros.size());
-    EXPECT_NE(text_.Text().find("\r\n10000: 00 "), std::string::npos);
+    const auto dumped = [this](const char* label, const void* from, std::size_t count) {
+        text_.Clear();
+        DebugOutput::HexDump(label, &log_, from, count);
+        return text_.Text();
+    };
+    EXPECT_EQ(dumped("100%% Read", "AB\x01", 3), "100% Read\r\n0000: 41 42 01 " + std::string(13 * 3, ' ') + "AB.");
+    const std::string full = "0000: 70 71 72 73 74 75 76 77 78 79 7A 7B 7C 7D 7E 7F pqrstuvwxyz{|}~.";
+    EXPECT_EQ(dumped(nullptr, bytes.data(), 16), full);
+    EXPECT_EQ(dumped(nullptr, bytes.data(), 17), full + "\r\n0010: 80 " + std::string(15 * 3, ' ') + ".");
+    EXPECT_NE(dumped(nullptr, std::string(0x10010, '\0').data(), 0x10010).find("\r\n10000: 00 "), std::string::npos);
+    EXPECT_EQ(dumped("label", "abc", 0), "");
+    EXPECT_EQ(dumped("label", nullptr, 3), "");
 }
 
 TEST_F(DebugOutputTest, ThreadsDoNotSpoilEachOthersLines) {

@@ -44,7 +44,7 @@ TEST_F(StopWatchTest, CountsSecondsFromTheLastRestart) {
     EXPECT_EQ(watch.Elapsed(), 0.0);
 }
 
-TEST_F(StopWatchTest, ElapsedRunsOnThroughAPauseAndCurrentDoesNot) {
+TEST_F(StopWatchTest, ElapsedRunsOnThroughAPauseFromWhichCurrentRestarts) {
     StopWatch watch;
     clock_.Advance(1024);
     watch.Pause();
@@ -54,22 +54,9 @@ TEST_F(StopWatchTest, ElapsedRunsOnThroughAPauseAndCurrentDoesNot) {
     EXPECT_EQ(watch.markAt, 11.0);
     EXPECT_EQ(watch.pausedAt, 11.0);
     EXPECT_EQ(watch.paused, 1U);
-}
-
-TEST_F(StopWatchTest, ASecondPauseChangesNothing) {
-    StopWatch watch;
-    watch.Pause();
-    clock_.Advance(1024);
-    watch.Pause();
-    EXPECT_EQ(watch.pausedAt, 10.0);
-    EXPECT_EQ(watch.markAt, 10.0);
-}
-
-TEST_F(StopWatchTest, RestartsFromTheMomentOfThePause) {
-    StopWatch watch;
-    clock_.Advance(1024);
-    watch.Pause();
-    clock_.Advance(2048);
+    watch.Pause();  // a second one changes nothing
+    EXPECT_EQ(watch.pausedAt, 11.0);
+    EXPECT_EQ(watch.markAt, 11.0);
     watch.Restart();
     EXPECT_EQ(watch.startedAt, 11.0);
     EXPECT_EQ(watch.markAt, 11.0);
@@ -88,6 +75,9 @@ TEST_F(StopWatchTest, RateIsComputedAfterMoreThanHalfASecond) {
     EXPECT_EQ(watch.Rate(), 8.0F);
     EXPECT_EQ(watch.tickCount, 0U);
     EXPECT_EQ(watch.rateAt, 10.75);
+    watch.tickCount = 0x80000000U;  // no sign
+    clock_.Advance(1024);
+    EXPECT_GT(watch.Rate(), 1e9F);
 }
 
 TEST_F(StopWatchTest, RateStaysForTheNextHalfSecond) {
@@ -99,13 +89,6 @@ TEST_F(StopWatchTest, RateStaysForTheNextHalfSecond) {
     clock_.Advance(500);
     EXPECT_EQ(watch.Rate(), 10.0F);
     EXPECT_EQ(watch.tickCount, 3U);
-}
-
-TEST_F(StopWatchTest, RateTakesTheCountAsUnsigned) {
-    StopWatch watch;
-    watch.tickCount = 0x80000000U;
-    clock_.Advance(1024);
-    EXPECT_EQ(watch.Rate(), 2147483648.0F);
 }
 
 TEST_F(StopWatchTest, NeitherRestartNorPauseTouchesTheRate) {

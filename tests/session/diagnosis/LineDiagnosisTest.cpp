@@ -7,16 +7,19 @@
 namespace corvex {
 namespace {
 
+using Bytes = std::vector<std::uint8_t>;
+
+const Bytes kRequest{0xF4, 0x57, 0x01, 0x00, 0xB4};
+
 class LineDiagnosisTest : public testing::Test {
 protected:
     LineDiagnosisTest() {
-        const std::uint8_t bytes[] = {0xF4, 0x57, 0x01, 0x00, 0xB4};
-        command_.SetBytes(bytes, 5);
+        command_.SetBytes(kRequest.data(), 5);
         command_.replysize = 63;
         command_.flags = 1;
     }
 
-    ReplyEvent Event(std::uint32_t code, std::vector<std::uint8_t> reply = {}) const {
+    ReplyEvent Event(std::uint32_t code, Bytes reply = {}) const {
         ReplyEvent event;
         event.command = &command_;
         event.code = code;
@@ -28,70 +31,44 @@ protected:
     ADXCSendCommand command_;
 };
 
-TEST_F(LineDiagnosisTest, TellsASilentLine) {
-    LineDiagnosis diagnosis(false);
-    for (int i = 0; i < 5; ++i)
-        diagnosis.Add(Event(kCodeShortReply));
-    EXPECT_EQ(diagnosis.WhyNoReply(2.0), "no reply in 2.0 s: the line is silent");
-}
-
-TEST_F(LineDiagnosisTest, TellsOurOwnEcho) {
-    LineDiagnosis diagnosis(false);
-    for (int i = 0; i < 5; ++i)
-        diagnosis.Add(Event(kCodeShortReply, {0xF4, 0x57, 0x01, 0x00, 0xB4}));
-    EXPECT_EQ(diagnosis.WhyNoReply(2.0), "no reply in 2.0 s: only our own echo comes back");
-}
-
-TEST_F(LineDiagnosisTest, DoesNotGuessWhenTheEchoIsTakenOff) {
-    LineDiagnosis diagnosis(true);
-    diagnosis.Add(Event(kCodeShortReply));
-    EXPECT_EQ(diagnosis.WhyNoReply(2.0), "no reply in 2.0 s: the line is silent, or carries only our own echo");
-}
-
-TEST_F(LineDiagnosisTest, TellsAReplyOfTheWrongLength) {
-    LineDiagnosis diagnosis(false);
-    for (int i = 0; i < 5; ++i)
-        diagnosis.Add(Event(kCodeShortReply, std::vector<std::uint8_t>(57, 0xAA)));
-    EXPECT_EQ(diagnosis.WhyNoReply(2.0), "no whole reply in 2.0 s: 57 bytes come where the definition expects 63");
-}
-
-TEST_F(LineDiagnosisTest, TellsChatter) {
-    LineDiagnosis diagnosis(false);
+TEST_F(LineDiagnosisTest, TellsWhyNoReplyCame) {
+    const ReplyEvent silence = Event(kCodeShortReply), echo = Event(kCodeShortReply, kRequest);
+    const ReplyEvent shorter = Event(kCodeShortReply, Bytes(57, 0xAA)), good = Event(kCodeSuccess, Bytes(63, 0));
+    std::vector<ReplyEvent> chatter;
     for (std::size_t i = 1; i < 9; ++i)
-        diagnosis.Add(Event(kCodeShortReply, std::vector<std::uint8_t>(i, 0xAA)));
-    EXPECT_EQ(diagnosis.WhyNoReply(2.0),
-              "no whole reply in 2.0 s: bytes come that are no reply; another device talks, or the baud is wrong");
-}
-
-TEST_F(LineDiagnosisTest, TellsAStreamWithoutSync) {
-    LineDiagnosis diagnosis(false);
-    diagnosis.Add(Event(kCodeNoSync));
-    EXPECT_EQ(diagnosis.WhyNoReply(3.0), "no packet in 3.0 s: the line is silent, or carries no 160-baud stream");
-}
-
-TEST_F(LineDiagnosisTest, TellsAPortThatTakesNothing) {
-    LineDiagnosis diagnosis(false);
-    diagnosis.Add(Event(kCodeShortWrite));
-    EXPECT_EQ(diagnosis.WhyNoReply(3.0), "no reply in 3.0 s: the port takes no bytes");
-}
-
-TEST_F(LineDiagnosisTest, HasNothingToExplainAfterAGoodReply) {
-    LineDiagnosis diagnosis(false);
-    diagnosis.Add(Event(kCodeShortReply));
-    diagnosis.Add(Event(kCodeSuccess, std::vector<std::uint8_t>(63, 0)));
-    EXPECT_EQ(diagnosis.WhyNoReply(3.0), "");
-    EXPECT_EQ(diagnosis.Doubt(), "");
+        chatter.push_back(Event(kCodeShortReply, Bytes(i, 0xAA)));
+    const struct {
+        bool echoIsTakenOff;
+        std::vector<ReplyEvent> events;
+        const char* text;
+    } rows[] = {
+        {false, {silence, silence}, "no reply in 2.0 s: the line is silent"},
+        {false, {echo, echo}, "no reply in 2.0 s: only our own echo comes back"},
+        {true, {silence}, "no reply in 2.0 s: the line is silent, or carries only our own echo"},
+        {false, std::vector(5, shorter), "no whole reply in 2.0 s: 57 bytes come where the definition expects 63"},
+        {false, chatter,
+         "no whole reply in 2.0 s: bytes come that are no reply; another device talks, or the baud is wrong"},
+        {false, {Event(kCodeNoSync)}, "no packet in 2.0 s: the line is silent, or carries no 160-baud stream"},
+        {false, {Event(kCodeShortWrite)}, "no reply in 2.0 s: the port takes no bytes"},
+        {false, {silence, good}, ""},
+    };
+    for (const auto& row : rows) {
+        LineDiagnosis diagnosis(row.echoIsTakenOff);
+        for (const ReplyEvent& event : row.events)
+            diagnosis.Add(event);
+        EXPECT_EQ(diagnosis.WhyNoReply(2.0), row.text);
+        EXPECT_EQ(diagnosis.Doubt(), "");
+    }
 }
 
 TEST_F(LineDiagnosisTest, DoubtsRepliesThatBeginWithTheCommand) {
-    std::vector<std::uint8_t> reply(63, 0);
-    std::copy_n(command_.bytestring(), 5, reply.begin());
-    LineDiagnosis plain(false);
-    plain.Add(Event(kCodeSuccess, reply));
-    EXPECT_NE(plain.Doubt(), "");
-    LineDiagnosis echo(true);
-    echo.Add(Event(kCodeSuccess, reply));
-    EXPECT_EQ(echo.Doubt(), "");
+    Bytes reply = kRequest;
+    reply.resize(63);
+    for (const bool echoIsTakenOff : {false, true}) {
+        LineDiagnosis diagnosis(echoIsTakenOff);
+        diagnosis.Add(Event(kCodeSuccess, reply));
+        EXPECT_EQ(diagnosis.Doubt() != "", !echoIsTakenOff);
+    }
 }
 
 }  // namespace
