@@ -8,19 +8,17 @@ using Rows = std::vector<std::string>;
 
 constexpr int kValues = 0, kBitmasks = 1;  // submenus
 
-LoggedReply Poll(std::vector<std::uint8_t> bytes) {
-    return {"POLL", SmallDefinition::Reply(std::move(bytes))};
-}
-
-SmallDefinition WithFourGauges() {
-    SmallDefinition definition;
-    definition.Value("SPEED", "Speed", "POLL", 0).Value("LOAD", "Load", "POLL", 1, "X/2").Bit("FAN", "Fan", "POLL", 2);
-    definition.Value("GEAR", "Gear", "OTHER", 0).Value("ANY", "Any", "", 0);
-    return definition.Dashboard("Main", {{0, "SPEED"}, {1, "LOAD"}, {2, "FAN"}, {1, "GEAR"}});
-}
-
 class DashOnShow : public ViewsProgramTest {
 protected:
+    static AdxText WithFourGauges() {
+        return Commands()
+            .Value({"SPEED", "Speed"}, 0, "X", Shown())
+            .Value({"LOAD", "Load"}, 1, "X/2", Shown())
+            .Bit({"FAN", "Fan"}, 2, Lit())
+            .Value({"GEAR", "Gear"}, 0, "X", Shown("OTHER"))
+            .Value({"ANY", "Any"}, 0, "X", Shown(""))
+            .Dashboard("Main", {{0, "SPEED"}, {1, "LOAD"}, {2, "FAN"}, {1, "GEAR"}});
+    }
     // The speeds are those that the dial has shown since it was made.
     void ExpectShown(const std::vector<float>& speeds, float load, bool fan) {
         ExpectNeedle(0, static_cast<int>(speeds.back()));
@@ -83,7 +81,7 @@ TEST_F(DashOnShow, BindsItsGaugesByTheirMenuAndAsksBeforeThatIsDropped) {
     EXPECT_EQ(program->WaitForExit(kLongestEnd), std::optional<DWORD>(0));
     const std::string after = folder.Files().Content("own.adx");
     for (const auto& entry :
-         {"gaugetype=\"0\" itemidhash=\"" + HashText("ANY"), "gaugetype=\"2\" itemidhash=\"" + HashText("FAN")})
+         {"gaugetype=\"0\" itemidhash=\"" + AdxHash("ANY"), "gaugetype=\"2\" itemidhash=\"" + AdxHash("FAN")})
         EXPECT_NE(after.find(entry), std::string::npos) << entry;
 }
 

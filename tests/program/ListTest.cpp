@@ -21,12 +21,15 @@ protected:
 };
 
 TEST_F(ListOnShow, ShowsWhatTheEngineSendsAndWhatIsPlayed) {
-    const LoggedReply alarming{"POLL", SmallDefinition::Reply({210, 101, 1})};
-    const LoggedReply quiet{"POLL", SmallDefinition::Reply({100, 40, 0})};
-    SmallDefinition definition;
-    definition.Value("SPEED", "Speed", "POLL", 0).Value("LOAD", "Load", "POLL", 1, "X/2").Bit("FAN", "Fan", "POLL", 2);
-    definition.Value("GEAR", "Gear", "OTHER", 0).Value("ANY", "Any", "", 0);
-    StartWith(definition.List("Main", {"#Engine", "SPEED", "LOAD", "FAN", "GEAR", "ANY"}), {quiet, alarming});
+    const LoggedReply alarming = Poll({210, 101, 1}), quiet = Poll({100, 40, 0});
+    StartWith(Commands()
+                  .Value({"SPEED", "Speed"}, 0, "X", Shown())
+                  .Value({"LOAD", "Load"}, 1, "X/2", Shown())
+                  .Bit({"FAN", "Fan"}, 2, Lit())
+                  .Value({"GEAR", "Gear"}, 0, "X", Shown("OTHER"))
+                  .Value({"ANY", "Any"}, 0, "X", Shown(""))
+                  .List("Main", {"#Engine", "SPEED", "LOAD", "FAN", "GEAR", "ANY"}),
+              {quiet, alarming});
     Window().ShowTab(kListTab);
     ExpectRows({"|Engine", "0.0|Speed", "0.0|Load", "off|Fan", "0.0|Gear", "0.0|Any"});
     ExpectColour(1, kLow);

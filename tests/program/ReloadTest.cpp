@@ -5,30 +5,30 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
-// Another one than the first has other items, and other numbers of them.
-SmallDefinition First() {
-    SmallDefinition definition;
-    definition.Value("SPEED", "Speed", "POLL", 0).Value("LOAD", "Load", "POLL", 1).Bit("FAN", "Fan", "POLL", 2);
-    return definition.Dashboard("First", {{0, "SPEED"}, {1, "LOAD"}})
-        .Dashboard("Second", {{0, "LOAD"}, {2, "FAN"}, {1, "SPEED"}})
-        .List("Rows", {"#Head", "SPEED", "LOAD"});
-}
-
-SmallDefinition Another() {
-    SmallDefinition definition;
-    definition.Value("OIL", "Oil", "POLL", 2).Bit("LAMP", "Lamp", "POLL", 3);
-    return definition.Dashboard("Third", {{0, "OIL"}, {2, "LAMP"}, {1, "OIL"}}).List("Others", {"OIL", "LAMP"});
-}
-
 class Reload : public ViewsProgramTest {
 protected:
-    const LoggedReply drive{"POLL", SmallDefinition::Reply({10, 20, 31, 1})};
-
+    static AdxText First() {
+        return Commands()
+            .Value({"SPEED", "Speed"}, 0, "X", Shown())
+            .Value({"LOAD", "Load"}, 1, "X", Shown())
+            .Bit({"FAN", "Fan"}, 2, Lit())
+            .Dashboard("First", {{0, "SPEED"}, {1, "LOAD"}})
+            .Dashboard("Second", {{0, "LOAD"}, {2, "FAN"}, {1, "SPEED"}})
+            .List("Rows", {"#Head", "SPEED", "LOAD"});
+    }
+    // Of other items, and other numbers of them.
+    static AdxText Another() {
+        return Commands()
+            .Value({"OIL", "Oil"}, 2, "X", Shown())
+            .Bit({"LAMP", "Lamp"}, 3, Lit())
+            .Dashboard("Third", {{0, "OIL"}, {2, "LAMP"}, {1, "OIL"}})
+            .List("Others", {"OIL", "LAMP"});
+    }
     // A playback that goes on for as long as a test may take.
-    std::vector<LoggedReply> LongLog() const {
+    static std::vector<LoggedReply> LongLog() {
         std::vector<LoggedReply> log;
         for (std::uint32_t i = 0; i < 6000; ++i)
-            log.push_back({"POLL", drive.bytes, 20 * i});
+            log.push_back(Poll({10, 20, 31, 1}, 20 * i));
         return log;
     }
     void ExpectChosen(int row, int gauges) {
@@ -37,7 +37,7 @@ protected:
     }
     // Both definitions have their turn, with this tab on show, while a scan or a playback keeps the program busy.
     void ExpectLoadsSurvived(int tab, Command begin, const char* busy) {
-        const std::string first = folder.Name("own.adx"), other = Put("other.adx", Another());
+        const std::string first = folder.Name("own.adx"), other = folder.Files().Put("other.adx", Another());
         Window().ShowTab(tab);
         for (int round = 0; round < 3; ++round) {
             Begin(begin, busy);
@@ -71,7 +71,7 @@ protected:
 
 TEST_F(Reload, DuringAScanWithTheDashOnShow) {
     StartWith(First());
-    Serve({drive});
+    Serve({Poll({10, 20, 31, 1})});
     ExpectLoadsSurvived(kDashTab, kScan, "ALDL: Connected");
     ExpectNeedle(0, 31);
     ExpectLamp(1, "Lamp", true);

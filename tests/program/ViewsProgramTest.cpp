@@ -4,18 +4,44 @@
 
 namespace corvex::test {
 
+namespace {
+
+constexpr std::size_t kReplySize = 24;
+
+}  // namespace
+
 void ViewsProgramTest::TearDown() {
     eyes_.reset();
     ProgramTest::TearDown();
 }
 
-std::string ViewsProgramTest::Put(const std::string& file, const SmallDefinition& definition) const {
-    folder.Files().Put(file, definition.Text());
-    return folder.Name(file);
+AdxText ViewsProgramTest::Commands() {
+    return AdxText()
+        .Header("CONNECT", "MONITOR")
+        .Send("POLL", kReplySize, {0xA0, 0x01})
+        .Send("OTHER", kReplySize)
+        .Silence("PAUSE", 20)
+        .Macro("CONNECT", {"PAUSE"})
+        .Macro("MONITOR", {"POLL"});
 }
 
-void ViewsProgramTest::StartWith(const SmallDefinition& definition, const std::vector<LoggedReply>& log) {
-    std::map<std::string, std::string> settings{{"lastadxpath", Put("own.adx", definition)}};
+std::string ViewsProgramTest::Shown(const std::string& command) {
+    return AdxParent(command) + AdxText::Alarms("10", "200") + AdxTag("units", "unit") +
+           "<range low=\"0\" high=\"255\" />" + AdxTag("digcount", "1") + AdxTag("outputtype", "3");
+}
+
+std::string ViewsProgramTest::Lit() {
+    return AdxParent("POLL") + AdxTag("flags", "0x00000004") + "<ALARMONSET color=\"0x0000C000\" />" +
+           "<ALARMONNOTSET color=\"0x00000000\" />";
+}
+
+LoggedReply ViewsProgramTest::Poll(std::vector<std::uint8_t> bytes, std::uint32_t time) {
+    bytes.resize(kReplySize);
+    return {"POLL", bytes, time};
+}
+
+void ViewsProgramTest::StartWith(const std::string& definition, const std::vector<LoggedReply>& log) {
+    std::map<std::string, std::string> settings{{"lastadxpath", folder.Files().Put("own.adx", definition)}};
     if (!log.empty()) {
         folder.Files().Put("drive.xdl", MakeLog(log));
         settings["lastxdlpath"] = folder.Name("drive.xdl");

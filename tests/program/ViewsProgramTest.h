@@ -12,7 +12,7 @@
 #include "tests/program/driver/Eyes.h"
 #include "tests/program/driver/ListPageView.h"
 #include "tests/program/driver/LogFiles.h"
-#include "tests/program/driver/SmallDefinition.h"
+#include "tests/support/AdxText.h"
 
 namespace corvex::test {
 
@@ -23,10 +23,17 @@ protected:
     // Before the program.
     void TearDown() override;
 
-    // Puts it into the folder. Its path.
-    std::string Put(const std::string& file, const SmallDefinition& definition) const;
+    // A definition of two commands, POLL, which is polled, and OTHER, and no items.
+    static AdxText Commands();
+    // What values of a command have besides: a range from 0 to 255, a low alarm below 10 and a high one above 200, a
+    // decimal and "unit". No command: of every one.
+    static std::string Shown(const std::string& command = "POLL");
+    // What bits have: an alarm while they are set, in 0x00C000.
+    static std::string Lit();
+    // A reply of POLL with these bytes first.
+    static LoggedReply Poll(std::vector<std::uint8_t> bytes, std::uint32_t time = 0);
     // Starts the program with it, as own.adx, and with a log to be played when there are replies for one.
-    void StartWith(const SmallDefinition& definition, const std::vector<LoggedReply>& log = {});
+    void StartWith(const std::string& definition, const std::vector<LoggedReply>& log = {});
     // An engine of own.adx that answers with these in turn, over and over, in the line's time.
     void Serve(const std::vector<LoggedReply>& replies);
     // The same, and a scan that has got through to it.

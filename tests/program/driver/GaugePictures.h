@@ -1,4 +1,4 @@
-// What the gauges of a SmallDefinition's items must look like, drawn apart from the program.
+// What the gauges of the items of a ViewsProgramTest must look like, drawn apart from the program.
 #pragma once
 
 #include <string>

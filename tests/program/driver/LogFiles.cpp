@@ -1,8 +1,6 @@
 #include "tests/program/driver/LogFiles.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 
 #include "definition/ADXObject.h"
 #include "tests/support/LogBytes.h"
@@ -65,12 +63,6 @@ std::string MakeEvenLog(std::uint32_t count, std::uint32_t spacing) {
 
 LogHeader HeaderOf(const std::string& log) {
     return {Word32At(log, 0), Word32At(log, 8), Word32At(log, 36)};
-}
-
-std::string HashText(const std::string& id) {
-    std::array<char, 16> text = {};
-    std::snprintf(text.data(), text.size(), "0x%08X", static_cast<unsigned>(HashOf(id)));
-    return text.data();
 }
 
 }  // namespace corvex::test

@@ -26,7 +26,4 @@ struct LogHeader {
 };
 LogHeader HeaderOf(const std::string& log);
 
-// The id hash of an object of a definition, as files have it: "0xA6607299".
-std::string HashText(const std::string& id);
-
 }  // namespace corvex::test
