@@ -59,10 +59,8 @@ TEST_F(CsvWriterTest, WritesNumbersAsShortAsTheyReadBack) {
 }
 
 TEST_F(CsvWriterTest, NamesWhatIsNoNumber) {
-    csv_.Number(std::nan(""));
-    csv_.Number(std::copysign(std::nan(""), -1.0));
-    csv_.Number(HUGE_VAL);
-    csv_.Number(-HUGE_VAL);
+    for (const double number : {std::nan(""), std::copysign(std::nan(""), -1.0), HUGE_VAL, -HUGE_VAL})
+        csv_.Number(number);
     EXPECT_EQ(Text(), "nan,nan,inf,-inf");
 }
 
@@ -90,23 +88,19 @@ TEST_F(CsvWriterTest, GivesSecondsThreeDecimals) {
     EXPECT_EQ(Text(), "0.000,0.007,0.083,0.999,1.000,12.345,4294967.295");
 }
 
-TEST_F(CsvWriterTest, HandsOnInLargePieces) {
+TEST_F(CsvWriterTest, HandsOnInLargePiecesAndTakesALongerField) {
     std::string expected;
-    const std::string field(1000, 'x');
-    for (int i = 0; i < 1000; ++i) {
+    const auto add = [&](const std::string& field) {
         csv_.Text(field);
         csv_.EndRow();
         expected += field + '\n';
-    }
+    };
+    for (int i = 0; i < 1000; ++i)
+        add(std::string(1000, 'x'));
     EXPECT_EQ(Text(), expected);
     EXPECT_LE(sink_.writes, 5);
-}
-
-TEST_F(CsvWriterTest, WritesAFieldLongerThanItsPiece) {
-    const std::string field(CsvWriter::kPiece * 2 + 5, 'y');
-    csv_.Text(field);
-    csv_.EndRow();
-    EXPECT_EQ(Text(), field + '\n');
+    add(std::string(CsvWriter::kPiece * 2 + 5, 'y'));
+    EXPECT_EQ(Text(), expected);
 }
 
 TEST_F(CsvWriterTest, RemembersAFailedWrite) {

@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "definition/ADXC160BaudListen.h"
 #include "definition/ADXCSendCommand.h"
 #include "definition/ADXDefinition.h"
 #include "definition/ADXValue.h"
 #include "export/RecordDecoder.h"
 #include "logging/LogItem.h"
+#include "tests/support/DefinitionTestHelper.h"
 
 namespace corvex {
 namespace {
@@ -15,43 +14,32 @@ namespace {
 class RecordDecoderTest : public ::testing::Test {
 protected:
     RecordDecoderTest() {
-        auto send = std::make_unique<ADXCSendCommand>();
-        send->SetId("POLL");
-        send->packetoffset = 3;
-        send->packetsize = 4;
-        send->flags = 1;
-        send_ = send.get();
-        definition_.InsertAt(std::move(send), ~0U);
-        auto stream = std::make_unique<ADXC160BaudListen>();
-        stream->SetId("STREAM");
-        definition_.InsertAt(std::move(stream), ~0U);
-        auto value = std::make_unique<ADXValue>();
-        value->SetId("RPM");
-        definition_.InsertAt(std::move(value), ~0U);
+        send_->packetoffset = 3;
+        send_->packetsize = 4;
+        send_->flags = 1;
+        test::Add<ADXC160BaudListen>(definition_, "STREAM");
+        test::Add<ADXValue>(definition_, "RPM");
     }
 
     bool Decode(const char* id, std::uint32_t type) {
         LogItem item;
-        item.commandId = HashId(id, static_cast<std::uint32_t>(std::char_traits<char>::length(id)));
+        item.commandId = HashId(id, test::Length(id));
         item.type = type;
         return DecodeRecord(definition_, item, {reply_, sizeof reply_}, &record_);
     }
 
     ADXDefinition definition_;
-    ADXCSendCommand* send_ = nullptr;
+    ADXCSendCommand* const send_ = test::Add<ADXCSendCommand>(definition_, "POLL");
     const std::uint8_t reply_[9] = {};
     DecodedRecord record_;
 };
 
-TEST_F(RecordDecoderTest, TakesAReplyFromThePacketToItsEnd) {
+TEST_F(RecordDecoderTest, TakesAReplyFromThePacketToItsEndAndUpdatesWhereOneIsProcessed) {
     ASSERT_TRUE(Decode("POLL", kTypeSendCommand));
     EXPECT_EQ(record_.commandId, send_->GetIdHash());
     EXPECT_EQ(record_.packet.Bytes(), reply_ + 3);
     EXPECT_EQ(record_.packet.Size(), 6U);
     EXPECT_TRUE(record_.updates);
-}
-
-TEST_F(RecordDecoderTest, UpdatesNothingWhereNoReplyIsProcessed) {
     send_->flags = 0xFFFFFFFE;
     ASSERT_TRUE(Decode("POLL", kTypeSendCommand));
     EXPECT_FALSE(record_.updates);
@@ -64,16 +52,12 @@ TEST_F(RecordDecoderTest, TakesA160BaudPacketWhole) {
     EXPECT_FALSE(record_.updates);
 }
 
-TEST_F(RecordDecoderTest, AsksForTheRightKindOfCommandOnlyBehindAReply) {
-    EXPECT_FALSE(Decode("STREAM", kTypeSendCommand));
-    EXPECT_FALSE(Decode("RPM", kTypeSendCommand));
+TEST_F(RecordDecoderTest, AsksForTheRightKindOfCommandOnlyBehindAReplyAndDropsOtherRecords) {
     EXPECT_TRUE(Decode("POLL", kType160BaudListen));
     EXPECT_EQ(record_.packet.Size(), 9U);
-}
-
-TEST_F(RecordDecoderTest, DropsRecordsOfAnotherKind) {
+    for (const char* id : {"STREAM", "RPM", "NONE"})
+        EXPECT_FALSE(Decode(id, kTypeSendCommand)) << id;
     EXPECT_FALSE(Decode("POLL", kTypeListenSilence));
-    EXPECT_FALSE(Decode("NONE", kTypeSendCommand));
     EXPECT_FALSE(Decode("NONE", kType160BaudListen));
 }
 
