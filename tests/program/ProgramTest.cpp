@@ -4,11 +4,6 @@
 
 namespace corvex::test {
 
-namespace {
-
-// Moves this thread, which has no windows, and the programs that it starts there to a desktop of their own: what others
-// start or bring to the front meanwhile is none of their business, keyboard included. Its name. (Windows lets keys
-// through to the desktop on show only.)
 const std::string& OwnDesktop() {
     static const std::string name = "corvex" + std::to_string(::GetCurrentProcessId());
     // Lives as long as the process.
@@ -16,8 +11,6 @@ const std::string& OwnDesktop() {
     if (desktop == nullptr || !::SetThreadDesktop(desktop)) throw std::runtime_error("no desktop");
     return name;
 }
-
-}  // namespace
 
 void ProgramTest::TearDown() {
     if (program && program->IsRunning() && window_) CloseProgram();

@@ -18,6 +18,10 @@
 
 namespace corvex::test {
 
+// A desktop of this process's own, with its only thread on it: what others start or bring to the front meanwhile is
+// none of its business, keyboard included. Its name. (Windows lets keys through to the desktop on show only.)
+const std::string& OwnDesktop();
+
 class ProgramTest : public ::testing::Test {
 protected:
     static constexpr DWORD kLongestEnd = 30000;  // ms

@@ -9,9 +9,9 @@
 
 namespace corvex::test {
 
-Operator::Operator(std::string folder)
+Operator::Operator(std::string folder, const std::string& desktop)
     : folder_(std::move(folder)),
-      program_(std::make_unique<RunningProgram>(File("Corvex.exe"), folder_)),
+      program_(std::make_unique<RunningProgram>(File("Corvex.exe"), folder_, desktop)),
       window_(CorvexWindow::WaitFor(program_->Id())) {}
 
 void Operator::WaitFor(const std::string& what, const std::function<bool()>& isSo) const {
@@ -40,7 +40,7 @@ void Operator::StartRecording() {
 
 void Operator::SaveRecording(const std::string& name) {
     Window().Send(kStop);
-    ChooseFile(Process(), "Select/Create file to save...", File(name));
+    ChooseFile(Process(), kSaveLogTitle, File(name));
     WaitFor("saved log", [&] { return Window().OutputHas("Log saved to " + File(name)); });
 }
 
@@ -66,7 +66,7 @@ void Operator::Watch(double seconds) const {
 
 void Operator::Exit() {
     Window().Close();
-    const std::optional<DWORD> code = program_->WaitForExit(30000);
+    const std::optional<DWORD> code = WaitForExit();
     if (!code) throw std::runtime_error("the program does not end");
     if (*code != 0) throw std::runtime_error("the program ended with " + std::to_string(*code));
 }

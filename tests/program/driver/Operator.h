@@ -15,8 +15,8 @@ namespace corvex::test {
 // Every step waits for what it leads to, with a long deadline, and throws std::runtime_error when that does not come.
 class Operator {
 public:
-    // Starts the Corvex.exe of the folder.
-    explicit Operator(std::string folder);
+    // Starts the Corvex.exe of the folder, on the named desktop as RunningProgram does.
+    explicit Operator(std::string folder, const std::string& desktop = {});
 
     const CorvexWindow& Window() const { return *window_; }
     DWORD Process() const { return program_->Id(); }
@@ -32,6 +32,8 @@ public:
     // Waits for so many seconds while the program must go on answering.
     void Watch(double seconds) const;
     void Exit();
+    // The exit code of a program that was told to go; nothing when it stays.
+    std::optional<DWORD> WaitForExit() const { return program_->WaitForExit(30000); }
 
     void WaitFor(const std::string& what, const std::function<bool()>& isSo) const;
     void WaitForLeft(const std::string& text) const;

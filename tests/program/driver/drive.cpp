@@ -1,11 +1,17 @@
 // corvex-drive: works with Corvex.exe from outside. For ./dev run and tools/shoot.sh, which prepare the folder.
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "tests/program/driver/DemoRun.h"
-#include "tests/program/driver/StatePictures.h"
+#include "tests/program/driver/LogFiles.h"
+#include "tests/program/driver/ProgramStates.h"
+#include "tests/program/driver/WindowFinder.h"
 
 namespace corvex::test {
 
@@ -15,32 +21,80 @@ constexpr char kUsage[] =
     "usage: corvex-drive demo FOLDER PICTURES\n"
     "       corvex-drive shoot FOLDER PICTURES STATE|all WIDTH HEIGHT [TAB [ROW]]\n";
 
-void Shoot(char** words, int tab, int row) {
-    PictureTask task;
-    task.folder = words[2];
-    task.width = std::atoi(words[5]);
-    task.height = std::atoi(words[6]);
-    task.tab = tab;
-    task.row = row;
-    const std::string wanted = words[4];
-    for (const std::string& state : PictureStates()) {
-        if (wanted != "all" && wanted != state) continue;
-        task.file = std::string(words[3]).append("/").append(state).append("-").append(words[5]).append(".png");
-        TakeStatePicture(state, task);
-        std::printf("%s\n", task.file.c_str());
-        std::fflush(stdout);
+struct PictureTask {
+    std::string folder;    // with a Corvex.exe
+    std::string pictures;  // as the host names the folder
+    int width = 650, height = 500;
+    int tab = 0;
+    int row = 0;  // of what the Dash or Item Lists tab can show
+};
+
+void Prepare(const PictureTask& task) {
+    std::error_code none;
+    std::filesystem::remove(task.folder + "\\Settings.dat", none);
+    std::ofstream(task.folder + "\\drive.xdl", std::ios::binary) << MakeEvenLog(600, 100);
+    std::ofstream settings(task.folder + "\\Settings.dat");
+    settings << "lastadxpath=" << task.folder << "\\harrier-8192.adx\nlastxdlpath=" << task.folder << "\\drive.xdl\n"
+             << "winposx=" << (::GetSystemMetrics(SM_CXSCREEN) - task.width) / 2
+             << "\nwinposy=" << (::GetSystemMetrics(SM_CYSCREEN) - task.height) / 2 << "\nwinsizex=" << task.width
+             << "\nwinsizey=" << task.height << "\n";
+}
+
+// All that the program shows: a dialog may stand out of the main window.
+RECT PlaceOf(const Operator& person) {
+    RECT all = person.Window().Rectangle();
+    for (HWND window : TopWindowsOf(person.Process())) {
+        RECT one = {};
+        ::GetWindowRect(window, &one);
+        all = {std::min(all.left, one.left), std::min(all.top, one.top), std::max(all.right, one.right),
+               std::max(all.bottom, one.bottom)};
     }
+    return {std::max(all.left, 0L), std::max(all.top, 0L), all.right, all.bottom};
+}
+
+void ShowTab(const CorvexWindow& window, const PictureTask& task) {
+    constexpr std::array kComboIds = {0, 1009, 1006, 0, 0};
+    const int id = kComboIds.at(static_cast<std::size_t>(task.tab));
+    if (id != 0) SelectRow(FindBelow(window.Handle(), "ComboBox", id), task.row);
+    window.ShowTab(task.tab);
+}
+
+void Shoot(const ProgramState& state, const PictureTask& task) {
+    Prepare(task);
+    Operator person(task.folder);
+    const std::string name = state.name;
+    person.WaitFor("splash or its end",
+                   [&] { return (FindTopWindow(person.Process(), "QZSPLASHT") != nullptr) == (name == "splash"); });
+    ShowTab(person.Window(), task);
+    state.enter(person);
+    if (name == "connected" || name == "recording") person.Watch(2.0);
+    if (name == "playing") person.Watch(1.0);
+    const std::string file = name + "-" + std::to_string(task.width) + ".png";
+    person.engines.TakePicture(task.pictures + "/" + file, PlaceOf(person));
+    person.Exit();
+    std::printf("%s\n", file.c_str());
+    std::fflush(stdout);
 }
 
 int Drive(int count, char** words) {
     const std::string command = count > 1 ? words[1] : "";
     if (command == "demo" && count == 4) {
         RunDemo(words[2], words[3]);
-    } else if (command == "shoot" && count >= 7 && count <= 9) {
-        Shoot(words, count > 7 ? std::atoi(words[7]) : 0, count > 8 ? std::atoi(words[8]) : 0);
-    } else {
+        return 0;
+    }
+    if (command != "shoot" || count < 7 || count > 9) {
         std::fputs(kUsage, stderr);
         return 2;
+    }
+    const PictureTask task{words[2],
+                           words[3],
+                           std::atoi(words[5]),
+                           std::atoi(words[6]),
+                           count > 7 ? std::atoi(words[7]) : 0,
+                           count > 8 ? std::atoi(words[8]) : 0};
+    const std::string wanted = words[4];
+    for (const ProgramState& state : AllProgramStates()) {
+        if (state.isShown && (wanted == "all" || wanted == state.name)) Shoot(state, task);
     }
     return 0;
 }
