@@ -7,7 +7,7 @@
 namespace corvex::test {
 namespace {
 
-TEST(LastPacketTest, KeepsTheBytesWithZerosBehind) {
+TEST(LastPacketTest, KeepsTheBytesWithZerosBehindAndNoneOfNoPacket) {
     const std::uint8_t bytes[] = {1, 2, 3};
     const LastPacket last = LastPacket::Of(PacketView(bytes, 3), 0x1234);
     EXPECT_EQ(3U, last.size);
@@ -15,6 +15,10 @@ TEST(LastPacketTest, KeepsTheBytesWithZerosBehind) {
     EXPECT_EQ(3, last.bytes[2]);
     EXPECT_EQ(0, last.bytes[3]);
     EXPECT_EQ(3U, last.View().Size());
+    const LastPacket none = LastPacket::Of(nullptr, 5);
+    EXPECT_EQ(0U, none.size);
+    EXPECT_EQ(5U, none.command);
+    EXPECT_TRUE(static_cast<bool>(none.View()));
 }
 
 TEST(LastPacketTest, CutsAt300Bytes) {
@@ -23,13 +27,6 @@ TEST(LastPacketTest, CutsAt300Bytes) {
     const LastPacket last = LastPacket::Of(PacketView(bytes.data(), 301), 0);
     EXPECT_EQ(300U, last.size);
     EXPECT_EQ(7, last.bytes[299]);
-}
-
-TEST(LastPacketTest, NoPacketIsAnEmptyOne) {
-    const LastPacket last = LastPacket::Of(nullptr, 5);
-    EXPECT_EQ(0U, last.size);
-    EXPECT_EQ(5U, last.command);
-    EXPECT_TRUE(static_cast<bool>(last.View()));
 }
 
 }  // namespace

@@ -15,7 +15,9 @@ protected:
 };
 
 TEST_F(RecordCommandTest, RecordsIntoTheScratchFileOfTheProgramsFolder) {
+    session.log.speed = 4.0F;
     session.RecordCommand();
+    EXPECT_EQ(1.0F, session.log.speed);  // unseen
     EXPECT_EQ(kLogRecording, session.log.State());
     EXPECT_EQ((Calls{"flash Recording started 0x000000 0x00FF00 2000", "status", "buttons"}), recorder.Take());
     EXPECT_EQ("Recording to " + folder.Name("temp.xdl"), text.Text());
@@ -102,14 +104,6 @@ TEST_F(RecordCommandTest, TellsWhyItCannotBegin) {
     const std::string begin = "Unable to record to " + folder.Name("gone") + place.separator + "temp.xdl: ";
     EXPECT_EQ(begin, text.Text().substr(0, begin.size()));
     EXPECT_LT(begin.size(), text.Text().size());  // the system's own words
-}
-
-TEST_F(RecordCommandTest, ResetsTheSpeedUnseen) {
-    session.SetSpeed(4.0F);
-    recorder.Take();
-    session.RecordCommand();
-    EXPECT_EQ(1.0F, session.log.speed);
-    EXPECT_EQ(0U, recorder.Count("title"));
 }
 
 }  // namespace

@@ -61,12 +61,6 @@ TEST_F(SaveFlowTest, ExistingFileAndRecordingAreBothKept) {
               TakeAnswers());
 }
 
-TEST_F(SaveFlowTest, FolderThatIsNotThereKeepsTheRecording) {
-    Save(folder.Name("gone") + "/drive.xdl");
-    EXPECT_EQ(kRecorded, ReadLog(folder.Name("temp.xdl")));
-    EXPECT_STREQ("", session.settings.lastxdlpath);
-}
-
 TEST_F(SaveFlowTest, CancellingKeepsTheRecordingInTheScratchFile) {
     session.settings.SetLastLog("before");
     elsewhere.Put("temp.xdl", "not ours");

@@ -8,18 +8,14 @@ namespace {
 constexpr auto kRefused = static_cast<std::int32_t>(0x80004005);
 
 TEST(ScanPolicyTest, OnlyNegativeResultsAreFailures) {
-    EXPECT_TRUE(IsFailure(kRefused));
-    EXPECT_FALSE(IsFailure(0));
-    EXPECT_FALSE(IsFailure(1));
+    for (const std::int32_t result : {kRefused, 0, 1})
+        EXPECT_EQ(result == kRefused, IsFailure(result));
 }
 
-TEST(ScanPolicyTest, MonitorRunsWhileWantedAndNotRefused) {
+TEST(ScanPolicyTest, MonitorRunsWhileWantedAndNotRefusedAndThenDisconnects) {
     EXPECT_TRUE(KeepsMonitoring(1, 0));
     EXPECT_FALSE(KeepsMonitoring(0, 0));
     EXPECT_FALSE(KeepsMonitoring(1, kRefused));
-}
-
-TEST(ScanPolicyTest, DisconnectBelongsToAStoppedMonitor) {
     EXPECT_TRUE(RunsDisconnect(true, 0));
     EXPECT_FALSE(RunsDisconnect(true, 1));
     EXPECT_FALSE(RunsDisconnect(false, 0));
@@ -28,9 +24,8 @@ TEST(ScanPolicyTest, DisconnectBelongsToAStoppedMonitor) {
 TEST(ScanPolicyTest, GoodReplyConnectsOnlyWhileConnecting) {
     EXPECT_TRUE(BecomesConnected(1, kConnecting));
     EXPECT_FALSE(BecomesConnected(0, kConnecting));
-    EXPECT_FALSE(BecomesConnected(1, kConnected));
-    EXPECT_FALSE(BecomesConnected(1, kNotConnected));
-    EXPECT_FALSE(BecomesConnected(1, kLogPaused));
+    for (const std::uint32_t state : {kConnected, kNotConnected, kLogPaused})
+        EXPECT_FALSE(BecomesConnected(1, state));
 }
 
 TEST(ScanPolicyTest, RecordingTakesSamplesOfAConnectedLine) {

@@ -31,16 +31,6 @@ protected:
     AutoResetEvent reading{false}, gate{false};
 };
 
-TEST_F(ScanStopTest, ClosesThePortWhereThereIsNoDisconnectCommand) {
-    session.definition.disconnectcmd = nullptr;
-    session.ToggleScan();
-    ASSERT_TRUE(WaitForWrite("write 192"));
-    Stop(kStopScan | kStopLog | kStopWindow);
-    ASSERT_TRUE(WaitForThreads());
-    EXPECT_FALSE(serial.IsOpen());
-    EXPECT_EQ(1U, recorder.Count("post 32768"));
-}
-
 TEST_F(ScanStopTest, EndsACommandThatWaitsForEverAndRunsTheDisconnectCommandWhole) {
     serial.Answer({0xD0}, {5, 6}, 4000);
     session.ToggleScan();
@@ -106,24 +96,6 @@ TEST_F(ScanStopTest, TwoStopsDuringTheMonitorDoNotCut) {
     gate.Set();
     ASSERT_TRUE(WaitForThreads());
     EXPECT_EQ(1U, recorder.Count("reply 0 2"));
-}
-
-TEST_F(ScanStopTest, ANewScanKnowsNothingOfTheLastStop) {
-    for (int i = 0; i < 3; ++i) {
-        session.ToggleScan();
-        ASSERT_TRUE(WaitForWrite("write 192"));
-        ASSERT_TRUE(recorder.WaitFor("buttons"));
-        Stop();
-        ASSERT_TRUE(WaitForThreads());
-        EXPECT_EQ(1U, serial.Calls("write 208").size());
-        serial.ForgetCalls();
-    }
-    AnswerAll();
-    EndAfter(2);
-    recorder.Take();
-    Scan();
-    EXPECT_EQ((Calls{"write 192", "write 160", "write 208"}), serial.Calls("write"));
-    EXPECT_EQ(3U, recorder.Count("reply 0 2"));
 }
 
 TEST_F(ScanStopTest, WhatAStopCutIsNoError) {

@@ -41,10 +41,7 @@ TEST(StatusTextTest, RightPanelShowsTheLogsTime) {
         for (const std::uint32_t connection : {kConnecting, kNotConnected, kLogPaused})
             EXPECT_EQ("5.00 Hz  1:2:03:004", RightPanelText({log, connection, 5.0F, 9, 3723004}));
     }
-}
-
-TEST(StatusTextTest, HoursComeRoundAfterSixty) {
-    constexpr std::uint32_t kHour = 3600000;
+    constexpr std::uint32_t kHour = 3600000;  // they come round after sixty
     EXPECT_EQ("0.00 Hz  59:0:00:000", RightPanelText({kLogPlaying, kNotConnected, 0.0F, 0, 59 * kHour}));
     EXPECT_EQ("0.00 Hz  1:0:00:000", RightPanelText({kLogPlaying, kNotConnected, 0.0F, 0, 61 * kHour}));
 }

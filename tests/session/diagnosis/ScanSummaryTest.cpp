@@ -29,26 +29,17 @@ TEST(ScanSummaryTest, CountsErrorsByCodeAndName) {
     EXPECT_EQ(summary.Json(10.0)["rate"], 12.048);
 }
 
-TEST(ScanSummaryTest, HoldsAStopAgainstNobody) {
-    ScanSummary summary;
-    summary.Add(At(0.5, kCodeStopped));
-    EXPECT_EQ(summary.Text(1.0), "0 good replies in 1.0 s, 0.00 Hz; no errors");
-    EXPECT_LT(summary.LastGood(), 0.0);
-}
-
-TEST(ScanSummaryTest, CountsNoReplyOfACommandThatBringsNone) {
+TEST(ScanSummaryTest, HoldsNoStopAgainstAnybodyAndCountsNoReplyWhereNoneIsExpected) {
     ScanSummary summary;
     ReplyEvent sent = At(0.5, kCodeSuccess);
     sent.expected = false;
+    summary.Add(At(0.5, kCodeStopped));
     summary.Add(sent);
+    EXPECT_EQ(summary.Text(1.0), "0 good replies in 1.0 s, 0.00 Hz; no errors");
     EXPECT_EQ(summary.Good(), 0U);
     EXPECT_LT(summary.LastGood(), 0.0);
-}
-
-TEST(ScanSummaryTest, HasNoRateBeforeTheSecondReply) {
-    ScanSummary summary;
     summary.Add(At(5.0, kCodeSuccess));
-    EXPECT_EQ(summary.Rate(), 0.0);
+    EXPECT_EQ(summary.Rate(), 0.0);  // none before the second reply
     EXPECT_EQ(summary.LastGood(), 5.0);
 }
 
