@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "export/text/TextFormat.h"
 #include "tests/apps/cli/LogTestHelper.h"
+#include "tests/support/AdxText.h"
 
 namespace corvex {
 namespace {
@@ -18,17 +18,13 @@ std::string Bit(const std::string& id, const std::string& more = "") {
            "<operand>0x00000001</operand><bitop>AND</bitop><result>0x00000001</result></ADXBITMASK>\n";
 }
 
-std::string Parent(std::uint32_t hash) {
-    return "<parentcmdidhash>" + HashText(hash) + "</parentcmdidhash>";
-}
-
-std::string ValueOf(std::uint32_t command, const std::string& id) {
-    return ValueText(id, "X", Parent(command));
+std::string ValueOf(const std::string& command, const std::string& id) {
+    return ValueText(id, "X", test::AdxParent(command));
 }
 
 // RPM + 100, shown for a command's records.
-std::string LinkOf(std::uint32_t command) {
-    return "<ADXVALUE id=\"L\" title=\"L\">" + Parent(command) +
+std::string LinkOf(const std::string& command) {
+    return "<ADXVALUE id=\"L\" title=\"L\">" + test::AdxParent(command) +
            "<packetoffset>0x00</packetoffset><MATH equation=\"A+100\">"
            "<VAR varID=\"A\" type=\"link\" linkIDHash=\"0xCD0CD1DB\" /></MATH></ADXVALUE>\n";
 }
@@ -66,9 +62,9 @@ std::vector<DecodeCase> Cases() {
     const std::string rpm = DefinitionWith(ValueText("RPM", "X")), rpmTitle = "Time (s),RPM title\n";
     const std::string fans =
         DefinitionWith(ValueText("RPM", "X") + Bit("FAN") + ValueText("FAN2", "X+1") + ValueText("TPS", "X+2"));
-    const std::string shared = TwoCommandsWith(ValueOf(kPollHash, "P") + ValueOf(kOtherHash, "Q"));
-    const std::string linked = StreamDefinition(LinkOf(kStreamHash) + ValueOf(kPollHash, "RPM"));
-    const std::string linkedToStream = StreamDefinition(LinkOf(kPollHash) + ValueOf(kStreamHash, "RPM"));
+    const std::string shared = TwoCommandsWith(ValueOf("POLL", "P") + ValueOf("A", "Q"));
+    const std::string linked = StreamDefinition(LinkOf("STREAM") + ValueOf("POLL", "RPM"));
+    const std::string linkedToStream = StreamDefinition(LinkOf("POLL") + ValueOf("STREAM", "RPM"));
     const LogBytes onePoll = Polls({{5, 1}}), twoPolls = Polls({{10, 1}, {3, 2}});
     LogBytes stream = BeginLog({kPollHash, kStreamHash}), streamFirst = stream, halves = stream, mixed = stream;
     stream.Record(0, 0, PollReply({5})).Record(1, 10, Bytes(24, 50)).Record(0, 20, PollReply({6})).MarkEnd();
@@ -109,7 +105,7 @@ std::vector<DecodeCase> Cases() {
         {"WritesTheHeaderOfAnEmptyLog", rpm, BeginLog({kPollHash}).PutWord32(8, 1), {}, rpmTitle},
         {"ChoosesItemsById", fans, onePoll, {"--items", "fan*"}, "Time (s),FAN bit,FAN2 title\n0.000,1,6\n"},
         {"ItemsOfAnotherCommandKeepTheirRawWord",
-         TwoCommandsWith(ValueOf(kPollHash, "P") + ValueOf(kOtherHash, "Q") + ValueText("ANY", "X")),
+         TwoCommandsWith(ValueOf("POLL", "P") + ValueOf("A", "Q") + ValueText("ANY", "X")),
          mixed,
          {},
          "Time (s),P title,Q title,ANY title\n0.000,0,7,7\n0.010,9,7,9\n0.020,9,8,8\n"},
@@ -192,10 +188,9 @@ INSTANTIATE_TEST_SUITE_P(DecodeCommandTest, DecodeCommandTable, ::testing::Value
 
 class DecodeCommandTest : public ::testing::Test {
 protected:
-    ToolResult Decode(const std::string& log, const Words& more) const {
-        Words args{"decode", "-d", adx.Path(), log};
-        args.insert(args.end(), more.begin(), more.end());
-        return RunInside(args);
+    ToolResult Decode(const std::string& log, Words more) const {
+        more.insert(more.begin(), {"decode", "-d", adx.Path(), log});
+        return RunInside(more);
     }
 
     const TempFile adx{DefinitionWith(ValueText("RPM", "X"))};

@@ -3,21 +3,14 @@
 #include "apps/cli/HistogramText.h"
 #include "apps/cli/LogOptions.h"
 #include "definition/ADXHistogram.h"
-#include "definition/ADXValue.h"
-#include "export/text/TextFormat.h"
 #include "tests/apps/cli/LogTestHelper.h"
+#include "tests/support/AdxText.h"
 
 namespace corvex {
 namespace {
 
 using test::Bytes;
 using test::LogBytes;
-
-std::string HashOf(const std::string& id) {
-    ADXValue value;
-    value.SetId(id.c_str());
-    return HashText(value.GetIdHash());
-}
 
 std::string At(int offset, const std::string& id) {
     return "<ADXVALUE id=\"" + id + "\" title=\"" + id + " title\"><units>u" + id + "</units><packetoffset>" +
@@ -29,19 +22,17 @@ std::string HistogramOf(const std::string& id, const std::string& command, const
     return "<ADXHISTOGRAM id=\"" + id + "\" title=\"" + id + " title\"><parentcmdidhash>" + command +
            "</parentcmdidhash><rows>2</rows><cols>3</cols><xmin>0</xmin><xmax>100</xmax><ymin>0</ymin><ymax>2.5</ymax>"
            "<historysize>10</historysize><xidhash>" +
-           HashOf("X") + "</xidhash><yidhash>" + HashOf("Y") + "</yidhash><zidhash>" + HashOf("Z") + "</zidhash>" +
-           more + "</ADXHISTOGRAM>\n";
+           test::AdxHash("X") + "</xidhash><yidhash>" + test::AdxHash("Y") + "</yidhash><zidhash>" +
+           test::AdxHash("Z") + "</zidhash>" + more + "</ADXHISTOGRAM>\n";
 }
 
 class HistogramCommandTest : public ::testing::Test {
 protected:
-    ToolResult Run(const LogBytes& log, std::vector<std::string> more) {
+    ToolResult Run(const LogBytes& log, Words more) {
         const TempFile definition(StreamDefinition(At(0, "X") + At(1, "Y") + At(2, "Z") + histograms));
         const LogTempFile file(log);
-        path = file.Path();
-        std::vector<std::string> args{"histogram", "-d", definition.Path(), path};
-        args.insert(args.end(), more.begin(), more.end());
-        return RunInside(args);
+        more.insert(more.begin(), {"histogram", "-d", definition.Path(), file.Path()});
+        return RunInside(more);
     }
 
     static LogBytes FourPolls() {
@@ -53,7 +44,6 @@ protected:
     }
 
     std::string histograms = HistogramOf("MAP", "0xA6607299");
-    std::string path;
 };
 
 TEST_F(HistogramCommandTest, ShowsTheLastSamplesAsATable) {

@@ -10,12 +10,11 @@ namespace {
 using test::Bytes;
 using test::LogBytes;
 
-ToolResult Info(const LogBytes& log, const Words& more = {}) {
+ToolResult Info(const LogBytes& log, Words more = {}) {
     const LogTempFile file(log);
-    Words args{"info", file.Path()};
-    args.insert(args.end(), more.begin(), more.end());
+    more.insert(more.begin(), {"info", file.Path()});
     const std::string before = ReadFile(file.Path());
-    const ToolResult result = RunInside(args);
+    const ToolResult result = RunInside(more);
     EXPECT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(ReadFile(file.Path()), before);
     return result;

@@ -1,4 +1,4 @@
-// The tool is killed at any moment of a recording, of its end, of the replacement of an old log and of a repair.
+// The tool is killed at any moment of a recording, of its end and of the replacement of an old log.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -155,35 +155,6 @@ TEST_F(KillProgramTest, OldLogStaysUntilTheNewOneStandsInItsPlace) {
         }
     }
     EXPECT_GT(kept, 0U);
-}
-
-TEST_F(KillProgramTest, RepairLeavesAllOrNothing) {
-    const std::string input = folder.Name("broken.xdl");
-    {
-        KilledTool scan(Scan("harrier-8192.adx"));
-        scan.ReadBytes(60000);
-        scan.Kill();
-    }
-    const std::string before = folder.Content("drive.xdl");
-    folder.Put("broken.xdl", before);
-    ASSERT_EQ(RunTool({"repair", input, log, "--force"}).code, 0);
-    const std::string whole = folder.Content("drive.xdl");
-    for (unsigned round = 0; round < test::AttackRounds(10); ++round) {
-        std::filesystem::remove(log);
-        KilledTool repair({"repair", input, log});
-        Pause(12000);
-        repair.Kill();
-        EXPECT_EQ(folder.Content("broken.xdl"), before);
-        if (folder.Has("drive.xdl")) {
-            EXPECT_EQ(folder.Content("drive.xdl"), whole);
-        }
-    }
-    std::filesystem::remove(log);
-    EXPECT_EQ(RunTool({"repair", input, log}).code, 0);
-    EXPECT_EQ(folder.Content("drive.xdl"), whole);
-    // But for logs with records, which may be all there is of a drive.
-    for (const auto& entry : std::filesystem::directory_iterator(folder.Path()))
-        EXPECT_TRUE(entry.path() == log || entry.path() == input || entry.path().extension() == ".new") << entry.path();
 }
 
 }  // namespace

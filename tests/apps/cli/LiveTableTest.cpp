@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <nlohmann/json.hpp>
 
 #include "apps/cli/LiveTable.h"
@@ -11,6 +10,7 @@
 #include "definition/ADXMacro.h"
 #include "definition/ADXValue.h"
 #include "session/diagnosis/PolledCommands.h"
+#include "tests/support/DefinitionTestHelper.h"
 
 namespace corvex {
 namespace {
@@ -19,12 +19,9 @@ class LiveTableTest : public testing::Test {
 protected:
     template <class T>
     T& Add(const char* id) {
-        auto object = std::make_unique<T>();
-        T& made = *object;
-        made.SetId(id);
-        made.SetTitle(id, 15);
-        definition_.InsertAt(std::move(object), 0xFFFFFFFF);
-        return made;
+        T* const made = test::Add<T>(definition_, id);
+        made->SetTitle(id, test::Length(id));
+        return *made;
     }
 
     LiveTableTest() {
@@ -89,18 +86,12 @@ TEST_F(LiveTableTest, ColoursAlarms) {
     EXPECT_FALSE(table.Rows(1.0)[1].alarm);
 }
 
-TEST_F(LiveTableTest, WritesASampleAsALine) {
+TEST_F(LiveTableTest, WritesASampleAsALineAndAsJson) {
     EXPECT_EQ(PlainSample(definition_, Answer(*poll_, 1.25, {101})), "1.250 POLL: SPEED !1010.00 rpm");
-}
-
-TEST_F(LiveTableTest, WritesASampleAsJson) {
     EXPECT_EQ(JsonSample(definition_, Answer(*poll_, 1.25, {50})).dump(),
               R"({"t":1.25,"command":"POLL","values":{"SPEED":500.0}})");
     EXPECT_EQ(JsonSample(definition_, Answer(*other_, 2.0, {0x80})).dump(),
               R"({"t":2.0,"command":"OTHER","values":{"BIT":true}})");
-}
-
-TEST_F(LiveTableTest, WritesNullForANumberThatIsNone) {
     speed_->SetEquation("(0-1)#0.5+X", 11);
     EXPECT_EQ(JsonSample(definition_, Answer(*poll_, 1.0, {1}))["values"]["SPEED"], nullptr);
 }

@@ -12,13 +12,12 @@ using test::LogBytes;
 
 class PlayCommandTest : public ::testing::Test {
 protected:
-    ToolResult Play(const LogBytes& log, const std::vector<std::string>& more) {
+    ToolResult Play(const LogBytes& log, Words more) {
         const LogTempFile file(log);
         path = file.Path();
-        std::vector<std::string> args{"play", "-d", definition.Path(), path, "--speed", speed};
-        args.insert(args.end(), more.begin(), more.end());
+        more.insert(more.begin(), {"play", "-d", definition.Path(), path, "--speed", speed});
         const std::string before = ReadFile(path);
-        const ToolResult result = RunInside(args);
+        const ToolResult result = RunInside(more);
         EXPECT_EQ(ReadFile(path), before);  // whatever it was asked to do
         return result;
     }

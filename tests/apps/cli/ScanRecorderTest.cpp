@@ -25,11 +25,12 @@ protected:
         stream = definition.FindByHash(kStreamHash);
     }
 
-    bool Begin(ScanRecorder& recorder, const std::string& path = "drive.xdl") {
+    // Why it did not; empty when it did.
+    std::string Begin(ScanRecorder& recorder, const std::string& path = "drive.xdl", bool force = false) {
         std::string error;
-        const bool begun = recorder.Begin(path, definition, false, error);
-        EXPECT_TRUE(begun) << error;
-        return begun;
+        const bool begun = recorder.Begin(path, definition, force, error);
+        EXPECT_EQ(begun, error.empty());
+        return error;
     }
     void Add(ScanRecorder& recorder, std::uint8_t byte) {
         const Bytes reply(24, byte);
@@ -54,7 +55,7 @@ protected:
 
 TEST_F(ScanRecorderTest, KeepsWholeRepliesUnderTheirCommands) {
     ScanRecorder recorder(files);
-    ASSERT_TRUE(Begin(recorder));
+    ASSERT_EQ(Begin(recorder), "");
     Add(recorder, 0x11);
     const Bytes packet(20, 0x22);
     recorder.Add(*stream, {packet.data(), 20});
@@ -79,7 +80,7 @@ TEST_F(ScanRecorderTest, KeepsWholeRepliesUnderTheirCommands) {
 
 TEST_F(ScanRecorderTest, GoesOnBehindASampleThatCouldNotBeWritten) {
     ScanRecorder recorder(files);
-    ASSERT_TRUE(Begin(recorder));
+    ASSERT_EQ(Begin(recorder), "");
     Add(recorder, 1);
     EXPECT_FALSE(recorder.Failed());
     files.room = files.Get("drive.xdl").size() + 10;  // less than a record
@@ -99,27 +100,19 @@ TEST_F(ScanRecorderTest, GoesOnBehindASampleThatCouldNotBeWritten) {
 TEST_F(ScanRecorderTest, SaysThatTheFileCannotBeMadeOrHasNoRoomForTheTable) {
     ScanRecorder recorder(files);
     files.failOpen = true;
-    std::string error;
-    EXPECT_FALSE(recorder.Begin("drive.xdl", definition, false, error));
-    EXPECT_EQ(error, "drive.xdl: cannot be opened: no such file");
+    EXPECT_EQ(Begin(recorder), "drive.xdl: cannot be opened: no such file");
     files.failOpen = false;
     files.room = 20;
-    EXPECT_FALSE(recorder.Begin("drive.xdl", definition, false, error));
-    EXPECT_EQ(error, "drive.xdl: the recording cannot be written");
+    EXPECT_EQ(Begin(recorder), "drive.xdl: the recording cannot be written");
 }
 
 TEST_F(ScanRecorderTest, KeepsAFileThatHoldsSomethingUnlessForced) {
     for (const std::string& text : {std::string("precious"), std::string(1, '\0')}) {
         const TempFile old(text, ".xdl");
-        std::string error;
-        {
-            ScanRecorder recorder;
-            EXPECT_FALSE(recorder.Begin(old.Path(), definition, false, error));
-            EXPECT_EQ(error, old.Path() + ": exists and is not empty; --force replaces it");
-            EXPECT_EQ(ReadFile(old.Path()), text);
-        }
-        ScanRecorder recorder;
-        EXPECT_TRUE(recorder.Begin(old.Path(), definition, true, error)) << error;
+        ScanRecorder refused, recorder;
+        EXPECT_EQ(Begin(refused, old.Path()), old.Path() + ": exists and is not empty; --force replaces it");
+        EXPECT_EQ(ReadFile(old.Path()), text);
+        EXPECT_EQ(Begin(recorder, old.Path(), true), "");
         Add(recorder, 1);
         EXPECT_TRUE(recorder.End());
     }
@@ -128,46 +121,38 @@ TEST_F(ScanRecorderTest, KeepsAFileThatHoldsSomethingUnlessForced) {
 // A port that can't be opened, or a line that stays silent, costs nobody the drive of the day before.
 TEST_F(ScanRecorderTest, OldLogStaysUntilTheFirstReply) {
     const TempFile old("precious", ".xdl");
-    ScanRecorder recorder;
-    std::string error;
-    ASSERT_TRUE(recorder.Begin(old.Path(), definition, true, error)) << error;
+    {
+        ScanRecorder recorder, other;
+        ASSERT_EQ(Begin(recorder, old.Path(), true), "");
+        EXPECT_NE(Begin(other, old.Path(), true), "");
+        EXPECT_TRUE(recorder.End());
+        EXPECT_TRUE(recorder.KeptOld());
+    }
     EXPECT_EQ(ReadFile(old.Path()), "precious");
-    Add(recorder, 1);
-    EXPECT_EQ(RecordsIn(old.Path()), 1U);
-    Add(recorder, 2);
-    EXPECT_EQ(RecordsIn(old.Path()), 2U);
+    ScanRecorder recorder;
+    ASSERT_EQ(Begin(recorder, old.Path(), true), "");
+    EXPECT_EQ(ReadFile(old.Path()), "precious");
+    for (std::uint32_t count = 1; count < 3; ++count) {
+        Add(recorder, 1);
+        EXPECT_EQ(RecordsIn(old.Path()), count);
+    }
     EXPECT_TRUE(recorder.End());
     EXPECT_FALSE(recorder.KeptOld());
     EXPECT_EQ(recorder.Trouble(), "");
     EXPECT_EQ(RecordsIn(old.Path()), 2U);
 }
 
-TEST_F(ScanRecorderTest, OldLogStaysWhenNoReplyComes) {
-    const TempFile old("precious", ".xdl");
-    {
-        ScanRecorder recorder;
-        std::string error;
-        ASSERT_TRUE(recorder.Begin(old.Path(), definition, true, error)) << error;
-        ScanRecorder other;
-        EXPECT_FALSE(other.Begin(old.Path(), definition, true, error));
-        EXPECT_TRUE(recorder.End());
-        EXPECT_TRUE(recorder.KeptOld());
-    }
-    EXPECT_EQ(ReadFile(old.Path()), "precious");
-}
-
 // Somebody else's recording may stand there by now.
 TEST_F(ScanRecorderTest, RecordingOfAnotherIsNeverReplaced) {
     const TempFile old("precious", ".xdl");
     ScanRecorder recorder;
-    std::string error;
-    ASSERT_TRUE(recorder.Begin(old.Path(), definition, true, error)) << error;
+    ASSERT_EQ(Begin(recorder, old.Path(), true), "");
     std::error_code held;
     std::filesystem::rename(old.Path(), old.Path() + ".moved", held);
     if (held) return;  // where the system itself sees to it that nobody else comes to stand there
     {
         ScanRecorder other;
-        ASSERT_TRUE(Begin(other, old.Path()));
+        ASSERT_EQ(Begin(other, old.Path()), "");
         Add(other, 1);
         Add(recorder, 2);
         EXPECT_EQ(recorder.Trouble(), old.Path() + ": the old log cannot be replaced");
@@ -185,34 +170,26 @@ TEST_F(ScanRecorderTest, RecordingOfAnotherIsNeverReplaced) {
 TEST_F(ScanRecorderTest, OneAtATimeRecordsIntoAFile) {
     const TempFile file("", ".xdl");
     ScanRecorder first, second;
-    ASSERT_TRUE(Begin(first, file.Path()));
-    std::string error;
-    EXPECT_FALSE(second.Begin(file.Path(), definition, false, error));
-    EXPECT_NE(error.find(": cannot be opened: "), std::string::npos) << error;
+    ASSERT_EQ(Begin(first, file.Path()), "");
+    EXPECT_TRUE(Has(Begin(second, file.Path()), ": cannot be opened: "));
     Add(first, 1);
-    EXPECT_FALSE(second.Begin(file.Path(), definition, true, error));
-    EXPECT_NE(error.find(": cannot be replaced: "), std::string::npos) << error;
+    EXPECT_TRUE(Has(Begin(second, file.Path(), true), ": cannot be replaced: "));
     EXPECT_TRUE(first.End());
     EXPECT_EQ(RecordsIn(file.Path()), 1U);
 }
 
 TEST_F(ScanRecorderTest, KeepsALogWithARecordAndReplacesOneWithout) {
     const TempFile file("", ".xdl");
-    for (int scan = 0; scan < 2; ++scan) {
+    for (const int records : {0, 0, 1}) {  // nothing stands there, then a table alone
         ScanRecorder recorder;
-        ASSERT_TRUE(Begin(recorder, file.Path()));  // nothing, then a table alone
+        ASSERT_EQ(Begin(recorder, file.Path()), "");
+        if (records != 0) Add(recorder, 1);
         EXPECT_TRUE(recorder.End());
-        EXPECT_EQ(std::filesystem::file_size(file.Path()), 44U + 2 * 48);
-    }
-    {
-        ScanRecorder recorder;
-        ASSERT_TRUE(Begin(recorder, file.Path()));
-        Add(recorder, 1);
+        EXPECT_EQ(std::filesystem::file_size(file.Path()), 44U + 2 * 48 + (records != 0 ? 36U : 0U));
     }
     ScanRecorder recorder;
-    std::string error;
-    EXPECT_FALSE(recorder.Begin(file.Path(), definition, false, error));
-    EXPECT_EQ(std::filesystem::file_size(file.Path()), 44U + 2 * 48 + 36);
+    EXPECT_NE(Begin(recorder, file.Path()), "");
+    EXPECT_EQ(RecordsIn(file.Path()), 1U);
 }
 
 }  // namespace
