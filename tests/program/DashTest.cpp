@@ -10,6 +10,7 @@ constexpr int kValues = 0, kBitmasks = 1;  // submenus
 
 class DashOnShow : public ViewsProgramTest {
 protected:
+    // And an entry of a type that nobody knows, which has no gauge and keeps its number.
     static AdxText WithFourGauges() {
         return Commands()
             .Value({"SPEED", "Speed"}, 0, "X", Shown())
@@ -17,14 +18,14 @@ protected:
             .Bit({"FAN", "Fan"}, 2, Lit())
             .Value({"GEAR", "Gear"}, 0, "X", Shown("OTHER"))
             .Value({"ANY", "Any"}, 0, "X", Shown(""))
-            .Dashboard("Main", {{0, "SPEED"}, {1, "LOAD"}, {2, "FAN"}, {1, "GEAR"}});
+            .Dashboard("Main", {{0, "SPEED"}, {3, "ANY"}, {1, "LOAD"}, {2, "FAN"}, {1, "GEAR"}});
     }
     // The speeds are those that the dial has shown since it was made.
     void ExpectShown(const std::vector<float>& speeds, float load, bool fan) {
         ExpectNeedle(0, static_cast<int>(speeds.back()));
         ExpectDial(0, "Speed", speeds);
-        ExpectReadout(1, "Load", load);
-        ExpectLamp(2, "Fan", fan);
+        ExpectReadout(2, "Load", load);
+        ExpectLamp(3, "Fan", fan);
     }
     void Choose(int gauge, int submenu, int row) {
         OpenPopup(Dash().Gauge(gauge));
@@ -41,7 +42,7 @@ TEST_F(DashOnShow, ShowsWhatTheEngineSendsAndTheDriveThatWasRecorded) {
     ExpectShown({0.0F}, 0.0F, false);
     Scan({Poll({120, 101, 1})});
     ExpectShown({0.0F, 120.0F}, 50.5F, true);
-    ExpectReadout(3, "Gear", 0.0F);
+    ExpectReadout(4, "Gear", 0.0F);
     Window().Send(kRecord);
     ExpectLeft("Log Recording");
     EXPECT_TRUE(Eventually([&] { return folder.Size("temp.xdl") > 400; }));
@@ -67,9 +68,9 @@ TEST_F(DashOnShow, BindsItsGaugesByTheirMenuAndAsksBeforeThatIsDropped) {
     ExpectTitle(0, "Any");
     ExpectNeedle(0, 10);
     EXPECT_EQ(Dash().Gauge(0), dial);
-    Choose(3, kBitmasks, 0);
-    ExpectTitle(3, "Fan");
-    ExpectLamp(3, "Fan", true);
+    Choose(4, kBitmasks, 0);
+    ExpectTitle(4, "Fan");
+    ExpectLamp(4, "Fan", true);
     StopScan();
     const std::string before = folder.Files().Content("own.adx");
     Window().Close();
@@ -80,9 +81,9 @@ TEST_F(DashOnShow, BindsItsGaugesByTheirMenuAndAsksBeforeThatIsDropped) {
     PressButton(WaitForDialog(program->Id(), "Corvex"), IDYES);
     EXPECT_EQ(program->WaitForExit(kLongestEnd), std::optional<DWORD>(0));
     const std::string after = folder.Files().Content("own.adx");
-    for (const auto& entry :
-         {"gaugetype=\"0\" itemidhash=\"" + AdxHash("ANY"), "gaugetype=\"2\" itemidhash=\"" + AdxHash("FAN")})
-        EXPECT_NE(after.find(entry), std::string::npos) << entry;
+    for (const auto& [type, item] : {std::pair{"0", "ANY"}, {"3", "ANY"}, {"1", "LOAD"}, {"2", "FAN"}})
+        EXPECT_NE(after.find(std::string("gaugetype=\"") + type + "\" itemidhash=\"" + AdxHash(item)),
+                  std::string::npos);
 }
 
 }  // namespace

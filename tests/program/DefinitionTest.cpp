@@ -21,11 +21,13 @@ TEST_F(DefinitionFile, IsLoadedByTheOpenDialogAndTheNextTimeByItself) {
     EXPECT_EQ(Window().OutputLines(), std::vector<std::string>{"Loaded " + path});
 }
 
-TEST_F(DefinitionFile, OnceImportedIsSavedBeforeItIsEdited) {
+TEST_F(DefinitionFile, ImportedDuringAScanEndsItAndIsSavedBeforeItIsEdited) {
     Settle();
     Start();
+    Connect();
     Window().Send(kImportDefinition);
     ChooseFile(program->Id(), "Select file to import...", folder.TakeExample("kestrel-legacy.ads"));
+    ExpectLeft("ALDL: Not Connected");
     Window().Send(kEditDefinition);
     ChooseFile(program->Id(), "Choose file to save to...", folder.Name("new.adx"));
     CancelDialog(program->Id(), kEditorTitle);

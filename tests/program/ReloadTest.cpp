@@ -84,5 +84,16 @@ TEST_F(Reload, DuringAPlaybackWithTheListOnShow) {
     ExpectRows({"31.0|Oil", "on|Lamp"});
 }
 
+TEST_F(Reload, LeavesAPausedLogWhereItStands) {
+    StartWith(First(), LongLog());
+    Begin(kPlay, "Log Playing");
+    Window().Send(kPause);
+    ExpectLeft("Log Paused");
+    Load(folder.Files().Put("other.adx", Another()));
+    Window().Send(kPlay);
+    EXPECT_TRUE(Eventually([&] { return Window().Bar().pause; })) << Window().Output();
+    ExpectLeft("Log Playing");
+}
+
 }  // namespace
 }  // namespace corvex::test
