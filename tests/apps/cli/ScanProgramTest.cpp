@@ -70,7 +70,7 @@ TEST(ScanProgramTest, TheEndOfItsTimeAndCtrlCStopAScanAlike) {
     Words limited = scan;
     limited.insert(limited.end(), {"--seconds", "1"});
     for (const ToolResult& result :
-         {RunTool(limited), RunTool(scan, "timeout --foreground --preserve-status -s INT 1 ")}) {
+         {RunTool(limited), RunTool(scan, "timeout --foreground --preserve-status -s INT 1.5 ")}) {
         EXPECT_TRUE(Has(result.out, "0 good replies in 1."));
         EXPECT_TRUE(Has(result.err, ": Command sent. Reply not processed.\n"));
     }
