@@ -1,4 +1,6 @@
 // Commands in any order, as fast as they come: nothing hangs, all comes to rest, and what was pressed last holds.
+#include <functional>
+#include <iterator>
 #include <random>
 
 #include "session/UnsavedRecording.h"
@@ -36,30 +38,20 @@ protected:
     ~LogStormTest() override { session.debug.edit = nullptr; }
 
     void Command(std::uint32_t number) {
-        switch (number) {
-            case 0:
-                return session.PlayCommand();
-            case 1:
-                return session.PauseCommand();
-            case 2:
-                return session.PlayPauseCommand();
-            case 3:
-                return Stop();
-            case 4:
-                return session.JumpForward();
-            case 5:
-                return session.JumpBackward();
-            case 6:
-                return session.MoveLogSlider(Random(70));
-            case 7:
-                return session.SetSpeed(static_cast<float>(Random(9)) * 0.5F);
-            case 8:
-                return Load();
-            case 9:
-                return session.RecordCommand();
-            default:
-                return HandlePosts();
-        }
+        const std::function<void()> commands[] = {
+            [this] { session.PlayCommand(); },
+            [this] { session.PauseCommand(); },
+            [this] { session.PlayPauseCommand(); },
+            [this] { Stop(); },
+            [this] { session.JumpForward(); },
+            [this] { session.JumpBackward(); },
+            [this] { session.MoveLogSlider(Random(70)); },
+            [this] { session.SetSpeed(static_cast<float>(Random(9)) * 0.5F); },
+            [this] { Load(); },
+            [this] { session.RecordCommand(); },
+        };
+        if (number < std::size(commands)) return commands[number]();
+        HandlePosts();
     }
     void Storm() {
         for (int i = 0; i < 25; ++i) {

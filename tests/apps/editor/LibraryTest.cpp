@@ -75,9 +75,16 @@ TEST_F(EditorTest, TellsTheProgramsLogWhatWasSaved) {
     EXPECT_EQ(text_.Text(), std::string("Editor: saved ").append(folder_.Name("one.adx")));
 }
 
-TEST_F(EditorTest, IsModalOnItsOwner) {
+LRESULT CALLBACK DestroyedOnRequest(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_APP) return ::DestroyWindow(window);
+    return ::DefWindowProcA(window, message, wParam, lParam);
+}
+
+// The program's window goes when its stop thread has ended, whatever is open above it.
+TEST_F(EditorTest, IsModalOnItsOwnerAndEndsWithIt) {
     owner_ = ::CreateWindowExA(0, "Static", "owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 600, 500, nullptr, nullptr,
                                nullptr, nullptr);
+    ::SetWindowLongPtrA(owner_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DestroyedOnRequest));
     Edit("one.adx", kSmallDefinition);
     BOOL enabled = TRUE;
     HWND over = nullptr;
@@ -89,20 +96,6 @@ TEST_F(EditorTest, IsModalOnItsOwner) {
     EXPECT_FALSE(enabled);
     EXPECT_EQ(over, owner_);
     EXPECT_TRUE(::IsWindowEnabled(owner_));
-    ::DestroyWindow(owner_);
-}
-
-LRESULT CALLBACK DestroyedOnRequest(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_APP) return ::DestroyWindow(window);
-    return ::DefWindowProcA(window, message, wParam, lParam);
-}
-
-// The program's window goes when its stop thread has ended, whatever is open above it.
-TEST_F(EditorTest, EndsWithItsOwner) {
-    owner_ = ::CreateWindowExA(0, "Static", "owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 600, 500, nullptr, nullptr,
-                               nullptr, nullptr);
-    ::SetWindowLongPtrA(owner_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DestroyedOnRequest));
-    Edit("one.adx", kSmallDefinition);
     EXPECT_EQ(RunAt([&](HWND) { ::PostMessageA(owner_, WM_APP, 0, 0); }), 0);
     EXPECT_FALSE(::IsWindow(owner_));
     EXPECT_EQ(folder_.Content("one.adx"), kSmallDefinition);
