@@ -1,28 +1,12 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-
-#include <csignal>
 
 #include "platform/FileReplacement.h"
 #include "session/AppSettings.h"
+#include "tests/support/PeerProcess.h"
 #include "tests/support/TestFolder.h"
 
 namespace corvex::test {
 namespace {
-
-// No file may grow beyond a few bytes meanwhile: what a full disk looks like from here.
-int WriteOnAFullDisk(const AppSettings& settings) {
-    void (*const handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit full{20, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &full);
-    const int result = WriteSettings(&settings);
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
-    return result;
-}
 
 TEST(AppSettingsPosixTest, OldFileStaysOnAFullDiskAndWhereThereCanBeNoneBesideIt) {
     const TestFolder folder;
@@ -31,7 +15,9 @@ TEST(AppSettingsPosixTest, OldFileStaysOnAFullDiskAndWhereThereCanBeNoneBesideIt
     const std::string old = "comport=COM4\nlastxdlpath=/logs/drive.xdl\n";
     folder.Put("Settings.dat", old);
     const AppSettings settings;
-    EXPECT_EQ(0, WriteOnAFullDisk(settings));
+    LimitFileSize(20);
+    EXPECT_EQ(0, WriteSettings(&settings));
+    UnlimitFileSize();
     EXPECT_EQ(old, folder.Content("Settings.dat"));
     EXPECT_EQ(1U, folder.FileCount());
     std::filesystem::create_directory(FreshNameFor(folder.Name("Settings.dat")));

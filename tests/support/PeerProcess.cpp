@@ -33,13 +33,13 @@ PeerProcess::PeerProcess(const std::function<int()>& work) : id_(fork()) {
 }
 
 PeerProcess::~PeerProcess() {
-    Kill();
+    static_cast<void>(Kill());
 }
 
-void PeerProcess::Kill() {
-    if (id_ <= 0) return;
+bool PeerProcess::Kill() {
+    if (id_ <= 0) return false;
     kill(id_, SIGKILL);
-    static_cast<void>(Wait());
+    return Wait() == -1;
 }
 
 int PeerProcess::Wait() {

@@ -19,8 +19,8 @@ public:
     PeerProcess(const PeerProcess&) = delete;
     PeerProcess& operator=(const PeerProcess&) = delete;
 
-    // Ends it where it stands; it gets no word to say. Returns when it is gone.
-    void Kill();
+    // Ends it where it stands; it gets no word to say. Returns when it is gone; false when it had ended before.
+    bool Kill();
     // What it ended with, -1 when it was killed.
     int Wait();
 

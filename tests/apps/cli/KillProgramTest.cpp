@@ -1,12 +1,11 @@
 // The tool is killed at any moment of a recording, of its end and of the replacement of an old log.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -14,20 +13,20 @@
 #include "platform/Clock.h"
 #include "tests/apps/cli/LogTestHelper.h"
 #include "tests/support/AttackRounds.h"
+#include "tests/support/PeerProcess.h"
 #include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
 
-// A program that is started, read from and killed.
+// The tool, which is started, read from and killed.
 class KilledTool {
 public:
     explicit KilledTool(const Words& args) {
         std::array<int, 2> ends{};
         EXPECT_EQ(pipe(ends.data()), 0);
         from_ = ends[0];
-        child_ = fork();
-        if (child_ == 0) Become(args, ends[1]);
+        peer_.emplace([&] { return Become(args, ends[1]); });
         close(ends[1]);
     }
     ~KilledTool() { close(from_); }
@@ -45,29 +44,23 @@ public:
     }
     // All that it has said by then. It may have ended before.
     std::string Kill() {
-        kill(child_, SIGKILL);
+        wasKilled_ = peer_->Kill();
         while (ReadSome()) {
         }
-        int status = 0;
-        waitpid(child_, &status, 0);
-        killed_ = WIFSIGNALED(status);
         return text_;
     }
-    bool WasKilled() const { return killed_; }
+    bool WasKilled() const { return wasKilled_; }
 
 private:
-    [[noreturn]] static void Become(const Words& args, int out) {
-        std::vector<char*> words;
+    static int Become(Words args, int out) {
         std::string program(CORVEX_CLI);
-        words.push_back(program.data());
-        Words copies(args);
-        for (std::string& copy : copies)
-            words.push_back(copy.data());
+        std::vector<char*> words{program.data()};
+        for (std::string& arg : args)
+            words.push_back(arg.data());
         words.push_back(nullptr);
         dup2(out, STDOUT_FILENO);
         dup2(out, STDERR_FILENO);
-        execv(program.c_str(), words.data());
-        _exit(127);
+        return execv(program.c_str(), words.data());
     }
     bool ReadSome() {
         std::array<char, 4096> piece{};
@@ -76,10 +69,10 @@ private:
         return got > 0;
     }
 
-    pid_t child_ = -1;
+    std::optional<test::PeerProcess> peer_;
     int from_ = -1;
     std::string text_;
-    bool killed_ = false;
+    bool wasKilled_ = false;
 };
 
 // Replies that came out whole; the summary is none.
