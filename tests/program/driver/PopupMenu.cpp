@@ -18,6 +18,15 @@ bool IsMenuOpen(HWND window) {
     return FindTopWindow(process, kMenuClass) != nullptr;
 }
 
+// And then the row is taken.
+bool Press(HWND mainWindow, std::vector<WORD> keys) {
+    keys.push_back(VK_RETURN);
+    for (const WORD key : keys) {
+        if (!PressKey(mainWindow, key)) return false;
+    }
+    return Eventually([&] { return !IsMenuOpen(mainWindow); });
+}
+
 }  // namespace
 
 void OpenPopup(HWND window) {
@@ -37,11 +46,11 @@ bool ChooseRow(HWND mainWindow, int submenu, int row) {
     std::vector<WORD> keys(static_cast<std::size_t>(submenu) + 1, VK_DOWN);
     keys.push_back(VK_RIGHT);
     keys.insert(keys.end(), static_cast<std::size_t>(row), VK_DOWN);
-    keys.push_back(VK_RETURN);
-    for (const WORD key : keys) {
-        if (!PressKey(mainWindow, key)) return false;
-    }
-    return Eventually([&] { return !IsMenuOpen(mainWindow); });
+    return Press(mainWindow, keys);
+}
+
+bool ChooseRow(HWND mainWindow, int row) {
+    return Press(mainWindow, std::vector<WORD>(static_cast<std::size_t>(row) + 1, VK_DOWN));
 }
 
 }  // namespace corvex::test

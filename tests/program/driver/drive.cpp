@@ -21,6 +21,8 @@ constexpr char kUsage[] =
     "usage: corvex-drive demo FOLDER PICTURES\n"
     "       corvex-drive shoot FOLDER PICTURES STATE|all WIDTH HEIGHT [TAB [ROW]]\n";
 
+constexpr int kMonitorTab = 4;  // whose charts are empty at first
+
 struct PictureTask {
     std::string folder;    // with a Corvex.exe
     std::string pictures;  // as the host names the folder
@@ -67,7 +69,7 @@ void Shoot(const ProgramState& state, const PictureTask& task) {
                    [&] { return (FindTopWindow(person.Process(), "QZSPLASHT") != nullptr) == (name == "splash"); });
     ShowTab(person.Window(), task);
     state.enter(person);
-    if (name == "connected" || name == "recording") person.Watch(2.0);
+    if (name == "connected" || name == "recording") person.Watch(task.tab == kMonitorTab ? 18.0 : 2.0);
     if (name == "playing") person.Watch(1.0);
     const std::string file = name + "-" + std::to_string(task.width) + ".png";
     person.engines.TakePicture(task.pictures + "/" + file, PlaceOf(person));
