@@ -15,9 +15,10 @@ TEST(AppSettingsPosixTest, OldFileStaysOnAFullDiskAndWhereThereCanBeNoneBesideIt
     const std::string old = "comport=COM4\nlastxdlpath=/logs/drive.xdl\n";
     folder.Put("Settings.dat", old);
     const AppSettings settings;
-    LimitFileSize(20);
-    EXPECT_EQ(0, WriteSettings(&settings));
-    UnlimitFileSize();
+    {
+        const FileSizeLimit fullDisk(20);
+        EXPECT_EQ(0, WriteSettings(&settings));
+    }
     EXPECT_EQ(old, folder.Content("Settings.dat"));
     EXPECT_EQ(1U, folder.FileCount());
     std::filesystem::create_directory(FreshNameFor(folder.Name("Settings.dat")));

@@ -39,6 +39,23 @@ TEST_F(PlayCommandTest, PlaysTheLastLog) {
     EXPECT_EQ(1, std::count(noted.begin(), noted.end(), "monitor 0.000 2 " + IdText(*monitor)));
 }
 
+// The first sample of a run is not lost to the clearing of the charts, however soon it follows the run before.
+TEST_F(PlayCommandTest, EachOfTwoHundredQuickRunsKeepsItsFirstSample) {
+    Choose(PutLog("one.xdl", {0, 0}));
+    const std::string first = "monitor 0.000 2 " + IdText(*monitor);
+    for (int run = 0; run < 200; ++run) {
+        recorder.Take();
+        ForgetPosts();
+        session.PlayCommand();
+        ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback));
+        const Calls noted = recorder.Take();
+        const auto cleared = std::find(noted.begin(), noted.end(), "clear monitors");
+        EXPECT_NE(noted.end(), std::find(cleared, noted.end(), first)) << run;
+        EXPECT_EQ(noted.end(), std::find(cleared + 1, noted.end(), "clear monitors")) << run;
+        session.OnLogStopped();
+    }
+}
+
 TEST_F(PlayCommandTest, TellsWhatCannotBeOpenedWhichCostsTheSpeed) {
     folder.Put("old.xdl", std::string("\2\0\0\0", 4) + std::string(60, '\0'));
     folder.Put("short.xdl", "123");
