@@ -35,12 +35,6 @@ CorvexWindow CorvexWindow::WaitFor(DWORD process) {
     return CorvexWindow(window);
 }
 
-DWORD CorvexWindow::Process() const {
-    DWORD process = 0;
-    ::GetWindowThreadProcessId(window_, &process);
-    return process;
-}
-
 void CorvexWindow::Send(Command command) const {
     ::PostMessageA(window_, WM_COMMAND, MAKEWPARAM(command, 0), 0);
 }

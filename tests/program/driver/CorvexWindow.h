@@ -23,7 +23,6 @@ public:
     static CorvexWindow WaitFor(DWORD process);
 
     HWND Handle() const { return window_; }
-    DWORD Process() const;
 
     // As a menu item does. Returns at once; the command may open a dialog.
     void Send(Command command) const;
