@@ -31,37 +31,45 @@ std::string WithoutTime(std::string text) {
     return text;
 }
 
-std::string Source(const char* name) {
-    return std::string(CORVEX_SOURCE_DIR "/examples/").append(name);
-}
+class DocumentModelTest : public ::testing::Test {
+protected:
+    void Load(const std::string& path) { ASSERT_TRUE(document.Load(path, error)) << error; }
+    void Load(const char* file, const std::string& content) { Load(folder.Put(file, content)); }
+    void Save(const char* file) { ASSERT_TRUE(document.Save(folder.Name(file), error)) << error; }
+    // As the program loads it.
+    void ExpectSaved(const char* file, ADXDefinition& expected) const {
+        ADXDefinition saved;
+        ASSERT_EQ(saved.Load(folder.Name(file).c_str()), 1);
+        EXPECT_EQ(FirstDifference(expected, saved), "");
+    }
 
-class ExamplesTest : public ::testing::TestWithParam<const char*> {};
+    const TestFolder folder;
+    DocumentModel document;
+    std::string error;
+};
+
+class ExamplesTest : public DocumentModelTest, public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(ExamplesTest, LoseNothingWhenTheirHeaderIsEdited) {
-    const TestFolder folder;
-    std::string error;
-    DocumentModel document;
-    ASSERT_TRUE(document.Load(Source(GetParam()), error)) << error;
+    const std::string source = std::string(CORVEX_SOURCE_DIR "/examples/").append(GetParam());
+    Load(source);
     HeaderModel header(document.Definition());
     HeaderFields fields = header.Fields();
     fields.author = "Somebody else";
     ASSERT_FALSE(header.Validate(fields));
     header.Apply(fields);
-    ASSERT_TRUE(document.Save(folder.Name("edited.adx"), error)) << error;
-
-    ADXDefinition expected, edited;
-    ASSERT_EQ(expected.Load(Source(GetParam()).c_str()), 1);
+    Save("edited.adx");
+    ADXDefinition expected;
+    ASSERT_EQ(expected.Load(source.c_str()), 1);
+    EXPECT_GT(expected.GetCount(), 10U);
     expected.SetAuthor("Somebody else", 13);
-    ASSERT_EQ(edited.Load(folder.Name("edited.adx").c_str()), 1);
-    EXPECT_EQ(FirstDifference(expected, edited), "");
-    EXPECT_GT(edited.GetCount(), 10U);
+    ExpectSaved("edited.adx", expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, ExamplesTest,
                          ::testing::Values("harrier-8192.adx", "merlin-160.adx", "osprey-multi.adx"));
 
-TEST(DocumentModelTest, RandomDefinitionsAreFoundFitToSave) {
-    const TestFolder folder;
+TEST_F(DocumentModelTest, RandomDefinitionsAreFoundFitToSave) {
     for (std::uint32_t seed = 0; seed < 40; ++seed) {
         ADXDefinition original;
         GenerateDefinition(seed, original);
@@ -74,35 +82,27 @@ TEST(DocumentModelTest, RandomDefinitionsAreFoundFitToSave) {
     }
 }
 
-TEST(DocumentModelTest, KeepsCommandsThatNameNoObjectUntilTheNextLoad) {
-    const TestFolder folder;
-    folder.Put("ghost.adx", kGhostly);
-    DocumentModel document;
-    std::string error;
-    ASSERT_TRUE(document.Load(folder.Name("ghost.adx"), error)) << error;
+TEST_F(DocumentModelTest, KeepsCommandsThatNameNoObjectUntilTheNextLoad) {
+    Load("ghost.adx", kGhostly);
     ASSERT_NE(document.Definition().connectcmd, nullptr);
     EXPECT_STREQ(document.Definition().connectcmd->Id(), "GHOST");
     EXPECT_EQ(document.Definition().connectcmd->GetType(), kTypeObject);
     EXPECT_EQ(document.Definition().monitorcmd, document.Definition().FindById("RUN"));
     EXPECT_EQ(document.Definition().GetCount(), 1U);
 
-    ASSERT_TRUE(document.Save(folder.Name("out.adx"), error)) << error;
+    Save("out.adx");
     const std::string saved = folder.Content("out.adx");
     for (const char* command : {"<connectcmd>GHOST<", "<monitorcmd>RUN<", "<disconnectcmd>WRAITH<"})
         EXPECT_NE(saved.find(command), std::string::npos) << saved;
 
-    folder.Put("plain.adx", "<ADXFORMAT version='0.50' /><ADXHEADER></ADXHEADER>");
-    ASSERT_TRUE(document.Load(folder.Name("plain.adx"), error));
+    Load("plain.adx", "<ADXFORMAT version='0.50' /><ADXHEADER></ADXHEADER>");
     EXPECT_EQ(document.Definition().connectcmd, nullptr);
     EXPECT_EQ(document.Definition().disconnectcmd, nullptr);
     EXPECT_EQ(document.Definition().GetCount(), 0U);
 }
 
-TEST(DocumentModelTest, ANewDocumentIsSavedWithTheDefaults) {
-    const TestFolder folder;
-    const DocumentModel document;
-    std::string error;
-    ASSERT_TRUE(document.Save(folder.Name("new.adx"), error)) << error;
+TEST_F(DocumentModelTest, ANewDocumentIsSavedWithTheDefaults) {
+    Save("new.adx");
     ADXDefinition loaded;
     ASSERT_EQ(loaded.Load(folder.Name("new.adx").c_str()), 1);
     EXPECT_EQ(loaded.GetCount(), 0U);
@@ -110,8 +110,7 @@ TEST(DocumentModelTest, ANewDocumentIsSavedWithTheDefaults) {
     EXPECT_EQ(loaded.connectcmd, nullptr);
 }
 
-TEST(DocumentModelTest, FilesThatAreNoDefinitionAreTold) {
-    const TestFolder folder;
+TEST_F(DocumentModelTest, FilesThatAreNoDefinitionAreTold) {
     const auto refusal = [&](const char* content) {
         folder.Put("bad.adx", content);
         DocumentModel document;
@@ -124,15 +123,12 @@ TEST(DocumentModelTest, FilesThatAreNoDefinitionAreTold) {
     for (const char* content : {"", "no markup at all", "<ADXFORMAT version='0.50' /><ADXHEADER",
                                 "<ADXFORMAT version='0.50' /><ADXHEADER><author>a &bad; b</author>"})
         EXPECT_NE(refusal(content), "") << content;
-    DocumentModel document;
-    std::string error;
     EXPECT_FALSE(document.Load(folder.Name("not there.adx"), error));
     EXPECT_NE(error, "");
 }
 
 // Every cut of a file loads or is refused with a reason, and what loads can be shown and saved or is refused too.
-TEST(DocumentModelTest, AnyPartOfAFileIsSafe) {
-    const TestFolder folder;
+TEST_F(DocumentModelTest, AnyPartOfAFileIsSafe) {
     const std::string whole = kGhostly;
     int loaded = 0;
     for (std::size_t length = 0; length <= whole.size(); ++length) {
@@ -153,23 +149,18 @@ TEST(DocumentModelTest, AnyPartOfAFileIsSafe) {
 }
 
 // A unit of "&" comes from a file by an entity, and would leave as a bare one.
-TEST(DocumentModelTest, WhatWouldNotReadBackIsNotSavedAndLeavesTheFileAlone) {
-    const TestFolder folder;
+TEST_F(DocumentModelTest, WhatWouldNotReadBackIsNotSavedAndLeavesTheFileAlone) {
     const std::string before =
         "<ADXFORMAT version='0.50' /><ADXHEADER></ADXHEADER><ADXVALUE id='A' title='A'><units>a &amp; b</units>"
         "</ADXVALUE>";
-    folder.Put("amp.adx", before);
-    DocumentModel document;
-    std::string error;
-    ASSERT_TRUE(document.Load(folder.Name("amp.adx"), error)) << error;
+    Load("amp.adx", before);
     EXPECT_FALSE(document.Save(folder.Name("amp.adx"), error));
     EXPECT_NE(error.find("could not be read again"), std::string::npos) << error;
     EXPECT_EQ(folder.Content("amp.adx"), before);
     EXPECT_EQ(folder.FileCount(), 1U);
 }
 
-TEST(DocumentModelTest, AnUnsavableHeaderIsFoundEvenWithoutItsModel) {
-    const TestFolder folder;
+TEST_F(DocumentModelTest, AnUnsavableHeaderIsFoundEvenWithoutItsModel) {
     for (const char* text : {"a < b", "a &amp; b", "<b>bold</b>", "   "}) {
         DocumentModel document;
         document.Definition().SetAuthor(text, test::Length(text));
@@ -179,25 +170,17 @@ TEST(DocumentModelTest, AnUnsavableHeaderIsFoundEvenWithoutItsModel) {
     }
 }
 
-TEST(DocumentModelTest, AFolderThatIsNotThereIsAnError) {
-    const TestFolder folder;
-    const DocumentModel document;
-    std::string error;
+TEST_F(DocumentModelTest, AFolderThatIsNotThereIsAnError) {
     EXPECT_FALSE(document.Save(folder.Name("no/such/folder/x.adx"), error));
     EXPECT_EQ(error, "The file could not be written.");
 }
 
-TEST(DocumentModelTest, ADefinitionBeyondTheFirstGuessOfItsSizeIsSavedWhole) {
-    const TestFolder folder;
-    DocumentModel document;
+TEST_F(DocumentModelTest, ADefinitionBeyondTheFirstGuessOfItsSizeIsSavedWhole) {
     for (int i = 0; i < 2000; ++i)
         test::AddValue(document.Definition(), std::string("V").append(std::to_string(i)).c_str(), "x*2");
-    std::string error;
-    ASSERT_TRUE(document.Save(folder.Name("large.adx"), error)) << error;
+    Save("large.adx");
     EXPECT_GT(folder.Content("large.adx").size(), std::size_t{1} << 18);
-    ADXDefinition loaded;
-    ASSERT_EQ(loaded.Load(folder.Name("large.adx").c_str()), 1);
-    EXPECT_EQ(FirstDifference(document.Definition(), loaded), "");
+    ExpectSaved("large.adx", document.Definition());
 }
 
 }  // namespace
