@@ -13,7 +13,7 @@
 #include "bench/gauges/BareCalls.h"
 #include "controls/datachart/DataChart.h"
 #include "controls/datachart/DataChartPaint.h"
-#include "tests/controls/gauge/ShownGauge.h"
+#include "tests/controls/window/ShownControl.h"
 
 namespace corvex::bench {
 
@@ -66,7 +66,7 @@ void PrintPaint() {
     std::vector<BareCalls> calls;
     for (const Measured& chart : charts)
         calls.emplace_back([&](HDC dc) { chart.Paint(dc); });
-    const ShownGauge shown("STATIC", kChartWidth, kChartHeight);
+    const ShownControl shown("STATIC", kChartWidth, kChartHeight);
     const ClientDc screen(shown.Window());
     const MemoryDc memory(screen.Get());
     const OwnedBitmap bitmap(::CreateCompatibleBitmap(screen.Get(), kChartWidth, kChartHeight));
@@ -113,7 +113,7 @@ void PrintAppend() {
 
 void PrintLayout() {
     DataChart::Register(::GetModuleHandleA(nullptr));
-    const ShownGauge shown(kDataChartClass, kChartWidth, kChartHeight);
+    const ShownControl shown(kDataChartClass, kChartWidth, kChartHeight);
     for (std::size_t i = 0; i <= kSeriesShown; ++i) {
         auto* const axis = reinterpret_cast<DataChartAxis*>(shown.Send(DCM_ADDAXIS));
         axis->setPosition(i == 0 ? AxisPosition::kBottom : i % 2 == 0 ? AxisPosition::kLeft : AxisPosition::kRight);

@@ -13,7 +13,7 @@
 #include "controls/digitalreadout/DigitalReadoutPaint.h"
 #include "controls/statusgauge/StatusGauge.h"
 #include "controls/statusgauge/StatusGaugePaint.h"
-#include "tests/controls/gauge/ShownGauge.h"
+#include "tests/controls/window/ShownControl.h"
 
 namespace corvex::bench {
 
@@ -130,7 +130,7 @@ void PrintBeside(const char* what, const std::vector<double>& measured, const st
 }
 
 void PrintCost(const Subject& subject) {
-    const ShownGauge gauge(subject.className, kSide, kSide);
+    const ShownControl gauge(subject.className, kSide, kSide);
     subject.introduce(gauge.Window());
     std::vector<BareCalls> bare, curves;
     for (int i = 0; i < kStates; ++i) {

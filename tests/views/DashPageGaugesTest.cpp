@@ -249,8 +249,9 @@ TEST_F(DashPageGaugesTest, NothingOfAnOldLayoutIsLeft) {
         const TestBitmap picture(DashWindow());
         EXPECT_EQ(white, picture.At(gauge.left, gauge.top));
         EXPECT_EQ(white, picture.At(gauge.right - 1, gauge.bottom - 1));
-        EXPECT_EQ(std::set<COLORREF>{ground}, picture.ColoursIn(gauge.right, gauge.top, client.right, client.bottom));
-        EXPECT_EQ(std::set<COLORREF>{ground}, picture.ColoursIn(gauge.left, gauge.bottom, client.right, client.bottom));
+        EXPECT_EQ(std::set<COLORREF>{ground}, picture.ColoursIn({gauge.right, gauge.top, client.right, client.bottom}));
+        EXPECT_EQ(std::set<COLORREF>{ground},
+                  picture.ColoursIn({gauge.left, gauge.bottom, client.right, client.bottom}));
     }
     RefreshDashPage(session);
     dashboard->SetEntryCount(0);
@@ -258,7 +259,7 @@ TEST_F(DashPageGaugesTest, NothingOfAnOldLayoutIsLeft) {
     ::UpdateWindow(DashWindow());
     const RECT client = ClientOf(DashWindow());
     EXPECT_EQ(std::set<COLORREF>{ground},
-              TestBitmap(DashWindow()).ColoursIn(0, State().Area().top, client.right, client.bottom));
+              TestBitmap(DashWindow()).ColoursIn({0, State().Area().top, client.right, client.bottom}));
 }
 
 TEST_F(DashPageGaugesTest, AGaugeOfAnotherSizeIsPaintedWhole) {

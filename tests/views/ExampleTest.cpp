@@ -95,7 +95,7 @@ TEST_F(ExampleTest, ItsGaugesCoverTheDashInEverySize) {
             const COLORREF ground = ::GetSysColor(COLOR_BTNFACE);
             EXPECT_NE(ground, picture.At(place.left, place.top)) << ::GetDlgCtrlID(gauge);
             EXPECT_NE(ground, picture.At(place.right - 1, place.bottom - 1)) << ::GetDlgCtrlID(gauge);
-            EXPECT_GT(picture.ColoursIn(place.left, place.top, place.right, place.bottom).size(), 1U);
+            EXPECT_GT(picture.ColoursIn({place.left, place.top, place.right, place.bottom}).size(), 1U);
         }
     }
 }

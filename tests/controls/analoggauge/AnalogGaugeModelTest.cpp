@@ -89,14 +89,6 @@ TEST(AnalogGaugeModelTest, ResetExtremesReadAsTheirStrangeBeginnings) {
     EXPECT_EQ(model.HighestLine(), "Max: 70");
 }
 
-TEST(AnalogGaugeModelTest, NumbersMixWholeOnesAndOthers) {
-    AnalogGaugeModel model;
-    EXPECT_EQ(model.Number(12.0f), "12");
-    EXPECT_EQ(model.Number(12.5f), "12.50");
-    model.digits = 0;
-    EXPECT_EQ(model.Number(7.5f), "8");
-}
-
 TEST(AnalogGaugeModelTest, MarkerLineFitsItsBuffer) {
     AnalogGaugeModel model;
     model.digits = 0x7FFFFFFF;
@@ -140,25 +132,26 @@ TEST(AnalogGaugeModelTest, TenColoursGoByIndexAndNoOther) {
     EXPECT_EQ(model.Colour(9), 0x010203u * 9);
 }
 
-float LowOf(const AnalogGaugeModel& model, std::uint32_t index) {
-    GaugeAlarmBand band{-1.0f, 0.0f, 0};
-    return model.GetAlarm(index, &band) ? band.low : -2.0f;
-}
-
 TEST(AnalogGaugeModelTest, BandsAreAddedReplacedAndPutInFront) {
     AnalogGaugeModel model;
     const GaugeAlarmBand one{1.0f, 2.0f, 0x0000FF}, two{2.0f, 3.0f, 0}, three{3.0f, 4.0f, 0};
-    EXPECT_EQ(model.SetAlarm(10, &one), 0);
-    EXPECT_EQ(model.SetAlarm(10, &two), 1);
-    EXPECT_EQ(model.SetAlarm(0xFFFFFFFF, &three), 0);
-    EXPECT_EQ(LowOf(model, 0), 3.0f);
-    EXPECT_EQ(LowOf(model, 1), 1.0f);
-    EXPECT_EQ(LowOf(model, 2), 2.0f);
-    EXPECT_EQ(model.SetAlarm(1, &two), 1);
-    EXPECT_EQ(LowOf(model, 1), 2.0f);
-    EXPECT_EQ(model.SetAlarm(3, &one), 3);
-    EXPECT_EQ(LowOf(model, 3), 1.0f);
-    EXPECT_EQ(model.Alarms().size(), 4u);
+    const struct {
+        std::uint32_t index;
+        const GaugeAlarmBand* band;
+        int place;
+        std::vector<float> lows;  // of all, afterwards
+    } steps[] = {{10, &one, 0, {1}},
+                 {10, &two, 1, {1, 2}},
+                 {0xFFFFFFFF, &three, 0, {3, 1, 2}},
+                 {1, &two, 1, {3, 2, 2}},
+                 {3, &one, 3, {3, 2, 2, 1}}};
+    for (const auto& step : steps) {
+        EXPECT_EQ(model.SetAlarm(step.index, step.band), step.place);
+        std::vector<float> lows;
+        for (const GaugeAlarmBand& band : model.Alarms())
+            lows.push_back(band.low);
+        EXPECT_EQ(lows, step.lows);
+    }
 }
 
 TEST(AnalogGaugeModelTest, NoBandChangesNothing) {

@@ -45,20 +45,18 @@ TEST(DialGeometryModelTest, RangeWithoutLengthGivesNoNumber) {
     EXPECT_EQ(DialAngle({0.0f, 1.0f, 0.0f, -kLargestFloat}, kLargestFloat), -kInfinity);
 }
 
-struct PointCase {
-    double angle;
-    int plainX, plainY, roundedX, roundedY;
-};
-
 // At radius 87: 87 * sin and cos of 0, 30, 50 degrees are 0; 43.50, 75.34; 66.65, 55.92. A half
 // goes outward, as the number of the circle is a little too long.
 TEST(DialGeometryModelTest, PlainPointsAreCutAndRadialOnesRounded) {
-    const PointCase cases[] = {
+    const struct {
+        double angle;
+        int plainX, plainY, roundedX, roundedY;
+    } cases[] = {
         {0.0, 177, 90, 177, 90},   {-90.0, 90, 3, 90, 3},      {90.0, 90, 177, 90, 177}, {-230.0, 35, 156, 34, 157},
         {-130.0, 35, 24, 34, 23},  {50.0, 145, 156, 146, 157}, {-150.0, 15, 47, 15, 47}, {30.0, 165, 133, 165, 134},
         {-30.0, 165, 47, 165, 46}, {-180.0, 3, 90, 3, 90},
     };
-    for (const PointCase& c : cases) {
+    for (const auto& c : cases) {
         const DialPoint plain = PlainPoint(kCentre, 87, c.angle);
         EXPECT_EQ(plain.x, c.plainX) << c.angle;
         EXPECT_EQ(plain.y, c.plainY) << c.angle;
@@ -108,25 +106,34 @@ TEST(DialGeometryModelTest, WhatHasNoPlaceLiesFarOutsideOfTheDial) {
     EXPECT_LE(huge.x, 90 + 76);
 }
 
-struct AlignmentCase {
-    double angle;
-    unsigned alignment;
-};
-
 TEST(DialGeometryModelTest, LabelsLeanInwardAndCentreNearTheVertical) {
-    const AlignmentCase cases[] = {
-        {-20, 2},    {-69.9, 2},  {-70.1, 6}, {-90, 6},   {-109.9, 6}, {-110.1, 0}, {-135, 0},
-        {-179.9, 0}, {20, 26},    {69.9, 26}, {70.1, 30}, {90, 30},    {109.9, 30}, {110.1, 24},
-        {135, 24},   {179.9, 24}, {-230, 24}, {30, 26},   {-270, 30},  {0, 2},
+    const std::pair<double, unsigned> cases[] = {
+        {-20, 2},
+        {-69.9, 2},
+        {-70.1, 6},
+        {-90, 6},
+        {-109.9, 6},
+        {-110.1, 0},
+        {-135, 0},
+        {-179.9, 0},
+        {20, 26},
+        {69.9, 26},
+        {70.1, 30},
+        {90, 30},
+        {109.9, 30},
+        {110.1, 24},
+        {135, 24},
+        {179.9, 24},
+        {-230, 24},
+        {30, 26},
+        {-270, 30},
+        {0, 2},
+        // The number of the circle is a little too long, so that half a turn ends just beyond the horizon.
+        {-180, 24},
+        {180, 0},
     };
-    for (const AlignmentCase& c : cases)
-        EXPECT_EQ(LabelAlignment(c.angle), c.alignment) << c.angle;
-}
-
-// The number of the circle is a little too long, so that half a turn ends just beyond the horizon.
-TEST(DialGeometryModelTest, HorizonOnTheLeftBelongsToTheSideItIsTurnedFrom) {
-    EXPECT_EQ(LabelAlignment(-180.0), 24u);
-    EXPECT_EQ(LabelAlignment(180.0), 0u);
+    for (const auto& [angle, alignment] : cases)
+        EXPECT_EQ(LabelAlignment(angle), alignment) << angle;
 }
 
 TEST(DialGeometryModelTest, EverySectorAgreesWithTheReference) {

@@ -4,13 +4,11 @@
 #include <array>
 
 #include "controls/datachart/DataChartPaint.h"
-#include "tests/controls/gauge/FigureRecorder.h"
+#include "tests/controls/window/FigureRecorder.h"
 #include "tests/controls/window/PaintTestHelper.h"
 
 namespace corvex {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 class DataChartPaintTest : public ::testing::Test {
 protected:
@@ -35,10 +33,10 @@ protected:
         layout_ = chart_.LayOut(width, height, fonts, nullptr).value();
         return layout_;
     }
-    Lines Background() {
+    Figures Background() {
         return FiguresOf([&](HDC dc) { PaintChartBackground(dc, layout_, chart_, DataChartFonts(dc)); });
     }
-    Lines Drawn() const {
+    Figures Drawn() const {
         return FiguresOf([&](HDC dc) { PaintChartLines(dc, chart_, layout_.plot); });
     }
 
@@ -51,7 +49,7 @@ protected:
 TEST_F(DataChartPaintTest, TheBackgroundIsGroundTitleAxesAndPlotInThisOrder) {
     for (const auto& [width, height] : {std::pair{400, 300}, std::pair{1000, 500}}) {
         const ChartBackground& layout = LayOut(width, height);
-        const Lines figures = Background();
+        const Figures figures = Background();
         const std::string size = std::to_string(width) + "," + std::to_string(height);
         ASSERT_GT(figures.size(), 10u);
         EXPECT_EQ(figures[0], "fill 0,0," + size + " brush ffffff");
@@ -63,7 +61,7 @@ TEST_F(DataChartPaintTest, TheBackgroundIsGroundTitleAxesAndPlotInThisOrder) {
         EXPECT_EQ(figures.back(), "rectangle " + std::to_string(plot.left) + "," + std::to_string(plot.top) + "," +
                                       std::to_string(plot.right) + "," + std::to_string(plot.bottom) +
                                       " pen 0 1 000000 brush f0f0f0");
-        const Lines texts = FiguresOfKind(figures, "text");
+        const Figures texts = FiguresOfKind(figures, "text");
         const auto count =
             static_cast<std::size_t>(std::count_if(texts.begin(), texts.end(), [](const std::string& line) {
                 return line.find("font Arial 14 400 2 32 colour 000000 transparent: ") != std::string::npos;
@@ -83,11 +81,13 @@ TEST_F(DataChartPaintTest, SeriesAreDrawnBeforeMarkers) {
         return std::to_string(time_.PixelOf(x)) + "," + std::to_string(speed_.PixelOf(x));
     };
     const std::string marker = std::to_string(time_.PixelOf(50));
-    EXPECT_EQ(FiguresOfKind(Drawn(), "line"),
-              (Lines{"line " + at(0) + " to " + at(100) + " pen 0 2 0000ff",
-                     "line " + at(100) + " to " + at(200) + " pen 0 2 0000ff",
-                     "line " + marker + "," + std::to_string(layout_.plot.bottom) + " to " + marker + "," +
-                         std::to_string(layout_.plot.top) + " pen 0 0 000000"}));
+    const ChartArea& plot = layout_.plot;
+    const std::string clip =
+        Printed("clip %d,%d,%d,%d line ", plot.left + 1, plot.top + 1, plot.right - 1, plot.bottom - 1);
+    EXPECT_EQ(Drawn(), (Figures{clip + at(0) + " to " + at(100) + " pen 0 2 0000ff",
+                                clip + at(100) + " to " + at(200) + " pen 0 2 0000ff",
+                                clip + marker + "," + std::to_string(plot.bottom) + " to " + marker + "," +
+                                    std::to_string(plot.top) + " pen 0 0 000000"}));
 }
 
 // In pixels: nothing leaves the plot, and a marker inverts what it crosses.
@@ -101,15 +101,15 @@ TEST_F(DataChartPaintTest, NothingLeavesThePlotAndTheMarkerInverts) {
     speed_.setRange(60, 90);
     TestBitmap bitmap(300, 200, 0xF0F0F0);
     PaintChartLines(bitmap.Dc(), chart_, plot);
-    std::set<COLORREF> outside, inside;
+    Colours outside, inside;
     for (int y = 0; y < 200; ++y) {
         for (int x = 0; x < 300; ++x) {
             const bool isIn = x > plot.left && x < plot.right - 1 && y > plot.top && y < plot.bottom - 1;
             (isIn ? inside : outside).insert(bitmap.At(x, y));
         }
     }
-    EXPECT_EQ(outside, std::set<COLORREF>{0xF0F0F0});
-    EXPECT_EQ(inside, (std::set<COLORREF>{0xF0F0F0, 0x0000FF, 0x0F0F0F, 0xFFFF00}));
+    EXPECT_EQ(outside, Colours{0xF0F0F0});
+    EXPECT_EQ(inside, (Colours{0xF0F0F0, 0x0000FF, 0x0F0F0F, 0xFFFF00}));
     EXPECT_EQ(::GetROP2(bitmap.Dc()), R2_COPYPEN);
     EXPECT_EQ(::GetClipBox(bitmap.Dc(), std::array<RECT, 1>{}.data()), SIMPLEREGION);
 }

@@ -2,8 +2,8 @@
 
 #include "controls/datachart/DataChart.h"
 #include "controls/window/GdiObjects.h"
-#include "tests/controls/gauge/ShownGauge.h"
 #include "tests/controls/window/PaintTestHelper.h"
+#include "tests/controls/window/ShownControl.h"
 
 namespace corvex {
 namespace {
@@ -37,10 +37,10 @@ protected:
         series->addSample(x, y);
         Send(DCM_REPAINT);
     }
-    bool Shows(COLORREF colour) const { return gauge.Colours().contains(colour); }
+    bool Shows(COLORREF colour) const { return gauge.Shows(colour); }
 
     const bool registered = RegisterOnce();
-    ShownGauge gauge{kDataChartClass, 300, 200};
+    ShownControl gauge{kDataChartClass, 300, 200};
     const HWND window = gauge.Window();
     DataChartAxis* time = nullptr;
     DataChartSeries* series = nullptr;
@@ -89,7 +89,7 @@ TEST_F(DataChartTest, ScrollsAreLaidOutWhenTheyAreDrawn) {
     Fill();
     time->flags = kAxisAutoScroll;
     Draw(0, 5);
-    const std::set<COLORREF> before = gauge.Colours();
+    const Colours before = ColoursOf(window);
     series->addSample(100, 5);
     series->addSample(200, 5);
     EXPECT_EQ(time->Maximum(), 201.5f);
@@ -101,21 +101,21 @@ TEST_F(DataChartTest, ScrollsAreLaidOutWhenTheyAreDrawn) {
 TEST_F(DataChartTest, ANewTitleShowsWithTheNextLayout) {
     const TestBitmap before(window);
     EXPECT_EQ(Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>("A title of some length")), 1);
-    const auto titleRow = [this] { return TestBitmap(window).ColoursIn(4, 4, 296, 16); };
+    const auto titleRow = [this] { return TestBitmap(window).ColoursIn({4, 4, 296, 16}); };
     Send(DCM_REPAINT);
-    EXPECT_EQ(titleRow(), before.ColoursIn(4, 4, 296, 16));
+    EXPECT_EQ(titleRow(), before.ColoursIn({4, 4, 296, 16}));
     Send(DCM_RELAYOUT);
-    EXPECT_NE(titleRow(), before.ColoursIn(4, 4, 296, 16));
+    EXPECT_NE(titleRow(), before.ColoursIn({4, 4, 296, 16}));
     EXPECT_EQ(Send(WM_SETTEXT, 0, 0), 1);
     Send(DCM_RELAYOUT);
-    EXPECT_EQ(titleRow(), before.ColoursIn(4, 4, 296, 16));
+    EXPECT_EQ(titleRow(), before.ColoursIn({4, 4, 296, 16}));
 }
 
 TEST_F(DataChartTest, TheTextItWasMadeWithIsNoTitle) {
     const HWND named = ::CreateWindowExA(0, kDataChartClass, "made with it", WS_CHILD | WS_VISIBLE, 0, 0, 300, 200,
                                          gauge.Parent().Window(), nullptr, ::GetModuleHandleA(nullptr), nullptr);
     ::UpdateWindow(named);
-    EXPECT_EQ(ColoursOf(named), gauge.Colours());
+    EXPECT_EQ(ColoursOf(named), ColoursOf(window));
     ::DestroyWindow(named);
 }
 
@@ -144,9 +144,9 @@ TEST_F(DataChartTest, SwitchedOffItGoesOnDrawing) {
 
 TEST_F(DataChartTest, TellsItsParentOfAContextMenu) {
     Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(30, 40));
-    ASSERT_EQ(gauge.commands.size(), 1u);
-    EXPECT_EQ(gauge.commands[0].wParam, static_cast<WPARAM>(MAKELONG(7, kDataChartMenuCode)));
-    EXPECT_EQ(gauge.commands[0].lParam, MAKELPARAM(30, 40));
+    ASSERT_EQ(gauge.Commands().size(), 1u);
+    EXPECT_EQ(gauge.Commands()[0].wParam, static_cast<WPARAM>(MAKELONG(7, kDataChartMenuCode)));
+    EXPECT_EQ(gauge.Commands()[0].lParam, MAKELPARAM(30, 40));
 }
 
 TEST_F(DataChartTest, TakesKeysAndNoMouse) {

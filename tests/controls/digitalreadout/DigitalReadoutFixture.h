@@ -4,20 +4,20 @@
 
 #include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/digitalreadout/DigitalReadoutWindow.h"
-#include "tests/controls/gauge/ShownGauge.h"
+#include "tests/controls/window/ShownControl.h"
 
 namespace corvex {
 
-// A readout on show, of 120 by 90 pixels and with the control id 0x12345.
+// A readout on show, of 120 by 90 pixels.
 class DigitalReadoutFixture : public ::testing::Test {
 protected:
     DigitalReadoutFixture() : window(gauge.Window()) {}
 
-    DigitalReadoutModel& Model() const { return ControlOf<DigitalReadoutWindow>(window)->Model(); }
+    DigitalReadoutModel& Model() const { return Object().Model(); }
     DigitalReadoutWindow& Object() const { return *ControlOf<DigitalReadoutWindow>(window); }
 
     const bool registered = DigitalReadout::Register(::GetModuleHandleA(nullptr));
-    ShownGauge gauge{"QZDIGITALGAUGEREADOUT", 120, 90, 0x12345};
+    ShownControl gauge{"QZDIGITALGAUGEREADOUT", 120, 90};
     const HWND window;
 };
 

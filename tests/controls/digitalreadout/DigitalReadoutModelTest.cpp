@@ -41,24 +41,11 @@ TEST(DigitalReadoutModelTest, BeginsEmptyWithItsDefaults) {
         EXPECT_EQ(model.Colour(i), colours[i]) << i;
 }
 
-TEST(DigitalReadoutModelTest, TellsItsDefaultsInARecord) {
-    const DigitalReadoutModel model;
-    const DigitalReadoutInfo info = model.Info();
-    EXPECT_EQ(info.flags, 0x21u);
-    EXPECT_EQ(info.normalColour, kNormal);
-    EXPECT_EQ(info.highColour, kHigh);
-    EXPECT_EQ(info.lowColour, kLow);
-    EXPECT_EQ(info.background, 0xFFFFFFu);
-    EXPECT_EQ(info.frameColour, 0u);
-    EXPECT_EQ(info.lowLimit[0], -1.0f);
-    EXPECT_EQ(info.lowLimit[1], -1.0f);
-    EXPECT_EQ(info.floating, 1);
-    EXPECT_EQ(info.decimals, 2u);
-    EXPECT_EQ(info.title, model.Title());
-    EXPECT_EQ(info.units, model.Units());
-    EXPECT_EQ(info.userWord, 0u);
-    EXPECT_EQ(info.lowLimitEnabled, 0u);
-    EXPECT_EQ(info.highLimitEnabled, 0u);
+using Words = std::vector<std::uint32_t>;
+
+Words WordsOf(const DigitalReadoutInfo& info) {
+    return {info.flags,       info.normalColour, info.highColour, info.lowColour,       info.background,
+            info.frameColour, info.decimals,     info.userWord,   info.lowLimitEnabled, info.highLimitEnabled};
 }
 
 DigitalReadoutInfo SampleInfo() {
@@ -80,50 +67,46 @@ DigitalReadoutInfo SampleInfo() {
     return info;
 }
 
+TEST(DigitalReadoutModelTest, TellsItsDefaultsInARecord) {
+    const DigitalReadoutModel model;
+    const DigitalReadoutInfo info = model.Info();
+    EXPECT_EQ(WordsOf(info), (Words{0x21, kNormal, kHigh, kLow, 0xFFFFFF, 0, 2, 0, 0, 0}));
+    EXPECT_EQ(info.lowLimit[0], -1.0f);
+    EXPECT_EQ(info.lowLimit[1], -1.0f);
+    EXPECT_EQ(info.floating, 1);
+    EXPECT_EQ(info.title, model.Title());
+    EXPECT_EQ(info.units, model.Units());
+}
+
 TEST(DigitalReadoutModelTest, TakesARecordWhoseSecondLowLimitDecides) {
     DigitalReadoutModel model;
     model.SetInfo(SampleInfo());
     const DigitalReadoutInfo info = model.Info();
+    EXPECT_EQ(WordsOf(info), WordsOf(SampleInfo()));
     EXPECT_FALSE(model.HasFrame());
-    EXPECT_EQ(info.flags, 0x01u);
-    EXPECT_EQ(model.Colour(3), 0x010101u);
-    EXPECT_EQ(model.Colour(4), 0x020202u);
-    EXPECT_EQ(model.Colour(5), 0x030303u);
-    EXPECT_EQ(model.Colour(6), 0x040404u);
-    EXPECT_EQ(model.Colour(0), 0x050505u);
+    for (const auto& [index, colour] : {std::pair{0u, 0x050505u}, {3u, 0x010101u}, {6u, 0x040404u}})
+        EXPECT_EQ(model.Colour(index), colour) << index;
     EXPECT_EQ(info.lowLimit[0], 22.0f);
     EXPECT_EQ(info.lowLimit[1], 22.0f);
     EXPECT_EQ(model.HighLimit(), 256.0f);
     EXPECT_EQ(info.floating, 0);
-    EXPECT_EQ(info.decimals, 3u);
     EXPECT_STREQ(model.Title(), "Oil");
     EXPECT_STREQ(model.Units(), "bar");
     EXPECT_EQ(model.UserWord(), 77u);
-    EXPECT_EQ(info.lowLimitEnabled, 8u);
-    EXPECT_EQ(info.highLimitEnabled, 4u);
     EXPECT_EQ(model.ColourInForce(), kNormal);  // until the next value
     EXPECT_STREQ(model.Text(), "");
     EXPECT_EQ(ColourOf(model, 22.0f), 0x030303u);
     EXPECT_STREQ(model.Text(), "022");
 }
 
-TEST(DigitalReadoutModelTest, RecordWithoutTextsKeepsTheOnesThereAre) {
+TEST(DigitalReadoutModelTest, RecordKeepsTheTextsThereAreWithoutTextsAndWithItsOwn) {
     DigitalReadoutModel model;
     model.SetTitle("Oil");
     model.SetUnits("bar");
-    DigitalReadoutInfo info = SampleInfo();
-    info.title = nullptr;
-    info.units = nullptr;
+    DigitalReadoutInfo info = model.Info();
     model.SetInfo(info);
-    EXPECT_STREQ(model.Title(), "Oil");
-    EXPECT_STREQ(model.Units(), "bar");
-}
-
-TEST(DigitalReadoutModelTest, RecordMayGiveTheReadoutsOwnTextsBack) {
-    DigitalReadoutModel model;
-    model.SetTitle("Oil");
-    model.SetUnits("bar");
-    model.SetInfo(model.Info());
+    info.title = info.units = nullptr;
+    model.SetInfo(info);
     EXPECT_STREQ(model.Title(), "Oil");
     EXPECT_STREQ(model.Units(), "bar");
 }
@@ -168,44 +151,35 @@ TEST(DigitalReadoutModelTest, ColoursBeyondTheSeventhAreIgnoredAndReadZero) {
     EXPECT_EQ(model.ColourInForce(), kNormal);
 }
 
-TEST(DigitalReadoutModelTest, LimitsAreReachedByAValueThatEqualsThem) {
-    DigitalReadoutModel model;
-    model.SetLowLimit(10.0f);
-    model.SetHighLimit(20.0f);
-    model.EnableLowLimit(8);
-    model.EnableHighLimit(4);
-    EXPECT_EQ(ColourOf(model, 9.0f), kLow);
-    EXPECT_EQ(ColourOf(model, 10.0f), kLow);
-    EXPECT_EQ(ColourOf(model, std::nextafter(10.0f, 11.0f)), kNormal);
-    EXPECT_EQ(ColourOf(model, std::nextafter(20.0f, 19.0f)), kNormal);
-    EXPECT_EQ(ColourOf(model, 20.0f), kHigh);
-    EXPECT_EQ(ColourOf(model, 21.0f), kHigh);
-}
-
-TEST(DigitalReadoutModelTest, HighLimitWinsWhereBothAreReached) {
-    DigitalReadoutModel model;
-    model.SetLowLimit(20.0f);
-    model.SetHighLimit(10.0f);
-    model.EnableLowLimit(1);
-    model.EnableHighLimit(1);
-    EXPECT_EQ(ColourOf(model, 15.0f), kHigh);
-    EXPECT_EQ(ColourOf(model, 5.0f), kLow);
-    EXPECT_EQ(ColourOf(model, 25.0f), kHigh);
-}
-
-TEST(DigitalReadoutModelTest, LimitsThatAreNotEnabledColourNothing) {
-    DigitalReadoutModel model;
-    EXPECT_EQ(ColourOf(model, -5.0f), kNormal);
-    EXPECT_EQ(ColourOf(model, 1000.0f), kNormal);
-}
-
-TEST(DigitalReadoutModelTest, EnabledLimitCountsAtItsDefaultToo) {
-    DigitalReadoutModel model;
-    model.EnableLowLimit(1);
-    EXPECT_EQ(ColourOf(model, -1.0f), kLow);
-    model.EnableHighLimit(1);
-    EXPECT_EQ(ColourOf(model, 256.0f), kHigh);
-    EXPECT_EQ(ColourOf(model, 255.0f), kNormal);
+TEST(DigitalReadoutModelTest, EnabledLimitsColourValuesThatReachThemTheHighOneFirst) {
+    const struct {
+        float low, high;
+        std::uint32_t lowOn, highOn;
+        std::vector<std::pair<float, std::uint32_t>> colours;
+    } cases[] = {{10.0f,
+                  20.0f,
+                  8,
+                  4,
+                  {{9.0f, kLow},
+                   {10.0f, kLow},
+                   {std::nextafter(10.0f, 11.0f), kNormal},
+                   {std::nextafter(20.0f, 19.0f), kNormal},
+                   {20.0f, kHigh},
+                   {21.0f, kHigh},
+                   {kNan, kHigh}}},
+                 {20.0f, 10.0f, 1, 1, {{15.0f, kHigh}, {5.0f, kLow}, {25.0f, kHigh}}},
+                 {-1.0f, 256.0f, 0, 0, {{-5.0f, kNormal}, {1000.0f, kNormal}, {kNan, kNormal}}},
+                 {-1.0f, 256.0f, 1, 0, {{-1.0f, kLow}, {1000.0f, kNormal}, {kNan, kLow}}},
+                 {-1.0f, 256.0f, 0, 1, {{-5.0f, kNormal}, {256.0f, kHigh}, {255.0f, kNormal}}}};
+    for (const auto& limits : cases) {
+        DigitalReadoutModel model;
+        model.SetLowLimit(limits.low);
+        model.SetHighLimit(limits.high);
+        model.EnableLowLimit(limits.lowOn);
+        model.EnableHighLimit(limits.highOn);
+        for (const auto& [value, colour] : limits.colours)
+            EXPECT_EQ(ColourOf(model, value), colour) << value << " with limits " << limits.low << " " << limits.high;
+    }
 }
 
 TEST(DigitalReadoutModelTest, EnablingAndRecolouringWaitForTheNextValue) {
@@ -234,58 +208,43 @@ TEST(DigitalReadoutModelTest, ChangedLimitRecoloursTheValue) {
     EXPECT_EQ(model.SetValue(0.0f), 100.0f);
 }
 
-TEST(DigitalReadoutModelTest, NoNumberIsNeitherBelowNorAboveALimit) {
-    DigitalReadoutModel model;
-    model.EnableLowLimit(1);
-    EXPECT_EQ(ColourOf(model, kNan), kLow);
-    model.EnableHighLimit(1);
-    EXPECT_EQ(ColourOf(model, kNan), kHigh);
-}
-
-TEST(DigitalReadoutModelTest, PrintsFloats) {
-    EXPECT_EQ(Printed(0.0f, 1, 2), "0.00");
-    EXPECT_EQ(Printed(12.346f, 1, 2), "12.35");
-    EXPECT_EQ(Printed(-3.5f, 1, 0), "-4");  // to even, as everywhere
-    EXPECT_EQ(Printed(1.5f, 1, 5), "1.50000");
-    EXPECT_EQ(Printed(1.5f, 2, 1), "1.5");
-    EXPECT_EQ(Printed(0.1f, 1, 12), "0.100000001490");
-    EXPECT_EQ(Printed(kInfinity, 1, 2), "inf");
-    EXPECT_EQ(Printed(-kInfinity, 1, 2), "-inf");
-    EXPECT_EQ(Printed(kNan, 1, 2), "nan");
-}
-
-TEST(DigitalReadoutModelTest, WholeNumbersAreTruncated) {
-    for (const float value : {0.0f, 0.99f, -0.99f, -0.0f})
-        EXPECT_EQ(Printed(value, 0, 1), "0") << value;
-    EXPECT_EQ(Printed(1.0f, 0, 1), "1");
-    EXPECT_EQ(Printed(-1.99f, 0, 1), "-1");
-    EXPECT_EQ(Printed(1234.9f, 0, 1), "1234");
-}
-
-TEST(DigitalReadoutModelTest, DecimalsArePaddingForWholeNumbers) {
-    EXPECT_EQ(Printed(7.0f, 0, 3), "007");
-    EXPECT_EQ(Printed(-7.0f, 0, 3), "-007");
-    EXPECT_EQ(Printed(1234.0f, 0, 3), "1234");
-    EXPECT_EQ(Printed(0.0f, 0, 0), "");
-    EXPECT_EQ(Printed(7.0f, 0, 0), "7");
-}
-
-TEST(DigitalReadoutModelTest, WholeNumbersThatDoNotFitReadAsTheLowest) {
-    for (const float value : {2147483648.0f, -2147483648.0f, 3e9f, -3e9f, FLT_MAX, kInfinity, -kInfinity, kNan})
-        EXPECT_EQ(Printed(value, 0, 1), "-2147483648") << value;
-    EXPECT_EQ(Printed(2147483520.0f, 0, 1), "2147483520");
-}
-
-TEST(DigitalReadoutModelTest, LongTextIsCutTo24Characters) {
-    EXPECT_EQ(Printed(FLT_MAX, 1, 2), "340282346638528859811704");
-    EXPECT_EQ(Printed(0.5f, 1, 30), "0.5000000000000000000000");
-    EXPECT_EQ(Printed(0.5f, 1, 0x7FFFFFFF), "0.5000000000000000000000");
-    EXPECT_EQ(Printed(-7.0f, 0, 0x7FFFFFFF), "-" + std::string(23, '0'));
-}
-
-TEST(DigitalReadoutModelTest, DecimalsWithTheSignBitCountAsNotGiven) {
-    EXPECT_EQ(Printed(0.5f, 1, 0x80000000), "0.500000");
-    EXPECT_EQ(Printed(7.0f, 0, 0x80000000), "7");
+// Cut to 24 characters. Decimals with the sign bit count as not given; for whole numbers they are padding.
+TEST(DigitalReadoutModelTest, PrintsFloatsAndTruncatedWholeNumbers) {
+    const struct {
+        float value;
+        std::int32_t floating;
+        std::uint32_t decimals;
+        std::string text;
+    } cases[] = {{0.0f, 1, 2, "0.00"},
+                 {12.346f, 1, 2, "12.35"},
+                 {-3.5f, 1, 0, "-4"},  // to even, as everywhere
+                 {1.5f, 1, 5, "1.50000"},
+                 {1.5f, 2, 1, "1.5"},
+                 {0.1f, 1, 12, "0.100000001490"},
+                 {kInfinity, 1, 2, "inf"},
+                 {-kInfinity, 1, 2, "-inf"},
+                 {kNan, 1, 2, "nan"},
+                 {FLT_MAX, 1, 2, "340282346638528859811704"},
+                 {0.5f, 1, 0x7FFFFFFF, "0.5000000000000000000000"},
+                 {0.5f, 1, 0x80000000, "0.500000"},
+                 {0.99f, 0, 1, "0"},
+                 {-0.99f, 0, 1, "0"},
+                 {-1.99f, 0, 1, "-1"},
+                 {1234.9f, 0, 1, "1234"},
+                 {7.0f, 0, 3, "007"},
+                 {-7.0f, 0, 3, "-007"},
+                 {1234.0f, 0, 3, "1234"},
+                 {0.0f, 0, 0, ""},
+                 {7.0f, 0, 0, "7"},
+                 {7.0f, 0, 0x80000000, "7"},
+                 {-7.0f, 0, 0x7FFFFFFF, "-" + std::string(23, '0')},
+                 {2147483520.0f, 0, 1, "2147483520"},
+                 {2147483648.0f, 0, 1, "-2147483648"},
+                 {-3e9f, 0, 1, "-2147483648"},
+                 {kNan, 0, 1, "-2147483648"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(Printed(c.value, c.floating, c.decimals), c.text)
+            << c.value << " " << c.floating << " " << c.decimals;
     DigitalReadoutModel model;
     DigitalReadoutInfo info = model.Info();
     info.decimals = 0xFFFFFFFF;

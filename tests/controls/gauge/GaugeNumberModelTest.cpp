@@ -11,58 +11,57 @@ namespace {
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 constexpr float kLargest = 3.4028235e38f, kSmallest = 1.1754944e-38f;
 
+struct Printed {
+    float value;
+    std::uint32_t digits;
+    std::string text;
+    std::size_t capacity = 25;
+};
+
 TEST(GaugeNumberModelTest, WholeValueHasNoDecimalsAndAnyOtherHas) {
-    EXPECT_EQ(FormatGaugeNumber(12.0f, 2), "12");
-    EXPECT_EQ(FormatGaugeNumber(12.5f, 2), "12.50");
-    EXPECT_EQ(FormatGaugeNumber(-3.0f, 2), "-3");
-    EXPECT_EQ(FormatGaugeNumber(-3.25f, 1), "-3.2");
-    EXPECT_EQ(FormatGaugeNumber(0.75f, 0), "1");
-    EXPECT_EQ(FormatGaugeNumber(-0.0f, 2), "0");
+    const Printed cases[] = {
+        {12.0f, 2, "12"},
+        {12.5f, 2, "12.50"},
+        {-3.0f, 2, "-3"},
+        {-3.25f, 1, "-3.2"},
+        {0.75f, 0, "1"},
+        {-0.0f, 2, "0"},
+        {kSmallest, 2, "0.00"},
+        {kInfinity, 2, "inf"},
+        {-kInfinity, 2, "-inf"},
+        // Whole ones beyond the word overflow.
+        {2147483520.0f, 2, "2147483520"},
+        {2147483648.0f, 2, "-2147483648"},
+        {kLargest, 2, "-2147483648"},
+        {-kLargest, 2, "-2147483648"},
+        // Decimals that are negative count as not given, and many are cut to the buffer.
+        {12.5f, 0xFFFFFFFF, "12.500000"},
+        {12.5f, 0x80000000, "12.500000"},
+        {0.5f, 0x7FFFFFFF, "0.5" + std::string(251, '0')},
+        {0.5f, 252, "0.5" + std::string(251, '0')},
+        {0.5f, 251, "0.5" + std::string(250, '0')},
+    };
+    for (const Printed& c : cases)
+        EXPECT_EQ(FormatGaugeNumber(c.value, c.digits), c.text) << c.value << " " << c.digits;
+    EXPECT_NE(FormatGaugeNumber(std::nanf(""), 2).find("nan"), std::string::npos);
 }
 
-TEST(GaugeNumberModelTest, WholeValueBeyondTheWordOverflows) {
-    EXPECT_EQ(FormatGaugeNumber(kLargest, 2), "-2147483648");
-    EXPECT_EQ(FormatGaugeNumber(2147483648.0f, 2), "-2147483648");
-    EXPECT_EQ(FormatGaugeNumber(-kLargest, 2), "-2147483648");
-    EXPECT_EQ(FormatGaugeNumber(2147483520.0f, 2), "2147483520");
-    EXPECT_EQ(FormatGaugeNumber(kSmallest, 2), "0.00");
-}
-
-TEST(GaugeNumberModelTest, WhatIsNoNumberIsPrintedAsSuch) {
-    EXPECT_EQ(FormatGaugeNumber(kInfinity, 2), "inf");
-    EXPECT_EQ(FormatGaugeNumber(-kInfinity, 2), "-inf");
-    EXPECT_NE(FormatGaugeNumber(std::numeric_limits<float>::quiet_NaN(), 2).find("nan"), std::string::npos);
-}
-
-TEST(GaugeNumberModelTest, CutsDecimalsToItsBuffer) {
-    const std::string text = FormatGaugeNumber(0.5f, 0x7FFFFFFF);
-    EXPECT_EQ(text, "0.5" + std::string(251, '0'));
-    EXPECT_EQ(FormatGaugeNumber(0.5f, 400), text);
-    EXPECT_EQ(FormatGaugeNumber(0.5f, 252), text);
-    EXPECT_EQ(FormatGaugeNumber(0.5f, 251), text.substr(0, 253));
-}
-
-TEST(GaugeNumberModelTest, DecimalsThatAreNegativeCountAsNotGiven) {
-    EXPECT_EQ(FormatGaugeNumber(12.5f, 0xFFFFFFFF), "12.500000");
-    EXPECT_EQ(FormatGaugeNumber(12.5f, 0x80000000), "12.500000");
-}
-
-TEST(GaugeNumberModelTest, CutsToTheCapacityTold) {
-    EXPECT_EQ(FormatDecimals(123.5f, 2, 25), "123.50");
-    EXPECT_EQ(FormatDecimals(123.5f, 2, 5), "123.");
-    EXPECT_EQ(FormatDecimals(123.5f, 2, 1), "");
-    EXPECT_EQ(FormatDecimals(123.5f, 2, 0), "");
-    EXPECT_EQ(FormatDecimals(kLargest, 2, 25), "340282346638528859811704");
+TEST(GaugeNumberModelTest, DecimalsAreCutToTheCapacityTold) {
+    const Printed cases[] = {{123.5f, 2, "123.50", 25},
+                             {123.5f, 2, "123.", 5},
+                             {123.5f, 2, "", 1},
+                             {123.5f, 2, "", 0},
+                             {kLargest, 2, "340282346638528859811704", 25}};
+    for (const Printed& c : cases)
+        EXPECT_EQ(FormatDecimals(c.value, c.digits, c.capacity), c.text) << c.value << " " << c.capacity;
     EXPECT_EQ(FormatDecimals(0.5f, 0x7FFFFFFF, 1000).size(), 254u);
 }
 
 TEST(GaugeNumberModelTest, WholeFormatCutsAndPads) {
-    EXPECT_EQ(FormatWhole(0.99f, 1, 25), "0");
-    EXPECT_EQ(FormatWhole(-0.99f, 1, 25), "0");
-    EXPECT_EQ(FormatWhole(7.9f, 3, 25), "007");
-    EXPECT_EQ(FormatWhole(-7.9f, 3, 25), "-007");
-    EXPECT_EQ(FormatWhole(5e9f, 1, 25), "-2147483648");
-    EXPECT_EQ(FormatWhole(7.0f, 0x7FFFFFFF, 25), std::string(24, '0'));
+    const Printed cases[] = {{0.99f, 1, "0"},    {-0.99f, 1, "0"},         {7.9f, 3, "007"},
+                             {-7.9f, 3, "-007"}, {5e9f, 1, "-2147483648"}, {7.0f, 0x7FFFFFFF, std::string(24, '0')}};
+    for (const Printed& c : cases)
+        EXPECT_EQ(FormatWhole(c.value, c.digits, c.capacity), c.text) << c.value;
 }
 
 TEST(GaugeNumberModelTest, TruncatesTowardZeroAndOverflowsToTheLowestWord) {

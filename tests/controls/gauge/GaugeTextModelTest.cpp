@@ -13,9 +13,10 @@ GaugeText Holding(const char* text, std::size_t length) {
     return held;
 }
 
-TEST(GaugeTextModelTest, BeginsAbsent) {
-    EXPECT_FALSE(GaugeText().Present());
-    EXPECT_EQ(GaugeText().View(), "");
+std::string CopyOf(const GaugeText& text, std::size_t capacity) {
+    char buffer[10] = "xxxxxxxxx";
+    text.CopyTo(buffer, capacity);
+    return buffer;
 }
 
 TEST(GaugeTextModelTest, KeepsACopyOfItsOwn) {
@@ -26,17 +27,17 @@ TEST(GaugeTextModelTest, KeepsACopyOfItsOwn) {
     EXPECT_EQ(text.View(), "Coolant");
 }
 
-TEST(GaugeTextModelTest, CopiesUpToTheZeroByteOfAShorterText) {
-    EXPECT_EQ(Holding("RPM", 100).View(), "RPM");
-    EXPECT_EQ(Holding("RPM\0hidden", 10).View(), "RPM");
-    EXPECT_TRUE(Holding("", 5).Present());
-}
-
-TEST(GaugeTextModelTest, LengthTooSmallGivesAnEmptyTextInsteadOfACutOne) {
-    EXPECT_EQ(Holding("RPM", 3).View(), "RPM");
-    const GaugeText text = Holding("RPM", 2);
-    EXPECT_TRUE(text.Present());
-    EXPECT_EQ(text.View(), "");
+TEST(GaugeTextModelTest, TextLongerThanItsLengthIsEmptyInsteadOfCut) {
+    const struct {
+        const char* text;
+        std::size_t length;
+        const char* kept;
+    } cases[] = {{"RPM", 100, "RPM"}, {"RPM\0hidden", 10, "RPM"}, {"", 5, ""}, {"RPM", 3, "RPM"}, {"RPM", 2, ""}};
+    for (const auto& expected : cases) {
+        const GaugeText text = Holding(expected.text, expected.length);
+        EXPECT_TRUE(text.Present());
+        EXPECT_EQ(text.View(), expected.kept) << expected.text << " " << expected.length;
+    }
 }
 
 TEST(GaugeTextModelTest, NeverReadsBeyondTheLengthAndOneByte) {
@@ -44,8 +45,11 @@ TEST(GaugeTextModelTest, NeverReadsBeyondTheLengthAndOneByte) {
     EXPECT_EQ(Holding(unended.data(), unended.size() - 1).View(), "");
 }
 
-TEST(GaugeTextModelTest, NoTextOrNoLengthTakesTheOldOneAway) {
-    GaugeText text = Holding("RPM", 3);
+TEST(GaugeTextModelTest, AbsentAtFirstAndWithoutATextOrALength) {
+    GaugeText text;
+    EXPECT_FALSE(text.Present());
+    EXPECT_EQ(text.View(), "");
+    text.Set("RPM", 3);
     text.Set("RPM", 0);
     EXPECT_FALSE(text.Present());
     text.Set("RPM", 3);
@@ -55,27 +59,15 @@ TEST(GaugeTextModelTest, NoTextOrNoLengthTakesTheOldOneAway) {
 
 TEST(GaugeTextModelTest, CopiesOutCutToTheCapacity) {
     const GaugeText text = Holding("Coolant", 7);
+    EXPECT_EQ(CopyOf(text, 10), "Coolant");
+    EXPECT_EQ(CopyOf(text, 5), "Cool");
+    EXPECT_EQ(CopyOf(text, 1), "");
+    EXPECT_EQ(CopyOf(text, 0), "xxxxxxxxx") << "left alone";
+    EXPECT_EQ(CopyOf(GaugeText(), 4), "");
+    text.CopyTo(nullptr, 5);
     char buffer[10] = "xxxxxxxxx";
     text.CopyTo(buffer, 5);
-    EXPECT_STREQ(buffer, "Cool");
     EXPECT_EQ(buffer[5], 'x');
-    text.CopyTo(buffer, sizeof buffer);
-    EXPECT_STREQ(buffer, "Coolant");
-    text.CopyTo(buffer, 1);
-    EXPECT_STREQ(buffer, "");
-}
-
-TEST(GaugeTextModelTest, AbsentTextComesOutEmpty) {
-    char buffer[4] = "xxx";
-    GaugeText().CopyTo(buffer, sizeof buffer);
-    EXPECT_STREQ(buffer, "");
-}
-
-TEST(GaugeTextModelTest, NoBufferOrNoCapacityIsLeftAlone) {
-    char buffer[4] = "xxx";
-    Holding("RPM", 3).CopyTo(buffer, 0);
-    EXPECT_STREQ(buffer, "xxx");
-    Holding("RPM", 3).CopyTo(nullptr, 5);
 }
 
 TEST(GaugeTextModelTest, TextOfHundredCharactersIsKeptButNotDrawn) {

@@ -6,39 +6,23 @@
 namespace corvex {
 namespace {
 
-// Where the far corner of a square of 180 units lies in a client of this size.
-POINT Corner(int width, int height, bool round) {
-    const MemoryDc dc;
-    const LogicalSquare square(dc.Get(), RECT{0, 0, width, height}, 180, round);
-    POINT corner{180, 180};
-    ::LPtoDP(dc.Get(), &corner, 1);
-    return corner;
-}
-
-TEST(LogicalSquareTest, StretchesWithTheClient) {
-    const POINT wide = Corner(540, 360, false), tall = Corner(180, 900, false);
-    EXPECT_EQ(wide.x, 540);
-    EXPECT_EQ(wide.y, 360);
-    EXPECT_EQ(tall.x, 180);
-    EXPECT_EQ(tall.y, 900);
-}
-
-TEST(LogicalSquareTest, IsNeverSmallerThanItsUnits) {
-    const POINT small = Corner(60, 40, false), narrow = Corner(60, 360, false);
-    EXPECT_EQ(small.x, 180);
-    EXPECT_EQ(small.y, 180);
-    EXPECT_EQ(narrow.x, 180);
-    EXPECT_EQ(narrow.y, 360);
-}
-
-TEST(LogicalSquareTest, RoundOneIsAsWideAsHighInTheSmallerExtent) {
-    const POINT wide = Corner(540, 360, true), tall = Corner(270, 900, true), small = Corner(60, 900, true);
-    EXPECT_EQ(wide.x, 360);
-    EXPECT_EQ(wide.y, 360);
-    EXPECT_EQ(tall.x, 270);
-    EXPECT_EQ(tall.y, 270);
-    EXPECT_EQ(small.x, 180);
-    EXPECT_EQ(small.y, 180);
+TEST(LogicalSquareTest, StretchesOrStaysRoundAndIsNeverSmallerThanItsUnits) {
+    const struct {
+        int width, height;
+        bool isRound;
+        POINT corner;  // where 180, 180 lies
+    } cases[] = {{540, 360, false, {540, 360}}, {180, 900, false, {180, 900}}, {60, 40, false, {180, 180}},
+                 {60, 360, false, {180, 360}},  {540, 360, true, {360, 360}},  {270, 900, true, {270, 270}},
+                 {60, 900, true, {180, 180}}};
+    for (const auto& expected : cases) {
+        SCOPED_TRACE(::testing::Message() << expected.width << " by " << expected.height << " " << expected.isRound);
+        const MemoryDc dc;
+        const LogicalSquare square(dc.Get(), RECT{0, 0, expected.width, expected.height}, 180, expected.isRound);
+        POINT corner{180, 180};
+        ::LPtoDP(dc.Get(), &corner, 1);
+        EXPECT_EQ(corner.x, expected.corner.x);
+        EXPECT_EQ(corner.y, expected.corner.y);
+    }
 }
 
 TEST(LogicalSquareTest, PutsTheContextBack) {

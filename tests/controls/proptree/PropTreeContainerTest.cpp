@@ -4,21 +4,19 @@
 namespace corvex {
 namespace {
 
-using PropTreeContainerTest = PropTreeFixture;
+class PropTreeContainerTest : public PropTreeFixture {
+protected:
+    // As the message loop hands it on.
+    void PressKey(HWND where, WPARAM code) {
+        MSG key{};
+        key.hwnd = where;
+        key.message = WM_KEYDOWN;
+        key.wParam = code;
+        EXPECT_TRUE(::IsDialogMessageA(window_, &key));
+        Pump();
+    }
+};
 using Codes = std::vector<UINT>;
-
-bool IsRect(const RECT& is, const RECT& wanted) {
-    return ::EqualRect(&is, &wanted) != FALSE;
-}
-
-TEST_F(PropTreeContainerTest, ItsClassHasNoStyleAndTheButtonFace) {
-    WNDCLASSEXA windowClass{};
-    windowClass.cbSize = sizeof windowClass;
-    ASSERT_TRUE(::GetClassInfoExA(Instance(), "QZPROPTREECONTAINER", &windowClass));
-    EXPECT_EQ(windowClass.style, 0u);
-    EXPECT_EQ(reinterpret_cast<UINT_PTR>(windowClass.hbrBackground), 16u);
-    EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
-}
 
 TEST_F(PropTreeContainerTest, ItIsAVisibleFrameOwnedByItsParent) {
     ASSERT_TRUE(::IsWindow(window_));
@@ -41,36 +39,34 @@ TEST_F(PropTreeContainerTest, HoldsATreeAndTwoButtons) {
     EXPECT_EQ(TextOfWindow(Button(1001)), "Cancel");
     EXPECT_EQ(StyleOfWindow(Button(1000)) & BS_TYPEMASK, static_cast<DWORD>(BS_DEFPUSHBUTTON));
     EXPECT_EQ(StyleOfWindow(Button(1001)) & BS_TYPEMASK, static_cast<DWORD>(BS_PUSHBUTTON));
-    LOGFONTA font{};
-    ::GetObjectA(reinterpret_cast<HFONT>(::SendMessageA(Tree(), WM_GETFONT, 0, 0)), sizeof font, &font);
-    EXPECT_STREQ(font.lfFaceName, "MS Shell Dlg");
     const HWND plain =
         ::CreateWindowExA(0, WC_TREEVIEWA, "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, Instance(), nullptr);
-    LOGFONTA own{};
-    ::GetObjectA(reinterpret_cast<HFONT>(::SendMessageA(plain, WM_GETFONT, 0, 0)), sizeof own, &own);
+    EXPECT_STREQ(FontOf(Tree()).lfFaceName, "MS Shell Dlg");
+    EXPECT_NE(FontOf(Tree()).lfHeight, 0);
+    EXPECT_EQ(FontOf(Tree()).lfHeight, FontOf(plain).lfHeight);
     ::DestroyWindow(plain);
-    EXPECT_NE(font.lfHeight, 0);
-    EXPECT_EQ(font.lfHeight, own.lfHeight);
 }
 
 TEST_F(PropTreeContainerTest, PartsStandToThePixelAtAnySize) {
     const HWND page = Add(kWide, "General");
-    PropTreeContainer::selectByTitle(window_, "General");
+    Select("General");
     const LONG wide = SizeOf(page).cx;
     for (const SIZE size : {SIZE{640, 480}, SIZE{900, 333}}) {
-        ::SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
+        Resize(size.cx, size.cy);
         const SIZE client = ClientSize();
         const RECT tree = PlaceOf(Tree()), ok = PlaceOf(Button(1000)), cancel = PlaceOf(Button(1001));
-        EXPECT_TRUE(IsRect(tree, {0, 0, client.cx - wide, client.cy}));
-        EXPECT_TRUE(IsRect(ok, {client.cx - 70, client.cy - 27, client.cx - 5, client.cy - 5}));
-        EXPECT_TRUE(IsRect(cancel, {client.cx - 143, client.cy - 27, client.cx - 78, client.cy - 5}));
+        EXPECT_EQ(tree, (RECT{0, 0, client.cx - wide, client.cy}));
+        EXPECT_EQ(ok, (RECT{client.cx - 70, client.cy - 27, client.cx - 5, client.cy - 5}));
+        EXPECT_EQ(cancel, (RECT{client.cx - 143, client.cy - 27, client.cx - 78, client.cy - 5}));
         EXPECT_EQ(PlaceOf(page).left, tree.right + 2);
         EXPECT_EQ(PlaceOf(page).top, 0);
         EXPECT_EQ(SizeOf(page).cx, wide);
     }
 }
 
-TEST_F(PropTreeContainerTest, APageIsAHiddenChildOfTheWindow) {
+TEST_F(PropTreeContainerTest, APageIsAHiddenChildOfTheWindowUnlessItsTemplateIsMissing) {
+    EXPECT_EQ(Add(999, "General"), nullptr);
+    EXPECT_EQ(Shape(), "");
     const HWND page = Add(kFramed, "Keys");
     ASSERT_TRUE(::IsWindow(page));
     EXPECT_EQ(StyleOfWindow(page) & (WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_CHILD | WS_VISIBLE),
@@ -87,19 +83,9 @@ TEST_F(PropTreeContainerTest, ItGrowsWithItsPagesAndNeverShrinks) {
     EXPECT_EQ(grown.cy, SizeOf(tall).cy + 32);
     Add(kFramed, "Small");
     EXPECT_EQ(ClientSize().cy, grown.cy);
-    ::SetWindowPos(window_, nullptr, 0, 0, 900, 700, SWP_NOMOVE | SWP_NOZORDER);
+    Resize(900, 700);
     Add(kFramed, "Another");
-    EXPECT_EQ(SizeOf(window_).cx, 900);
-    EXPECT_EQ(SizeOf(window_).cy, 700);
-}
-
-TEST_F(PropTreeContainerTest, TheTreeGivesWayToAWiderPageInALargeWindow) {
-    ::SetWindowPos(window_, nullptr, 0, 0, 900, 700, SWP_NOMOVE | SWP_NOZORDER);
-    const HWND small = Add(kFramed, "Small");
-    PropTreeContainer::selectByTitle(window_, "Small");
-    const HWND wide = Add(kWide, "Wide");
-    EXPECT_EQ(SizeOf(Tree()).cx, ClientSize().cx - SizeOf(wide).cx);
-    EXPECT_EQ(PlaceOf(small).left, SizeOf(Tree()).cx + 2);
+    EXPECT_EQ(SizeOf(window_), (SIZE{900, 700}));
 }
 
 TEST_F(PropTreeContainerTest, ItStandsInTheMiddleOfItsParentUntilItIsReady) {
@@ -118,13 +104,10 @@ TEST_F(PropTreeContainerTest, ItStandsInTheMiddleOfItsParentUntilItIsReady) {
 }
 
 TEST_F(PropTreeContainerTest, ItsLeastSizeIsTreeAndWidestByTallest) {
-    MINMAXINFO limits{};
-    ::SendMessageA(window_, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
-    EXPECT_EQ(limits.ptMinTrackSize.x, 150);
-    EXPECT_EQ(limits.ptMinTrackSize.y, 100);
     const HWND wide = Add(kWide, "Wide");
     const HWND tall = Add(kTall, "Tall");
-    ::SendMessageA(window_, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+    MINMAXINFO limits{};
+    ::SendMessageA(window_, WM_GETMINMAXINFO, 0, L(&limits));
     EXPECT_EQ(limits.ptMinTrackSize.x, 150 + SizeOf(wide).cx);
     EXPECT_EQ(limits.ptMinTrackSize.y, SizeOf(tall).cy);
 }
@@ -152,11 +135,6 @@ TEST_F(PropTreeContainerTest, AnUnknownParentMeansTheRootAndAnUnknownNeighbourTh
     EXPECT_EQ(Shape(), "General(Speed) Keys COM Setup keys");
 }
 
-TEST_F(PropTreeContainerTest, ATemplateThatIsMissingAddsNothing) {
-    EXPECT_EQ(Add(999, "General"), nullptr);
-    EXPECT_EQ(Shape(), "");
-}
-
 TEST_F(PropTreeContainerTest, SelectingATitleShowsItsPageAlone) {
     const HWND general = Add(kWide, "General");
     const HWND com = Add(kTall, "COM Setup", nullptr, "General");
@@ -177,7 +155,7 @@ TEST_F(PropTreeContainerTest, SelectingATitleShowsItsPageAlone) {
 TEST_F(PropTreeContainerTest, TheArrowKeysChangeThePageAndStayInTheTree) {
     const HWND general = Add(kWide, "General");
     const HWND keys = Add(kTall, "Keys");
-    PropTreeContainer::selectByTitle(window_, "General");
+    Select("General");
     ::SetFocus(Tree());
     ::SendMessageA(Tree(), WM_KEYDOWN, VK_DOWN, 0);
     EXPECT_EQ(PropTreeContainer::currentPage(window_), keys);
@@ -185,34 +163,21 @@ TEST_F(PropTreeContainerTest, TheArrowKeysChangeThePageAndStayInTheTree) {
     EXPECT_EQ(::GetFocus(), Tree());
 }
 
-TEST_F(PropTreeContainerTest, TheButtonsAskTheParent) {
-    const struct {
-        int id;
-        UINT code;
-    } buttons[] = {{1000, 4}, {1001, 5}, {IDOK, 4}, {IDCANCEL, 5}};
-    for (const auto& button : buttons) {
+TEST_F(PropTreeContainerTest, TheButtonsAskTheParentAndAreRefusedByNothing) {
+    const auto click = [this](int id) { ::SendMessageA(window_, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0); };
+    for (const auto& [id, code] : {std::pair{1000, 4U}, {1001, 5U}, {int{IDOK}, 4U}, {int{IDCANCEL}, 5U}}) {
         if (!::IsWindow(window_)) Open();
         Pump();
         parent_.notices.clear();
         parent_.answer = nullptr;
-        ::SendMessageA(window_, WM_COMMAND, MAKEWPARAM(button.id, BN_CLICKED), 0);
-        EXPECT_EQ(parent_.Codes(), Codes{button.code});
-        EXPECT_TRUE(::IsWindow(window_)) << button.id;  // 0 keeps it open
+        click(id);
+        EXPECT_EQ(parent_.Codes(), Codes{code});
+        EXPECT_TRUE(::IsWindow(window_)) << id;
         parent_.answer = [](const Notice& notice) { return LRESULT{notice.code == 4 || notice.code == 5}; };
-        ::SendMessageA(window_, WM_COMMAND, MAKEWPARAM(button.id, BN_CLICKED), 0);
-        EXPECT_FALSE(::IsWindow(window_)) << button.id;
+        click(id);
+        EXPECT_FALSE(::IsWindow(window_)) << id;
+        EXPECT_EQ(parent_.Codes(), (Codes{code, code, 2}));
     }
-}
-
-TEST_F(PropTreeContainerTest, ReturningNothingFromOkLeavesItOpen) {
-    Pump();
-    Press(1000);
-    EXPECT_EQ(parent_.Codes(), (Codes{1, 4}));
-    EXPECT_TRUE(::IsWindow(window_));
-    parent_.answer = [](const Notice&) { return LRESULT{1}; };
-    Press(1000);
-    EXPECT_FALSE(::IsWindow(window_));
-    EXPECT_EQ(parent_.Codes(), (Codes{1, 4, 4, 2}));
 }
 
 TEST_F(PropTreeContainerTest, OnlyAClickOnAButtonCounts) {
@@ -225,7 +190,7 @@ TEST_F(PropTreeContainerTest, OnlyAClickOnAButtonCounts) {
 TEST_F(PropTreeContainerTest, ClosingIsToldWithEachPageAndThenTheEnd) {
     const HWND general = Add(kWide, "General");
     const HWND com = Add(kTall, "COM Setup", nullptr, "General");
-    PropTreeContainer::selectByTitle(window_, "COM Setup");
+    Select("COM Setup");
     Pump();
     parent_.notices.clear();
     const HWND window = window_;
@@ -240,35 +205,24 @@ TEST_F(PropTreeContainerTest, ClosingIsToldWithEachPageAndThenTheEnd) {
 
 TEST_F(PropTreeContainerTest, TheDialogKeysReachTheButtons) {
     Add(kWide, "General");
-    PropTreeContainer::selectByTitle(window_, "General");
+    Select("General");
     EXPECT_EQ(::SendMessageA(window_, DM_GETDEFID, 0, 0), MAKELRESULT(1000, DC_HASDEFID));
     Pump();
     parent_.notices.clear();
-    MSG key{};
-    key.hwnd = Tree();
-    key.message = WM_KEYDOWN;
-    key.wParam = VK_RETURN;
-    EXPECT_TRUE(::IsDialogMessageA(window_, &key));
-    Pump();
+    PressKey(Tree(), VK_RETURN);
     EXPECT_EQ(parent_.Codes(), Codes{4});
-    key.wParam = VK_ESCAPE;
-    EXPECT_TRUE(::IsDialogMessageA(window_, &key));
-    Pump();
+    PressKey(Tree(), VK_ESCAPE);
     EXPECT_EQ(parent_.Codes(), (Codes{4, 5}));
 }
 
 TEST_F(PropTreeContainerTest, TheTabKeyWalksThroughButtonsAndPage) {
     const HWND page = Add(kWide, "General");
-    PropTreeContainer::selectByTitle(window_, "General");
+    Select("General");
     ::SetFocus(window_);
     EXPECT_EQ(::GetFocus(), Tree());
     std::vector<HWND> order;
     for (int i = 0; i < 4; ++i) {
-        MSG key{};
-        key.hwnd = ::GetFocus();
-        key.message = WM_KEYDOWN;
-        key.wParam = VK_TAB;
-        ::IsDialogMessageA(window_, &key);
+        PressKey(::GetFocus(), VK_TAB);
         order.push_back(::GetFocus());
     }
     EXPECT_EQ(order, (std::vector<HWND>{Button(1000), Button(1001), ::GetDlgItem(page, 40), ::GetDlgItem(page, 41)}));

@@ -36,8 +36,7 @@ protected:
     void Press(int id) { ::SendMessageA(Button(id), BM_CLICK, 0, 0); }
 
     HTREEITEM Next(UINT relation, HTREEITEM item) const {
-        return reinterpret_cast<HTREEITEM>(
-            ::SendMessageA(Tree(), TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+        return reinterpret_cast<HTREEITEM>(::SendMessageA(Tree(), TVM_GETNEXTITEM, relation, L(item)));
     }
     HTREEITEM FirstRoot() const { return Next(TVGN_ROOT, nullptr); }
     // The titles below an item, each with its children in brackets.
@@ -51,7 +50,7 @@ protected:
             node.hItem = item;
             node.pszText = title;
             node.cchTextMax = sizeof title;
-            ::SendMessageA(Tree(), TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&node));
+            ::SendMessageA(Tree(), TVM_GETITEMA, 0, L(&node));
             shape += title;
             const HTREEITEM child = Next(TVGN_CHILD, item);
             if (child != nullptr) shape.append("(").append(Shape(child)).append(")");
@@ -59,16 +58,11 @@ protected:
         return shape;
     }
     std::string Shape() const { return Shape(FirstRoot()); }
-    SIZE ClientSize() const {
-        RECT client{};
-        ::GetClientRect(window_, &client);
-        return {client.right, client.bottom};
+    SIZE ClientSize() const { return {ClientOf(window_).right, ClientOf(window_).bottom}; }
+    void Resize(int width, int height) {
+        ::SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
     }
-    static SIZE SizeOf(HWND window) {
-        RECT area{};
-        ::GetWindowRect(window, &area);
-        return {area.right - area.left, area.bottom - area.top};
-    }
+    void Select(const char* title) { EXPECT_TRUE(PropTreeContainer::selectByTitle(window_, title)); }
 
     TestParent parent_;
     HWND window_ = nullptr;

@@ -24,7 +24,7 @@ protected:
 TEST_F(PropTreeLifetimeTest, AnItemThatIsDeletedTakesItsPageAlong) {
     const HWND general = Add(kWide, "General");
     const HWND keys = Add(kTall, "Keys");
-    PropTreeContainer::selectByTitle(window_, "General");
+    Select("General");
     bool alive = false;
     parent_.answer = [&](const Notice& notice) {
         if (notice.code == PTN_PAGE_GONE) alive = ::IsWindow(general) != FALSE;
@@ -42,7 +42,7 @@ TEST_F(PropTreeLifetimeTest, AnItemThatIsDeletedTakesItsPageAlong) {
 TEST_F(PropTreeLifetimeTest, APageDestroyedFromOutsideTakesItsItemAlong) {
     const HWND general = Add(kWide, "General");
     Add(kTall, "Keys");
-    PropTreeContainer::selectByTitle(window_, "General");
+    Select("General");
     ::DestroyWindow(general);
     EXPECT_EQ(Shape(), "Keys");
     EXPECT_EQ(parent_.CountOf(PTN_PAGE_GONE), 1);
@@ -68,7 +68,7 @@ TEST_F(PropTreeLifetimeTest, AnyNotificationMayDestroyTheWindow) {
         if (!::IsWindow(window_)) Open();
         Add(kWide, "General");
         Add(kTall, "COM Setup", nullptr, "General");
-        PropTreeContainer::selectByTitle(window_, "COM Setup");
+        Select("COM Setup");
         parent_.notices.clear();
         DestroyOn(code);
         if (code == PTN_READY) ::SendMessageA(window_, 0x8000, 0, 0);
@@ -89,7 +89,7 @@ TEST_F(PropTreeLifetimeTest, TheNoticeOfAPagesEndMayDestroyTheWindow) {
         const HWND general = Add(kWide, "General");
         Add(kTall, "COM Setup", nullptr, "General");
         const HWND keys = Add(kTall, "Keys");
-        PropTreeContainer::selectByTitle(window_, "COM Setup");
+        Select("COM Setup");
         DestroyOn(PTN_PAGE_GONE);
         if (fromOutside) {
             ::DestroyWindow(general);
@@ -104,7 +104,7 @@ TEST_F(PropTreeLifetimeTest, TheNoticeOfAPagesEndMayDestroyTheWindow) {
 
 TEST_F(PropTreeLifetimeTest, WithoutItsTreeItHasNoPagesAndStillCloses) {
     const HWND general = Add(kWide, "General");
-    PropTreeContainer::selectByTitle(window_, "General");
+    Select("General");
     ::DestroyWindow(Tree());
     Pump();
     EXPECT_FALSE(::IsWindow(general));
@@ -144,7 +144,7 @@ INT_PTR CALLBACK DestroysOnShow(HWND, UINT message, WPARAM wParam, LPARAM) {
 TEST_F(PropTreeLifetimeTest, APageMayDestroyAnotherWhenItIsShown) {
     g_victim = Add(kTall, "Keys");
     const HWND page = PropTreeContainer::addPage(window_, &DestroysOnShow, Instance(), kWide, "Bad", nullptr, nullptr);
-    PropTreeContainer::selectByTitle(window_, "Keys");
+    Select("Keys");
     EXPECT_TRUE(PropTreeContainer::selectByTitle(window_, "Bad"));
     EXPECT_EQ(Shape(), "Bad");
     EXPECT_EQ(PropTreeContainer::currentPage(window_), page);

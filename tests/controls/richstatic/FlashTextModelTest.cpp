@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "controls/richstatic/FlashTextModel.h"
 
 namespace corvex {
@@ -25,83 +27,66 @@ TEST(FlashTextModelTest, KeepsTextAndColoursAndAnswersTheOldOnes) {
     EXPECT_EQ(model.Length(), 5u);
 }
 
-TEST(FlashTextModelTest, TextOf260CharactersFits) {
-    FlashTextModel model;
-    model.SetText(std::string(260, 'x'));
-    EXPECT_EQ(model.Text(), std::string(260, 'x'));
+TEST(FlashTextModelTest, TextOf261CharactersChangesTheFirstThreeAloneOfWhatLiesThere) {
+    const std::string whole(260, 'x');
+    const struct {
+        std::vector<std::string> texts;
+        std::string shown;
+    } cases[] = {{{whole}, whole},
+                 {{"Connected", whole + "x"}, "xxxnected"},
+                 {{"Connected", "ab", std::string(1000, 'x')}, "xxxnected"},
+                 {{std::string(300, 'x')}, "xxx"}};
+    for (const auto& expected : cases) {
+        FlashTextModel model;
+        for (const std::string& text : expected.texts)
+            model.SetText(text);
+        EXPECT_EQ(model.Text(), expected.shown);
+    }
 }
 
-TEST(FlashTextModelTest, TextOf261CharactersChangesTheFirstThreeAlone) {
-    FlashTextModel model;
-    model.SetText("Connected");
-    model.SetText(std::string(261, 'x'));
-    EXPECT_STREQ(model.Text(), "xxxnected");
+struct Look {
+    std::string text;
+    std::uint32_t textColour, backColour;
+    bool operator==(const Look&) const = default;
+};
+
+Look LookOf(const FlashTextModel& model) {
+    return {model.Text(), model.TextColour(), model.BackColour()};
 }
 
-TEST(FlashTextModelTest, OverlongTextShowsAgainWhatLayBehindAShorterOne) {
-    FlashTextModel model;
-    model.SetText("Connected");
-    model.SetText("ab");
-    model.SetText(std::string(1000, 'x'));
-    EXPECT_STREQ(model.Text(), "xxxnected");
-}
-
-TEST(FlashTextModelTest, OverlongTextOnAnEmptyOneHasThreeCharacters) {
-    FlashTextModel model;
-    model.SetText(std::string(300, 'x'));
-    EXPECT_STREQ(model.Text(), "xxx");
-}
-
-TEST(FlashTextModelTest, FlashShowsItsOwnAndGivesTheFormerBack) {
+FlashTextModel Ready() {
     FlashTextModel model;
     model.SetText("Ready");
     model.SetTextColour(1);
     model.SetBackColour(2);
-    EXPECT_TRUE(model.BeginFlash("Saved", 3, 4));
-    EXPECT_TRUE(model.Flashing());
-    EXPECT_STREQ(model.Text(), "Saved");
-    EXPECT_EQ(model.TextColour(), 3u);
-    EXPECT_EQ(model.BackColour(), 4u);
-    EXPECT_TRUE(model.EndFlash());
-    EXPECT_FALSE(model.Flashing());
-    EXPECT_STREQ(model.Text(), "Ready");
-    EXPECT_EQ(model.TextColour(), 1u);
-    EXPECT_EQ(model.BackColour(), 2u);
+    return model;
 }
 
-TEST(FlashTextModelTest, SecondFlashIsIgnoredAndItsTextLost) {
-    FlashTextModel model;
-    model.SetText("Ready");
-    model.BeginFlash("first", 1, 2);
-    EXPECT_FALSE(model.BeginFlash("second", 3, 4));
-    EXPECT_STREQ(model.Text(), "first");
-    EXPECT_EQ(model.TextColour(), 1u);
-    EXPECT_EQ(model.BackColour(), 2u);
-    model.EndFlash();
-    EXPECT_STREQ(model.Text(), "Ready");
+TEST(FlashTextModelTest, FlashShowsItsOwnAndGivesTheFormerBackASecondIsLost) {
+    FlashTextModel model = Ready();
+    EXPECT_TRUE(model.BeginFlash("Saved", 3, 4));
+    EXPECT_FALSE(model.BeginFlash("second", 5, 6));
+    EXPECT_TRUE(model.Flashing());
+    EXPECT_EQ(LookOf(model), (Look{"Saved", 3, 4}));
+    EXPECT_TRUE(model.EndFlash());
+    EXPECT_FALSE(model.Flashing());
+    EXPECT_EQ(LookOf(model), (Look{"Ready", 1, 2}));
+    EXPECT_TRUE(model.BeginFlash("again", 3, 4));
 }
 
 TEST(FlashTextModelTest, ChangesDuringAFlashShowWhenItEnds) {
-    FlashTextModel model;
-    model.SetText("Ready");
-    model.SetTextColour(1);
-    model.SetBackColour(2);
+    FlashTextModel model = Ready();
     model.BeginFlash("Saved", 3, 4);
     model.SetText("Connected");
     EXPECT_EQ(model.SetTextColour(5), 1u);
     EXPECT_EQ(model.SetBackColour(6), 2u);
-    EXPECT_STREQ(model.Text(), "Saved");
-    EXPECT_EQ(model.TextColour(), 3u);
-    EXPECT_EQ(model.BackColour(), 4u);
+    EXPECT_EQ(LookOf(model), (Look{"Saved", 3, 4}));
     model.EndFlash();
-    EXPECT_STREQ(model.Text(), "Connected");
-    EXPECT_EQ(model.TextColour(), 5u);
-    EXPECT_EQ(model.BackColour(), 6u);
+    EXPECT_EQ(LookOf(model), (Look{"Connected", 5, 6}));
 }
 
 TEST(FlashTextModelTest, OverlongTextDuringAFlashChangesThreeCharactersOfTheFlashAtItsEnd) {
-    FlashTextModel model;
-    model.SetText("Ready");
+    FlashTextModel model = Ready();
     model.BeginFlash("Saved", 3, 4);
     model.SetText(std::string(261, 'x'));
     EXPECT_STREQ(model.Text(), "Saved");
@@ -110,8 +95,7 @@ TEST(FlashTextModelTest, OverlongTextDuringAFlashChangesThreeCharactersOfTheFlas
 }
 
 TEST(FlashTextModelTest, OverlongFlashChangesThreeCharactersAndGivesTheTextBack) {
-    FlashTextModel model;
-    model.SetText("Ready");
+    FlashTextModel model = Ready();
     model.BeginFlash(std::string(261, 'x'), 3, 4);
     EXPECT_STREQ(model.Text(), "xxxdy");
     model.EndFlash();
@@ -119,20 +103,9 @@ TEST(FlashTextModelTest, OverlongFlashChangesThreeCharactersAndGivesTheTextBack)
 }
 
 TEST(FlashTextModelTest, EndWithoutAFlashChangesNothing) {
-    FlashTextModel model;
-    model.SetText("Ready");
-    model.SetTextColour(1);
+    FlashTextModel model = Ready();
     EXPECT_FALSE(model.EndFlash());
-    EXPECT_STREQ(model.Text(), "Ready");
-    EXPECT_EQ(model.TextColour(), 1u);
-}
-
-TEST(FlashTextModelTest, FlashMayFollowAFlash) {
-    FlashTextModel model;
-    model.BeginFlash("first", 1, 2);
-    model.EndFlash();
-    EXPECT_TRUE(model.BeginFlash("second", 1, 2));
-    EXPECT_STREQ(model.Text(), "second");
+    EXPECT_EQ(LookOf(model), (Look{"Ready", 1, 2}));
 }
 
 TEST(FlashTextModelTest, CopyStaysWithinItsCapacityAndEndsInZero) {

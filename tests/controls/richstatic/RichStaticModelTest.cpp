@@ -9,26 +9,16 @@ TEST(RichStaticModelTest, HasABlackBorderUntilToldOtherwise) {
     EXPECT_EQ(RichStaticModel().borderColour, 0u);
 }
 
-TEST(RichStaticModelTest, TextIsPaintedInItsColour) {
-    RichStaticModel model;
-    model.label.SetTextColour(0x123456);
-    model.label.SetBackColour(0x654321);
-    EXPECT_EQ(model.PaintedTextColour(), 0x123456u);
-    model.label.SetBackColour(kNoColour);
-    EXPECT_EQ(model.PaintedTextColour(), 0x123456u);
-}
-
 TEST(RichStaticModelTest, TextWithoutAColourTakesThatOfTheGround) {
-    RichStaticModel model;
-    model.label.SetTextColour(kNoColour);
-    model.label.SetBackColour(0x654321);
-    EXPECT_EQ(model.PaintedTextColour(), 0x654321u);
-}
-
-TEST(RichStaticModelTest, TextWithoutAColourOnTheSystemsGroundHasNone) {
-    RichStaticModel model;
-    model.label.SetTextColour(kNoColour);
-    EXPECT_EQ(model.PaintedTextColour(), kNoColour);
+    for (const auto& [text, ground, painted] : {std::tuple{0x123456u, 0x654321u, 0x123456u},
+                                                {0x123456u, kNoColour, 0x123456u},
+                                                {kNoColour, 0x654321u, 0x654321u},
+                                                {kNoColour, kNoColour, kNoColour}}) {
+        RichStaticModel model;
+        model.label.SetTextColour(text);
+        model.label.SetBackColour(ground);
+        EXPECT_EQ(model.PaintedTextColour(), painted) << text << " on " << ground;
+    }
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "controls/splash/SplashScreen.h"
+#include "tests/controls/window/ControlTestHelper.h"
 #include "tests/controls/window/PaintTestHelper.h"
-#include "tests/support/Eventually.h"
 
 namespace corvex {
 namespace {
@@ -11,18 +11,12 @@ constexpr int kBitmap = 130;  // 64 by 24
 constexpr COLORREF kBlue = 0xFF0000, kYellow = 0x00FFFF, kRed = 0x0000FF, kGreen = 0x00FF00;
 constexpr RECT kLeft{2, 2, 30, 20}, kRight{34, 2, 62, 20};
 
-void PumpMessages() {
-    MSG message;
-    while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
-        ::DispatchMessageA(&message);
-}
-
 class SplashScreenTest : public ::testing::Test {
 protected:
     bool Create(std::uint32_t flags = 0, HWND parent = nullptr) {
         return splash.create(parent, instance, kBitmap, 0, flags);
     }
-    bool Shows(COLORREF colour) { return ColoursOf(splash.Window()).count(colour) != 0; }
+    bool Shows(COLORREF colour) { return ColoursOf(splash.Window()).contains(colour); }
     bool OnShow() { return ::IsWindowVisible(splash.Window()) != FALSE; }
 
     const HINSTANCE instance = ::GetModuleHandleA(nullptr);
@@ -31,17 +25,12 @@ protected:
 
 TEST_F(SplashScreenTest, IsAHiddenPopUpOfTheBitmapsSize) {
     ASSERT_TRUE(Create());
-    RECT place{};
-    ::GetWindowRect(splash.Window(), &place);
-    EXPECT_EQ(place.right - place.left, 64);
-    EXPECT_EQ(place.bottom - place.top, 24);
+    EXPECT_EQ(SizeOf(splash.Window()), (SIZE{64, 24}));
     EXPECT_FALSE(OnShow());
     EXPECT_FALSE(splash.IsVisible());
-    const auto style = static_cast<DWORD>(::GetWindowLongPtrA(splash.Window(), GWL_STYLE));
-    EXPECT_EQ(style & (WS_POPUP | WS_CAPTION | WS_CHILD | WS_THICKFRAME), static_cast<DWORD>(WS_POPUP));
-    char name[32] = "";
-    ::GetClassNameA(splash.Window(), name, sizeof name);
-    EXPECT_STREQ(name, "QZSPLASHT");
+    EXPECT_EQ(StyleOfWindow(splash.Window()) & (WS_POPUP | WS_CAPTION | WS_CHILD | WS_THICKFRAME),
+              static_cast<DWORD>(WS_POPUP));
+    EXPECT_EQ(ClassNameOf(splash.Window()), "QZSPLASHT");
 }
 
 TEST_F(SplashScreenTest, StaysOnTopWithBitOneOfTheFlagsAlone) {
@@ -63,35 +52,24 @@ TEST_F(SplashScreenTest, BitmapThatIsMissingLeavesNoWindow) {
     EXPECT_TRUE(Create());
 }
 
-TEST_F(SplashScreenTest, SecondWindowIsRefused) {
-    ASSERT_TRUE(Create());
-    const HWND window = splash.Window();
-    EXPECT_FALSE(Create());
-    EXPECT_EQ(splash.Window(), window);
-}
-
 TEST_F(SplashScreenTest, ShowsTheBitmapInTheMiddleOfTheScreen) {
     ASSERT_TRUE(Create());
     splash.show(0);
     EXPECT_TRUE(OnShow());
     EXPECT_TRUE(splash.IsVisible());
-    RECT place{};
-    ::GetWindowRect(splash.Window(), &place);
+    const RECT place = PlaceOf(splash.Window());
     EXPECT_EQ(place.left, (::GetSystemMetrics(SM_CXSCREEN) - 64) / 2);
     EXPECT_EQ(place.top, (::GetSystemMetrics(SM_CYSCREEN) - 24) / 2);
     EXPECT_EQ(PixelOf(splash.Window(), 0, 0), kBlue);
     EXPECT_EQ(PixelOf(splash.Window(), 63, 23), kYellow);
-    EXPECT_EQ(ColoursOf(splash.Window()), (std::set<COLORREF>{kBlue, kYellow}));
+    EXPECT_EQ(ColoursOf(splash.Window()), (Colours{kBlue, kYellow}));
 }
 
 TEST_F(SplashScreenTest, HidesWhenItsTimeIsUp) {
     ASSERT_TRUE(Create());
     splash.show(20);
     EXPECT_TRUE(splash.IsVisible());
-    EXPECT_TRUE(test::Eventually([&] {
-        PumpMessages();
-        return !splash.IsVisible();
-    }));
+    EXPECT_TRUE(Pumps([&] { return !splash.IsVisible(); }));
     EXPECT_FALSE(OnShow());
     EXPECT_FALSE(::KillTimer(splash.Window(), 0));
 }
@@ -160,27 +138,6 @@ TEST_F(SplashScreenTest, WindowThatWentWithItsParentIsForgotten) {
     splash.hide();
 }
 
-TEST_F(SplashScreenTest, EndDestroysTheWindowAndDeletesTheFonts) {
-    const std::size_t before = LiveGdiObjects();
-    HWND window = nullptr;
-    {
-        SplashScreen one;
-        ASSERT_TRUE(one.create(nullptr, instance, kBitmap, 0, 0));
-        one.setText("WWW", kLeft, 1, MakeTestFont(), kRed);
-        one.show(60000);
-        window = one.Window();
-    }
-    EXPECT_FALSE(::IsWindow(window));
-    EXPECT_EQ(LiveGdiObjects(), before);
-}
-
-TEST_F(SplashScreenTest, ClassStaysRegisteredWhenTheSplashIsGone) {
-    { SplashScreen().create(nullptr, instance, kBitmap, 0, 0); }
-    WNDCLASSA windowClass{};
-    EXPECT_TRUE(::GetClassInfoA(instance, "QZSPLASHT", &windowClass));
-    EXPECT_TRUE(Create());
-}
-
 TEST_F(SplashScreenTest, EndUnregistersAnotherName) {
     WNDCLASSA windowClass{};
     windowClass.lpfnWndProc = &::DefWindowProcA;
@@ -191,15 +148,31 @@ TEST_F(SplashScreenTest, EndUnregistersAnotherName) {
     EXPECT_FALSE(::GetClassInfoA(instance, "QZSPLASH", &windowClass));
 }
 
-TEST_F(SplashScreenTest, ThousandPaintsLeakNothing) {
+TEST_F(SplashScreenTest, ASecondWindowIsRefused) {
     ASSERT_TRUE(Create());
-    splash.setText("WWW", kLeft, 1, OwnedFont(), kRed);
-    splash.show(0);
-    const std::size_t before = LiveGdiObjects(), all = AllGdiObjects();
-    for (int i = 0; i < 1000; ++i)
-        splash.setText("WWW", kLeft, 1, OwnedFont(), static_cast<COLORREF>(i));
-    EXPECT_EQ(LiveGdiObjects(), before);
-    EXPECT_EQ(AllGdiObjects(), all);
+    const HWND window = splash.Window();
+    EXPECT_FALSE(Create());
+    EXPECT_EQ(splash.Window(), window);
+}
+
+TEST_F(SplashScreenTest, ThousandPaintsAndTheEndLeaveNothingButTheClass) {
+    const std::size_t none = LiveGdiObjects();
+    HWND window = nullptr;
+    {
+        SplashScreen one;
+        ASSERT_TRUE(one.create(nullptr, instance, kBitmap, 0, 0));
+        one.setText("WWW", kLeft, 1, MakeTestFont(), kRed);
+        one.show(60000);
+        window = one.Window();
+        const std::size_t before = LiveGdiObjects(), all = AllGdiObjects();
+        for (int i = 0; i < 1000; ++i)
+            one.setText("WWW", kLeft, 2, OwnedFont(), static_cast<COLORREF>(i));
+        EXPECT_EQ(LiveGdiObjects(), before);
+        EXPECT_EQ(AllGdiObjects(), all);
+    }
+    EXPECT_FALSE(::IsWindow(window));
+    EXPECT_EQ(LiveGdiObjects(), none);
+    EXPECT_TRUE(Create());
 }
 
 }  // namespace

@@ -23,17 +23,11 @@ std::vector<std::string> TextsOf(const SplashTexts& texts) {
 
 using Strings = std::vector<std::string>;
 
-TEST(SplashTextsTest, AddsTextsInOrder) {
+TEST(SplashTextsTest, AddsTextsInOrderAndReplacesThatOfAKnownId) {
     SplashTexts texts;
     texts.Set(Item(7, "first"));
     texts.Set(Item(3, "second"));
     EXPECT_EQ(TextsOf(texts), (Strings{"first", "second"}));
-}
-
-TEST(SplashTextsTest, ReplacesTheTextOfAKnownId) {
-    SplashTexts texts;
-    texts.Set(Item(7, "first"));
-    texts.Set(Item(3, "second"));
     SplashText changed = Item(7, "third");
     changed.colour = 0x123456;
     changed.rectangle = {1, 2, 3, 4};

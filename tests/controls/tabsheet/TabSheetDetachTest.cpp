@@ -7,19 +7,25 @@ namespace {
 class TabSheetDetachTest : public TabSheetFixture {
 protected:
     void AddThree() {
-        a_ = AddPage("A").Window();
-        b_ = AddPage("B").Window();
-        c_ = AddPage("C").Window();
+        const auto [a, b, c] = AddPages<3>();
+        a_ = a->Window();
+        b_ = b->Window();
+        c_ = c->Window();
         TabSheet::selectPage(sheet_, 1);
+    }
+    void PullOut() {
+        AddThree();
+        ASSERT_TRUE(TabSheet::detach(sheet_));
     }
     bool IsDocked(HWND page, int index) const {
         return TabSheet::indexOfPage(sheet_, page) == index && ::GetAncestor(page, GA_PARENT) == Tabs() &&
                (StyleOfWindow(page) & (WS_CHILD | WS_POPUP)) == WS_CHILD && !::IsZoomed(page) && IsFitted(page);
     }
+    bool IsDockedOnShow(HWND page, int index) const { return IsDocked(page, index) && HasShownStyle(page); }
     HWND a_ = nullptr, b_ = nullptr, c_ = nullptr;
 };
 
-TEST_F(TabSheetDetachTest, ADoubleClickOnTheCaptionPullsThePageOut) {
+TEST_F(TabSheetDetachTest, ADoubleClickOnTheCaptionPullsThePageOutAndAnotherDocksIt) {
     for (const bool frame : {false, true}) {
         if (frame) MakeFrame();
         AddThree();
@@ -33,6 +39,8 @@ TEST_F(TabSheetDetachTest, ADoubleClickOnTheCaptionPullsThePageOut) {
         EXPECT_EQ(Titles(), (Strings{"A", "C"}));
         EXPECT_EQ(Selected(), -1);
         EXPECT_FALSE(::IsZoomed(sheet_));
+        DoubleClickCaption();
+        EXPECT_TRUE(IsDockedOnShow(b_, 1));
     }
 }
 
@@ -45,127 +53,91 @@ TEST_F(TabSheetDetachTest, OnlyTheCaptionDoes) {
     EXPECT_TRUE(IsDocked(b_, 1));
 }
 
-TEST_F(TabSheetDetachTest, DockingBringsItBackToItsPlaceUnderItsTitle) {
-    AddThree();
-    ASSERT_TRUE(TabSheet::detach(sheet_));
-    ASSERT_TRUE(TabSheet::dock(sheet_));
-    EXPECT_EQ(TabSheet::detachedPage(sheet_), nullptr);
-    EXPECT_TRUE(IsDocked(b_, 1));
-    EXPECT_TRUE(HasShownStyle(b_));
-    EXPECT_EQ(Titles(), (Strings{"A", "B", "C"}));
-    EXPECT_EQ(Selected(), 1);
-    EXPECT_EQ(TextOfWindow(sheet_), "B");
-    EXPECT_FALSE(TabSheet::dock(sheet_));
-}
-
-TEST_F(TabSheetDetachTest, ItMayBePulledOutAgainAndAgain) {
+TEST_F(TabSheetDetachTest, DockingBringsItBackToItsPlaceUnderItsTitleAgainAndAgain) {
     AddThree();
     for (int i = 0; i < 3; ++i) {
         ASSERT_TRUE(TabSheet::detach(sheet_));
         EXPECT_TRUE(::IsZoomed(b_));
         ASSERT_TRUE(TabSheet::dock(sheet_));
-        EXPECT_TRUE(IsDocked(b_, 1));
+        EXPECT_EQ(TabSheet::detachedPage(sheet_), nullptr);
+        EXPECT_TRUE(IsDockedOnShow(b_, 1));
+        EXPECT_EQ(Titles(), (Strings{"A", "B", "C"}));
+        EXPECT_EQ(Selected(), 1);
+        EXPECT_EQ(TextOfWindow(sheet_), "B");
+        EXPECT_FALSE(TabSheet::dock(sheet_));
     }
 }
 
 TEST_F(TabSheetDetachTest, AClickOnAnyTabDocksIt) {
     for (const int tab : {0, 1}) {
-        AddThree();
-        TabSheet::detach(sheet_);
+        PullOut();
         ClickTab(tab);
-        const HWND chosen = tab == 0 ? a_ : c_;
         EXPECT_TRUE(IsDocked(b_, 1));
         EXPECT_FALSE(HasShownStyle(b_));
-        EXPECT_TRUE(HasShownStyle(chosen));
+        EXPECT_TRUE(HasShownStyle(tab == 0 ? a_ : c_));
         EXPECT_EQ(TextOfWindow(sheet_), tab == 0 ? "A" : "C");
         EXPECT_EQ(Selected(), tab == 0 ? 0 : 2);
         MakeFrame();
     }
 }
 
-TEST_F(TabSheetDetachTest, SelectingAPageDocksIt) {
-    AddThree();
-    TabSheet::detach(sheet_);
+TEST_F(TabSheetDetachTest, SelectingAPageOrItselfDocksIt) {
+    PullOut();
     EXPECT_TRUE(TabSheet::selectPage(sheet_, 1));  // C, as the tabs stand now
     EXPECT_TRUE(HasShownStyle(c_));
     EXPECT_TRUE(IsDocked(b_, 1));
     EXPECT_FALSE(HasShownStyle(b_));
-}
-
-TEST_F(TabSheetDetachTest, SelectingItselfDocksAndShowsIt) {
-    AddThree();
+    TabSheet::selectPage(sheet_, 1);
     TabSheet::detach(sheet_);
     EXPECT_TRUE(TabSheet::selectPageByWindow(sheet_, b_));
-    EXPECT_TRUE(IsDocked(b_, 1));
-    EXPECT_TRUE(HasShownStyle(b_));
+    EXPECT_TRUE(IsDockedOnShow(b_, 1));
     EXPECT_EQ(Selected(), 1);
 }
 
-TEST_F(TabSheetDetachTest, ASecondDoubleClickDocksIt) {
-    AddThree();
+TEST_F(TabSheetDetachTest, TheOnlyPageMayBePulledOutAndNothingOfAnEmptySheet) {
+    EXPECT_FALSE(TabSheet::detach(sheet_));
     DoubleClickCaption();
-    DoubleClickCaption();
-    EXPECT_TRUE(IsDocked(b_, 1));
-    EXPECT_TRUE(HasShownStyle(b_));
-}
-
-TEST_F(TabSheetDetachTest, TheOnlyPageMayBePulledOut) {
+    ASSERT_TRUE(::IsWindow(sheet_));
     const HWND page = AddPage("A").Window();
     DoubleClickCaption();
     ASSERT_EQ(TabSheet::detachedPage(sheet_), page);
     ASSERT_TRUE(::IsWindow(sheet_));
     EXPECT_EQ(TabSheet::pageCount(sheet_), 0);
     DoubleClickCaption();
-    EXPECT_TRUE(IsDocked(page, 0));
-    EXPECT_TRUE(HasShownStyle(page));
-}
-
-TEST_F(TabSheetDetachTest, NothingIsPulledOutOfAnEmptySheet) {
-    EXPECT_FALSE(TabSheet::detach(sheet_));
-    DoubleClickCaption();
-    EXPECT_TRUE(::IsWindow(sheet_));
+    EXPECT_TRUE(IsDockedOnShow(page, 0));
 }
 
 TEST_F(TabSheetDetachTest, ANewSizeOfTheSheetLeavesItAlone) {
-    AddThree();
-    TabSheet::detach(sheet_);
+    PullOut();
     const RECT before = PlaceOf(b_);
     ::MoveWindow(sheet_, 0, 0, 200, 200, FALSE);
-    const RECT after = PlaceOf(b_);
-    EXPECT_TRUE(::EqualRect(&before, &after));
+    EXPECT_EQ(PlaceOf(b_), before);
     EXPECT_TRUE(IsFitted(a_));
     TabSheet::dock(sheet_);
     EXPECT_TRUE(IsFitted(b_));
 }
 
-TEST_F(TabSheetDetachTest, ItGoesToTheEndWhenItsPlaceIsGone) {
-    AddThree();
-    TabSheet::selectPage(sheet_, 2);
-    TabSheet::detach(sheet_);
-    TabSheet::removePage(sheet_, 0, true);
-    EXPECT_EQ(TabSheet::detachedPage(sheet_), c_);
-    TabSheet::dock(sheet_);
-    EXPECT_EQ(Titles(), (Strings{"B", "C"}));
-}
-
-TEST_F(TabSheetDetachTest, APageAddedMeanwhileDoesNotDockIt) {
-    AddThree();
-    TabSheet::detach(sheet_);
+TEST_F(TabSheetDetachTest, PagesMayComeAndGoMeanwhile) {
+    PullOut();
     AddPage("D");
     EXPECT_EQ(TabSheet::detachedPage(sheet_), b_);
     TabSheet::dock(sheet_);
     EXPECT_EQ(Titles(), (Strings{"A", "B", "C", "D"}));
+    TabSheet::selectPage(sheet_, 3);
+    TabSheet::detach(sheet_);
+    TabSheet::removePage(sheet_, 0, true);
+    EXPECT_NE(TabSheet::detachedPage(sheet_), nullptr);
+    TabSheet::dock(sheet_);
+    EXPECT_EQ(Titles(), (Strings{"B", "C", "D"})) << "at the end, as its place is gone";
 }
 
 TEST_F(TabSheetDetachTest, ItComesBackWhenTheLastOtherPageGoes) {
-    AddThree();
-    TabSheet::detach(sheet_);
+    PullOut();
     TabSheet::removePage(sheet_, 0, true);
     EXPECT_EQ(TabSheet::detachedPage(sheet_), b_);
     TabSheet::removePage(sheet_, 0, true);
     ASSERT_TRUE(::IsWindow(sheet_));
-    EXPECT_TRUE(IsDocked(b_, 0));
-    EXPECT_TRUE(HasShownStyle(b_));
+    EXPECT_TRUE(IsDockedOnShow(b_, 0));
 }
 
 TEST_F(TabSheetDetachTest, KeepsATitleOf149Characters) {
@@ -176,8 +148,7 @@ TEST_F(TabSheetDetachTest, KeepsATitleOf149Characters) {
 }
 
 TEST_F(TabSheetDetachTest, ClosingTheSheetTakesItFirst) {
-    AddThree();
-    TabSheet::detach(sheet_);
+    PullOut();
     ::SendMessageA(sheet_, WM_CLOSE, 0, 0);
     EXPECT_FALSE(::IsWindow(b_));
     EXPECT_EQ(TabSheet::detachedPage(sheet_), nullptr);
@@ -194,12 +165,10 @@ TEST_F(TabSheetDetachTest, ClosingTheSheetOfAnOnlyPageEndsBoth) {
 }
 
 TEST_F(TabSheetDetachTest, ItsContextMenuIsStillAskedOfTheSheetsParent) {
-    AddThree();
-    TabSheet::detach(sheet_);
-    parent_.listenFor = {1524};
-    ::SendMessageA(b_, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(b_), 5);
-    ASSERT_EQ(parent_.heard.size(), 1u);
-    EXPECT_EQ(parent_.heard[0].lParam, 5);
+    PullOut();
+    ::SendMessageA(b_, WM_CONTEXTMENU, W(b_), 5);
+    ASSERT_EQ(parent_.Heard(1524).size(), 1u);
+    EXPECT_EQ(parent_.Heard(1524)[0].lParam, 5);
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -43,6 +45,24 @@ protected:
         EXPECT_TRUE(TabSheet::addWindowPage(sheet_, pages_.back()->Window(), title, index));
         return *pages_.back();
     }
+    // So many of the titles A, B, C and so on.
+    template <std::size_t kCount>
+    std::array<TestWindow*, kCount> AddPages() {
+        std::array<TestWindow*, kCount> added{};
+        for (std::size_t i = 0; i < kCount; ++i)
+            added[i] = &AddPage(std::string(1, static_cast<char>('A' + i)).c_str());
+        return added;
+    }
+    // On the first `message`, runs `action` and lets the message go no further.
+    static void Once(TestWindow& window, UINT message, std::function<void()> action) {
+        window.handler = [&window, message, action](UINT is, WPARAM, LPARAM) -> std::optional<LRESULT> {
+            if (is != message) return std::nullopt;
+            const auto run = action;
+            window.handler = nullptr;
+            run();
+            return 0;
+        };
+    }
     HWND Tabs() const { return ::FindWindowExA(sheet_, nullptr, WC_TABCONTROLA, nullptr); }
     void ClickTab(int index) {
         RECT tab{};
@@ -69,10 +89,7 @@ protected:
         ::SendMessageA(Tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
         return area;
     }
-    bool IsFitted(HWND page) const {
-        const RECT is = PlaceOf(page), wanted = PageArea();
-        return ::EqualRect(&is, &wanted) != FALSE;
-    }
+    bool IsFitted(HWND page) const { return PlaceOf(page) == PageArea(); }
 
     TestParent parent_;
     std::vector<std::unique_ptr<TestWindow>> pages_;

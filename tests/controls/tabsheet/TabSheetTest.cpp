@@ -21,15 +21,6 @@ INT_PTR CALLBACK PageDialog(HWND, UINT message, WPARAM, LPARAM lParam) {
     return FALSE;
 }
 
-TEST_F(TabSheetTest, ItsClassRedrawsOnBothAxesOverTheButtonFace) {
-    WNDCLASSEXA windowClass{};
-    windowClass.cbSize = sizeof windowClass;
-    ASSERT_TRUE(::GetClassInfoExA(::GetModuleHandleA(nullptr), "QZTABSHEET", &windowClass));
-    EXPECT_EQ(windowClass.style, static_cast<UINT>(CS_HREDRAW | CS_VREDRAW));
-    EXPECT_EQ(reinterpret_cast<UINT_PTR>(windowClass.hbrBackground), 16u);
-    EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
-}
-
 TEST_F(TabSheetTest, TellsThatItIsReadyWhenTheQueueComesToIt) {
     EXPECT_EQ(parent_.CountOf(4), 0);
     Pump();
@@ -39,8 +30,7 @@ TEST_F(TabSheetTest, TellsThatItIsReadyWhenTheQueueComesToIt) {
 }
 
 TEST_F(TabSheetTest, ItsTabsAreInArial14) {
-    LOGFONTA font{};
-    ::GetObjectA(reinterpret_cast<HFONT>(::SendMessageA(Tabs(), WM_GETFONT, 0, 0)), sizeof font, &font);
+    const LOGFONTA font = FontOf(Tabs());
     EXPECT_STREQ(font.lfFaceName, "Arial");
     EXPECT_EQ(font.lfHeight, 14);
     EXPECT_EQ(font.lfWeight, 400);
@@ -57,7 +47,7 @@ TEST_F(TabSheetTest, AWindowBecomesAPage) {
     EXPECT_EQ(TabSheet::getPage(sheet_, 0), page.Window());
     TCITEMA item{};
     item.mask = TCIF_PARAM;
-    ::SendMessageA(Tabs(), TCM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+    ::SendMessageA(Tabs(), TCM_GETITEMA, 0, L(&item));
     EXPECT_EQ(reinterpret_cast<HWND>(item.lParam), page.Window());
     EXPECT_TRUE(IsFitted(page.Window()));
 }
@@ -77,20 +67,15 @@ TEST_F(TabSheetTest, ADialogBecomesAPageAndGoesOnAnswering) {
     EXPECT_EQ(g_commands, 1);
 }
 
-TEST_F(TabSheetTest, ADialogPageIsShownWhenAsked) {
+TEST_F(TabSheetTest, ADialogPageIsShownWhenAskedUnlessItsTemplateIsMissing) {
     TestWindow& output = AddPage("Output");
-    const HWND page =
-        TabSheet::addDialogPage(sheet_, &PageDialog, ::GetModuleHandleA(nullptr), 102, "Dash", 0, 0, true);
+    const HINSTANCE module = ::GetModuleHandleA(nullptr);
+    const HWND page = TabSheet::addDialogPage(sheet_, &PageDialog, module, 102, "Dash", 0, 0, true);
     EXPECT_TRUE(HasShownStyle(page));
     EXPECT_FALSE(HasShownStyle(output.Window()));
     EXPECT_EQ(Selected(), 0);
+    EXPECT_EQ(TabSheet::addDialogPage(sheet_, &PageDialog, module, 999, "None", -1, 0, true), nullptr);
     EXPECT_EQ(Titles(), (Strings{"Dash", "Output"}));
-}
-
-TEST_F(TabSheetTest, ATemplateThatIsMissingAddsNothing) {
-    EXPECT_EQ(TabSheet::addDialogPage(sheet_, &PageDialog, ::GetModuleHandleA(nullptr), 999, "Dash", -1, 0, true),
-              nullptr);
-    EXPECT_EQ(TabSheet::pageCount(sheet_), 0);
 }
 
 TEST_F(TabSheetTest, PagesStandWhereTheirIndexPutsThem) {
@@ -113,39 +98,28 @@ TEST_F(TabSheetTest, TheFirstPageShowsAndLaterOnesDoNot) {
     EXPECT_EQ(Selected(), 1);
 }
 
-TEST_F(TabSheetTest, AClickOnATabChangesThePage) {
+TEST_F(TabSheetTest, AClickOnATabChangesThePageAndSelectingDoesTheSame) {
     ::ShowWindow(parent_.Window(), SW_SHOW);
-    TestWindow& output = AddPage("Output");
-    TestWindow& dash = AddPage("Dash");
+    const auto [a, b] = AddPages<2>();
+    const auto expectShown = [&](TestWindow* page, TestWindow* other, const char* title) {
+        EXPECT_TRUE(HasShownStyle(page->Window()));
+        EXPECT_FALSE(HasShownStyle(other->Window()));
+        EXPECT_EQ(::GetFocus(), page->Window());
+        EXPECT_EQ(TextOfWindow(sheet_), title);
+        EXPECT_EQ(Selected(), page == a ? 0 : 1);
+        EXPECT_TRUE(IsFitted(page->Window()));
+    };
     ClickTab(1);
-    EXPECT_FALSE(HasShownStyle(output.Window()));
-    EXPECT_TRUE(HasShownStyle(dash.Window()));
-    EXPECT_EQ(::GetFocus(), dash.Window());
-    EXPECT_EQ(TextOfWindow(sheet_), "Dash");
+    expectShown(b, a, "B");
     ClickTab(0);
-    EXPECT_TRUE(HasShownStyle(output.Window()));
-    EXPECT_FALSE(HasShownStyle(dash.Window()));
-    EXPECT_EQ(::GetFocus(), output.Window());
-}
-
-TEST_F(TabSheetTest, SelectingDoesWhatAClickDoes) {
-    ::ShowWindow(parent_.Window(), SW_SHOW);
-    TestWindow& output = AddPage("Output");
-    TestWindow& dash = AddPage("Dash");
-    ::MoveWindow(dash.Window(), 1, 2, 3, 4, FALSE);
+    expectShown(a, b, "A");
+    ::MoveWindow(b->Window(), 1, 2, 3, 4, FALSE);
     EXPECT_TRUE(TabSheet::selectPage(sheet_, 1));
-    EXPECT_FALSE(HasShownStyle(output.Window()));
-    EXPECT_TRUE(HasShownStyle(dash.Window()));
-    EXPECT_EQ(::GetFocus(), dash.Window());
-    EXPECT_EQ(TextOfWindow(sheet_), "Dash");
-    EXPECT_EQ(Selected(), 1);
-    EXPECT_TRUE(IsFitted(dash.Window()));
-    EXPECT_TRUE(TabSheet::selectPageByWindow(sheet_, output.Window()));
-    EXPECT_TRUE(HasShownStyle(output.Window()));
-    EXPECT_EQ(Selected(), 0);
+    expectShown(b, a, "B");
+    EXPECT_TRUE(TabSheet::selectPageByWindow(sheet_, a->Window()));
     EXPECT_FALSE(TabSheet::selectPage(sheet_, 2));
     EXPECT_FALSE(TabSheet::selectPageByWindow(sheet_, parent_.Window()));
-    EXPECT_EQ(Selected(), 0);
+    expectShown(a, b, "A");
 }
 
 TEST_F(TabSheetTest, ATitleIsCutToItsBuffer) {
@@ -160,89 +134,62 @@ TEST_F(TabSheetTest, ATitleIsCutToItsBuffer) {
 }
 
 TEST_F(TabSheetTest, ANewSizeReachesTabsAndPagesAndIsTold) {
-    TestWindow& output = AddPage("Output");
-    TestWindow& dash = AddPage("Dash");
+    const auto [a, b] = AddPages<2>();
     Pump();
     parent_.notices.clear();
     ::MoveWindow(sheet_, 0, 0, 640, 333, FALSE);
-    const RECT tabs = PlaceOf(Tabs());
-    EXPECT_EQ(tabs.right, 640);
-    EXPECT_EQ(tabs.bottom, 333);
-    EXPECT_TRUE(IsFitted(output.Window()));
-    EXPECT_TRUE(IsFitted(dash.Window()));
+    EXPECT_EQ(SizeOf(Tabs()), (SIZE{640, 333}));
+    EXPECT_TRUE(IsFitted(a->Window()) && IsFitted(b->Window()));
     ASSERT_EQ(parent_.Codes(), std::vector<UINT>{3});
     EXPECT_EQ(parent_.notices[0].from, sheet_);
     EXPECT_EQ(parent_.notices[0].id, static_cast<UINT_PTR>(kSheetId));
-}
-
-TEST_F(TabSheetTest, NoSizeAtAllLeavesPagesOfNoSize) {
-    TestWindow& output = AddPage("Output");
     for (const int size : {1, 0}) {
         ::MoveWindow(sheet_, 0, 0, size, size, FALSE);
-        const RECT page = PlaceOf(output.Window());
-        EXPECT_EQ(page.right - page.left, 0);
-        EXPECT_EQ(page.bottom - page.top, 0);
+        EXPECT_EQ(SizeOf(a->Window()), (SIZE{0, 0}));
     }
     ::MoveWindow(sheet_, 0, 0, 400, 300, FALSE);
-    EXPECT_TRUE(IsFitted(output.Window()));
+    EXPECT_TRUE(IsFitted(a->Window()));
 }
 
 TEST_F(TabSheetTest, AContextMenuOnAPageIsAlsoAskedOfTheSheetsParent) {
     TestWindow& output = AddPage("Output");
-    parent_.listenFor = {1524};
     const LPARAM where = MAKELPARAM(12, 34);
-    ::SendMessageA(output.Window(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(output.Window()), where);
-    ASSERT_EQ(parent_.heard.size(), 1u);
-    EXPECT_EQ(parent_.heard[0].wParam, reinterpret_cast<WPARAM>(output.Window()));
-    EXPECT_EQ(parent_.heard[0].lParam, where);
+    ::SendMessageA(output.Window(), WM_CONTEXTMENU, W(output.Window()), where);
+    ASSERT_EQ(parent_.Heard(1524).size(), 1u);
+    EXPECT_EQ(parent_.Heard(1524)[0].wParam, W(output.Window()));
+    EXPECT_EQ(parent_.Heard(1524)[0].lParam, where);
     EXPECT_EQ(output.Count(WM_CONTEXTMENU), 1);
 }
 
-TEST_F(TabSheetTest, ARemovedPageIsLeftToTheCaller) {
-    TestWindow& output = AddPage("Output");
-    TestWindow& dash = AddPage("Dash");
-    TestWindow free;
+TEST_F(TabSheetTest, ARemovedPageIsLeftToTheCallerAndMayComeBack) {
+    const auto [a, b] = AddPages<2>();
+    const TestWindow free;
     ASSERT_TRUE(TabSheet::removePage(sheet_, 0, false));
-    ASSERT_TRUE(output.Alive());
-    EXPECT_FALSE(HasShownStyle(output.Window()));
-    EXPECT_EQ(::GetWindowLongPtrA(output.Window(), GWLP_WNDPROC), ::GetWindowLongPtrA(free.Window(), GWLP_WNDPROC));
-    EXPECT_TRUE(HasShownStyle(dash.Window()));
-    EXPECT_EQ(Titles(), Strings{"Dash"});
+    ASSERT_TRUE(a->Alive());
+    EXPECT_FALSE(HasShownStyle(a->Window()));
+    EXPECT_EQ(::GetWindowLongPtrA(a->Window(), GWLP_WNDPROC), ::GetWindowLongPtrA(free.Window(), GWLP_WNDPROC));
+    EXPECT_TRUE(HasShownStyle(b->Window()));
+    EXPECT_EQ(Titles(), Strings{"B"});
+    ASSERT_TRUE(TabSheet::addWindowPage(sheet_, a->Window(), "Again", -1));
+    EXPECT_FALSE(TabSheet::addWindowPage(sheet_, a->Window(), "Twice", -1));
+    EXPECT_EQ(Titles(), (Strings{"B", "Again"}));
+    ASSERT_TRUE(TabSheet::removePage(sheet_, 1, false));
     ::DestroyWindow(sheet_);
-    EXPECT_TRUE(output.Alive());
-    EXPECT_FALSE(dash.Alive());
+    EXPECT_TRUE(a->Alive());
+    EXPECT_FALSE(b->Alive());
 }
 
-TEST_F(TabSheetTest, ARemovedPageMayComeBack) {
-    TestWindow& output = AddPage("Output");
-    AddPage("Dash");
-    ASSERT_TRUE(TabSheet::removePage(sheet_, 0, false));
-    ASSERT_TRUE(TabSheet::addWindowPage(sheet_, output.Window(), "Again", -1));
-    EXPECT_EQ(Titles(), (Strings{"Dash", "Again"}));
-    EXPECT_FALSE(TabSheet::addWindowPage(sheet_, output.Window(), "Twice", -1));
-    EXPECT_EQ(TabSheet::pageCount(sheet_), 2);
-}
-
-TEST_F(TabSheetTest, RemovingCanDestroyThePage) {
-    AddPage("Output");
-    TestWindow& dash = AddPage("Dash");
-    ASSERT_TRUE(TabSheet::removePage(sheet_, 1, true));
-    EXPECT_FALSE(dash.Alive());
-    EXPECT_FALSE(TabSheet::removePage(sheet_, 1, true));
+TEST_F(TabSheetTest, RemovingCanDestroyThePageAndTheOneBesideItIsShown) {
+    const auto [a, b, c] = AddPages<3>();
+    EXPECT_FALSE(TabSheet::removePage(sheet_, 3, true));
     EXPECT_FALSE(TabSheet::removePage(sheet_, -1, true));
-    EXPECT_EQ(Titles(), Strings{"Output"});
-}
-
-TEST_F(TabSheetTest, ThePageBesideARemovedOneIsShown) {
-    AddPage("A");
-    TestWindow& b = AddPage("B");
-    TestWindow& c = AddPage("C");
     TabSheet::selectPage(sheet_, 1);
-    TabSheet::removePage(sheet_, 0, true);
-    EXPECT_TRUE(HasShownStyle(b.Window()));
+    ASSERT_TRUE(TabSheet::removePage(sheet_, 0, true));
+    EXPECT_FALSE(a->Alive());
+    EXPECT_TRUE(HasShownStyle(b->Window()));
     EXPECT_EQ(Selected(), 0);
     TabSheet::removePage(sheet_, 0, true);
-    EXPECT_TRUE(HasShownStyle(c.Window()));
+    EXPECT_TRUE(HasShownStyle(c->Window()));
     EXPECT_EQ(TextOfWindow(sheet_), "C");
 }
 
@@ -260,21 +207,18 @@ TEST_F(TabSheetTest, RemovingTheLastPageDestroysTabsAndSheet) {
 }
 
 TEST_F(TabSheetTest, ClosingTakesThePagesOneByOneAndThenTheSheet) {
-    TestWindow& a = AddPage("A");
-    TestWindow& b = AddPage("B");
+    const auto [a, b] = AddPages<2>();
     ::SendMessageA(sheet_, WM_CLOSE, 0, 0);
-    EXPECT_FALSE(a.Alive());
-    EXPECT_TRUE(b.Alive());
+    EXPECT_FALSE(a->Alive());
+    EXPECT_TRUE(b->Alive());
     ASSERT_TRUE(::IsWindow(sheet_));
-    EXPECT_TRUE(HasShownStyle(b.Window()));
+    EXPECT_TRUE(HasShownStyle(b->Window()));
     ::SendMessageA(sheet_, WM_CLOSE, 0, 0);
-    EXPECT_FALSE(b.Alive());
+    EXPECT_FALSE(b->Alive());
     EXPECT_FALSE(::IsWindow(sheet_));
-}
-
-TEST_F(TabSheetTest, ClosingASheetWithoutPagesDestroysIt) {
-    ::SendMessageA(sheet_, WM_CLOSE, 0, 0);
-    EXPECT_FALSE(::IsWindow(sheet_));
+    const HWND empty = MakeSheet(WS_CHILD);
+    ::SendMessageA(empty, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(::IsWindow(empty));
 }
 
 TEST_F(TabSheetTest, OtherWindowsAnswerNothing) {

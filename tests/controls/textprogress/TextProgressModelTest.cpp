@@ -33,39 +33,30 @@ TEST(TextProgressModelTest, BeginsAsABarOf255Steps) {
     EXPECT_EQ(model.position, 0);
 }
 
-TEST(TextProgressModelTest, LengthIsTheShareOfThePositionCutToAPixel) {
-    EXPECT_EQ(At(0).Length(200), 0);
-    EXPECT_EQ(At(50).Length(200), 100);
-    EXPECT_EQ(At(100).Length(200), 200);
-    EXPECT_EQ(At(33).Length(10), 3);
-    EXPECT_EQ(At(99).Length(10), 9);
-}
-
-TEST(TextProgressModelTest, MinimumIsNotTakenOffThePosition) {
-    EXPECT_EQ(At(100, 100, 200).Length(50), 50);
-    EXPECT_EQ(At(150, 100, 200).Length(50), 75);
-}
-
-TEST(TextProgressModelTest, PositionOutsideTheRangeIsNotClamped) {
-    EXPECT_EQ(At(150).Length(200), 300);
-    EXPECT_EQ(At(-50).Length(200), -100);
-    EXPECT_EQ(At(-33).Length(10), -3);
-}
-
-TEST(TextProgressModelTest, RangeThatRunsBackwardsTurnsTheSign) {
-    EXPECT_EQ(At(50, 100, 0).Length(200), -100);
-}
-
-TEST(TextProgressModelTest, EmptyRangeHasNoBar) {
-    EXPECT_EQ(At(50, 7, 7).Length(200), 0);
-    EXPECT_EQ(At(0, 0, 0).Length(200), 0);
-}
-
-TEST(TextProgressModelTest, HugeNumbersStayWithinAnInt) {
-    EXPECT_EQ(At(kMost, 0, 1).Length(1000), kMost);
-    EXPECT_EQ(At(kLeast, 0, 1).Length(1000), kLeast);
-    EXPECT_EQ(At(kMost, kLeast, kMost).Length(kMost), kMost / 2);
-    EXPECT_EQ(At(kLeast, kMost, kLeast).Length(2), 1);
+// The share of the position cut to a pixel. The minimum is not taken off it, and nothing is clamped but to an int.
+TEST(TextProgressModelTest, LengthIsTheShareOfThePosition) {
+    const struct {
+        std::int32_t position, minimum, maximum, whole, length;
+    } cases[] = {{0, 0, 100, 200, 0},
+                 {50, 0, 100, 200, 100},
+                 {100, 0, 100, 200, 200},
+                 {33, 0, 100, 10, 3},
+                 {99, 0, 100, 10, 9},
+                 {100, 100, 200, 50, 50},
+                 {150, 100, 200, 50, 75},
+                 {150, 0, 100, 200, 300},
+                 {-50, 0, 100, 200, -100},
+                 {-33, 0, 100, 10, -3},
+                 {50, 100, 0, 200, -100},
+                 {50, 7, 7, 200, 0},
+                 {0, 0, 0, 200, 0},
+                 {kMost, 0, 1, 1000, kMost},
+                 {kLeast, 0, 1, 1000, kLeast},
+                 {kMost, kLeast, kMost, kMost, kMost / 2},
+                 {kLeast, kMost, kLeast, 2, 1}};
+    for (const auto& c : cases)
+        EXPECT_EQ(At(c.position, c.minimum, c.maximum).Length(c.whole), c.length)
+            << c.position << " of " << c.minimum << " to " << c.maximum;
 }
 
 TEST(TextProgressModelTest, BarGrowsFromTheLeft) {
@@ -80,21 +71,14 @@ TEST(TextProgressModelTest, VerticalBarGrowsFromTheBottom) {
     EXPECT_EQ(Words(model.Rest(20, 80)), "0,0,20,60");
 }
 
-TEST(TextProgressModelTest, BarBeyondTheWindowFillsItAndLeavesNoRest) {
+TEST(TextProgressModelTest, BarBeyondTheWindowFillsItAndOneBelowZeroIsNone) {
     for (const bool vertical : {false, true}) {
-        TextProgressModel model = At(kMost);
-        model.vertical = vertical;
-        EXPECT_EQ(Words(model.Bar(80, 20)), "0,0,80,20");
-        EXPECT_TRUE(model.Rest(80, 20).Empty());
-    }
-}
-
-TEST(TextProgressModelTest, BarBelowZeroIsNone) {
-    for (const bool vertical : {false, true}) {
-        TextProgressModel model = At(kLeast);
-        model.vertical = vertical;
-        EXPECT_TRUE(model.Bar(80, 20).Empty());
-        EXPECT_EQ(Words(model.Rest(80, 20)), "0,0,80,20");
+        TextProgressModel full = At(kMost), none = At(kLeast);
+        full.vertical = none.vertical = vertical;
+        EXPECT_EQ(Words(full.Bar(80, 20)), "0,0,80,20");
+        EXPECT_TRUE(full.Rest(80, 20).Empty());
+        EXPECT_TRUE(none.Bar(80, 20).Empty());
+        EXPECT_EQ(Words(none.Rest(80, 20)), "0,0,80,20");
     }
 }
 
@@ -103,30 +87,20 @@ TEST(TextProgressModelTest, WindowWithoutAnAreaHasNeither) {
     EXPECT_TRUE(At(50).Rest(0, 0).Empty());
 }
 
-TEST(TextProgressModelTest, StepBeyondTheMaximumReturnsToTheMinimum) {
-    TextProgressModel model = At(95, 10, 100);
-    model.step = 5;
-    EXPECT_EQ(model.StepIt(), 95);
-    EXPECT_EQ(model.position, 100);
-    EXPECT_EQ(model.StepIt(), 100);
-    EXPECT_EQ(model.position, 10);
-}
-
-TEST(TextProgressModelTest, StepBackPassesTheMinimum) {
-    TextProgressModel model = At(10, 10, 100);
-    model.step = -15;
-    model.StepIt();
-    EXPECT_EQ(model.position, -5);
-}
-
-TEST(TextProgressModelTest, StepNeverLeavesAnInt) {
-    TextProgressModel model = At(kMost, 3, kMost);
-    model.step = kMost;
-    model.StepIt();
-    EXPECT_EQ(model.position, 3);
-    model.position = model.step = kLeast;
-    model.StepIt();
-    EXPECT_EQ(model.position, kLeast);
+TEST(TextProgressModelTest, StepBeyondTheMaximumReturnsToTheMinimumAndNeverLeavesAnInt) {
+    const struct {
+        std::int32_t position, step, minimum, maximum, after;
+    } cases[] = {{95, 5, 10, 100, 100},
+                 {100, 5, 10, 100, 10},
+                 {10, -15, 10, 100, -5},
+                 {kMost, kMost, 3, kMost, 3},
+                 {kLeast, kLeast, 3, kMost, kLeast}};
+    for (const auto& c : cases) {
+        TextProgressModel model = At(c.position, c.minimum, c.maximum);
+        model.step = c.step;
+        EXPECT_EQ(model.StepIt(), c.position);
+        EXPECT_EQ(model.position, c.after) << c.position << " " << c.step;
+    }
 }
 
 TEST(TextProgressModelTest, TextIsInTwoTonesWithoutAColourOverAGroundWithOne) {

@@ -1,162 +1,119 @@
 #include <gtest/gtest.h>
 
 #include "controls/textprogress/TextProgress.h"
-#include "tests/controls/window/PaintTestHelper.h"
+#include "tests/controls/window/ShownControl.h"
 
 namespace corvex {
 namespace {
 
-constexpr COLORREF kFirstBar = 0xD26400, kMark = 0x010203;
+constexpr COLORREF kFirstBar = 0xD26400;
 
 class TextProgressTest : public ::testing::Test {
 protected:
-    TextProgressTest() {
-        TextProgress::Register(::GetModuleHandleA(nullptr));
-        window = ::CreateWindowExA(0, "QZTEXTPROGRESS", "", WS_POPUP | WS_VISIBLE, 0, 0, 102, 20, nullptr, nullptr,
-                                   ::GetModuleHandleA(nullptr), nullptr);
-        ::UpdateWindow(window);
+    LRESULT Send(UINT message, LRESULT wParam = 0, LPARAM lParam = 0) {
+        return bar.Send(message, static_cast<WPARAM>(wParam), lParam);
     }
-    ~TextProgressTest() override { ::DestroyWindow(window); }
+    using Range = std::pair<LRESULT, LRESULT>;
+    Range RangeNow() { return {Send(1031, 1), Send(1031, 0)}; }
+    COLORREF At(int x, int y) const { return PixelOf(bar.Window(), x, y); }
 
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return ::SendMessageA(window, message, wParam, lParam);
-    }
-    LRESULT Position() { return Send(1032); }
-    LRESULT Minimum() { return Send(1031, 1); }
-    LRESULT Maximum() { return Send(1031, 0); }
-
-    HWND window = nullptr;
+    const bool registered = TextProgress::Register(::GetModuleHandleA(nullptr));
+    const COLORREF ground = ::GetSysColor(COLOR_BTNFACE);
+    ShownControl bar{"QZTEXTPROGRESS", 102, 20};
 };
 
-TEST_F(TextProgressTest, BeginsEmptyFrom0To255) {
-    EXPECT_EQ(Minimum(), 0);
-    EXPECT_EQ(Maximum(), 255);
-    EXPECT_EQ(Position(), 0);
-    EXPECT_EQ(Send(1026, 255), 0);
-    EXPECT_EQ(PixelOf(window, 101, 19), kFirstBar);
-}
-
-TEST_F(TextProgressTest, SetRangeWordsTakesMinimumAndMaximumFromOneWord) {
+TEST_F(TextProgressTest, RangeIsSetInOneWordOrTwo) {
+    EXPECT_EQ(RangeNow(), Range(0, 255));
     Send(1025, 0, MAKELPARAM(12, 65000));
-    EXPECT_EQ(Minimum(), 12);
-    EXPECT_EQ(Maximum(), 65000);
-}
-
-TEST_F(TextProgressTest, SetRangeTakesThemFromTwo) {
+    EXPECT_EQ(RangeNow(), Range(12, 65000));
     Send(1030, 100000, 200000);
-    EXPECT_EQ(Minimum(), 100000);
-    EXPECT_EQ(Maximum(), 200000);
-    Send(1030, static_cast<WPARAM>(-5), -1);
-    EXPECT_EQ(Minimum(), -5);
-    EXPECT_EQ(Maximum(), -1);
+    EXPECT_EQ(RangeNow(), Range(100000, 200000));
+    Send(1030, -5, -1);
+    EXPECT_EQ(RangeNow(), Range(-5, -1));
 }
 
-TEST_F(TextProgressTest, GetRangeFillsTwoWordsAndAnswersTheOneAskedFor) {
+TEST_F(TextProgressTest, RangeIsReadIntoTwoWordsOrWhereItIsAskedFor) {
     Send(1030, 3, 9);
-    std::int32_t pair[3] = {0, 0, 77};
-    EXPECT_EQ(Send(1031, 1, reinterpret_cast<LPARAM>(pair)), 3);
+    std::int32_t pair[3] = {0, 0, 77}, minimum = 0, maximum = 0;
+    EXPECT_EQ(Send(1031, 1, L(pair)), 3);
     EXPECT_EQ(pair[0], 3);
     EXPECT_EQ(pair[1], 9);
     EXPECT_EQ(pair[2], 77);
-    EXPECT_EQ(Send(1031, 0, reinterpret_cast<LPARAM>(pair)), 9);
+    EXPECT_EQ(Send(1031, 0, L(pair)), 9);
     EXPECT_EQ(Send(1031, 2), 0);
-    EXPECT_EQ(Send(1031, static_cast<WPARAM>(-1)), 0);
-}
-
-TEST_F(TextProgressTest, GetRangePointersFillsWhatIsAskedFor) {
-    Send(1030, 3, 9);
-    std::int32_t minimum = 0, maximum = 0;
-    Send(1327, reinterpret_cast<WPARAM>(&minimum), reinterpret_cast<LPARAM>(&maximum));
+    EXPECT_EQ(Send(1031, -1), 0);
+    bar.Send(1327, W(&minimum), L(&maximum));
     EXPECT_EQ(minimum, 3);
     EXPECT_EQ(maximum, 9);
-    Send(1327, 0, reinterpret_cast<LPARAM>(&minimum));
+    bar.Send(1327, 0, L(&minimum));
     EXPECT_EQ(minimum, 9);
-    Send(1327, reinterpret_cast<WPARAM>(&maximum), 0);
+    bar.Send(1327, W(&maximum), 0);
     EXPECT_EQ(maximum, 3);
 }
 
-TEST_F(TextProgressTest, SetPosAnswersTheOldPositionAndDoesNotClamp) {
-    EXPECT_EQ(Send(1026, 300), 0);
-    EXPECT_EQ(Position(), 300);
-    EXPECT_EQ(Send(1026, static_cast<WPARAM>(-7)), 300);
-    EXPECT_EQ(Position(), -7);
-    EXPECT_EQ(Send(1026, 1), -7);
-}
-
-TEST_F(TextProgressTest, SetStepAnswersTheOldStep) {
-    EXPECT_EQ(Send(1028, 10), 1);
-    EXPECT_EQ(Send(1028, 20), 10);
-}
-
-TEST_F(TextProgressTest, StepItAnswersTheOldPositionAndWrapsToTheMinimum) {
+TEST_F(TextProgressTest, PositionAndStepAnswerTheOldOnes) {
     Send(1030, 5, 20);
-    Send(1026, 10);
-    Send(1028, 10);
-    EXPECT_EQ(Send(1029), 10);
-    EXPECT_EQ(Position(), 20);
-    EXPECT_EQ(Send(1029), 20);
-    EXPECT_EQ(Position(), 5);
+    for (const auto& [message, word, old, position] : {std::tuple{1026U, 300, 0, 300},
+                                                       {1026U, -7, 300, -7},
+                                                       {1026U, 10, -7, 10},
+                                                       {1028U, 20, 1, 10},
+                                                       {1028U, 10, 20, 10},
+                                                       {1029U, 0, 10, 20},
+                                                       {1029U, 0, 20, 5}}) {
+        EXPECT_EQ(Send(message, word), old) << message << " " << word;
+        EXPECT_EQ(Send(1032), position);
+    }
 }
 
-TEST_F(TextProgressTest, SetBarColourAnswersTheOldColour) {
+TEST_F(TextProgressTest, BarColourShowsWithTheNextPaint) {
     EXPECT_EQ(Send(1033, 0, 0x00FF00), static_cast<LRESULT>(kFirstBar));
     EXPECT_EQ(Send(1033, 0, 0), 0x00FF00);
     Send(1026, 255);
-    ::UpdateWindow(window);
-    EXPECT_EQ(PixelOf(window, 50, 10), 0u);
+    ::UpdateWindow(bar.Window());
+    EXPECT_EQ(At(50, 10), 0u);
 }
 
 TEST_F(TextProgressTest, VerticalBarGrowsFromTheBottom) {
     EXPECT_EQ(Send(1326), 0);
     Send(1030, 0, 2);
     Send(1026, 1);
-    EXPECT_EQ(PixelOf(window, 25, 2), kFirstBar);
-    EXPECT_EQ(PixelOf(window, 75, 17), ::GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(At(25, 2), kFirstBar);
+    EXPECT_EQ(At(75, 17), ground);
     Send(1325, 0, 1);
     EXPECT_EQ(Send(1326), 1);
-    ::UpdateWindow(window);
-    EXPECT_EQ(PixelOf(window, 25, 2), ::GetSysColor(COLOR_BTNFACE));
-    EXPECT_EQ(PixelOf(window, 75, 17), kFirstBar);
+    ::UpdateWindow(bar.Window());
+    EXPECT_EQ(At(25, 2), ground);
+    EXPECT_EQ(At(75, 17), kFirstBar);
     Send(1325, 0, 0);
     EXPECT_EQ(Send(1326), 0);
-}
-
-TEST_F(TextProgressTest, PositionAboveTheMaximumFillsTheWindow) {
-    Send(1026, 0x7FFFFFFF);
-    EXPECT_EQ(ColoursOf(window), std::set<COLORREF>{kFirstBar});
-}
-
-TEST_F(TextProgressTest, EmptyRangeIsPaintedWithoutABar) {
-    Send(1026, 100);
-    Send(1030, 7, 7);
-    EXPECT_EQ(ColoursOf(window), std::set<COLORREF>{::GetSysColor(COLOR_BTNFACE)});
 }
 
 TEST_F(TextProgressTest, MovedBarIsSeenAtOnceWithoutAMessageLoop) {
     Send(1030, 0, 2);
     Send(1026, 1);
-    EXPECT_EQ(PixelOf(window, 10, 10), kFirstBar);
+    EXPECT_EQ(At(10, 10), kFirstBar);
     Send(1029);
-    EXPECT_EQ(PixelOf(window, 90, 10), kFirstBar);
+    EXPECT_EQ(At(90, 10), kFirstBar);
     Send(1030, 0, 4);
-    EXPECT_EQ(PixelOf(window, 90, 10), ::GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(At(90, 10), ground);
+    Send(1026, 0x7FFFFFFF);
+    EXPECT_EQ(ColoursOf(bar.Window()), Colours{kFirstBar});
+    Send(1030, 7, 7);
+    EXPECT_EQ(ColoursOf(bar.Window()), Colours{ground});
 }
 
 TEST_F(TextProgressTest, BarThatStaysIsNotPaintedAgain) {
     Send(1030, 0, 1000000);
     Send(1026, 500000);
-    SetPixelOf(window, 2, 2, kMark);
-    Send(1026, 500001);
-    EXPECT_EQ(PixelOf(window, 2, 2), kMark);
-    Send(1026, 520000);
-    EXPECT_EQ(PixelOf(window, 2, 2), kFirstBar);
+    EXPECT_EQ(bar.PaintsIn([&] { Send(1026, 500001); }), 0);
+    EXPECT_EQ(bar.PaintsIn([&] { Send(1026, 520000); }), 1);
 }
 
 TEST_F(TextProgressTest, TextColoursHaveNumbersOfTheirOwn) {
     Send(1324, 0, 0x0000FF);
     Send(8193, 0, 0xFFFFFF);
-    Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>("MMM"));
-    EXPECT_EQ(ColoursOf(window), (std::set<COLORREF>{0x0000FFu, 0xFFFFFFu}));
+    Send(WM_SETTEXT, 0, L("MMM"));
+    EXPECT_EQ(ColoursOf(bar.Window()), (Colours{0x0000FFu, 0xFFFFFFu}));
 }
 
 }  // namespace

@@ -6,7 +6,7 @@ namespace corvex {
 
 namespace {
 
-constexpr char kClass[] = "CorvexTestWindow";
+constexpr char kTestWindowClass[] = "CorvexTestWindow";
 
 }  // namespace
 
@@ -18,9 +18,10 @@ LRESULT CALLBACK TestWindow::Procedure(HWND window, UINT message, WPARAM wParam,
     auto* const self = reinterpret_cast<TestWindow*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
     if (self == nullptr) return ::DefWindowProcA(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) ::SetWindowLongPtrA(window, GWLP_USERDATA, 0);
-    self->seen.push_back(message);
-    LRESULT result = 0;
-    if (self->handler && self->handler(message, wParam, lParam, result)) return result;
+    self->heard.push_back({message, wParam, lParam, ::GetCurrentThreadId()});
+    if (self->handler) {
+        if (const auto answer = self->handler(message, wParam, lParam)) return *answer;
+    }
     return ::DefWindowProcA(window, message, wParam, lParam);
 }
 
@@ -30,9 +31,10 @@ TestWindow::TestWindow(DWORD style, HWND parent) {
     windowClass.lpfnWndProc = &TestWindow::Procedure;
     windowClass.hInstance = ::GetModuleHandleA(nullptr);
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
-    windowClass.lpszClassName = kClass;
+    windowClass.lpszClassName = kTestWindowClass;
     ::RegisterClassExA(&windowClass);
-    window_ = ::CreateWindowExA(0, kClass, "page", style, 0, 0, 500, 400, parent, nullptr, windowClass.hInstance, this);
+    window_ = ::CreateWindowExA(0, kTestWindowClass, "page", style, 0, 0, 500, 400, parent, nullptr,
+                                windowClass.hInstance, this);
 }
 
 TestWindow::~TestWindow() {
@@ -42,21 +44,13 @@ TestWindow::~TestWindow() {
     ::DestroyWindow(window_);
 }
 
-int TestWindow::Count(UINT message) const {
-    return static_cast<int>(std::count(seen.begin(), seen.end(), message));
-}
-
 TestParent::TestParent() {
-    window_.handler = [this](UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-        if (std::find(listenFor.begin(), listenFor.end(), message) != listenFor.end()) {
-            heard.push_back({message, wParam, lParam});
-        }
-        if (message != WM_NOTIFY) return false;
+    window_.handler = [this](UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT> {
+        if (message != WM_NOTIFY) return std::nullopt;
         const auto& head = *reinterpret_cast<const NMHDR*>(lParam);
         const Notice notice{head.hwndFrom, head.idFrom, head.code};
         notices.push_back(notice);
-        result = answer ? answer(notice) : 0;
-        return true;
+        return answer ? answer(notice) : 0;
     };
 }
 
@@ -72,14 +66,6 @@ int TestParent::CountOf(UINT code) const {
     return static_cast<int>(std::count(codes.begin(), codes.end(), code));
 }
 
-void Pump() {
-    MSG message;
-    while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        ::TranslateMessage(&message);
-        ::DispatchMessageA(&message);
-    }
-}
-
 DWORD StyleOfWindow(HWND window) {
     return static_cast<DWORD>(::GetWindowLongPtrA(window, GWL_STYLE));
 }
@@ -89,9 +75,28 @@ bool HasShownStyle(HWND window) {
 }
 
 std::string TextOfWindow(HWND window) {
-    char text[512];
-    ::GetWindowTextA(window, text, sizeof text);
+    std::string text(65536, '\0');
+    const auto length = ::SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
     return text;
+}
+
+std::string ClassNameOf(HWND window) {
+    char name[100] = "";
+    ::GetClassNameA(window, name, sizeof name);
+    return name;
+}
+
+RECT ClientOf(HWND window) {
+    RECT client{};
+    ::GetClientRect(window, &client);
+    return client;
+}
+
+SIZE SizeOf(HWND window) {
+    RECT area{};
+    ::GetWindowRect(window, &area);
+    return {area.right - area.left, area.bottom - area.top};
 }
 
 RECT PlaceOf(HWND window) {
@@ -99,6 +104,12 @@ RECT PlaceOf(HWND window) {
     ::GetWindowRect(window, &area);
     ::MapWindowPoints(nullptr, ::GetAncestor(window, GA_PARENT), reinterpret_cast<POINT*>(&area), 2);
     return area;
+}
+
+LOGFONTA FontOf(HWND window) {
+    LOGFONTA font{};
+    ::GetObjectA(reinterpret_cast<HFONT>(::SendMessageA(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+    return font;
 }
 
 }  // namespace corvex

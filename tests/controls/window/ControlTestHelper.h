@@ -5,22 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "platform/WindowsApi.h"
+#include "tests/controls/window/MessagePump.h"
+#include "tests/controls/window/WindowSpy.h"
 
 namespace corvex {
 
-struct Notice {
-    HWND from;
-    UINT_PTR id;
-    UINT code;
-};
-
-// A window of a class of the test's own whose messages pass through a function first.
+// A window of a class of the test's own, whose messages are written down and pass through a function first.
 class TestWindow {
 public:
-    // Returns true when the message is done with, `result` then counts.
-    using Handler = std::function<bool(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)>;
-
     explicit TestWindow(DWORD style = WS_OVERLAPPEDWINDOW, HWND parent = nullptr);
     ~TestWindow();
     TestWindow(const TestWindow&) = delete;
@@ -28,14 +20,20 @@ public:
 
     HWND Window() const { return window_; }
     bool Alive() const { return ::IsWindow(window_) != FALSE; }
-    int Count(UINT message) const;
+    int Count(UINT message) const { return CountOf(heard, message); }
 
-    Handler handler;
-    std::vector<UINT> seen;  // every message
+    WindowSpy::Handler handler;
+    HeardMessages heard;
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     HWND window_ = nullptr;
+};
+
+struct Notice {
+    HWND from;
+    UINT_PTR id;
+    UINT code;
 };
 
 // The parent: WM_NOTIFY is written down and answered with `answer`.
@@ -44,30 +42,44 @@ public:
     TestParent();
 
     HWND Window() const { return window_.Window(); }
+    HeardMessages Heard(UINT message) const { return Of(window_.heard, message); }
     std::vector<UINT> Codes() const;
     int CountOf(UINT code) const;
 
     std::vector<Notice> notices;
     std::function<LRESULT(const Notice&)> answer;
-    // What else it got and was asked to write down.
-    std::vector<UINT> listenFor;
-    struct Heard {
-        UINT message;
-        WPARAM wParam;
-        LPARAM lParam;
-    };
-    std::vector<Heard> heard;
 
 private:
     TestWindow window_;
 };
 
-// Works off the queue.
-void Pump();
+template <class Pointer>
+WPARAM W(Pointer* pointer) {
+    return reinterpret_cast<WPARAM>(pointer);
+}
+
+template <class Pointer>
+LPARAM L(Pointer* pointer) {
+    return reinterpret_cast<LPARAM>(pointer);
+}
+
 DWORD StyleOfWindow(HWND window);
 bool HasShownStyle(HWND window);
+// Of any window, also one of another thread.
 std::string TextOfWindow(HWND window);
+std::string ClassNameOf(HWND window);
+RECT ClientOf(HWND window);
+SIZE SizeOf(HWND window);
 // In the client coordinates of its parent.
 RECT PlaceOf(HWND window);
+LOGFONTA FontOf(HWND window);
 
 }  // namespace corvex
+
+// For EXPECT_EQ.
+inline bool operator==(const RECT& first, const RECT& second) {
+    return ::EqualRect(&first, &second) != FALSE;
+}
+inline bool operator==(const SIZE& first, const SIZE& second) {
+    return first.cx == second.cx && first.cy == second.cy;
+}

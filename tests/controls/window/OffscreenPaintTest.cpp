@@ -67,7 +67,7 @@ TEST_F(OffscreenPaintTest, CopiesTheWholeClientInOneStepAtTheEnd) {
     Repaint(0x0000FF);
     Repaint(0x00FF00);
     EXPECT_EQ(probe_->onScreenBeforeTheCopy, 0x0000FFu);
-    EXPECT_EQ(ColoursOf(window_), std::set<COLORREF>{0x00FF00u});
+    EXPECT_EQ(ColoursOf(window_), Colours{0x00FF00u});
     EXPECT_EQ(probe_->area.right, 40);
     EXPECT_EQ(probe_->area.bottom, 30);
 }
@@ -79,14 +79,14 @@ TEST_F(OffscreenPaintTest, KeptBitmapLastsUntilTheSizeChanges) {
     Repaint(0x00FF00);
     EXPECT_EQ(::GetCurrentObject(probe_->context, OBJ_BITMAP), first);
     EXPECT_EQ(probe_->textColour, 0u) << "what the last paint set is put back";
-    EXPECT_EQ(ColoursOf(window_), std::set<COLORREF>{0x00FF00u});
+    EXPECT_EQ(ColoursOf(window_), Colours{0x00FF00u});
     for (const int width : {60, 30}) {
         ::SetWindowPos(window_, nullptr, 0, 0, width, 30, SWP_NOMOVE | SWP_NOZORDER);
         Repaint(0xFF0000);
         BITMAP bitmap{};
         ::GetObjectA(::GetCurrentObject(probe_->context, OBJ_BITMAP), sizeof bitmap, &bitmap);
         EXPECT_EQ(bitmap.bmWidth, width);
-        EXPECT_EQ(ColoursOf(window_), std::set<COLORREF>{0xFF0000u});
+        EXPECT_EQ(ColoursOf(window_), Colours{0xFF0000u});
     }
 }
 

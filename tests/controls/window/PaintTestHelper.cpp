@@ -1,135 +1,30 @@
 #include "tests/controls/window/PaintTestHelper.h"
 
-#include <cstdarg>
-#include <cstdint>
-#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+
+#include "tests/controls/window/ControlTestHelper.h"
 
 namespace corvex {
-
-namespace {
-
-std::string Line(const char* format, ...) {
-    char text[128];
-    std::va_list arguments;
-    va_start(arguments, format);
-    std::vsnprintf(text, sizeof text, format, arguments);
-    va_end(arguments);
-    return text;
-}
-
-std::string Box(const char* what, long left, long top, long right, long bottom) {
-    return Line("%s %ld,%ld,%ld,%ld", what, left, top, right, bottom);
-}
-
-std::string Text(const EMREXTTEXTOUTW& record) {
-    const auto* const letters =
-        reinterpret_cast<const WCHAR*>(reinterpret_cast<const char*>(&record) + record.emrtext.offString);
-    std::string line = Line("text %ld,%ld ", record.emrtext.ptlReference.x, record.emrtext.ptlReference.y);
-    for (DWORD i = 0; i < record.emrtext.nChars; ++i)
-        line.push_back(static_cast<char>(letters[i]));
-    return line;
-}
-
-std::string Clip(const EMREXTSELECTCLIPRGN& record) {
-    if (record.cbRgnData < sizeof(RGNDATAHEADER)) return "clip none";
-    const RECT& box = reinterpret_cast<const RGNDATA*>(record.RgnData)->rdh.rcBound;
-    return Box("clip", box.left, box.top, box.right, box.bottom);
-}
-
-template <class Record>
-const Record& As(const ENHMETARECORD* record) {
-    return *reinterpret_cast<const Record*>(record);
-}
-
-std::string Describe(const ENHMETARECORD* record) {
-    switch (record->iType) {
-        case EMR_CREATEBRUSHINDIRECT:
-            return Line("brush %06lx", As<EMRCREATEBRUSHINDIRECT>(record).lb.lbColor);
-        case EMR_CREATEPEN: {
-            const LOGPEN& pen = As<EMRCREATEPEN>(record).lopn;
-            return Line("pen %u %ld %06lx", pen.lopnStyle, pen.lopnWidth.x, pen.lopnColor);
-        }
-        case EMR_BITBLT: {
-            const auto& fill = As<EMRBITBLT>(record);
-            return Box("fill", fill.xDest, fill.yDest, fill.xDest + fill.cxDest, fill.yDest + fill.cyDest);
-        }
-        case EMR_RECTANGLE: {
-            const RECTL& box = As<EMRRECTANGLE>(record).rclBox;
-            return Box("rectangle", box.left, box.top, box.right + 1, box.bottom + 1);
-        }
-        case EMR_SETTEXTCOLOR:
-            return Line("text colour %06lx", As<EMRSETTEXTCOLOR>(record).crColor);
-        case EMR_SETBKMODE:
-            return As<EMRSETBKMODE>(record).iMode == TRANSPARENT ? "transparent" : "opaque";
-        case EMR_EXTSELECTCLIPRGN:
-            return Clip(As<EMREXTSELECTCLIPRGN>(record));
-        case EMR_EXTTEXTOUTW:
-            return Text(As<EMREXTTEXTOUTW>(record));
-        default:
-            return {};
-    }
-}
-
-int CALLBACK OnRecord(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM lines) {
-    const std::string line = Describe(record);
-    if (!line.empty()) reinterpret_cast<std::vector<std::string>*>(lines)->push_back(line);
-    return 1;
-}
-
-SIZE ClientSize(HWND window) {
-    RECT area{};
-    ::GetClientRect(window, &area);
-    return {area.right, area.bottom};
-}
-
-}  // namespace
 
 OwnedFont MakeTestFont() {
     return OwnedFont(::CreateFontA(-13, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                                    CLIP_DEFAULT_PRECIS, NONANTIALIASED_QUALITY, DEFAULT_PITCH, "Arial"));
 }
 
-std::vector<std::string> Recorded(const std::function<void(HDC)>& paint) {
-    const OwnedFont font = MakeTestFont();
-    const HDC dc = ::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
-    {
-        const SelectGuard selected(dc, font.Get());
-        paint(dc);
-    }
-    const HENHMETAFILE file = ::CloseEnhMetaFile(dc);
-    std::vector<std::string> lines;
-    ::EnumEnhMetaFile(nullptr, file, &OnRecord, &lines, nullptr);
-    ::DeleteEnhMetaFile(file);
-    return lines;
-}
-
-std::vector<std::size_t> PlacesOf(const std::vector<std::string>& lines, const std::string& line) {
-    std::vector<std::size_t> places;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (lines[i] == line) places.push_back(i);
-    }
-    return places;
-}
-
-std::string CentredText(const std::string& text, int width, int height) {
-    const OwnedFont font = MakeTestFont();
-    const MemoryDc dc;
-    const SelectGuard selected(dc.Get(), font.Get());
-    SIZE size{};
-    ::GetTextExtentPoint32A(dc.Get(), text.c_str(), static_cast<int>(text.size()), &size);
-    return Line("text %ld,%ld %s", (width - size.cx) / 2, (height - size.cy) / 2, text.c_str());
-}
-
 TestBitmap::TestBitmap(int width, int height, COLORREF ground)
-    : width_(width), bitmap_(MakePixelBitmap(width, height, &pixels_)), selected_(dc_.Get(), bitmap_.Get()) {
+    : width_(width),
+      height_(height),
+      bitmap_(MakePixelBitmap(width, height, &pixels_)),
+      selected_(dc_.Get(), bitmap_.Get()) {
     const OwnedBrush brush(::CreateSolidBrush(ground));
     const RECT area{0, 0, width, height};
     ::FillRect(Dc(), &area, brush.Get());
 }
 
-TestBitmap::TestBitmap(HWND window) : TestBitmap(ClientSize(window).cx, ClientSize(window).cy, 0) {
-    const SIZE size = ClientSize(window);
-    ::BitBlt(Dc(), 0, 0, size.cx, size.cy, ClientDc(window).Get(), 0, 0, SRCCOPY);
+TestBitmap::TestBitmap(HWND window)
+    : TestBitmap(static_cast<int>(ClientOf(window).right), static_cast<int>(ClientOf(window).bottom), 0) {
+    ::BitBlt(Dc(), 0, 0, width_, height_, ClientDc(window).Get(), 0, 0, SRCCOPY);
 }
 
 COLORREF TestBitmap::At(int x, int y) const {
@@ -138,13 +33,37 @@ COLORREF TestBitmap::At(int x, int y) const {
     return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
 }
 
-std::set<COLORREF> TestBitmap::ColoursIn(int left, int top, int right, int bottom) const {
-    std::set<COLORREF> colours;
-    for (int y = top; y < bottom; ++y) {
-        for (int x = left; x < right; ++x)
-            colours.insert(At(x, y));
+std::vector<COLORREF> TestBitmap::Pixels(const RECT& part) const {
+    std::vector<COLORREF> pixels;
+    for (int y = static_cast<int>(part.top); y < part.bottom; ++y) {
+        for (int x = static_cast<int>(part.left); x < part.right; ++x)
+            pixels.push_back(At(x, y));
     }
-    return colours;
+    return pixels;
+}
+
+Colours TestBitmap::ColoursIn(const RECT& part) const {
+    const std::vector<COLORREF> pixels = Pixels(part);
+    return {pixels.begin(), pixels.end()};
+}
+
+void TestBitmap::Save(const std::string& path) const {
+    ::GdiFlush();
+    BITMAPINFOHEADER info{};
+    info.biSize = sizeof info;
+    info.biWidth = width_;
+    info.biHeight = -height_;
+    info.biPlanes = 1;
+    info.biBitCount = 32;
+    const std::streamsize length = std::streamsize{width_} * height_ * 4;
+    BITMAPFILEHEADER header{};
+    header.bfType = 0x4D42;
+    header.bfOffBits = static_cast<DWORD>(sizeof header + sizeof info);
+    header.bfSize = header.bfOffBits + static_cast<DWORD>(length);
+    std::ofstream file(path, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(&header), sizeof header);
+    file.write(reinterpret_cast<const char*>(&info), sizeof info);
+    file.write(reinterpret_cast<const char*>(pixels_), length);
 }
 
 std::size_t AllGdiObjects() {
@@ -163,9 +82,24 @@ void SetPixelOf(HWND window, int x, int y, COLORREF colour) {
     ::SetPixel(ClientDc(window).Get(), x, y, colour);
 }
 
-std::set<COLORREF> ColoursOf(HWND window) {
-    const SIZE size = ClientSize(window);
-    return TestBitmap(window).ColoursIn(0, 0, size.cx, size.cy);
+Colours ColoursOf(HWND window) {
+    return TestBitmap(window).ColoursIn(ClientOf(window));
+}
+
+void SavePicture(HWND window, const std::string& name) {
+    ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN | RDW_FRAME);
+    const char* const folder = std::getenv("CORVEX_PICTURES");
+    if (folder == nullptr) return;
+    RECT place{};
+    ::GetWindowRect(window, &place);
+    const int width = static_cast<int>(place.right - place.left), height = static_cast<int>(place.bottom - place.top);
+    // From the client area's corner back over caption and frame.
+    POINT corner{};
+    ::ClientToScreen(window, &corner);
+    const TestBitmap picture(width, height, 0);
+    ::BitBlt(picture.Dc(), 0, 0, width, height, ClientDc(window).Get(), place.left - corner.x, place.top - corner.y,
+             SRCCOPY);
+    picture.Save(std::string(folder) + "/" + name + ".bmp");
 }
 
 }  // namespace corvex

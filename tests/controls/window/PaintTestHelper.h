@@ -1,8 +1,7 @@
-// Ways to see what a paint function or a window has drawn.
+// Pixels of bitmaps and windows. What a paint function draws, figure by figure, tells FigureRecorder.
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -13,14 +12,7 @@ namespace corvex {
 
 OwnedFont MakeTestFont();
 
-// What was drawn on a metafile with the test font selected, one line per record, e.g. "brush 0000ff", "fill 0,0,10,5"
-// (right and bottom outside), "pen 0 1 00ff00", "rectangle 0,0,10,5", "text colour 000000", "transparent",
-// "clip 5,0,10,5", "clip none", "text 3,1 Ready". Colours are 0xBBGGRR, as everywhere.
-std::vector<std::string> Recorded(const std::function<void(HDC)>& paint);
-// The places of a line in a record.
-std::vector<std::size_t> PlacesOf(const std::vector<std::string>& lines, const std::string& line);
-// The line that a text drawn in the middle of such an area leaves; the height should be odd, as that of the font is.
-std::string CentredText(const std::string& text, int width, int height);
+using Colours = std::set<COLORREF>;
 
 // A bitmap to paint on, of one colour, or a copy of what a window on show has in its client.
 class TestBitmap {
@@ -29,11 +21,15 @@ public:
     explicit TestBitmap(HWND window);
     HDC Dc() const { return dc_.Get(); }
     COLORREF At(int x, int y) const;
-    // The colours in a part, right and bottom outside.
-    std::set<COLORREF> ColoursIn(int left, int top, int right, int bottom) const;
+    // All that are in a part, right and bottom outside, row by row; and the colours among them.
+    std::vector<COLORREF> Pixels(const RECT& part) const;
+    std::vector<COLORREF> Pixels() const { return Pixels({0, 0, width_, height_}); }
+    Colours ColoursIn(const RECT& part) const;
+    // Writes it as a file of Windows' kind.
+    void Save(const std::string& path) const;
 
 private:
-    int width_;
+    const int width_, height_;
     std::uint32_t* pixels_ = nullptr;  // the bitmap's
     MemoryDc dc_;
     OwnedBitmap bitmap_;
@@ -47,6 +43,10 @@ std::size_t AllGdiObjects();
 // Of a window on show.
 COLORREF PixelOf(HWND window, int x, int y);
 void SetPixelOf(HWND window, int x, int y, COLORREF colour);
-std::set<COLORREF> ColoursOf(HWND window);
+Colours ColoursOf(HWND window);
+
+// For people to look at: writes the window with all in it as NAME.bmp into the folder that the environment variable
+// CORVEX_PICTURES names; without one it only has the window painted. It must be visible and belong to this thread.
+void SavePicture(HWND window, const std::string& name);
 
 }  // namespace corvex

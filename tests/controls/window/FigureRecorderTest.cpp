@@ -2,15 +2,13 @@
 
 #include "controls/gauge/GaugeFont.h"
 #include "controls/gauge/LogicalSquare.h"
-#include "tests/controls/gauge/FigureRecorder.h"
+#include "tests/controls/window/FigureRecorder.h"
 
 namespace corvex {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 TEST(FigureRecorderTest, TellsEachFigureWithWhatIsInForce) {
-    const Lines figures = FiguresOf([](HDC dc) {
+    const Figures figures = FiguresOf([](HDC dc) {
         const OwnedPen wide(::CreatePen(PS_SOLID, 2, 0x0000FF));
         const OwnedBrush green(::CreateSolidBrush(0x00FF00));
         const OwnedFont letters = MakeGaugeFont(12);
@@ -33,15 +31,15 @@ TEST(FigureRecorderTest, TellsEachFigureWithWhatIsInForce) {
         ::SetTextColor(dc, 0x0000FF);
         ::TextOutA(dc, 13, 14, "second", 6);
     });
-    EXPECT_EQ(figures, (Lines{"fill 0,0,30,20 brush 00ff00", "ellipse 2,3,20,30 pen 0 2 0000ff brush 00ff00",
-                              "arc 2,3,20,30 from 1,2 to 3,4 ccw pen 0 2 0000ff",
-                              "polygon 1,2 3,4 5,6 pen 0 0 000000 brush none", "line 7,8 to 9,10 pen 0 0 000000",
-                              "text 11,12 align 6 font Arial 12 600 2 32 colour 000000 on ffffff: first",
-                              "text 13,14 align 6 font Arial 12 600 2 32 colour 0000ff transparent: second"}));
+    EXPECT_EQ(figures, (Figures{"fill 0,0,30,20 brush 00ff00", "ellipse 2,3,20,30 pen 0 2 0000ff brush 00ff00",
+                                "arc 2,3,20,30 from 1,2 to 3,4 ccw pen 0 2 0000ff",
+                                "polygon 1,2 3,4 5,6 pen 0 0 000000 brush none", "line 7,8 to 9,10 pen 0 0 000000",
+                                "text 11,12 align 6 font Arial 12 600 2 32 colour 000000 on ffffff: first",
+                                "text 13,14 align 6 font Arial 12 600 2 32 colour 0000ff transparent: second"}));
 }
 
 TEST(FigureRecorderTest, ForgetsWhatARestoredContextForgets) {
-    const Lines figures = FiguresOf([](HDC dc) {
+    const Figures figures = FiguresOf([](HDC dc) {
         const OwnedPen wide(::CreatePen(PS_SOLID, 2, 0x0000FF));
         {
             const LogicalSquare square(dc, RECT{0, 0, 300, 200}, 100, true);
@@ -50,9 +48,22 @@ TEST(FigureRecorderTest, ForgetsWhatARestoredContextForgets) {
         }
         ::Rectangle(dc, 0, 0, 10, 10);
     });
-    EXPECT_EQ(figures, (Lines{"mapping isotropic window 100,100 viewport 300,200",
-                              "rectangle 0,0,10,10 pen 0 2 0000ff brush ffffff",
-                              "rectangle 0,0,10,10 pen 0 0 000000 brush ffffff"}));
+    EXPECT_EQ(figures, (Figures{"mapping isotropic window 100,100 viewport 300,200",
+                                "rectangle 0,0,10,10 pen 0 2 0000ff brush ffffff",
+                                "rectangle 0,0,10,10 pen 0 0 000000 brush ffffff"}));
+}
+
+TEST(FigureRecorderTest, TellsWhereAFigureIsClipped) {
+    const OwnedRegion part(::CreateRectRgn(5, 0, 10, 5));
+    const Figures figures = FiguresOf([&](HDC dc) {
+        ::SelectClipRgn(dc, part.Get());
+        ::Rectangle(dc, 0, 0, 10, 10);
+        ::SelectClipRgn(dc, nullptr);
+        ::SetBkMode(dc, TRANSPARENT);
+        ::TextOutA(dc, 0, 0, "a", 1);
+    });
+    EXPECT_EQ(figures, (Figures{"clip 5,0,10,5 rectangle 0,0,10,10 pen 0 0 000000 brush ffffff",
+                                "text 0,0 align 0 font Arial -13 400 3 0 colour 000000 transparent: a"}));
 }
 
 }  // namespace

@@ -1,23 +1,14 @@
-#include "tests/controls/gauge/FigureRecorder.h"
+#include "tests/controls/window/FigureRecorder.h"
 
 #include <algorithm>
-#include <cstdarg>
-#include <cstdio>
 #include <map>
 #include <utility>
+
+#include "tests/controls/window/PaintTestHelper.h"
 
 namespace corvex {
 
 namespace {
-
-std::string Printed(const char* format, ...) {
-    char text[192];
-    std::va_list arguments;
-    va_start(arguments, format);
-    std::vsnprintf(text, sizeof text, format, arguments);
-    va_end(arguments);
-    return text;
-}
 
 std::string PenText(UINT style, LONG width, COLORREF colour) {
     return Printed(" pen %u %ld %06lx", style, width, colour);
@@ -34,8 +25,14 @@ std::string FontText(const LOGFONTW& font) {
     return text.append(Printed(" %ld %ld %u %x", font.lfHeight, font.lfWeight, font.lfQuality, font.lfPitchAndFamily));
 }
 
+std::string ClipText(const EMREXTSELECTCLIPRGN& record) {
+    if (record.cbRgnData < sizeof(RGNDATAHEADER)) return {};
+    const RECT& box = reinterpret_cast<const RGNDATA*>(record.RgnData)->rdh.rcBound;
+    return Printed("clip %ld,%ld,%ld,%ld ", box.left, box.top, box.right, box.bottom);
+}
+
 struct State {
-    std::string pen = PenText(PS_SOLID, 0, 0), brush = BrushText(BS_SOLID, 0xFFFFFF), font = " font none";
+    std::string pen = PenText(PS_SOLID, 0, 0), brush = BrushText(BS_SOLID, 0xFFFFFF), font, clip;
     COLORREF textColour = 0, backColour = 0xFFFFFF;
     DWORD align = 0, backMode = OPAQUE, mapMode = MM_TEXT, arcDirection = AD_COUNTERCLOCKWISE;
     SIZEL window{};
@@ -45,24 +42,30 @@ struct State {
 class Player {
 public:
     void Play(const ENHMETARECORD* record);
-    std::vector<std::string> figures;
+    Figures figures;
 
 private:
     template <class Record>
     static const Record& As(const ENHMETARECORD* record) {
         return *reinterpret_cast<const Record*>(record);
     }
+    template <class Word, class Value>
+    static bool Set(Word& word, const Value& value) {
+        word = value;
+        return true;
+    }
     bool PlayState(const ENHMETARECORD* record);
     bool PlayObject(const ENHMETARECORD* record);
     void PlayFigure(const ENHMETARECORD* record);
     void Select(DWORD index);
-    void Restore(LONG steps);
+    bool Restore(LONG steps);
     void AddMapping(const SIZEL& viewport);
     void AddFill(const EMRBITBLT& fill);
     void AddText(const EMREXTTEXTOUTW& record);
-    void AddPolygon(const EMRPOLYGON16& record);
-    void AddArc(const EMRARC& record);
-    void Add(const char* what, const RECTL& box, const std::string& tools);
+    void AddPolygon(const EMRPOLYGON16& polygon);
+    void AddArc(const EMRARC& arc);
+    void Add(const std::string& figure) { figures.push_back(now_.clip + figure); }
+    void AddBox(const char* what, const RECTL& box, const std::string& tools);
 
     State now_;
     std::vector<State> saved_;
@@ -79,32 +82,25 @@ bool Player::PlayState(const ENHMETARECORD* record) {
             saved_.push_back(now_);
             return true;
         case EMR_RESTOREDC:
-            Restore(As<EMRRESTOREDC>(record).iRelative);
-            return true;
+            return Restore(As<EMRRESTOREDC>(record).iRelative);
         case EMR_SETMAPMODE:
-            now_.mapMode = As<EMRSETMAPMODE>(record).iMode;
-            return true;
+            return Set(now_.mapMode, As<EMRSETMAPMODE>(record).iMode);
         case EMR_SETWINDOWEXTEX:
-            now_.window = As<EMRSETWINDOWEXTEX>(record).szlExtent;
-            return true;
+            return Set(now_.window, As<EMRSETWINDOWEXTEX>(record).szlExtent);
         case EMR_SETTEXTCOLOR:
-            now_.textColour = As<EMRSETTEXTCOLOR>(record).crColor;
-            return true;
+            return Set(now_.textColour, As<EMRSETTEXTCOLOR>(record).crColor);
         case EMR_SETBKCOLOR:
-            now_.backColour = As<EMRSETTEXTCOLOR>(record).crColor;
-            return true;
+            return Set(now_.backColour, As<EMRSETTEXTCOLOR>(record).crColor);
         case EMR_SETTEXTALIGN:
-            now_.align = As<EMRSETTEXTALIGN>(record).iMode;
-            return true;
+            return Set(now_.align, As<EMRSETTEXTALIGN>(record).iMode);
         case EMR_SETBKMODE:
-            now_.backMode = As<EMRSETBKMODE>(record).iMode;
-            return true;
+            return Set(now_.backMode, As<EMRSETBKMODE>(record).iMode);
         case EMR_SETARCDIRECTION:
-            now_.arcDirection = As<EMRSETARCDIRECTION>(record).iArcDirection;
-            return true;
+            return Set(now_.arcDirection, As<EMRSETARCDIRECTION>(record).iArcDirection);
         case EMR_MOVETOEX:
-            now_.place = As<EMRMOVETOEX>(record).ptl;
-            return true;
+            return Set(now_.place, As<EMRMOVETOEX>(record).ptl);
+        case EMR_EXTSELECTCLIPRGN:
+            return Set(now_.clip, ClipText(As<EMREXTSELECTCLIPRGN>(record)));
         default:
             return false;
     }
@@ -113,19 +109,16 @@ bool Player::PlayState(const ENHMETARECORD* record) {
 bool Player::PlayObject(const ENHMETARECORD* record) {
     switch (record->iType) {
         case EMR_CREATEPEN: {
-            const auto& made = As<EMRCREATEPEN>(record);
-            objects_[made.ihPen] = PenText(made.lopn.lopnStyle, made.lopn.lopnWidth.x, made.lopn.lopnColor);
-            return true;
+            const auto& [header, index, pen] = As<EMRCREATEPEN>(record);
+            return Set(objects_[index], PenText(pen.lopnStyle, pen.lopnWidth.x, pen.lopnColor));
         }
         case EMR_CREATEBRUSHINDIRECT: {
-            const auto& made = As<EMRCREATEBRUSHINDIRECT>(record);
-            objects_[made.ihBrush] = BrushText(made.lb.lbStyle, made.lb.lbColor);
-            return true;
+            const auto& [header, index, brush] = As<EMRCREATEBRUSHINDIRECT>(record);
+            return Set(objects_[index], BrushText(brush.lbStyle, brush.lbColor));
         }
         case EMR_EXTCREATEFONTINDIRECTW: {
             const auto& made = As<EMREXTCREATEFONTINDIRECTW>(record);
-            objects_[made.ihFont] = FontText(made.elfw.elfLogFont);
-            return true;
+            return Set(objects_[made.ihFont], FontText(made.elfw.elfLogFont));
         }
         case EMR_SELECTOBJECT:
             Select(As<EMRSELECTOBJECT>(record).ihObject);
@@ -135,11 +128,12 @@ bool Player::PlayObject(const ENHMETARECORD* record) {
     }
 }
 
-void Player::Restore(LONG steps) {
+bool Player::Restore(LONG steps) {
     for (LONG i = steps; i < 0 && !saved_.empty(); ++i) {
         now_ = saved_.back();
         saved_.pop_back();
     }
+    return true;
 }
 
 void Player::Select(DWORD index) {
@@ -166,87 +160,75 @@ void Player::Select(DWORD index) {
 void Player::PlayFigure(const ENHMETARECORD* record) {
     switch (record->iType) {
         case EMR_SETVIEWPORTEXTEX:
-            AddMapping(As<EMRSETVIEWPORTEXTEX>(record).szlExtent);
-            break;
+            return AddMapping(As<EMRSETVIEWPORTEXTEX>(record).szlExtent);
         case EMR_BITBLT:
-            AddFill(As<EMRBITBLT>(record));
-            break;
+            return AddFill(As<EMRBITBLT>(record));
         case EMR_ELLIPSE:
-            Add("ellipse", As<EMRELLIPSE>(record).rclBox, now_.pen + now_.brush);
-            break;
+            return AddBox("ellipse", As<EMRELLIPSE>(record).rclBox, now_.pen + now_.brush);
         case EMR_RECTANGLE:
-            Add("rectangle", As<EMRRECTANGLE>(record).rclBox, now_.pen + now_.brush);
-            break;
+            return AddBox("rectangle", As<EMRRECTANGLE>(record).rclBox, now_.pen + now_.brush);
         case EMR_ARC:
-            AddArc(As<EMRARC>(record));
-            break;
+            return AddArc(As<EMRARC>(record));
         case EMR_POLYGON16:
-            AddPolygon(As<EMRPOLYGON16>(record));
-            break;
+            return AddPolygon(As<EMRPOLYGON16>(record));
         case EMR_LINETO: {
             const POINTL from = std::exchange(now_.place, As<EMRLINETO>(record).ptl);
-            figures.push_back(Printed("line %ld,%ld to %ld,%ld", from.x, from.y, now_.place.x, now_.place.y) +
-                              now_.pen);
-            break;
+            return Add(Printed("line %ld,%ld to %ld,%ld", from.x, from.y, now_.place.x, now_.place.y) + now_.pen);
         }
         case EMR_EXTTEXTOUTW:
-            AddText(As<EMREXTTEXTOUTW>(record));
-            break;
+            return AddText(As<EMREXTTEXTOUTW>(record));
         case EMR_POLYGON:
         case EMR_CHORD:
         case EMR_PIE:
         case EMR_POLYLINE16:
         case EMR_STRETCHBLT:
-            figures.push_back(Printed("unexpected record %lu", record->iType));
-            break;
+            return Add(Printed("unexpected record %lu", record->iType));
         default:
-            break;
+            return;
     }
 }
 
 void Player::AddMapping(const SIZEL& viewport) {
-    const char* mode = "other";
-    if (now_.mapMode == MM_ISOTROPIC) mode = "isotropic";
-    if (now_.mapMode == MM_ANISOTROPIC) mode = "anisotropic";
-    figures.push_back(Printed("mapping %s window %ld,%ld viewport %ld,%ld", mode, now_.window.cx, now_.window.cy,
-                              viewport.cx, viewport.cy));
+    const char* const mode = now_.mapMode == MM_ISOTROPIC     ? "isotropic"
+                             : now_.mapMode == MM_ANISOTROPIC ? "anisotropic"
+                                                              : "other";
+    Add(Printed("mapping %s window %ld,%ld viewport %ld,%ld", mode, now_.window.cx, now_.window.cy, viewport.cx,
+                viewport.cy));
 }
 
 void Player::AddFill(const EMRBITBLT& fill) {
-    figures.push_back(
-        Printed("fill %ld,%ld,%ld,%ld", fill.xDest, fill.yDest, fill.xDest + fill.cxDest, fill.yDest + fill.cyDest) +
+    Add(Printed("fill %ld,%ld,%ld,%ld", fill.xDest, fill.yDest, fill.xDest + fill.cxDest, fill.yDest + fill.cyDest) +
         now_.brush);
 }
 
-void Player::Add(const char* what, const RECTL& box, const std::string& tools) {
-    figures.push_back(Printed("%s %ld,%ld,%ld,%ld", what, box.left, box.top, box.right + 1, box.bottom + 1) + tools);
+void Player::AddBox(const char* what, const RECTL& box, const std::string& tools) {
+    Add(Printed("%s %ld,%ld,%ld,%ld", what, box.left, box.top, box.right + 1, box.bottom + 1) + tools);
 }
 
-void Player::AddArc(const EMRARC& record) {
+void Player::AddArc(const EMRARC& arc) {
     const char* const direction = now_.arcDirection == AD_COUNTERCLOCKWISE ? "ccw" : "cw";
-    Add("arc", record.rclBox,
-        Printed(" from %ld,%ld to %ld,%ld %s", record.ptlStart.x, record.ptlStart.y, record.ptlEnd.x, record.ptlEnd.y,
-                direction) +
+    AddBox(
+        "arc", arc.rclBox,
+        Printed(" from %ld,%ld to %ld,%ld %s", arc.ptlStart.x, arc.ptlStart.y, arc.ptlEnd.x, arc.ptlEnd.y, direction) +
             now_.pen);
 }
 
-void Player::AddPolygon(const EMRPOLYGON16& record) {
+void Player::AddPolygon(const EMRPOLYGON16& polygon) {
     std::string line = "polygon";
-    for (DWORD i = 0; i < record.cpts; ++i)
-        line.append(Printed(" %d,%d", record.apts[i].x, record.apts[i].y));
-    figures.push_back(line + now_.pen + now_.brush);
+    for (DWORD i = 0; i < polygon.cpts; ++i)
+        line.append(Printed(" %d,%d", polygon.apts[i].x, polygon.apts[i].y));
+    Add(line + now_.pen + now_.brush);
 }
 
 void Player::AddText(const EMREXTTEXTOUTW& record) {
-    const auto* const letters =
-        reinterpret_cast<const WCHAR*>(reinterpret_cast<const char*>(&record) + record.emrtext.offString);
-    std::string line =
-        Printed("text %ld,%ld align %lu", record.emrtext.ptlReference.x, record.emrtext.ptlReference.y, now_.align);
+    const EMRTEXT& text = record.emrtext;
+    const auto* const letters = reinterpret_cast<const WCHAR*>(reinterpret_cast<const char*>(&record) + text.offString);
+    std::string line = Printed("text %ld,%ld align %lu", text.ptlReference.x, text.ptlReference.y, now_.align);
     line.append(now_.font).append(Printed(" colour %06lx ", now_.textColour));
     line.append(now_.backMode == TRANSPARENT ? "transparent: " : Printed("on %06lx: ", now_.backColour));
-    for (DWORD i = 0; i < record.emrtext.nChars; ++i)
+    for (DWORD i = 0; i < text.nChars; ++i)
         line.push_back(static_cast<char>(letters[i]));
-    figures.push_back(line);
+    Add(line);
 }
 
 int CALLBACK OnRecord(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM player) {
@@ -256,9 +238,13 @@ int CALLBACK OnRecord(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARA
 
 }  // namespace
 
-std::vector<std::string> FiguresOf(const std::function<void(HDC)>& paint) {
+Figures FiguresOf(const std::function<void(HDC)>& paint) {
+    const OwnedFont font = MakeTestFont();
     const HDC dc = ::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
-    paint(dc);
+    {
+        const SelectGuard selected(dc, font.Get());
+        paint(dc);
+    }
     const HENHMETAFILE file = ::CloseEnhMetaFile(dc);
     Player player;
     ::EnumEnhMetaFile(nullptr, file, &OnRecord, &player, nullptr);
@@ -266,11 +252,22 @@ std::vector<std::string> FiguresOf(const std::function<void(HDC)>& paint) {
     return player.figures;
 }
 
-std::vector<std::string> FiguresOfKind(const std::vector<std::string>& figures, const std::string& kind) {
-    std::vector<std::string> found;
+Figures FiguresOfKind(const Figures& figures, const std::string& kind) {
+    Figures found;
     std::copy_if(figures.begin(), figures.end(), std::back_inserter(found),
                  [&](const std::string& line) { return line.starts_with(kind + " "); });
     return found;
+}
+
+std::string CentredText(const std::string& text, int width, int height, COLORREF colour) {
+    const OwnedFont font = MakeTestFont();
+    const MemoryDc dc;
+    const SelectGuard selected(dc.Get(), font.Get());
+    SIZE size{};
+    ::GetTextExtentPoint32A(dc.Get(), text.c_str(), static_cast<int>(text.size()), &size);
+    return Printed("text %ld,%ld align 0 font Arial -13 400 3 0 colour %06lx transparent: ", (width - size.cx) / 2,
+                   (height - size.cy) / 2, colour) +
+           text;
 }
 
 }  // namespace corvex

@@ -1,0 +1,226 @@
+// What every control that draws itself keeps to, whatever it shows. A new one is a row more.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <ostream>
+
+#include "controls/RegisterControlClasses.h"
+#include "controls/analoggauge/AnalogGauge.h"
+#include "controls/analoggauge/AnalogGaugePaint.h"
+#include "controls/digitalreadout/DigitalReadout.h"
+#include "controls/digitalreadout/DigitalReadoutPaint.h"
+#include "controls/proptree/PropTreeContainer.h"
+#include "controls/richstatic/RichStatic.h"
+#include "controls/richstatic/RichStaticPaint.h"
+#include "controls/statusgauge/StatusGauge.h"
+#include "controls/statusgauge/StatusGaugePaint.h"
+#include "controls/tabsheet/TabSheet.h"
+#include "controls/textprogress/TextProgress.h"
+#include "controls/textprogress/TextProgressPaint.h"
+#include "tests/controls/window/ShownControl.h"
+
+namespace corvex {
+namespace {
+
+struct ControlKind {
+    const char* name;
+    UINT style;
+    int background;  // a system colour, or -1 for none
+    // Shows this much of something at once, with one paint; no two of 0 to 9 look alike.
+    std::function<void(HWND, int)> show = nullptr;
+    // The same things by its paint function.
+    std::function<void(HDC, const RECT&)> paint = nullptr;
+    std::vector<UINT> foreign = {};  // numbers among its own that other controls have
+    UINT menuCode = 0;
+};
+void PrintTo(const ControlKind& kind, std::ostream* out) {
+    *out << kind.name;
+}
+
+void ShowOnDial(HWND window, int value) {
+    const auto number = static_cast<float>(15 * value);
+    const GaugeAlarmBand band{1.0F, 9.0F, 0x0000FF};
+    ::SendMessageA(window, AGM_SETTITLE, W("Coolant"), 7);
+    ::SendMessageA(window, AGM_SETALARM, 0, L(&band));
+    ::SendMessageA(window, AGM_SETVALUE, W(&number), TRUE);
+}
+
+void ShowOnLamp(HWND window, int value) {
+    const std::string text = std::to_string(value);
+    ::SendMessageA(window, SGM_SETTITLE, W("Fan"), 3);
+    ::SendMessageA(window, SGM_SETTRUETEXT, W(text.c_str()), static_cast<LPARAM>(text.size()));
+    ::SendMessageA(window, SGM_SETSTATE, 1, TRUE);
+}
+
+template <class Model, auto kPaint>
+void PaintNew(HDC dc, const RECT& area) {
+    kPaint(dc, area, Model());
+}
+
+void PaintTwoTones(HDC dc, const RECT& area) {
+    TextProgressModel model;
+    model.position = 100;
+    model.label.SetText("MMM");
+    model.label.SetTextColour(kNoColour);
+    model.label.SetBackColour(0xFFFFFF);
+    PaintTextProgress(dc, area, model);
+}
+
+const ControlKind kKinds[] = {
+    {kAnalogGaugeClass,
+     CS_DBLCLKS,
+     COLOR_WINDOW,
+     &ShowOnDial,
+     [](HDC dc, const RECT& area) { PaintAnalogGauge(dc, area, AnalogGaugeModel()); },
+     {1523, 1525, 1530, 1531, 1535, 1536, 1547},
+     1574},
+    {kDigitalReadoutClass,
+     0,
+     COLOR_WINDOW,
+     [](HWND window, int value) { DigitalReadoutSetValueInt(window, value + 1); },
+     &PaintNew<DigitalReadoutModel, &PaintDigitalReadout>,
+     {WM_APP, WM_APP + 5, 1524, 1532},
+     1424},
+    {kStatusGaugeClass,
+     CS_DBLCLKS,
+     COLOR_WINDOW,
+     &ShowOnLamp,
+     &PaintNew<StatusGaugeModel, &PaintStatusGauge>,
+     {1523, 1525, 1527, 1528, 1530, 1537},
+     1574},
+    {kRichStaticClass, CS_HREDRAW | CS_VREDRAW, -1,
+     [](HWND window, int value) { ::SetWindowTextA(window, std::to_string(value).c_str()); },
+     &PaintNew<RichStaticModel, &PaintRichStatic>},
+    {kTextProgressClass, CS_HREDRAW | CS_VREDRAW, -1,
+     [](HWND window, int value) { ::SendMessageA(window, TPM_SETPOS, static_cast<WPARAM>(value * 20 + 20), 0); },
+     &PaintTwoTones},
+};
+
+class ControlContractTest : public ::testing::TestWithParam<ControlKind> {
+protected:
+    HWND Window() const { return control.Window(); }
+
+    const ControlKind& kind = GetParam();
+    const bool registered = RegisterControlClasses(::GetModuleHandleA(nullptr));
+    ShownControl control{kind.name, 120, 90, 0x12345};
+};
+
+TEST_P(ControlContractTest, EraseIsLeftToThePaint) {
+    control.Mark();
+    EXPECT_EQ(control.Send(WM_ERASEBKGND, W(ClientDc(Window()).Get())), 1);
+    EXPECT_EQ(ColoursOf(Window()).size(), 1U);
+    EXPECT_TRUE(control.HasMark());
+}
+
+TEST_P(ControlContractTest, EveryPixelIsPaintedInEverySize) {
+    for (const SIZE& size : {SIZE{60, 60}, SIZE{300, 300}, SIZE{500, 200}, SIZE{60, 300}}) {
+        control.Resize(size.cx, size.cy);
+        control.Mark();
+        control.Repaint();
+        EXPECT_FALSE(control.HasMark()) << size.cx << " by " << size.cy;
+    }
+}
+
+TEST_P(ControlContractTest, WhatIsToldFromAnotherThreadIsPaintedByTheOwnerWhenTheCallReturns) {
+    int late = 0;
+    control.Spy().Forget();
+    ASSERT_TRUE(WhilePumping([&] {
+        for (int i = 0; i < 100; ++i)
+            late += control.PaintsIn([&] { kind.show(Window(), i % 10); }) == 1 ? 0 : 1;
+    }));
+    EXPECT_EQ(late, 0);
+    for (const HeardMessage& heard : control.Spy().Heard())
+        ASSERT_EQ(heard.thread, ::GetCurrentThreadId()) << heard.message;
+    const auto last = TestBitmap(Window()).Pixels();
+    kind.show(Window(), 3);
+    EXPECT_NE(TestBitmap(Window()).Pixels(), last);
+}
+
+TEST_P(ControlContractTest, ThousandPaintsAndTheEndLeaveNothingBehind) {
+    ::DestroyWindow(Window());
+    const std::size_t before = LiveGdiObjects();
+    ShownControl painted(kind.name, 40, 40);
+    kind.show(painted.Window(), 9);
+    const std::size_t owned = LiveGdiObjects(), all = AllGdiObjects();
+    EXPECT_EQ(painted.PaintsIn([&] {
+        for (int i = 0; i < 1000; ++i)
+            kind.show(painted.Window(), i % 10);
+    }),
+              1000);
+    EXPECT_EQ(LiveGdiObjects(), owned);
+    EXPECT_EQ(AllGdiObjects(), all);
+    ::DestroyWindow(painted.Window());
+    EXPECT_EQ(LiveGdiObjects(), before);
+}
+
+TEST_P(ControlContractTest, PaintLeavesTheContextAsItWasAndNoObjectBehind) {
+    const TestBitmap bitmap(120, 90, 0);
+    const std::size_t before = LiveGdiObjects();
+    const auto selected = [&] {
+        std::vector<HGDIOBJ> objects;
+        for (const UINT type : {OBJ_PEN, OBJ_BRUSH, OBJ_FONT, OBJ_BITMAP})
+            objects.push_back(::GetCurrentObject(bitmap.Dc(), type));
+        return objects;
+    };
+    const auto own = selected();
+    for (int i = 0; i < 1000; ++i)
+        kind.paint(bitmap.Dc(), RECT{0, 0, 120, 90});
+    EXPECT_EQ(LiveGdiObjects(), before);
+    EXPECT_EQ(selected(), own);
+    EXPECT_EQ(::GetMapMode(bitmap.Dc()), MM_TEXT);
+    EXPECT_EQ(::SetPixel(bitmap.Dc(), 2, 2, 0x00FF00), 0x00FF00U) << "clipped";
+}
+
+TEST_P(ControlContractTest, NumbersOfOthersAreNotItsOwn) {
+    float value = 5.0F;
+    for (const UINT message : kind.foreign) {
+        EXPECT_EQ(control.PaintsIn([&] { EXPECT_EQ(control.Send(message, W(&value), 0), 0); }), 0) << message;
+        EXPECT_EQ(value, 5.0F) << message;
+    }
+    EXPECT_EQ(control.Send(WM_SETTEXT, 0, L("text")), TRUE);
+    EXPECT_EQ(TextOfWindow(Window()), "text");
+}
+
+TEST_P(ControlContractTest, MenuIsAskedOfTheParentWhichMayDestroyIt) {
+    if (kind.menuCode == 0) return;
+    const WPARAM asked = kind.menuCode << 16 | 0x2345;
+    EXPECT_EQ(control.Send(WM_CONTEXTMENU, W(Window()), MAKELPARAM(-5, 700)), 0);
+    control.Send(WM_RBUTTONUP, 0, MAKELPARAM(3, 4));
+    POINT place{3, 4};
+    ::ClientToScreen(Window(), &place);
+    ASSERT_EQ(control.Commands().size(), 2U);
+    EXPECT_EQ(control.Commands()[0].wParam, asked);
+    EXPECT_EQ(control.Commands()[0].lParam, static_cast<LPARAM>(MAKELPARAM(-5, 700)));
+    EXPECT_EQ(control.Commands()[1].lParam, static_cast<LPARAM>(MAKELPARAM(place.x, place.y)));
+    EXPECT_EQ(control.Parent().Count(WM_CONTEXTMENU), 0);
+    control.Parent().handler = [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_COMMAND) ::DestroyWindow(Window());
+        return std::nullopt;
+    };
+    EXPECT_EQ(control.Send(WM_CONTEXTMENU), 0);
+    EXPECT_FALSE(::IsWindow(Window()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, ControlContractTest, ::testing::ValuesIn(kKinds),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(ControlClassesTest, AreRegisteredAsTold) {
+    const HINSTANCE instance = ::GetModuleHandleA(nullptr);
+    ASSERT_TRUE(RegisterControlClasses(instance));
+    ASSERT_TRUE(RegisterControlClasses(instance)) << "a second time";
+    std::vector<ControlKind> kinds(std::begin(kKinds), std::end(kKinds));
+    kinds.push_back({kTabSheetClass, CS_HREDRAW | CS_VREDRAW, COLOR_BTNFACE});
+    kinds.push_back({"QZPROPTREECONTAINER", 0, COLOR_BTNFACE});
+    for (const ControlKind& kind : kinds) {
+        SCOPED_TRACE(kind.name);
+        WNDCLASSA windowClass{};
+        ASSERT_TRUE(::GetClassInfoA(instance, kind.name, &windowClass));
+        EXPECT_EQ(windowClass.style, kind.style);
+        EXPECT_EQ(windowClass.cbWndExtra, static_cast<int>(sizeof(void*)));
+        EXPECT_EQ(reinterpret_cast<UINT_PTR>(windowClass.hbrBackground), static_cast<UINT_PTR>(kind.background + 1));
+        EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+    }
+}
+
+}  // namespace
+}  // namespace corvex
