@@ -42,13 +42,6 @@ protected:
             order.push_back(step.action);
         return order;
     }
-    static std::vector<BindingStep> Bands(const std::vector<BindingStep>& steps) {
-        std::vector<BindingStep> bands;
-        for (const BindingStep& step : steps) {
-            if (step.action == Action::kAlarm) bands.push_back(step);
-        }
-        return bands;
-    }
 
     ADXDefinition definition;
     ADXValue* value;
@@ -71,40 +64,39 @@ TEST_F(DashBindingModelTest, AnAnalogGaugeHearsItsValueBeforeItsRange) {
     EXPECT_EQ(80.0F, steps[6].low);
 }
 
-TEST_F(DashBindingModelTest, EachEnabledLimitIsABandToTheEndOfTheScale) {
-    value->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
-    const auto steps = Steps(kAnalogGaugeType, value);
-    EXPECT_EQ((std::vector<Action>{Action::kTitle, Action::kUnits, Action::kValue, Action::kDigits, Action::kRange,
-                                   Action::kNoAlarms, Action::kAlarm, Action::kAlarm, Action::kValue}),
-              Order(steps));
-    const auto bands = Bands(steps);
-    ASSERT_EQ(2U, bands.size());
-    EXPECT_EQ(150.0F, bands[0].low);
-    EXPECT_EQ(180.0F, bands[0].high);
-    EXPECT_EQ(0x0000FFU, bands[0].colour);
-    EXPECT_EQ(20.0F, bands[1].low);
-    EXPECT_EQ(30.0F, bands[1].high);
-    EXPECT_EQ(0x00B4FAU, bands[1].colour);
-}
+struct Band {
+    float low, high;
+    std::uint32_t colour;
+    bool operator==(const Band&) const = default;
+};
 
-TEST_F(DashBindingModelTest, ALimitThatIsOffHasNoBand) {
-    value->flags = ADXValue::kAlarmHigh;
-    ASSERT_EQ(1U, Bands(Steps(kAnalogGaugeType, value)).size());
-    EXPECT_EQ(0x0000FFU, Bands(Steps(kAnalogGaugeType, value))[0].colour);
-    value->flags = ADXValue::kAlarmLow;
-    ASSERT_EQ(1U, Bands(Steps(kAnalogGaugeType, value)).size());
-    EXPECT_EQ(0x00B4FAU, Bands(Steps(kAnalogGaugeType, value))[0].colour);
-}
-
-TEST_F(DashBindingModelTest, ALimitBeyondTheScaleIsNotClipped) {
-    value->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
+// To the end of the scale, and not clipped beyond it.
+TEST_F(DashBindingModelTest, EachEnabledLimitIsABandBeforeTheValue) {
+    const Band high{150.0F, 180.0F, 0x0000FF}, low{20.0F, 30.0F, 0x00B4FA};
+    const auto bands = [&](std::uint32_t flags) {
+        value->flags = flags;
+        const auto steps = Steps(kAnalogGaugeType, value);
+        EXPECT_EQ(Action::kNoAlarms, steps[5].action);
+        EXPECT_EQ(Action::kValue, steps.back().action);
+        std::vector<Band> found;
+        for (std::size_t i = 6; i + 1 < steps.size(); ++i) {
+            EXPECT_EQ(Action::kAlarm, steps[i].action);
+            found.push_back({steps[i].low, steps[i].high, steps[i].colour});
+        }
+        return found;
+    };
+    EXPECT_EQ((std::vector<Band>{high, low}), bands(ADXValue::kAlarmHigh | ADXValue::kAlarmLow));
+    EXPECT_EQ(std::vector<Band>{high}, bands(ADXValue::kAlarmHigh));
+    EXPECT_EQ(std::vector<Band>{low}, bands(ADXValue::kAlarmLow));
+    EXPECT_EQ(std::vector<Band>{}, bands(0));
     value->alarmhigh = 220.0F;
     value->alarmlow = -5.0F;
-    const auto bands = Bands(Steps(kAnalogGaugeType, value));
-    EXPECT_EQ(180.0F, bands[0].low);
-    EXPECT_EQ(220.0F, bands[0].high);
-    EXPECT_EQ(-5.0F, bands[1].low);
-    EXPECT_EQ(20.0F, bands[1].high);
+    EXPECT_EQ((std::vector<Band>{{180.0F, 220.0F, 0x0000FF}, {-5.0F, 20.0F, 0x00B4FA}}),
+              bands(ADXValue::kAlarmHigh | ADXValue::kAlarmLow));
+    value->alarmhigh = std::numeric_limits<float>::infinity();
+    value->rangelow = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_EQ(value->alarmhigh, bands(ADXValue::kAlarmHigh)[0].high);
+    EXPECT_TRUE(std::isnan(Steps(kAnalogGaugeType, value)[2].low));
 }
 
 TEST_F(DashBindingModelTest, AReadoutHearsItsLimitsBeforeItsValue) {
@@ -187,34 +179,26 @@ TEST_F(DashBindingModelTest, WithoutTextsTheyAreEmpty) {
     EXPECT_EQ("", Steps(kAnalogGaugeType, plain)[1].text);
 }
 
-TEST_F(DashBindingModelTest, NumbersBeyondAFloatAreSurvived) {
-    value->SetEquation("X*1", 3);
-    value->rangelow = std::numeric_limits<float>::quiet_NaN();
-    value->alarmhigh = std::numeric_limits<float>::infinity();
-    value->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
-    EXPECT_EQ(std::numeric_limits<float>::infinity(), Bands(Steps(kAnalogGaugeType, value))[0].high);
-    EXPECT_TRUE(std::isnan(Steps(kAnalogGaugeType, value)[2].low));
-}
-
-TEST_F(DashBindingModelTest, ASampleIsForItemsOfItsCommandAndOfNone) {
-    ADXDGENTRY entry;
-    entry.item = value;
-    EXPECT_TRUE(TakesSample(entry, 5));
-    EXPECT_TRUE(TakesSample(entry, 0));
-    value->parentcmdidhash = 5;
-    EXPECT_TRUE(TakesSample(entry, 5));
-    EXPECT_FALSE(TakesSample(entry, 6));
-    EXPECT_FALSE(TakesSample(entry, 0));
-    entry.gaugetype = kStatusGaugeType;
-    EXPECT_FALSE(TakesSample(entry, 5)) << "a value on a lamp";
-    entry.item = bitmask;
-    bitmask->parentcmdidhash = 6;
-    EXPECT_TRUE(TakesSample(entry, 6));
-    EXPECT_FALSE(TakesSample(entry, 5));
-    entry.gaugetype = 3;
-    EXPECT_FALSE(TakesSample(entry, 6));
-    entry.item = nullptr;
-    EXPECT_FALSE(TakesSample(entry, 6));
+TEST_F(DashBindingModelTest, ASampleIsForFittingItemsOfItsCommandAndOfNone) {
+    const struct {
+        std::uint32_t gaugetype;
+        ADXObject* item;
+        std::uint32_t itemsCommand, command;
+        bool takes;
+    } cases[] = {{kAnalogGaugeType, value, 0, 5, true},    {kAnalogGaugeType, value, 0, 0, true},
+                 {kDigitalReadoutType, value, 5, 5, true}, {kAnalogGaugeType, value, 5, 6, false},
+                 {kAnalogGaugeType, value, 5, 0, false},   {kStatusGaugeType, value, 5, 5, false},
+                 {kStatusGaugeType, bitmask, 6, 6, true},  {kStatusGaugeType, bitmask, 6, 5, false},
+                 {kAnalogGaugeType, bitmask, 0, 6, false}, {3, bitmask, 6, 6, false},
+                 {kAnalogGaugeType, nullptr, 0, 6, false}, {kStatusGaugeType, nullptr, 0, 6, false}};
+    for (const auto& expected : cases) {
+        value->parentcmdidhash = bitmask->parentcmdidhash = expected.itemsCommand;
+        ADXDGENTRY entry;
+        entry.gaugetype = expected.gaugetype;
+        entry.item = expected.item;
+        EXPECT_EQ(expected.takes, TakesSample(entry, expected.command))
+            << expected.gaugetype << " " << expected.itemsCommand << " " << expected.command;
+    }
 }
 
 }  // namespace

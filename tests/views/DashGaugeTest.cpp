@@ -13,7 +13,7 @@ protected:
         entry = Entry(gaugetype, item);
         return MakeGauge(DashWindow(), &entry, 4);
     }
-    std::vector<std::string> ToldWhenBound(HWND gauge) {
+    Strings ToldWhenBound(HWND gauge) {
         GaugeRecorder recorder(gauge);
         BindGauge(gauge, session.definition);
         return recorder.lines;
@@ -33,13 +33,9 @@ TEST_F(DashGaugeTest, IsAHiddenChildUntilItIsLaidOut) {
     const HWND gauge = Make(0, speed);
     EXPECT_EQ(DashWindow(), ::GetParent(gauge));
     EXPECT_EQ(10004, ::GetDlgCtrlID(gauge));
-    const RECT place = PlaceInParent(gauge);
-    EXPECT_EQ(0, place.left);
-    EXPECT_EQ(0, place.top);
-    EXPECT_EQ(300, place.right);
-    EXPECT_EQ(300, place.bottom);
+    EXPECT_EQ((RECT{0, 0, 300, 300}), PlaceOf(gauge));
     EXPECT_EQ(&entry, EntryOf(gauge));
-    EXPECT_EQ(static_cast<LONG_PTR>(WS_CHILD), ::GetWindowLongPtrA(gauge, GWL_STYLE) & (WS_CHILD | WS_VISIBLE));
+    EXPECT_EQ(static_cast<DWORD>(WS_CHILD), StyleOfWindow(gauge) & (WS_CHILD | WS_VISIBLE));
     EXPECT_EQ(0, ::GetWindowLongPtrA(gauge, GWL_EXSTYLE));
 }
 
@@ -61,23 +57,13 @@ TEST_F(DashGaugeTest, AnAnalogGaugeIsToldInThisOrder) {
     speed->alarmhigh = 250.0F;
     const std::uint8_t packet = 90;
     speed->GetRaw(PacketView(&packet, 1));
-    EXPECT_EQ(
-        (std::vector<std::string>{"title Speed", "units km/h", "value 10 redraw", "digits 1", "range 10 200",
-                                  "no alarms", "alarm 10 200 250 0000ff", "alarm 10 10 20 00b4fa", "value 90 redraw"}),
-        ToldWhenBound(Make(0, speed)));
-}
-
-TEST_F(DashGaugeTest, AnAnalogGaugeKeepsItsBandsApart) {
-    speed->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
-    const HWND gauge = Make(0, speed);
-    BindGauge(gauge, session.definition);
-    BindGauge(gauge, session.definition);
-    EXPECT_EQ(1, ::SendMessageA(gauge, AGM_GETALARM, 1, 0));
-    EXPECT_EQ(0, ::SendMessageA(gauge, AGM_GETALARM, 2, 0));
+    EXPECT_EQ((Strings{"title Speed", "units km/h", "value 10 redraw", "digits 1", "range 10 200", "no alarms",
+                       "alarm 10 200 250 0000ff", "alarm 10 10 20 00b4fa", "value 90 redraw"}),
+              ToldWhenBound(Make(0, speed)));
 }
 
 TEST_F(DashGaugeTest, ALampIsToldItsWordsAlone) {
-    EXPECT_EQ((std::vector<std::string>{"title Fan", "true runs", "false rests"}), ToldWhenBound(Make(2, fan)));
+    EXPECT_EQ((Strings{"title Fan", "true runs", "false rests"}), ToldWhenBound(Make(2, fan)));
 }
 
 TEST_F(DashGaugeTest, AReadoutIsSetUp) {
@@ -104,52 +90,6 @@ TEST_F(DashGaugeTest, AReadoutIsSetUp) {
     EXPECT_EQ(45.0F, Digits(gauge));
 }
 
-TEST_F(DashGaugeTest, AReadoutOfWholeNumbersHasOneDecimal) {
-    speed->outputtype = ADXValue::kInteger;
-    speed->digcount = 3;
-    speed->flags = ADXValue::kAlarmLow;
-    const HWND gauge = Make(1, speed);
-    BindGauge(gauge, session.definition);
-    DigitalReadoutInfo info{};
-    DigitalReadoutGetInfo(gauge, &info);
-    EXPECT_EQ(0, info.floating);
-    EXPECT_EQ(1U, info.decimals);
-    EXPECT_EQ(0U, info.highLimitEnabled);
-    EXPECT_EQ(8U, info.lowLimitEnabled);
-}
-
-TEST_F(DashGaugeTest, WhatDoesNotFitKeepsItsDefaults) {
-    EXPECT_TRUE(ToldWhenBound(Make(0, fan)).empty());
-    EXPECT_TRUE(ToldWhenBound(Make(0, nullptr)).empty());
-    EXPECT_TRUE(ToldWhenBound(Make(2, speed)).empty());
-    const HWND readout = Make(1, fan);
-    BindGauge(readout, session.definition);
-    DigitalReadoutInfo info{};
-    DigitalReadoutGetInfo(readout, &info);
-    EXPECT_STREQ("", info.title);
-}
-
-TEST_F(DashGaugeTest, TheLongestTextsAreSurvived) {
-    const std::string text(300, 'x');
-    for (ADXObject* const object : {static_cast<ADXObject*>(speed), static_cast<ADXObject*>(fan)})
-        object->SetTitle(text.c_str(), 300);
-    speed->SetUnits(text.c_str(), 300);
-    fan->SetTrueString(text.c_str(), 300);
-    fan->SetFalseString(text.c_str(), 300);
-    for (const std::uint32_t type : {0U, 1U, 2U})
-        AddEntry(type, type == 2 ? static_cast<ADXObject*>(fan) : speed);
-    Show();
-    EXPECT_EQ(text.substr(0, 100), TextOfGauge(Gauge(0), AGM_GETTITLE));
-    EXPECT_EQ(text.substr(0, 100), TextOfGauge(Gauge(0), AGM_GETUNITS));
-    DigitalReadoutInfo info{};
-    DigitalReadoutGetInfo(Gauge(1), &info);
-    EXPECT_EQ(text.substr(0, 79), info.title);
-    EXPECT_EQ(text.substr(0, 49), info.units);
-    EXPECT_EQ(text.substr(0, 100), TextOfGauge(Gauge(2), SGM_GETTITLE));
-    EXPECT_EQ(text.substr(0, 100), TextOfGauge(Gauge(2), SGM_GETTRUETEXT));
-    Update({1, 1, 1});
-}
-
 TEST_F(DashGaugeTest, ASampleMovesWhatIsOfItsCommandOrOfNone) {
     load->parentcmdidhash = kCommand;
     lamp->parentcmdidhash = kOther;
@@ -160,16 +100,16 @@ TEST_F(DashGaugeTest, ASampleMovesWhatIsOfItsCommandOrOfNone) {
     Show();
     GaugeRecorder analog(Gauge(0)), first(Gauge(2)), second(Gauge(3));
     Update({50, 80, 3}, kCommand);
-    EXPECT_EQ((std::vector<std::string>{"value 50 redraw"}), analog.lines);
+    EXPECT_EQ((Strings{"value 50 redraw"}), analog.lines);
     EXPECT_EQ(40.0F, Digits(Gauge(1)));
-    EXPECT_EQ((std::vector<std::string>{"state 1 redraw"}), first.lines);
+    EXPECT_EQ((Strings{"state 1 redraw"}), first.lines);
     EXPECT_TRUE(second.lines.empty());
 
     Update({60, 90, 2}, kOther);
     EXPECT_EQ(60, Needle(Gauge(0)));
     EXPECT_EQ(40.0F, Digits(Gauge(1))) << "of another command, and so it stays";
     EXPECT_EQ("state 0 redraw", first.lines.back());
-    EXPECT_EQ((std::vector<std::string>{"state 1 redraw"}), second.lines);
+    EXPECT_EQ((Strings{"state 1 redraw"}), second.lines);
 }
 
 TEST_F(DashGaugeTest, ASampleWithoutAPacketShowsTheLastWords) {
@@ -187,20 +127,7 @@ TEST_F(DashGaugeTest, ASampleWithoutAPacketShowsTheLastWords) {
     session.PublishSample(0.0, nullptr, kCommand);
     EXPECT_EQ(70, Needle(Gauge(0)));
     EXPECT_EQ(70.0F, Digits(Gauge(1)));
-    EXPECT_EQ((std::vector<std::string>{"state 1 redraw"}), status.lines);
-}
-
-TEST_F(DashGaugeTest, AGaugeWithoutAFittingItemNeverMoves) {
-    AddEntry(0, nullptr);
-    AddEntry(0, fan);
-    AddEntry(2, speed);
-    AddEntry(2, nullptr);
-    Show();
-    GaugeRecorder none(Gauge(0)), bit(Gauge(1)), value(Gauge(2)), noLamp(Gauge(3));
-    Update({50, 80, 3});
-    session.PublishSample(0.0, nullptr, kCommand);
-    for (const GaugeRecorder* recorder : {&none, &bit, &value, &noLamp})
-        EXPECT_TRUE(recorder->lines.empty());
+    EXPECT_EQ((Strings{"state 1 redraw"}), status.lines);
 }
 
 }  // namespace

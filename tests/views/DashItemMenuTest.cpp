@@ -5,12 +5,10 @@
 namespace corvex::test {
 namespace {
 
-using MenuRows = std::vector<std::string>;
-
 class DashItemMenuTest : public DashTest {
 protected:
-    MenuRows RowsOn(HWND gauge) {
-        MenuRows rows;
+    Strings RowsOn(HWND gauge) {
+        Strings rows;
         Press(gauge, {}, [&](HMENU menu) { rows = RowsOf(menu); });
         return rows;
     }
@@ -31,21 +29,21 @@ protected:
 
 TEST_F(DashItemMenuTest, AnAnalogGaugeIsOfferedValuesAlone) {
     ShowOne(0, load);
-    EXPECT_EQ((MenuRows{"1 Values", "10 Speed", "11* Load"}), RowsOn(Gauge(0)));
+    EXPECT_EQ((Strings{"1 Values", "10 Speed", "11* Load"}), RowsOn(Gauge(0)));
 }
 
 TEST_F(DashItemMenuTest, TheOthersAreOfferedBitmasksToo) {
     AddEntry(1, speed);
     AddEntry(2, lamp);
     Show();
-    EXPECT_EQ((MenuRows{"1 Values", "10* Speed", "11 Load", "2 Bitmasks", "12 Fan", "13 Lamp"}), RowsOn(Gauge(0)));
-    EXPECT_EQ((MenuRows{"1 Values", "10 Speed", "11 Load", "2 Bitmasks", "12 Fan", "13* Lamp"}), RowsOn(Gauge(1)));
+    EXPECT_EQ((Strings{"1 Values", "10* Speed", "11 Load", "2 Bitmasks", "12 Fan", "13 Lamp"}), RowsOn(Gauge(0)));
+    EXPECT_EQ((Strings{"1 Values", "10 Speed", "11 Load", "2 Bitmasks", "12 Fan", "13* Lamp"}), RowsOn(Gauge(1)));
 }
 
 TEST_F(DashItemMenuTest, LongTitlesAreCut) {
     speed->SetTitle(std::string(300, 'y').c_str(), 300);
     ShowOne(0, nullptr);
-    EXPECT_EQ((MenuRows{"1 Values", "10 " + std::string(255, 'y'), "11 Load"}), RowsOn(Gauge(0)));
+    EXPECT_EQ((Strings{"1 Values", "10 " + std::string(255, 'y'), "11 Load"}), RowsOn(Gauge(0)));
 }
 
 TEST_F(DashItemMenuTest, NothingChosenChangesNothing) {
@@ -80,8 +78,8 @@ TEST_F(DashItemMenuTest, TheSameValueIsBoundAgainByItsOwnRange) {
     Update({100});
     GaugeRecorder recorder(Gauge(0));
     Press(Gauge(0), KeysFor(0, 0));
-    EXPECT_EQ((MenuRows{"title Speed", "units km/h", "value 20 redraw", "digits 2", "range 20 255", "no alarms",
-                        "value 100 redraw"}),
+    EXPECT_EQ((Strings{"title Speed", "units km/h", "value 20 redraw", "digits 2", "range 20 255", "no alarms",
+                       "value 100 redraw"}),
               recorder.lines);
     EXPECT_EQ(1U, session.dashChanged);
 }
@@ -96,53 +94,41 @@ TEST_F(DashItemMenuTest, AReadoutBecomesALampForABitmask) {
     EXPECT_EQ("QZSTATUSGAUGE", ClassNameOf(Gauge(1)));
     EXPECT_EQ(10001, ::GetDlgCtrlID(Gauge(1)));
     EXPECT_TRUE(::IsWindowVisible(Gauge(1)));
-    EXPECT_EQ(State().Area().right, PlaceInParent(Gauge(1)).right);
+    EXPECT_EQ(State().Area().right, PlaceOf(Gauge(1)).right);
     EXPECT_EQ(2U, dashboard->GetEntry(1)->gaugetype);
     EXPECT_EQ(fan, dashboard->GetEntry(1)->item);
     EXPECT_EQ("Fan", TextOfGauge(Gauge(1), SGM_GETTITLE));
     EXPECT_EQ(2U, State().Gauges().size());
     GaugeRecorder recorder(Gauge(1));
     Update({10, 90, 1});
-    EXPECT_EQ((MenuRows{"state 1 redraw"}), recorder.lines);
+    EXPECT_EQ((Strings{"state 1 redraw"}), recorder.lines);
 }
 
-TEST_F(DashItemMenuTest, ALampBecomesAReadoutForAValue) {
-    ShowOne(2, lamp);
-    Press(Gauge(0), KeysFor(0, 1));
-    EXPECT_EQ("QZDIGITALGAUGEREADOUT", ClassNameOf(Gauge(0)));
-    EXPECT_EQ(1U, dashboard->GetEntry(0)->gaugetype);
+TEST_F(DashItemMenuTest, AGaugeBecomesWhatShowsTheItemUnlessItHadNone) {
+    const struct {
+        std::uint32_t before;
+        ADXObject* item;
+        int submenu, row;
+        std::uint32_t after;
+        ADXObject* chosen;
+    } cases[] = {{2, lamp, 0, 1, 1, load},
+                 {2, lamp, 1, 0, 2, fan},
+                 {0, fan, 0, 0, 1, speed},
+                 {1, nullptr, 1, 0, 1, fan},
+                 {0, nullptr, 0, 0, 0, speed}};
+    for (const auto& each : cases)
+        AddEntry(each.before, each.item);
+    Show();
+    for (std::uint32_t i = 0; i < std::size(cases); ++i) {
+        const HWND gauge = Gauge(i);
+        Press(gauge, KeysFor(cases[i].submenu, cases[i].row));
+        EXPECT_EQ(cases[i].after == cases[i].before, gauge == Gauge(i)) << i;
+        EXPECT_EQ(cases[i].after, dashboard->GetEntry(i)->gaugetype) << i;
+        EXPECT_EQ(cases[i].chosen, dashboard->GetEntry(i)->item) << i;
+    }
+    EXPECT_EQ("Fan", TextOfGauge(Gauge(1), SGM_GETTITLE));
     Update({10, 90, 1});
     EXPECT_EQ(45.0F, Digits(Gauge(0)));
-}
-
-TEST_F(DashItemMenuTest, ALampKeepsItsKindForAnotherBitmask) {
-    ShowOne(2, lamp);
-    const HWND gauge = Gauge(0);
-    Press(gauge, KeysFor(1, 0));
-    EXPECT_EQ(gauge, Gauge(0));
-    EXPECT_EQ(2U, dashboard->GetEntry(0)->gaugetype);
-    EXPECT_EQ("Fan", TextOfGauge(gauge, SGM_GETTITLE));
-}
-
-TEST_F(DashItemMenuTest, AnAnalogGaugeOfABitmaskBecomesAReadout) {
-    ShowOne(0, fan);
-    Press(Gauge(0), KeysFor(0, 0));
-    EXPECT_EQ("QZDIGITALGAUGEREADOUT", ClassNameOf(Gauge(0)));
-    EXPECT_EQ(1U, dashboard->GetEntry(0)->gaugetype);
-}
-
-TEST_F(DashItemMenuTest, AGaugeWithoutAnItemKeepsItsKind) {
-    AddEntry(1, nullptr);
-    AddEntry(0, nullptr);
-    Show();
-    const HWND readout = Gauge(0), analog = Gauge(1);
-    Press(readout, KeysFor(1, 0));
-    EXPECT_EQ(readout, Gauge(0));
-    EXPECT_EQ(1U, dashboard->GetEntry(0)->gaugetype);
-    EXPECT_EQ(fan, dashboard->GetEntry(0)->item) << "which it does not show";
-    Press(analog, KeysFor(0, 0));
-    EXPECT_EQ(analog, Gauge(1));
-    EXPECT_EQ("Speed", TextOfGauge(analog, AGM_GETTITLE));
 }
 
 TEST_F(DashItemMenuTest, OnlyAGaugesCallOpensIt) {
@@ -169,12 +155,7 @@ TEST_F(DashItemMenuTest, ALoadWhileItIsOpenDropsTheChoice) {
     EXPECT_FALSE(::IsWindow(gauge));
     ASSERT_EQ(1U, State().Gauges().size());
     EXPECT_EQ(load, dashboard->GetEntry(0)->item);
-    EXPECT_EQ(0U, session.dashChanged);
     EXPECT_EQ("Load", TextOfGauge(Gauge(0), AGM_GETTITLE));
-}
-
-TEST_F(DashItemMenuTest, SoDoesALoadOfNothing) {
-    ShowOne(1, load);
     PressAfter(Gauge(0), [&] {
         session.definition.Clear();
         RefreshDashPage(session);
@@ -194,7 +175,7 @@ TEST_F(DashItemMenuTest, SoDoesTheChoiceOfAnotherDashboard) {
 
 TEST_F(DashItemMenuTest, ThePagesEndWhileItIsOpenIsSurvived) {
     ShowOne(0, load);
-    PressAfter(Gauge(0), [&] { ::DestroyWindow(std::exchange(frame, nullptr)); });
+    PressAfter(Gauge(0), [&] { EndFrame(); });
     EXPECT_EQ(nullptr, session.dashPage);
     EXPECT_EQ(load, dashboard->GetEntry(0)->item);
 }
@@ -205,7 +186,7 @@ TEST_F(DashItemMenuTest, ItClosesWhenItsDashboardGoes) {
     ExpectItCloses(Gauge(0), [&] { RefreshDashPage(session); });
     ExpectItCloses(Gauge(0), [&] { Choose(DashWindow(), IDC_DASH_COMBO, 1); });
     Choose(DashWindow(), IDC_DASH_COMBO, 0);
-    ExpectItCloses(Gauge(0), [&] { ::DestroyWindow(std::exchange(frame, nullptr)); });
+    ExpectItCloses(Gauge(0), [&] { EndFrame(); });
 }
 
 TEST_F(DashItemMenuTest, SamplesGoOnWhileItIsOpen) {

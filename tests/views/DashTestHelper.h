@@ -65,9 +65,7 @@ protected:
     HWND DashWindow() const { return static_cast<HWND>(session.dashPage); }
     const DashPage& State() const { return *PageOf<DashPage>(DashWindow()); }
     HWND Gauge(std::size_t index) const { return State().Gauges().at(index); }
-    void Update(const std::vector<std::uint8_t>& bytes, std::uint32_t command = kCommand) {
-        session.PublishSample(0.0, PacketView(bytes.data(), static_cast<std::uint32_t>(bytes.size())), command);
-    }
+    void Update(const std::vector<std::uint8_t>& bytes, std::uint32_t command = kCommand) { Publish(bytes, command); }
     static int Needle(HWND gauge) { return static_cast<int>(::SendMessageA(gauge, AGM_GETVALUE, 0, 0)); }
     static float Digits(HWND gauge) {
         const float shown = DigitalReadoutSetValue(gauge, -1.0F);

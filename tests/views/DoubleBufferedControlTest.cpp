@@ -2,7 +2,6 @@
 
 #include <functional>
 
-#include "tests/controls/window/PaintTestHelper.h"
 #include "tests/views/ListTestHelper.h"
 #include "views/DoubleBufferedControl.h"
 
@@ -22,14 +21,13 @@ protected:
         Show();
         Arrive({50, 1});
         Repaint();
-        former_ = reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(Page(1), GWLP_WNDPROC));
-        ::SetPropA(Page(1), kProperty, this);
-        ::SetWindowLongPtrA(Page(1), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DoubleBufferedControlTest::Procedure));
-    }
-    ~DoubleBufferedControlTest() override {
-        if (former_ == nullptr) return;
-        ::SetWindowLongPtrA(Page(1), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(former_));
-        ::RemovePropA(Page(1), kProperty);
+        spy_.emplace(Page(1));
+        spy_->SetHandler([this](UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT> {
+            const auto* const header = reinterpret_cast<const NMHDR*>(lParam);
+            if (message == WM_NOTIFY && header->code == static_cast<UINT>(NM_CUSTOMDRAW) && onDraw)
+                onDraw(*reinterpret_cast<const NMCUSTOMDRAW*>(lParam));
+            return std::nullopt;
+        });
     }
     // As a sample has it done, and the paint that follows.
     void Repaint() {
@@ -37,16 +35,7 @@ protected:
         ::UpdateWindow(List());
     }
     // What is on the screen now.
-    Pixels Picture() const {
-        const TestBitmap picture(List());
-        const RECT client = ClientOf(List());
-        Pixels pixels;
-        for (int y = 0; y < client.bottom; ++y) {
-            for (int x = 0; x < client.right; ++x)
-                pixels.push_back(picture.At(x, y));
-        }
-        return pixels;
-    }
+    Pixels Picture() const { return TestBitmap(List()).Pixels(); }
     // What the control makes of itself when it is left alone.
     Pixels OwnPicture() const {
         WNDCLASSW windowClass{};
@@ -62,18 +51,7 @@ protected:
     std::function<void(const NMCUSTOMDRAW&)> onDraw;
 
 private:
-    static constexpr char kProperty[] = "DoubleBufferedControlTest";
-
-    static LRESULT CALLBACK Procedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-        const auto& self = *static_cast<DoubleBufferedControlTest*>(::GetPropA(page, kProperty));
-        if (message == WM_NOTIFY && self.onDraw) {
-            const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
-            if (header.code == static_cast<UINT>(NM_CUSTOMDRAW)) self.onDraw(*reinterpret_cast<NMCUSTOMDRAW*>(lParam));
-        }
-        return ::CallWindowProcA(self.former_, page, message, wParam, lParam);
-    }
-
-    WNDPROC former_ = nullptr;
+    std::optional<WindowSpy> spy_;
 };
 
 TEST_F(DoubleBufferedControlTest, TheOldRowsStandUntilTheNewOnesAreDrawn) {
@@ -117,7 +95,7 @@ TEST_F(DoubleBufferedControlTest, NothingIsLeftOfWhatScrollsOrGoes) {
     send(LVM_SCROLL, 40, -30);
     LVITEMA selection{};
     selection.stateMask = selection.state = LVIS_SELECTED | LVIS_FOCUSED;
-    send(LVM_SETITEMSTATE, 30, reinterpret_cast<LPARAM>(&selection));
+    send(LVM_SETITEMSTATE, 30, L(&selection));
     send(LVM_DELETEITEM, 30);
     send(LVM_DELETEALLITEMS, 0);
 }

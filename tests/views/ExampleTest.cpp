@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-#include "tests/controls/window/PaintTestHelper.h"
 #include "tests/views/DashTestHelper.h"
 #include "tests/views/ListTestHelper.h"
-#include "tests/views/WindowPicture.h"
 
 namespace corvex::test {
 namespace {
@@ -37,15 +35,12 @@ protected:
         bytes[0x37] = 0x14;  // converter clutch, fan
         bytes[0x38] = 0x31;  // check engine lamp, two faults; no fuel pump
         const std::uint32_t poll = HashId("POLL", 4);
-        const PacketView packet(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
-        session.StoreLastPacket(LastPacket::Of(packet, poll));
-        session.definition.UpdateValues(packet, poll);
-        session.PublishSample(0.0, packet, poll);
+        Store(bytes, poll);
+        Publish(bytes, poll);
     }
     void ShowIn(const Size& size, int tab, const std::string& name) {
         TabSheet::selectPage(sheet, tab);
-        ::MoveWindow(frame, 0, 0, size.width, size.height, FALSE);
-        Resize(size.width, size.height);
+        ResizeFrame(size.width, size.height);
         ShowFrame();
         SavePicture(frame, name + "-" + std::to_string(size.width));
     }
@@ -89,13 +84,13 @@ TEST_F(ExampleTest, ItsGaugesCoverTheDashInEverySize) {
         const DashPage& page = *PageOf<DashPage>(session.dashPage);
         const TestBitmap picture(page.Window());
         for (const HWND gauge : page.Gauges()) {
-            const RECT place = PlaceInParent(gauge);
+            const RECT place = PlaceOf(gauge);
             if (!IsOnScreen(gauge)) continue;  // and so not painted
             // Faces of dials are as grey as the ground, but do not reach the corners.
             const COLORREF ground = ::GetSysColor(COLOR_BTNFACE);
             EXPECT_NE(ground, picture.At(place.left, place.top)) << ::GetDlgCtrlID(gauge);
             EXPECT_NE(ground, picture.At(place.right - 1, place.bottom - 1)) << ::GetDlgCtrlID(gauge);
-            EXPECT_GT(picture.ColoursIn({place.left, place.top, place.right, place.bottom}).size(), 1U);
+            EXPECT_GT(picture.ColoursIn(place).size(), 1U);
         }
     }
 }
@@ -104,7 +99,7 @@ TEST_F(ExampleTest, ItsListHasHeadingsAndAlarmsInEverySize) {
     for (const Size& size : kSizes) {
         ShowIn(size, 2, "list");
         const HWND list = Item(session.listPage, IDC_LIST_VIEW);
-        const std::set<COLORREF> colours = ColoursOf(list);
+        const Colours colours = ColoursOf(list);
         for (const COLORREF colour : {0x0000FFU, 0x4080FFU, 0xC04000U, 0x000000U})
             EXPECT_EQ(1U, colours.count(colour)) << std::hex << colour;
     }

@@ -4,12 +4,11 @@
 
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/statusgauge/StatusGauge.h"
+#include "tests/controls/window/ControlTestHelper.h"
 
 namespace corvex::test {
 
 namespace {
-
-constexpr char kProperty[] = "CorvexGaugeRecorder";
 
 std::string Number(float value) {
     char text[64];
@@ -39,73 +38,53 @@ std::string BandIn(WPARAM index, LPARAM pointer) {
     return "alarm " + std::to_string(index) + " " + Number(band.low) + " " + Number(band.high) + " " + colour;
 }
 
-}  // namespace
-
-GaugeRecorder::GaugeRecorder(HWND gauge) : gauge_(gauge), isAnalog_(ClassNameOf(gauge) == kAnalogGaugeClass) {
-    ::SetPropA(gauge, kProperty, this);
-    former_ = reinterpret_cast<WNDPROC>(
-        ::SetWindowLongPtrA(gauge, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&GaugeRecorder::Procedure)));
-}
-
-GaugeRecorder::~GaugeRecorder() {
-    ::SetWindowLongPtrA(gauge_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(former_));
-    ::RemovePropA(gauge_, kProperty);
-}
-
-LRESULT CALLBACK GaugeRecorder::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto& recorder = *static_cast<GaugeRecorder*>(::GetPropA(window, kProperty));
-    if (message == WM_PAINT) {
-        ++recorder.paints;
-        if (recorder.onPaint) recorder.onPaint();
-    }
-    if (recorder.isAnalog_) {
-        recorder.NoteAnalog(message, wParam, lParam);
-    } else {
-        recorder.NoteStatus(message, wParam, lParam);
-    }
-    return ::CallWindowProcA(recorder.former_, window, message, wParam, lParam);
-}
-
-void GaugeRecorder::NoteAnalog(UINT message, WPARAM wParam, LPARAM lParam) {
+// Empty for any other message, as below.
+std::string AnalogWords(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case AGM_SETTITLE:
-            return lines.push_back("title " + TextIn(wParam, lParam));
+            return "title " + TextIn(wParam, lParam);
         case AGM_SETUNITS:
-            return lines.push_back("units " + TextIn(wParam, lParam));
+            return "units " + TextIn(wParam, lParam);
         case AGM_SETVALUE:
-            return lines.push_back("value " + NumberAt(wParam) + Redraw(lParam));
+            return "value " + NumberAt(wParam) + Redraw(lParam);
         case AGM_SETDIGITS:
-            return lines.push_back("digits " + std::to_string(lParam));
+            return "digits " + std::to_string(lParam);
         case AGM_SETRANGE:
-            return lines.push_back("range " + NumberAt(wParam) + " " + NumberAt(lParam));
+            return "range " + NumberAt(wParam) + " " + NumberAt(lParam);
         case AGM_CLEARALARMS:
-            return lines.push_back("no alarms");
+            return "no alarms";
         case AGM_SETALARM:
-            return lines.push_back(BandIn(wParam, lParam));
+            return BandIn(wParam, lParam);
         default:
-            return;
+            return {};
     }
 }
 
-void GaugeRecorder::NoteStatus(UINT message, WPARAM wParam, LPARAM lParam) {
+std::string StatusWords(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case SGM_SETTITLE:
-            return lines.push_back("title " + TextIn(wParam, lParam));
+            return "title " + TextIn(wParam, lParam);
         case SGM_SETTRUETEXT:
-            return lines.push_back("true " + TextIn(wParam, lParam));
+            return "true " + TextIn(wParam, lParam);
         case SGM_SETFALSETEXT:
-            return lines.push_back("false " + TextIn(wParam, lParam));
+            return "false " + TextIn(wParam, lParam);
         case SGM_SETSTATE:
-            return lines.push_back("state " + std::to_string(wParam) + Redraw(lParam));
+            return "state " + std::to_string(wParam) + Redraw(lParam);
         default:
-            return;
+            return {};
     }
 }
 
-std::string ClassNameOf(HWND window) {
-    char name[100] = "";
-    ::GetClassNameA(window, name, sizeof name);
-    return name;
+}  // namespace
+
+GaugeRecorder::GaugeRecorder(HWND gauge) : spy_(gauge) {
+    const auto words = ClassNameOf(gauge) == kAnalogGaugeClass ? &AnalogWords : &StatusWords;
+    spy_.SetHandler([this, words](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
+        if (message == WM_PAINT && onPaint) onPaint();
+        const std::string line = words(message, wParam, lParam);
+        if (!line.empty()) lines.push_back(line);
+        return std::nullopt;
+    });
 }
 
 std::string TextOfGauge(HWND gauge, UINT message) {

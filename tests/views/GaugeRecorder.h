@@ -5,35 +5,26 @@
 #include <string>
 #include <vector>
 
-#include "platform/WindowsApi.h"
+#include "tests/controls/window/WindowSpy.h"
 
 namespace corvex::test {
 
 // From its construction to its end, in the order of the messages: "title Speed", "value 20 redraw", "range 20 180",
 // "digits 2", "no alarms", "alarm 10 150 180 0000ff", "true Running", "state 1 redraw". Which words there are depends
-// on the window's class. Must end before the window does. On the window's thread.
+// on the window's class. On the window's thread.
 class GaugeRecorder {
 public:
     explicit GaugeRecorder(HWND gauge);
-    ~GaugeRecorder();
-    GaugeRecorder(const GaugeRecorder&) = delete;
-    GaugeRecorder& operator=(const GaugeRecorder&) = delete;
+
+    int Paints() const { return spy_.Paints(); }
 
     std::vector<std::string> lines;
-    int paints = 0;
     std::function<void()> onPaint;  // before it
 
 private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    void NoteAnalog(UINT message, WPARAM wParam, LPARAM lParam);
-    void NoteStatus(UINT message, WPARAM wParam, LPARAM lParam);
-
-    const HWND gauge_;
-    bool isAnalog_;
-    WNDPROC former_;
+    WindowSpy spy_;
 };
 
-std::string ClassNameOf(HWND window);
 // What a gauge gives back of itself.
 std::string TextOfGauge(HWND gauge, UINT message);
 

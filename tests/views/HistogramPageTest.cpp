@@ -20,25 +20,10 @@ protected:
         return ::CreateWindowExA(0, "STATIC", "", WS_CHILD | visible, left, top, 10, 10, Page(1),
                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
     }
-    static bool Shown(HWND window) { return (::GetWindowLongPtrA(window, GWL_STYLE) & WS_VISIBLE) != 0; }
     void Press(int id) const { ::SendMessageA(Item(session.histogramPage, id), BM_CLICK, 0, 0); }
 
     ADXHistogram *first = nullptr, *second = nullptr;
 };
-
-TEST_F(HistogramPageTest, IsATabOfTheSheet) {
-    ASSERT_EQ(2, TabSheet::pageCount(sheet));
-    EXPECT_EQ("Histograms", Title(1));
-    EXPECT_EQ(session.histogramPage, Page(1));
-}
-
-TEST_F(HistogramPageTest, OffersTheHistogramsFromTheStart) {
-    EXPECT_EQ((std::vector<std::string>{"Fuel", "Spark"}), Rows(Item(session.histogramPage, IDC_HISTOGRAM_COMBO)));
-    EXPECT_EQ(first, session.currentHistogram);
-    EXPECT_EQ(0, ::SendMessageA(Item(session.histogramPage, IDC_HISTOGRAM_COMBO), CB_GETCURSEL, 0, 0));
-    EXPECT_EQ(0, ::SendMessageA(Item(session.histogramPage, IDC_HISTOGRAM_VIEW), CB_GETCURSEL, 0, 0));
-    EXPECT_EQ(0U, session.currentHistogramView);
-}
 
 TEST_F(HistogramPageTest, OffersNineStatistics) {
     const std::pair<const char*, int> expected[] = {
@@ -53,39 +38,22 @@ TEST_F(HistogramPageTest, OffersNineStatistics) {
     }
 }
 
-TEST_F(HistogramPageTest, ChoosingTakesHistogramAndStatistic) {
-    Choose(Page(1), IDC_HISTOGRAM_COMBO, 1);
-    EXPECT_EQ(second, session.currentHistogram);
+TEST_F(HistogramPageTest, ChoosingTakesTheStatisticWhichARefreshKeeps) {
+    EXPECT_EQ(first, session.currentHistogram) << "from the start";
+    EXPECT_EQ(0, ::SendMessageA(Item(session.histogramPage, IDC_HISTOGRAM_VIEW), CB_GETCURSEL, 0, 0));
     EXPECT_EQ(0U, session.currentHistogramView);
     Choose(Page(1), IDC_HISTOGRAM_VIEW, 2);
-    EXPECT_EQ(second, session.currentHistogram);
     EXPECT_EQ(3U, session.currentHistogramView);
-}
-
-TEST_F(HistogramPageTest, RefreshGoesBackToTheFirstHistogramAndKeepsTheStatistic) {
     Choose(Page(1), IDC_HISTOGRAM_COMBO, 1);
     Choose(Page(1), IDC_HISTOGRAM_VIEW, 8);
+    EXPECT_EQ(second, session.currentHistogram);
     RefreshHistogramPage(session);
     EXPECT_EQ(first, session.currentHistogram);
     EXPECT_EQ(11U, session.currentHistogramView);
     EXPECT_EQ(8, ::SendMessageA(Item(session.histogramPage, IDC_HISTOGRAM_VIEW), CB_GETCURSEL, 0, 0));
-}
-
-TEST_F(HistogramPageTest, WithoutAStatisticChosenTheFormerOneStays) {
-    Choose(Page(1), IDC_HISTOGRAM_VIEW, 4);
     Choose(Page(1), IDC_HISTOGRAM_VIEW, -1);
     RefreshHistogramPage(session);
-    EXPECT_EQ(8U, session.currentHistogramView);
-}
-
-TEST_F(HistogramPageTest, AnEmptyDefinitionShowsNone) {
-    session.definition.Clear();
-    Choose(Page(1), IDC_HISTOGRAM_COMBO, 1);
-    EXPECT_EQ(nullptr, session.currentHistogram) << "taken although it is gone";
-    RefreshHistogramPage(session);
-    EXPECT_EQ(nullptr, session.currentHistogram);
-    EXPECT_TRUE(Rows(Item(session.histogramPage, IDC_HISTOGRAM_COMBO)).empty());
-    Press(IDC_HISTOGRAM_CLEAR);
+    EXPECT_EQ(11U, session.currentHistogramView) << "the former one, without one chosen";
 }
 
 TEST_F(HistogramPageTest, ClearForgetsTheSamplesOfTheHistogramOnShow) {
@@ -98,39 +66,32 @@ TEST_F(HistogramPageTest, ClearForgetsTheSamplesOfTheHistogramOnShow) {
     Press(IDC_HISTOGRAM_CLEAR);
     EXPECT_EQ(0U, first->GetTotalSampleCount());
     EXPECT_EQ(1U, second->GetTotalSampleCount());
+    session.definition.Clear();
+    RefreshHistogramPage(session);
+    Press(IDC_HISTOGRAM_CLEAR);
 }
 
 TEST_F(HistogramPageTest, GraphShowsTheChartInPlaceOfTheGrid) {
     const HWND grid = Put(IDC_HISTOGRAM_GRID, WS_VISIBLE, 4, 30), chart = Put(IDC_HISTOGRAM_CHART, 0, 0, 0);
-    EXPECT_TRUE(Shown(grid));
+    EXPECT_TRUE(HasShownStyle(grid));
     Press(IDC_HISTOGRAM_GRAPH);
-    EXPECT_TRUE(Shown(chart));
-    EXPECT_FALSE(Shown(grid));
+    EXPECT_TRUE(HasShownStyle(chart));
+    EXPECT_FALSE(HasShownStyle(grid));
     RefreshHistogramPage(session);
-    EXPECT_TRUE(Shown(chart));
+    EXPECT_TRUE(HasShownStyle(chart));
     Press(IDC_HISTOGRAM_GRAPH);
-    EXPECT_FALSE(Shown(chart));
-    EXPECT_TRUE(Shown(grid));
+    EXPECT_FALSE(HasShownStyle(chart));
+    EXPECT_TRUE(HasShownStyle(grid));
 }
 
 TEST_F(HistogramPageTest, GridAndChartHaveTheSamePlaceBelowTheControls) {
     const HWND grid = Put(IDC_HISTOGRAM_GRID, WS_VISIBLE, 4, 30), chart = Put(IDC_HISTOGRAM_CHART, 0, 0, 0);
     for (const auto& [width, height] : {std::pair{700, 420}, std::pair{1600, 800}}) {
         Resize(width, height);
-        const RECT client = ClientOf(Page(1)), place = PlaceInParent(grid), other = PlaceInParent(chart);
-        EXPECT_EQ(4, place.left);
-        EXPECT_EQ(30, place.top);
-        EXPECT_EQ(client.right - 8, place.right - place.left);
-        EXPECT_EQ(client.bottom - 30 - 3, place.bottom - place.top);
-        EXPECT_TRUE(::EqualRect(&place, &other));
+        const RECT client = ClientOf(Page(1));
+        EXPECT_EQ((RECT{4, 30, client.right - 4, client.bottom - 3}), PlaceOf(grid));
+        EXPECT_EQ(PlaceOf(grid), PlaceOf(chart));
     }
-}
-
-TEST_F(HistogramPageTest, ItsEndIsKnown) {
-    ::DestroyWindow(std::exchange(frame, nullptr));
-    EXPECT_EQ(nullptr, session.histogramPage);
-    RefreshHistogramPage(session);
-    EXPECT_EQ(nullptr, session.currentHistogram);
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "controls/window/GdiObjects.h"
-#include "tests/controls/window/PaintTestHelper.h"
 #include "tests/views/ListTestHelper.h"
 
 namespace corvex::test {
@@ -27,7 +25,7 @@ protected:
         draw.nmcd.dwItemSpec = static_cast<DWORD_PTR>(row);
         draw.iSubItem = column;
         draw.clrText = 0xABCDEF;
-        const LRESULT result = ::SendMessageA(Page(1), WM_NOTIFY, IDC_LIST_VIEW, reinterpret_cast<LPARAM>(&draw));
+        const LRESULT result = ::SendMessageA(Page(1), WM_NOTIFY, IDC_LIST_VIEW, L(&draw));
         return {result, draw.clrText};
     }
     // Asks for the three cells of a row; 'b' for each that is bold.
@@ -48,15 +46,8 @@ protected:
     bool IsBold() const { return Font().lfWeight == 600; }
     // A cell on the screen, from the top left.
     std::vector<COLORREF> Picture(int row, int column) {
-        ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-        const RECT cell = CellPlace(row, column);
-        const TestBitmap picture(List());
-        std::vector<COLORREF> pixels;
-        for (LONG y = cell.top; y < cell.bottom; ++y) {
-            for (LONG x = cell.left; x < cell.right; ++x)
-                pixels.push_back(picture.At(static_cast<int>(x), static_cast<int>(y)));
-        }
-        return pixels;
+        RedrawList();
+        return TestBitmap(List()).Pixels(CellPlace(row, column));
     }
     // Which of the colours there are in a cell, as '1' for each; shades between them and the ground do not count.
     std::string Ink(int row, int column) {
@@ -99,48 +90,6 @@ TEST_F(ItemListColoursTest, AnAlarmIsInTheValueColumnAlone) {
         EXPECT_EQ(kOwn, ColourOf(0, 2));
         EXPECT_EQ(expected.bold, BoldCells(0)) << int{expected.byte};
     }
-}
-
-TEST_F(ItemListColoursTest, TheHighAlarmGoesFirst) {
-    speed->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
-    speed->alarmlow = 200.0F;
-    AddRow(speed);
-    Show();
-    Arrive({150, 0});
-    EXPECT_EQ(kRed, ColourOf(0, 1));
-}
-
-TEST_F(ItemListColoursTest, ABitWithBothAlarmsHasOneColourOrTheOther) {
-    fan->flags = ADXBitmask::kAlarmOnSet | ADXBitmask::kAlarmOnNotSet;
-    AddRow(fan);
-    Show();
-    Arrive({0, 1});
-    EXPECT_EQ(0x0000C0U, ColourOf(0, 1));
-    EXPECT_EQ("-b-", BoldCells(0));
-    Arrive({0, 0});
-    EXPECT_EQ(0x00C000U, ColourOf(0, 1));
-    EXPECT_EQ("-b-", BoldCells(0));
-    EXPECT_EQ(kOwn, ColourOf(0, 2));
-}
-
-TEST_F(ItemListColoursTest, ABitIsColouredByThePacketOfAnotherCommand) {
-    fan->flags = ADXBitmask::kAlarmOnSet;
-    fan->parentcmdidhash = kOther;
-    AddRow(fan);
-    Show();
-    Arrive({0, 1}, kCommand);
-    EXPECT_EQ(0x0000C0U, ColourOf(0, 1));
-    EXPECT_EQ("rests", Cell(0, 1));
-}
-
-TEST_F(ItemListColoursTest, AValueOfAnotherCommandKeepsItsAlarm) {
-    speed->flags = ADXValue::kAlarmHigh;
-    speed->parentcmdidhash = kOther;
-    AddRow(speed);
-    Show();
-    Arrive({150, 0}, kOther);
-    Arrive({50, 0}, kCommand);
-    EXPECT_EQ(kRed, ColourOf(0, 1));
 }
 
 TEST_F(ItemListColoursTest, TheBoldFontIsTheTold) {
@@ -239,7 +188,7 @@ TEST_F(ItemListColoursTest, AThousandPaintsLeaveNothingBehind) {
     AddHeading("Last", 1);
     Show();
     Arrive({150, 1});
-    ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    RedrawList();
     const std::size_t before = AllGdiObjects();
     for (int i = 0; i < 1000; ++i) {
         Arrive({static_cast<std::uint8_t>(i), 1});

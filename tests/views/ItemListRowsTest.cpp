@@ -7,7 +7,7 @@
 namespace corvex::test {
 namespace {
 
-class ItemListRowsTest : public ListTest {};
+using ItemListRowsTest = ListTest;
 
 TEST_F(ItemListRowsTest, EveryRowShowsItsValueAndItsTitle) {
     AddRow(speed);
@@ -81,7 +81,7 @@ TEST_F(ItemListRowsTest, ItemsOfAnotherCommandKeepTheirLastValue) {
         EXPECT_EQ("50.0", Cell(0, 1));
         EXPECT_EQ("rests", Cell(1, 1));
         // The colours are of the newest packet, but take nothing from it.
-        ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        RedrawList();
     }
     Arrive({70, 1}, kOther);
     EXPECT_EQ("70.0", Cell(0, 1));
@@ -122,7 +122,7 @@ TEST_F(ItemListRowsTest, LongTextsAreCut) {
     EXPECT_EQ("50." + std::string(36, '0'), Cell(0, 1));
     EXPECT_EQ(text.substr(0, 39), Cell(1, 1));
     EXPECT_EQ(text, Cell(2, 2));
-    ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    RedrawList();
 }
 
 TEST_F(ItemListRowsTest, AnotherListHasItsOwnRows) {
@@ -198,13 +198,6 @@ TEST_F(ItemListRowsTest, OnlyRowsInViewAreReadWhenTheyArePainted) {
     EXPECT_EQ(0U, deep->GetRaw(nullptr));
     EXPECT_EQ("50.00", Cell(200, 1));
     EXPECT_EQ(50U, deep->GetRaw(nullptr));
-}
-
-TEST_F(ItemListRowsTest, AWorkerFindsThePageGone) {
-    AddRow(speed);
-    Show();
-    ::DestroyWindow(std::exchange(frame, nullptr));
-    RepaintList();
 }
 
 }  // namespace

@@ -11,6 +11,18 @@
 
 namespace corvex::test {
 
+// A cell's text, as a list control tells it to anybody.
+inline std::string CellOf(HWND list, int row, int column) {
+    std::string text(20000, '\0');
+    LVITEMA rowInfo{};
+    rowInfo.iSubItem = column;
+    rowInfo.pszText = text.data();
+    rowInfo.cchTextMax = static_cast<int>(text.size());
+    const auto length = ::SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), L(&rowInfo));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
 class ListTest : public PageTest {
 protected:
     static constexpr std::uint32_t kCommand = 0x1111, kOther = 0x2222;
@@ -61,29 +73,14 @@ protected:
         ShowFrame();
         ::UpdateWindow(frame);
     }
-    // What a worker leaves behind before it has the views told.
-    void Arrive(const std::vector<std::uint8_t>& bytes, std::uint32_t command = kCommand) {
-        const PacketView packet(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
-        session.StoreLastPacket(LastPacket::Of(packet, command));
-        session.definition.UpdateValues(packet, command);
-    }
+    void Arrive(const std::vector<std::uint8_t>& bytes, std::uint32_t command = kCommand) { Store(bytes, command); }
+    void RedrawList() const { ::RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); }
     HWND List() const { return Item(session.listPage, IDC_LIST_VIEW); }
     int RowCount() const { return static_cast<int>(::SendMessageA(List(), LVM_GETITEMCOUNT, 0, 0)); }
-    // A cell's text, as the control tells it to anybody.
-    std::string Cell(int row, int column) const {
-        std::string text(1024, '\0');
-        LVITEMA rowInfo{};
-        rowInfo.iSubItem = column;
-        rowInfo.pszText = text.data();
-        rowInfo.cchTextMax = static_cast<int>(text.size());
-        const auto length =
-            ::SendMessageA(List(), LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rowInfo));
-        text.resize(static_cast<std::size_t>(length));
-        return text;
-    }
+    std::string Cell(int row, int column) const { return CellOf(List(), row, column); }
     RECT CellPlace(int row, int column) const {
         RECT place{LVIR_BOUNDS, column, 0, 0};
-        ::SendMessageA(List(), LVM_GETSUBITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+        ::SendMessageA(List(), LVM_GETSUBITEMRECT, static_cast<WPARAM>(row), L(&place));
         return place;
     }
 

@@ -1,6 +1,5 @@
 #include "tests/views/MenuDriver.h"
 
-#include <atomic>
 #include <chrono>
 
 namespace corvex::test {
@@ -86,21 +85,6 @@ void MainThread::Run(const std::function<void()>& work) const {
     ::SendMessageA(window_, WM_APP, 0, reinterpret_cast<LPARAM>(&work));
     // A menu looks whether it is to end after each message of its own queue.
     ::PostMessageA(window_, WM_NULL, 0, 0);
-}
-
-void WhilePumping(const std::function<void()>& work) {
-    std::atomic<bool> done{false};
-    std::thread thread([&] {
-        work();
-        done = true;
-    });
-    MSG message;
-    while (!done) {
-        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
-        while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0)
-            ::DispatchMessageA(&message);
-    }
-    thread.join();
 }
 
 std::vector<std::string> RowsOf(HMENU menu) {

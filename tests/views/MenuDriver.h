@@ -50,9 +50,6 @@ private:
     HWND window_;
 };
 
-// Runs the work on a thread of its own while this one answers messages.
-void WhilePumping(const std::function<void()>& work);
-
 // One line for each row, those of submenus after their own: "1 Values", "10 Speed", "11* Load" for a checked one.
 std::vector<std::string> RowsOf(HMENU menu);
 

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "controls/window/WindowSubclass.h"
 #include "definition/ADXBitmask.h"
 #include "definition/ADXValue.h"
 #include "tests/views/MenuDriver.h"
@@ -11,17 +10,6 @@ namespace corvex::test {
 namespace {
 
 constexpr std::uint32_t kCommand = 0x1111, kOther = 0x2222;
-
-class PaintCounter final : public WindowSubclass {
-public:
-    static constexpr char kProperty[] = "CorvexPaintCounter";
-    using WindowSubclass::WindowSubclass;
-    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_PAINT) ++paints;
-        return Former(message, wParam, lParam);
-    }
-    int paints = 0;
-};
 
 class MonitorPageTest : public PageTest {
 protected:
@@ -59,7 +47,7 @@ protected:
     void Publish(double t, std::vector<std::uint8_t> bytes, std::uint32_t command = kCommand) {
         session.PublishSample(t, PacketView(bytes.data(), static_cast<std::uint32_t>(bytes.size())), command);
     }
-    bool HasScrollBar() const { return (::GetWindowLongPtrA(Page(1), GWL_STYLE) & WS_HSCROLL) != 0; }
+    bool HasScrollBar() const { return (StyleOfWindow(Page(1)) & WS_HSCROLL) != 0; }
     SCROLLINFO ScrollBar() const {
         SCROLLINFO bar{};
         bar.cbSize = sizeof bar;
@@ -68,8 +56,8 @@ protected:
         return bar;
     }
     // A right click on the first chart, and the keys down to a row of its menu.
-    std::vector<std::string> PressRow(int row) {
-        std::vector<std::string> rows;
+    Strings PressRow(int row) {
+        Strings rows;
         std::vector<WPARAM> keys(static_cast<std::size_t>(row) + 1, VK_DOWN);
         keys.push_back(VK_RETURN);
         bool came = false;
@@ -108,11 +96,8 @@ TEST_F(MonitorPageTest, StacksTheChartsOverTheWholeWidth) {
         const RECT client = ClientOf(Page(1));
         const LONG share = client.bottom / 3;
         for (std::size_t i = 0; i < 3; ++i) {
-            const RECT place = PlaceInParent(Chart(i).window);
-            EXPECT_EQ(0, place.left);
-            EXPECT_EQ(static_cast<LONG>(i) * share, place.top);
-            EXPECT_EQ(client.right, place.right);
-            EXPECT_EQ(share, place.bottom - place.top);
+            const LONG top = static_cast<LONG>(i) * share;
+            EXPECT_EQ((RECT{0, top, client.right, top + share}), PlaceOf(Chart(i).window));
         }
     }
 }
@@ -189,9 +174,9 @@ TEST_F(MonitorPageTest, ATriggerAddsThePresentValue) {
 TEST_F(MonitorPageTest, AChartIsPaintedOncePerSample) {
     AddEntry(engine, load);
     ShowSpeed();
-    Attach(std::make_unique<PaintCounter>(Chart().window));
+    const WindowSpy spy(Chart().window);
     Publish(0, {10, 20});
-    EXPECT_EQ(1, SubclassOf<PaintCounter>(Chart().window)->paints) << "two series";
+    EXPECT_EQ(1, spy.Paints()) << "two series";
     Publish(30, {200, 20});
     EXPECT_FALSE(::GetUpdateRect(Chart().window, nullptr, FALSE));
 }
@@ -255,7 +240,7 @@ TEST_F(MonitorPageTest, ThePlaybackCursorMovesOnEveryChart) {
 TEST_F(MonitorPageTest, TheMenuOffersEveryValueAndChecksWhatIsShown) {
     AddEntry(engine, load);
     RefreshMonitorPage(session);
-    EXPECT_EQ((std::vector<std::string>{"1 Speed", "2* Load"}), PressRow(-1));
+    EXPECT_EQ((Strings{"1 Speed", "2* Load"}), PressRow(-1));
     EXPECT_EQ(0U, session.monitorsChanged);
 }
 
@@ -319,7 +304,7 @@ TEST_F(MonitorPageTest, RefreshMakesTheChartsAnew) {
 }
 
 TEST_F(MonitorPageTest, ItsEndIsKnown) {
-    ::DestroyWindow(std::exchange(frame, nullptr));
+    EndFrame();
     EXPECT_EQ(nullptr, session.monitorState);
     EXPECT_EQ(nullptr, session.monitorPage);
     RefreshMonitorPage(session);

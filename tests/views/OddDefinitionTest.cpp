@@ -5,8 +5,8 @@
 
 #include "controls/window/CommonControls.h"
 #include "definition/ADXListView.h"
-#include "tests/controls/window/PaintTestHelper.h"
 #include "tests/views/DashTestHelper.h"
+#include "tests/views/ListTestHelper.h"
 #include "views/ItemListPage.h"
 
 namespace corvex::test {
@@ -45,9 +45,7 @@ protected:
         ShowFrame();
     }
     void Sample(const std::vector<std::uint8_t>& bytes) {
-        const PacketView packet(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
-        session.StoreLastPacket(LastPacket::Of(packet, kCommand));
-        session.definition.UpdateValues(packet, kCommand);
+        Store(bytes, kCommand);
         Update(bytes);
         RepaintList();
         PaintAll();
@@ -56,23 +54,11 @@ protected:
         ::RedrawWindow(frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
     }
 
-    std::string Cell(int row, int column) const {
-        std::string text(20000, '\0');
-        LVITEMA rowInfo{};
-        rowInfo.iSubItem = column;
-        rowInfo.pszText = text.data();
-        rowInfo.cchTextMax = static_cast<int>(text.size());
-        const HWND control = Item(session.listPage, IDC_LIST_VIEW);
-        const auto length =
-            ::SendMessageA(control, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rowInfo));
-        text.resize(static_cast<std::size_t>(length));
-        return text;
-    }
+    std::string Cell(int row, int column) const { return CellOf(Item(session.listPage, IDC_LIST_VIEW), row, column); }
     void SampleInEverySize() {
         for (const auto& [width, height] : {std::pair{1, 1}, std::pair{20000, 1}, std::pair{1, 20000},
                                             std::pair{20000, 40}, std::pair{0, 0}, std::pair{650, 400}}) {
-            ::MoveWindow(frame, 0, 0, width, height, FALSE);
-            Resize(width, height);
+            ResizeFrame(width, height);
             for (const int page : {1, 2}) {
                 TabSheet::selectPage(sheet, page);
                 for (const std::uint8_t byte : {std::uint8_t{0}, std::uint8_t{5}, std::uint8_t{255}})
@@ -124,9 +110,7 @@ TEST_F(OddDefinitionTest, AGaugeFarLargerThanThePageShowsThePartInIt) {
         RefreshDashPage(session);
         SetPixelOf(Gauge(0), 100, 100, 0x123456);
         Sample({50, 0, 1});
-        const RECT place = PlaceInParent(Gauge(0));
-        EXPECT_EQ(32767, place.right - place.left);
-        EXPECT_EQ(32767, place.bottom - place.top);
+        EXPECT_EQ((SIZE{32767, 32767}), SizeOf(Gauge(0)));
         EXPECT_NE(0x123456U, PixelOf(Gauge(0), 100, 100)) << type;
     }
 }

@@ -29,7 +29,7 @@ TEST_F(PageComboTest, OffersTheTitlesOfOneTypeInTheOrderOfTheDefinition) {
     AddTitled<ADXListView>(definition, "L", "A list");
     AddTitled<ADXDashboard>(definition, "A", "Antelope");
     FillPageCombo(combo, definition, kTypeDashboard);
-    EXPECT_EQ((std::vector<std::string>{"Zebra", "Antelope"}), Rows(combo));
+    EXPECT_EQ((Strings{"Zebra", "Antelope"}), Rows(combo));
 }
 
 TEST_F(PageComboTest, FillingAgainLeavesNothingOfBefore) {
@@ -38,7 +38,7 @@ TEST_F(PageComboTest, FillingAgainLeavesNothingOfBefore) {
     definition.Clear();
     AddTitled<ADXDashboard>(definition, "B", "Badger");
     FillPageCombo(combo, definition, kTypeDashboard);
-    EXPECT_EQ(std::vector<std::string>{"Badger"}, Rows(combo));
+    EXPECT_EQ(Strings{"Badger"}, Rows(combo));
 }
 
 TEST_F(PageComboTest, SelectsTheFirstRowWhoseDataIsTheObject) {
@@ -62,7 +62,7 @@ TEST_F(PageComboTest, CutsATitleAt256Characters) {
 TEST_F(PageComboTest, AnObjectWithoutATitleHasARowToo) {
     ADXObject* const object = Add<ADXDashboard>(definition, "A");
     FillPageCombo(combo, definition, kTypeDashboard);
-    EXPECT_EQ(std::vector<std::string>{""}, Rows(combo));
+    EXPECT_EQ(Strings{""}, Rows(combo));
     EXPECT_EQ(object, Selected());
 }
 

@@ -4,17 +4,20 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/RegisterControlClasses.h"
 #include "controls/tabsheet/TabSheet.h"
-#include "controls/window/GdiObjects.h"
-#include "platform/WindowsApi.h"
 #include "session/SessionState.h"
+#include "tests/controls/window/ControlTestHelper.h"
+#include "tests/controls/window/PaintTestHelper.h"
 #include "tests/support/DefinitionTestHelper.h"
 #include "views/EarlyReply.h"
 
 namespace corvex::test {
+
+using Strings = std::vector<std::string>;
 
 template <class T>
 T* AddTitled(ADXDefinition& definition, const char* id, const std::string& title) {
@@ -32,8 +35,8 @@ inline std::string RowText(HWND combo, int row) {
     return text;
 }
 
-inline std::vector<std::string> Rows(HWND combo) {
-    std::vector<std::string> rows;
+inline Strings Rows(HWND combo) {
+    Strings rows;
     for (int i = 0; i < static_cast<int>(::SendMessageA(combo, CB_GETCOUNT, 0, 0)); ++i)
         rows.push_back(RowText(combo, i));
     return rows;
@@ -46,28 +49,10 @@ inline void Choose(HWND page, int comboId, int row) {
     ::SendMessageA(page, WM_COMMAND, MAKEWPARAM(comboId, CBN_SELCHANGE), reinterpret_cast<LPARAM>(combo));
 }
 
-inline RECT PlaceInParent(HWND window) {
-    RECT place{};
-    ::GetWindowRect(window, &place);
-    ::MapWindowPoints(nullptr, ::GetParent(window), reinterpret_cast<POINT*>(&place), 2);
-    return place;
-}
-
 // Says that it has erased its ground, and has not drawn a pixel.
 inline bool ErasesNothing(HWND page) {
-    const ClientDc screen(nullptr);
-    const MemoryDc memory;
-    const OwnedBitmap bitmap(::CreateCompatibleBitmap(screen.Get(), 1, 1));
-    const SelectGuard selected(memory.Get(), bitmap.Get());
-    ::SetPixel(memory.Get(), 0, 0, RGB(1, 2, 3));
-    const LRESULT erased = ::SendMessageA(page, WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory.Get()), 0);
-    return erased != 0 && ::GetPixel(memory.Get(), 0, 0) == RGB(1, 2, 3);
-}
-
-inline RECT ClientOf(HWND window) {
-    RECT client{};
-    ::GetClientRect(window, &client);
-    return client;
+    const TestBitmap bitmap(1, 1, RGB(1, 2, 3));
+    return ::SendMessageA(page, WM_ERASEBKGND, W(bitmap.Dc()), 0) != 0 && bitmap.At(0, 0) == RGB(1, 2, 3);
 }
 
 class PageTest : public ::testing::Test {
@@ -81,24 +66,41 @@ protected:
         sheet = ::CreateWindowExA(0, kTabSheetClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 650, 400, frame,
                                   nullptr, instance, nullptr);
         EXPECT_NE(nullptr, sheet);
-        ::SetWindowLongPtrA(frame, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-        ownProcedure = ::SetWindowLongPtrA(frame, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&FrameProcedure));
         session.tabSheet = sheet;
+        // As the program's own window does it.
+        frameSpy.emplace(frame);
+        frameSpy->SetHandler([this](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
+            if (message != kSampleMessage) return std::nullopt;
+            const auto& sample = *reinterpret_cast<const PublishedSample*>(lParam);
+            samples.Handle(
+                wParam, [&] { session.views.Read(sample); }, [&] { session.views.Draw(); });
+            return 0;
+        });
         // What the sheet shows at first.
         const HWND output =
             ::CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, instance, nullptr);
         EXPECT_TRUE(TabSheet::addWindowPage(sheet, output, "Output", -1));
     }
-    ~PageTest() override {
-        if (frame != nullptr) ::DestroyWindow(frame);
-    }
+    ~PageTest() override { EndFrame(); }
 
+    void EndFrame() {
+        if (frame != nullptr) ::DestroyWindow(std::exchange(frame, nullptr));
+    }
     void ShowFrame(bool shown = true) {
         ::ShowWindow(frame, shown ? SW_SHOWNOACTIVATE : SW_HIDE);
         session.views.Announce();
     }
     // A wish of the session to have the list catch up.
     void RepaintList() { session.PublishSample(0.0, nullptr, 0, BitOf(SampleViewKind::kList)); }
+    // What a worker leaves behind before it has the views told.
+    void Store(const std::vector<std::uint8_t>& bytes, std::uint32_t command) {
+        const PacketView packet(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
+        session.StoreLastPacket(LastPacket::Of(packet, command));
+        session.definition.UpdateValues(packet, command);
+    }
+    void Publish(const std::vector<std::uint8_t>& bytes, std::uint32_t command) {
+        session.PublishSample(0.0, PacketView(bytes.data(), static_cast<std::uint32_t>(bytes.size())), command);
+    }
     bool Wants(SampleViewKind kind) {
         session.views.Announce();
         return (session.views.Wanted() & BitOf(kind)) != 0;
@@ -112,6 +114,10 @@ protected:
     }
     HWND Item(void* page, int id) const { return ::GetDlgItem(static_cast<HWND>(page), id); }
     void Resize(int width, int height) const { ::MoveWindow(sheet, 0, 0, width, height, FALSE); }
+    void ResizeFrame(int width, int height) const {
+        ::MoveWindow(frame, 0, 0, width, height, FALSE);
+        Resize(width, height);
+    }
 
     SessionState session{Calls()};
     HWND frame = nullptr, sheet = nullptr;
@@ -119,7 +125,6 @@ protected:
 private:
     static constexpr UINT kSampleMessage = WM_APP + 1;
 
-    // As the program's own window does it.
     SessionCalls Calls() {
         SessionCalls calls;
         calls.carrySample = [this](const PublishedSample& sample) {
@@ -127,17 +132,8 @@ private:
         };
         return calls;
     }
-    static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        auto& test = *reinterpret_cast<PageTest*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
-        if (message != kSampleMessage)
-            return ::CallWindowProcA(reinterpret_cast<WNDPROC>(test.ownProcedure), window, message, wParam, lParam);
-        const auto& sample = *reinterpret_cast<const PublishedSample*>(lParam);
-        test.samples.Handle(
-            wParam, [&] { test.session.views.Read(sample); }, [&] { test.session.views.Draw(); });
-        return 0;
-    }
 
-    LONG_PTR ownProcedure = 0;
+    std::optional<WindowSpy> frameSpy;
     EarlyReply samples;
 };
 

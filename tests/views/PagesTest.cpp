@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <utility>
-
 #include "files/adx/ADXParser.h"
 #include "tests/views/PageTestHelper.h"
-#include "tests/views/WindowPicture.h"
 #include "views/Pages.h"
 
 namespace corvex::test {
@@ -12,9 +9,7 @@ namespace {
 
 class PagesTest : public PageTest {
 protected:
-    PagesTest() {
-        CreatePages(session);
-    }
+    PagesTest() { CreatePages(session); }
     void LoadExample() {
         ASSERT_EQ(1, session.definition.Load(CORVEX_SOURCE_DIR "/examples/harrier-8192.adx"));
         RefreshPages(session);
@@ -25,7 +20,7 @@ protected:
 std::vector<RECT> Places(HWND page) {
     std::vector<RECT> places;
     for (HWND child = ::GetWindow(page, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
-        if (::IsWindowVisible(child) != FALSE) places.push_back(PlaceInParent(child));
+        if (::IsWindowVisible(child) != FALSE) places.push_back(PlaceOf(child));
     }
     return places;
 }
@@ -55,8 +50,7 @@ TEST_F(PagesTest, HaveRoomForTheirControlsInSmallAndLargeWindows) {
     LoadExample();
     ShowFrame();
     for (const auto& [width, height] : {std::pair{634, 400}, std::pair{1584, 800}}) {
-        ::MoveWindow(frame, 0, 0, width, height, FALSE);
-        Resize(width, height);
+        ResizeFrame(width, height);
         for (int i = 1; i < 5; ++i) {
             TabSheet::selectPage(sheet, i);
             SavePicture(frame, Title(i).append(" ").append(std::to_string(width)));
@@ -92,7 +86,7 @@ TEST_F(PagesTest, SamplesFindNoneOfThemAfterTheirEnd) {
     ShowFrame();
     TabSheet::selectPage(sheet, 1);
     ASSERT_TRUE(Wants(SampleViewKind::kDash));
-    ::DestroyWindow(std::exchange(frame, nullptr));
+    EndFrame();
     EXPECT_EQ(0U, session.views.Wanted());
 }
 

@@ -65,10 +65,10 @@ TEST_F(SampleHandOver, WhoBringsASampleGoesOnWhileItIsPainted) {
     Handle(brought, 1);
     worker.join();
     EXPECT_TRUE(wentOn);
-    EXPECT_EQ(1, needle.paints);
+    EXPECT_EQ(1, needle.Paints());
     EXPECT_EQ(50, Needle(Gauge(0)));
     EXPECT_EQ(40.0F, Digits(Gauge(1)));
-    EXPECT_EQ((std::vector<std::string>{"state 1 redraw"}), light.lines);
+    EXPECT_EQ((Strings{"state 1 redraw"}), light.lines);
 }
 
 TEST_F(SampleHandOver, WhoBringsThemFasterThanTheyArePaintedWaits) {
@@ -87,7 +87,7 @@ TEST_F(SampleHandOver, WhoBringsThemFasterThanTheyArePaintedWaits) {
 
 TEST_F(SampleHandOver, EverySampleOfAFloodIsShownInItsOrder) {
     GaugeRecorder needle(Gauge(0));
-    std::vector<std::string> wanted;
+    Strings wanted;
     for (int i = 0; i < 100; ++i)
         wanted.push_back("value " + std::to_string(i) + " redraw");
     WhilePumping([&] {
@@ -95,7 +95,7 @@ TEST_F(SampleHandOver, EverySampleOfAFloodIsShownInItsOrder) {
             Update({i, 0, 0});
     });
     EXPECT_EQ(wanted, needle.lines);
-    EXPECT_EQ(100, needle.paints);
+    EXPECT_EQ(100, needle.Paints());
 }
 
 }  // namespace

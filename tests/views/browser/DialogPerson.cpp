@@ -27,7 +27,7 @@ BOOL CALLBACK Compare(HWND window, LPARAM parameter) {
         char title[128] = {};
         ::GetWindowTextA(window, title, sizeof title);
         if (std::strcmp(title, search.look->title) != 0) return TRUE;
-        if (::GetDlgItem(window, search.look->control) == nullptr) return TRUE;
+        if (search.look->control != 0 && ::GetDlgItem(window, search.look->control) == nullptr) return TRUE;
     }
     search.found = window;
     return FALSE;
@@ -63,6 +63,11 @@ DialogPerson::DialogPerson(std::function<void()> acts)
               }
               return false;
           });
+      }) {}
+
+DialogPerson::DialogPerson(DialogLook look, std::function<void(HWND)> acts)
+    : DialogPerson([look, acts = std::move(acts)] {
+          if (const HWND dialog = Await(look)) acts(dialog);
       }) {}
 
 DialogPerson::~DialogPerson() {

@@ -11,10 +11,10 @@
 
 namespace corvex::test {
 
-// A dialog by what is in it, as the boxes of a program bear the same title.
+// A dialog by what is in it, as the boxes of a program bear the same title; without a control by its title alone.
 struct DialogLook {
     const char* title;
-    int control;
+    int control = 0;
 };
 inline constexpr int kBoxText = 0xFFFF;  // of a message box
 inline constexpr int kNameBox = 0x47C;   // of a file dialog
@@ -24,6 +24,8 @@ public:
     // Begins to act at once. Dialogs that are still open long after the acts are over are closed, so that a failed test
     // ends.
     explicit DialogPerson(std::function<void()> acts);
+    // Waits for a dialog and acts there; not at all when it never comes.
+    DialogPerson(DialogLook look, std::function<void(HWND)> acts);
     // Waits for the acts. To be built before the modal call and to go after it.
     ~DialogPerson();
     DialogPerson(const DialogPerson&) = delete;

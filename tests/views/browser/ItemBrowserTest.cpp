@@ -81,9 +81,8 @@ protected:
         return object;
     }
     bool Browse(std::uint32_t mask, std::uint32_t options, std::function<void(HWND dialog, HWND list)> acts) {
-        const DialogPerson person([acts = std::move(acts)] {
-            if (const HWND dialog = DialogPerson::Await(kBrowser)) acts(dialog, ::GetDlgItem(dialog, kList));
-        });
+        const DialogPerson person(kBrowser,
+                                  [acts = std::move(acts)](HWND dialog) { acts(dialog, ::GetDlgItem(dialog, kList)); });
         return BrowseItems(parent_, definition_, mask, options, items_, count_);
     }
     std::vector<ADXObject*> Items() const { return {items_.get(), items_.get() + count_}; }
@@ -96,22 +95,18 @@ protected:
 };
 
 TEST_F(ItemBrowserTest, ListsTheTitlesOfTheMaskInTheirOrder) {
-    std::vector<std::string> rows;
-    EXPECT_FALSE(Browse(kTypeValue, 0, [&](HWND dialog, HWND list) {
-        rows = Rows(list);
-        DialogPerson::Press(dialog, IDCANCEL);
-    }));
-    EXPECT_EQ(rows, (std::vector<std::string>{"Engine speed", "", "Throttle"}));
-    EXPECT_FALSE(Browse(kTypeMacro | kTypeBitmask, 0, [&](HWND dialog, HWND list) {
-        rows = Rows(list);
-        DialogPerson::Press(dialog, IDCANCEL);
-    }));
-    EXPECT_EQ(rows, (std::vector<std::string>{"Loop", "Fan"}));
-    EXPECT_FALSE(Browse(kTypeAny, 0, [&](HWND dialog, HWND list) {
-        rows = Rows(list);
-        DialogPerson::Press(dialog, IDCANCEL);
-    }));
-    EXPECT_EQ(rows.size(), 5U);
+    const std::pair<std::uint32_t, std::vector<std::string>> lists[] = {
+        {kTypeValue, {"Engine speed", "", "Throttle"}},
+        {kTypeMacro | kTypeBitmask, {"Loop", "Fan"}},
+        {kTypeAny, {"Engine speed", "Loop", "Fan", "", "Throttle"}}};
+    for (const auto& [mask, titles] : lists) {
+        std::vector<std::string> rows;
+        EXPECT_FALSE(Browse(mask, 0, [&](HWND dialog, HWND list) {
+            rows = Rows(list);
+            DialogPerson::Press(dialog, IDCANCEL);
+        }));
+        EXPECT_EQ(rows, titles);
+    }
 }
 
 TEST_F(ItemBrowserTest, HasOneWideColumnFullRowsAndGridLines) {

@@ -1,14 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "session/base/VersionText.h"
 #include "session/window/AboutBox.h"
 #include "session/window/DialogResources.h"
-#include "tests/session/window/dialogs/DialogOperator.h"
+#include "tests/controls/window/ControlTestHelper.h"
+#include "tests/controls/window/PaintTestHelper.h"
 #include "tests/support/TestFolder.h"
-#include "tests/views/WindowPicture.h"
+#include "tests/views/browser/DialogPerson.h"
 
 namespace corvex::test {
 namespace {
@@ -16,59 +14,46 @@ namespace {
 class AboutBoxTest : public ::testing::Test {
 protected:
     AboutBoxTest() {
-        main = ::CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr, nullptr, nullptr,
-                                 nullptr);
         session.instance = ::GetModuleHandleA(nullptr);
-        session.mainWindow = main;
+        session.mainWindow = main.Window();
     }
-    ~AboutBoxTest() override { ::DestroyWindow(main); }
+    // Opens it for somebody who does this there.
+    void Show(std::function<void(HWND)> work) {
+        const DialogPerson user({"About", IDC_ABOUT_VERSION}, std::move(work));
+        ShowAboutBox(session);
+        EXPECT_TRUE(::IsWindowEnabled(main.Window()));
+    }
 
     SessionState session;
-    HWND main;
+    TestWindow main{WS_POPUP | WS_VISIBLE};
 };
 
 TEST_F(AboutBoxTest, TellsTheVersionOfTheProgramsFile) {
     char version[64] = "";
     ASSERT_NE(0, GetVersionText(SystemProgramPlace().FileName(nullptr).c_str(), version, sizeof version));
-    const DialogOperator user("About", [&](HWND about) {
-        EXPECT_EQ(version, TextOf(::GetDlgItem(about, IDC_ABOUT_VERSION)));
+    Show([&](HWND about) {
+        EXPECT_EQ(version, DialogPerson::Text(about, IDC_ABOUT_VERSION));
         EXPECT_EQ(1012, IDC_ABOUT_VERSION);
-        EXPECT_EQ("Corvex Version", TextOf(::GetWindow(about, GW_CHILD)));
-        EXPECT_FALSE(::IsWindowEnabled(main));
-        EXPECT_EQ(main, ::GetWindow(about, GW_OWNER));
-        Press(about, IDOK);
+        EXPECT_EQ("Corvex Version", TextOfWindow(::GetWindow(about, GW_CHILD)));
+        EXPECT_FALSE(::IsWindowEnabled(main.Window()));
+        EXPECT_EQ(main.Window(), ::GetWindow(about, GW_OWNER));
+        SavePicture(about, "About");
+        DialogPerson::Press(about, IDOK);
     });
-    ShowAboutBox(session);
-    EXPECT_TRUE(::IsWindowEnabled(main));
 }
 
 TEST_F(AboutBoxTest, TellsNothingOfAFileWithoutAVersion) {
     FixedProgramPlace place;
     place.file = "no such file";
     const ScopedProgramPlace scoped(place);
-    const DialogOperator user("About", [](HWND about) {
-        EXPECT_EQ("", TextOf(::GetDlgItem(about, IDC_ABOUT_VERSION)));
-        Press(about, IDOK);
+    Show([](HWND about) {
+        EXPECT_EQ("", DialogPerson::Text(about, IDC_ABOUT_VERSION));
+        DialogPerson::Press(about, IDCANCEL);
     });
-    ShowAboutBox(session);
 }
 
-TEST_F(AboutBoxTest, CancelAndTheCaptionsButtonCloseItToo) {
-    {
-        const DialogOperator user("About", [](HWND about) { Press(about, IDCANCEL); });
-        ShowAboutBox(session);
-    }
-    const DialogOperator user("About", [](HWND about) { ::SendMessageA(about, WM_CLOSE, 0, 0); });
-    ShowAboutBox(session);
-    EXPECT_TRUE(::IsWindowEnabled(main));
-}
-
-TEST_F(AboutBoxTest, HasRoomForItsTexts) {
-    const DialogOperator user("About", [](HWND about) {
-        SavePicture(about, "About");
-        Press(about, IDOK);
-    });
-    ShowAboutBox(session);
+TEST_F(AboutBoxTest, TheCaptionsButtonClosesItToo) {
+    Show([](HWND about) { ::SendMessageA(about, WM_CLOSE, 0, 0); });
 }
 
 }  // namespace

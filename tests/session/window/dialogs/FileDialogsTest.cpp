@@ -4,62 +4,47 @@
 #include <string>
 
 #include "session/window/FileDialogs.h"
-#include "tests/session/window/dialogs/DialogOperator.h"
+#include "tests/controls/window/ControlTestHelper.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/TextRecorder.h"
+#include "tests/views/browser/DialogPerson.h"
 
 namespace corvex::test {
 namespace {
 
-constexpr int kNameCombo = 0x47C, kNameEdit = 0x480, kFilterCombo = 0x470;
-
-HWND NameField(HWND dialog) {
-    const HWND combo = ::GetDlgItem(dialog, kNameCombo);
-    return combo != nullptr ? combo : ::GetDlgItem(dialog, kNameEdit);
-}
+constexpr int kFilterCombo = 0x470;
+constexpr char kOpen[] = "Select ADX...", kSave[] = "Choose file to save to...";
 
 class FileDialogsTest : public ::testing::Test {
 protected:
-    FileDialogsTest()
-        : owner(::CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr, nullptr, nullptr,
-                                  nullptr)) {}
-    ~FileDialogsTest() override { ::DestroyWindow(owner); }
-
-    // Types the name and presses OK.
-    static void Answer(HWND dialog, const std::string& name) {
-        ASSERT_TRUE(Eventually([&] { return NameField(dialog) != nullptr; }));
-        ::SendMessageA(NameField(dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
-        ::PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    // Somebody who answers the dialog with a name, and the box that it puts up then with a button.
+    static std::function<void()> Name(const char* title, const std::string& name, int button = 0) {
+        return [=] {
+            DialogPerson::AnswerFileDialog(title, name);
+            if (button != 0) DialogPerson::AnswerBox(title, button);
+        };
     }
-    static void Cancel(HWND dialog) { ::PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0); }
-    // Answers the box that the dialog puts up.
-    static void AnswerBox(const std::string& title, HWND dialog, int button) {
-        const HWND box = WaitForDialog(title, dialog);
-        EXPECT_NE(nullptr, box);
-        ::PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    }
+    static void Cancel(HWND dialog) { DialogPerson::Press(dialog, IDCANCEL); }
 
-    HWND owner;
+    TestWindow parent{WS_POPUP | WS_VISIBLE};
+    const HWND owner = parent.Window();
     TestFolder folder;
 };
 
 TEST_F(FileDialogsTest, OpenAnswersTheNameOfAFile) {
     folder.Put("a.adx", "x");
-    const DialogOperator user("Select ADX...", [&](HWND dialog) {
+    const DialogPerson user([&] {
+        EXPECT_NE(nullptr, DialogPerson::Await({kOpen, kNameBox}));
         EXPECT_FALSE(::IsWindowEnabled(owner));
-        Answer(dialog, folder.Name("a.adx"));
+        Name(kOpen, folder.Name("a.adx"))();
     });
     EXPECT_EQ(folder.Name("a.adx"), AskOpenPath(owner, kLoadDefinitionPrompt));
     EXPECT_TRUE(::IsWindowEnabled(owner));
 }
 
-TEST_F(FileDialogsTest, CancelAnswersNothing) {
-    {
-        const DialogOperator user("Select ADX...", [](HWND dialog) { Cancel(dialog); });
-        EXPECT_EQ(std::nullopt, AskOpenPath(owner, kLoadDefinitionPrompt));
-    }
-    const DialogOperator user("Choose file to save to...", [](HWND dialog) { Cancel(dialog); });
+TEST_F(FileDialogsTest, CancelOfASaveAnswersNothing) {
+    const DialogPerson user({kSave}, &Cancel);
     EXPECT_EQ(std::nullopt, AskSavePath(owner, kSaveDefinitionPrompt));
 }
 
@@ -73,7 +58,7 @@ TEST_F(FileDialogsTest, OffersOneKindOfFile) {
                     {kOpenLogPrompt, "Select datalog...", "Datalog (XDL) Files (*.xdl)"},
                     {kSaveLogPrompt, "Select/Create file to save...", "Datalog (XDL) Files (*.xdl)"}};
     for (const auto& each : expected) {
-        const DialogOperator user(each.title, [&](HWND dialog) {
+        const DialogPerson user({each.title}, [&](HWND dialog) {
             const HWND filter = ::GetDlgItem(dialog, kFilterCombo);
             EXPECT_TRUE(Eventually([&] { return ::SendMessageA(filter, CB_GETCOUNT, 0, 0) > 0; }));
             EXPECT_EQ(1, ::SendMessageA(filter, CB_GETCOUNT, 0, 0));
@@ -87,42 +72,32 @@ TEST_F(FileDialogsTest, OffersOneKindOfFile) {
 }
 
 TEST_F(FileDialogsTest, PutsTheExtensionBehindANameThatHasNone) {
-    const DialogOperator user("Select/Create file to save...",
-                              [&](HWND dialog) { Answer(dialog, folder.Name("drive")); });
+    const DialogPerson user(Name("Select/Create file to save...", folder.Name("drive")));
     EXPECT_EQ(folder.Name("drive.xdl"), AskSavePath(owner, kSaveLogPrompt));
 }
 
-TEST_F(FileDialogsTest, SaveAsksBeforeANameInUseIsTaken) {
+TEST_F(FileDialogsTest, SaveTakesANameInUseOnlyWhenTheUserSaysSo) {
     folder.Put("a.adx", "x");
-    const DialogOperator user("Choose file to save to...", [&](HWND dialog) {
-        Answer(dialog, folder.Name("a.adx"));
-        AnswerBox("Choose file to save to...", dialog, IDNO);
-        Answer(dialog, folder.Name("b.adx"));
-    });
-    EXPECT_EQ(folder.Name("b.adx"), AskSavePath(owner, kSaveDefinitionPrompt));
-    EXPECT_EQ("x", folder.Content("a.adx"));
-    EXPECT_FALSE(folder.Has("b.adx"));
-}
-
-TEST_F(FileDialogsTest, SaveTakesANameInUseWhenTheUserSaysSo) {
-    folder.Put("a.adx", "x");
-    const DialogOperator user("Choose file to save to...", [&](HWND dialog) {
-        Answer(dialog, folder.Name("a.adx"));
-        AnswerBox("Choose file to save to...", dialog, IDYES);
-    });
+    {
+        const DialogPerson user([&] {
+            Name(kSave, folder.Name("a.adx"), IDNO)();
+            Name(kSave, folder.Name("b.adx"))();
+        });
+        EXPECT_EQ(folder.Name("b.adx"), AskSavePath(owner, kSaveDefinitionPrompt));
+    }
+    const DialogPerson user(Name(kSave, folder.Name("a.adx"), IDYES));
     EXPECT_EQ(folder.Name("a.adx"), AskSavePath(owner, kSaveDefinitionPrompt));
     EXPECT_EQ("x", folder.Content("a.adx"));
+    EXPECT_FALSE(folder.Has("b.adx"));
 }
 
 TEST_F(FileDialogsTest, LeavesTheCurrentFolderAloneWhereverTheUserLooks) {
     folder.Put("a.adx", "x");
     const auto before = std::filesystem::current_path();
-    const DialogOperator user("Select ADX...", [&](HWND dialog) {
-        ASSERT_TRUE(Eventually([&] { return NameField(dialog) != nullptr; }));
-        const std::string place = folder.Path().string();
-        ::SendMessageA(NameField(dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(place.c_str()));
+    const DialogPerson user({kOpen, kNameBox}, [&](HWND dialog) {
+        DialogPerson::Type(dialog, kNameBox, folder.Path().string());
         ::SendMessageA(dialog, WM_COMMAND, IDOK, 0);  // goes there, and has arrived when the answer comes
-        Answer(dialog, "a.adx");
+        Name(kOpen, "a.adx")();
     });
     EXPECT_EQ(folder.Name("a.adx"), AskOpenPath(owner, kLoadDefinitionPrompt));
     EXPECT_EQ(before, std::filesystem::current_path());
@@ -136,11 +111,11 @@ TEST_F(FileDialogsTest, ANameThatIsTooLongIsToldAndNotCut) {
     DebugOutput debug;
     debug.edit = &text;
     {
-        const DialogOperator user("Choose file to save to...", [&](HWND dialog) { Answer(dialog, fitting(259)); });
+        const DialogPerson user(Name(kSave, fitting(259)));
         EXPECT_EQ(fitting(259), AskSavePath(owner, kSaveDefinitionPrompt, &debug));
         EXPECT_EQ("", text.Text());
     }
-    const DialogOperator user("Choose file to save to...", [&](HWND dialog) { Answer(dialog, fitting(260)); });
+    const DialogPerson user(Name(kSave, fitting(260)));
     EXPECT_EQ(std::nullopt, AskSavePath(owner, kSaveDefinitionPrompt, &debug));
     EXPECT_EQ("The name is longer than 259 characters.", text.Text());
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -7,47 +8,35 @@
 #include "controls/window/CommonControls.h"
 #include "session/window/DialogResources.h"
 #include "session/window/Preferences.h"
-#include "tests/session/window/dialogs/DialogOperator.h"
-#include "tests/views/WindowPicture.h"
+#include "tests/controls/window/ControlTestHelper.h"
+#include "tests/controls/window/PaintTestHelper.h"
 
 namespace corvex::test {
 namespace {
 
 constexpr int kOk = 1000, kCancel = 1001;
 
+void Press(HWND dialog, int id) {
+    ::SendMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(MAKEWPARAM(id, BN_CLICKED)), L(::GetDlgItem(dialog, id)));
+}
+
 // A main window that does with notifications what it should, and keeps a diary.
 class PreferencesTest : public ::testing::Test {
 protected:
     PreferencesTest() {
-        const HINSTANCE instance = ::GetModuleHandleA(nullptr);
-        EXPECT_TRUE(PropTreeContainer::Register(instance));
-        WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = &Procedure;
-        windowClass.hInstance = instance;
-        windowClass.lpszClassName = "PreferencesTestMain";
-        ::RegisterClassA(&windowClass);
-        session.instance = instance;
-        main = ::CreateWindowExA(0, "PreferencesTestMain", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 650, 500,
-                                 nullptr, nullptr, instance, this);
+        session.instance = ::GetModuleHandleA(nullptr);
+        EXPECT_TRUE(PropTreeContainer::Register(static_cast<HINSTANCE>(session.instance)));
         session.mainWindow = main;
+        parent.handler = [this](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
+            if (message == WM_ENABLE) diary.push_back(wParam != 0 ? "enabled" : "disabled");
+            if (message != WM_NOTIFY) return std::nullopt;
+            const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
+            diary.push_back(std::to_string(header.code));
+            return OnPreferencesNotify(session, header);
+        };
     }
     ~PreferencesTest() override {
-        if (main != nullptr) ::DestroyWindow(main);
-    }
-
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        if (message == WM_NCCREATE) {
-            const auto* creation = reinterpret_cast<const CREATESTRUCTA*>(lParam);
-            ::SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
-        }
-        auto* const test = reinterpret_cast<PreferencesTest*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
-        if (test != nullptr && message == WM_ENABLE) test->diary.push_back(wParam != 0 ? "enabled" : "disabled");
-        if (test != nullptr && message == WM_NOTIFY) {
-            const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
-            test->diary.push_back(std::to_string(header.code));
-            return OnPreferencesNotify(test->session, header);
-        }
-        return ::DefWindowProcA(window, message, wParam, lParam);
+        if (parent.Alive()) ::DestroyWindow(main);
     }
 
     HWND Window() const { return static_cast<HWND>(session.preferencesWindow); }
@@ -65,7 +54,8 @@ protected:
     }
 
     SessionState session;
-    HWND main;
+    TestWindow parent{WS_OVERLAPPEDWINDOW | WS_VISIBLE};
+    const HWND main = parent.Window();
     std::vector<std::string> diary;
 };
 
@@ -76,17 +66,17 @@ std::string ItemTitle(HWND tree, HTREEITEM item) {
     node.hItem = item;
     node.pszText = text;
     node.cchTextMax = sizeof text;
-    ::SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&node));
+    ::SendMessageA(tree, TVM_GETITEMA, 0, L(&node));
     return text;
 }
 
 HTREEITEM Next(HWND tree, UINT which, HTREEITEM item) {
-    return reinterpret_cast<HTREEITEM>(::SendMessageA(tree, TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(item)));
+    return reinterpret_cast<HTREEITEM>(::SendMessageA(tree, TVM_GETNEXTITEM, which, L(item)));
 }
 
 TEST_F(PreferencesTest, HasThreePagesBelowEachOtherAndShowsComSetup) {
     OpenPreferences(session);
-    EXPECT_EQ("Preferences", TextOf(Window()));
+    EXPECT_EQ("Preferences", TextOfWindow(Window()));
     const HWND tree = ::FindWindowExA(Window(), nullptr, WC_TREEVIEWA, nullptr);
     std::vector<std::string> titles;
     for (HTREEITEM item = Next(tree, TVGN_ROOT, nullptr); item != nullptr; item = Next(tree, TVGN_NEXT, item)) {
@@ -123,18 +113,13 @@ TEST_F(PreferencesTest, GivesTheMainWindowBackBeforeItGoes) {
 TEST_F(PreferencesTest, ShowsTheDigitOfThePortAndTakesTwoCharacters) {
     session.settings.comport[3] = '7';
     OpenPreferences(session);
-    EXPECT_EQ("7", TextOf(Port()));
+    EXPECT_EQ("7", TextOfWindow(Port()));
     EXPECT_EQ(2, ::SendMessageA(Port(), EM_GETLIMITTEXT, 0, 0));
 }
 
-TEST_F(PreferencesTest, OkStoresTheDigit) {
-    EXPECT_EQ("COM3", PortAfter("3"));
-    EXPECT_EQ("COM9", PortAfter("9"));
-}
-
-TEST_F(PreferencesTest, OkStoresALargerNumberAsItIsTold) {
-    EXPECT_EQ("COM<", PortAfter("12"));
-    EXPECT_EQ("COM0", PortAfter(""));
+TEST_F(PreferencesTest, OkStoresTheDigitOfANumberWhateverItIs) {
+    for (const auto& [typed, port] : {std::pair{"3", "COM3"}, {"9", "COM9"}, {"12", "COM<"}, {"", "COM0"}})
+        EXPECT_EQ(port, PortAfter(typed)) << typed;
 }
 
 TEST_F(PreferencesTest, CancelAndCloseStoreNothing) {
@@ -152,7 +137,7 @@ TEST_F(PreferencesTest, OkTakesThePortFromItsPageWhicheverIsOnShow) {
     Type("6");
     PropTreeContainer::selectByTitle(Window(), "Keyboard Accelerators");
     EXPECT_EQ("Keyboard Accelerator Configuration n' Junk (Non-functional at the moment)",
-              TextOf(::GetWindow(PropTreeContainer::currentPage(Window()), GW_CHILD)));
+              TextOfWindow(::GetWindow(PropTreeContainer::currentPage(Window()), GW_CHILD)));
     Press(Window(), kOk);
     EXPECT_STREQ("COM6", session.settings.comport);
 }
@@ -170,7 +155,7 @@ TEST_F(PreferencesTest, OpensOnlyOnce) {
 TEST_F(PreferencesTest, GoesWithTheMainWindow) {
     OpenPreferences(session);
     const HWND window = Window();
-    ::DestroyWindow(std::exchange(main, nullptr));
+    ::DestroyWindow(main);
     EXPECT_FALSE(::IsWindow(window));
     EXPECT_EQ(nullptr, session.preferencesWindow);
 }
@@ -190,11 +175,11 @@ TEST_F(PreferencesTest, HasRoomForItsTexts) {
     for (const char* title : {"General", "COM Setup", "Keyboard Accelerators"}) {
         ASSERT_TRUE(PropTreeContainer::selectByTitle(Window(), title));
         SavePicture(Window(), std::string("Preferences ").append(title));
-        RECT page{}, window{}, common{};
-        ::GetWindowRect(PropTreeContainer::currentPage(Window()), &page);
+        RECT place{}, window{}, common{};
+        ::GetWindowRect(PropTreeContainer::currentPage(Window()), &place);
         ::GetWindowRect(Window(), &window);
-        ::IntersectRect(&common, &page, &window);
-        EXPECT_TRUE(::EqualRect(&common, &page)) << title;
+        ::IntersectRect(&common, &place, &window);
+        EXPECT_EQ(place, common) << title;
     }
 }
 
