@@ -18,29 +18,26 @@ struct Printed {
     std::size_t capacity = 25;
 };
 
+// Whole ones beyond the word overflow. Decimals that are negative count as not given, many are cut to the buffer.
 TEST(GaugeNumberModelTest, WholeValueHasNoDecimalsAndAnyOtherHas) {
-    const Printed cases[] = {
-        {12.0f, 2, "12"},
-        {12.5f, 2, "12.50"},
-        {-3.0f, 2, "-3"},
-        {-3.25f, 1, "-3.2"},
-        {0.75f, 0, "1"},
-        {-0.0f, 2, "0"},
-        {kSmallest, 2, "0.00"},
-        {kInfinity, 2, "inf"},
-        {-kInfinity, 2, "-inf"},
-        // Whole ones beyond the word overflow.
-        {2147483520.0f, 2, "2147483520"},
-        {2147483648.0f, 2, "-2147483648"},
-        {kLargest, 2, "-2147483648"},
-        {-kLargest, 2, "-2147483648"},
-        // Decimals that are negative count as not given, and many are cut to the buffer.
-        {12.5f, 0xFFFFFFFF, "12.500000"},
-        {12.5f, 0x80000000, "12.500000"},
-        {0.5f, 0x7FFFFFFF, "0.5" + std::string(251, '0')},
-        {0.5f, 252, "0.5" + std::string(251, '0')},
-        {0.5f, 251, "0.5" + std::string(250, '0')},
-    };
+    const Printed cases[] = {{12.0f, 2, "12"},
+                             {12.5f, 2, "12.50"},
+                             {-3.0f, 2, "-3"},
+                             {-3.25f, 1, "-3.2"},
+                             {0.75f, 0, "1"},
+                             {-0.0f, 2, "0"},
+                             {kSmallest, 2, "0.00"},
+                             {kInfinity, 2, "inf"},
+                             {-kInfinity, 2, "-inf"},
+                             {2147483520.0f, 2, "2147483520"},
+                             {2147483648.0f, 2, "-2147483648"},
+                             {kLargest, 2, "-2147483648"},
+                             {-kLargest, 2, "-2147483648"},
+                             {12.5f, 0xFFFFFFFF, "12.500000"},
+                             {12.5f, 0x80000000, "12.500000"},
+                             {0.5f, 0x7FFFFFFF, "0.5" + std::string(251, '0')},
+                             {0.5f, 252, "0.5" + std::string(251, '0')},
+                             {0.5f, 251, "0.5" + std::string(250, '0')}};
     for (const Printed& c : cases)
         EXPECT_EQ(FormatGaugeNumber(c.value, c.digits), c.text) << c.value << " " << c.digits;
     EXPECT_NE(FormatGaugeNumber(std::nanf(""), 2).find("nan"), std::string::npos);

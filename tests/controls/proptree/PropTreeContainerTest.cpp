@@ -54,11 +54,10 @@ TEST_F(PropTreeContainerTest, PartsStandToThePixelAtAnySize) {
     for (const SIZE size : {SIZE{640, 480}, SIZE{900, 333}}) {
         Resize(size.cx, size.cy);
         const SIZE client = ClientSize();
-        const RECT tree = PlaceOf(Tree()), ok = PlaceOf(Button(1000)), cancel = PlaceOf(Button(1001));
-        EXPECT_EQ(tree, (RECT{0, 0, client.cx - wide, client.cy}));
-        EXPECT_EQ(ok, (RECT{client.cx - 70, client.cy - 27, client.cx - 5, client.cy - 5}));
-        EXPECT_EQ(cancel, (RECT{client.cx - 143, client.cy - 27, client.cx - 78, client.cy - 5}));
-        EXPECT_EQ(PlaceOf(page).left, tree.right + 2);
+        EXPECT_EQ(PlaceOf(Tree()), (RECT{0, 0, client.cx - wide, client.cy}));
+        EXPECT_EQ(PlaceOf(Button(1000)), (RECT{client.cx - 70, client.cy - 27, client.cx - 5, client.cy - 5}));
+        EXPECT_EQ(PlaceOf(Button(1001)), (RECT{client.cx - 143, client.cy - 27, client.cx - 78, client.cy - 5}));
+        EXPECT_EQ(PlaceOf(page).left, PlaceOf(Tree()).right + 2);
         EXPECT_EQ(PlaceOf(page).top, 0);
         EXPECT_EQ(SizeOf(page).cx, wide);
     }

@@ -65,32 +65,25 @@ TEST_F(SplashScreenTest, ShowsTheBitmapInTheMiddleOfTheScreen) {
     EXPECT_EQ(ColoursOf(splash.Window()), (Colours{kBlue, kYellow}));
 }
 
-TEST_F(SplashScreenTest, HidesWhenItsTimeIsUp) {
+TEST_F(SplashScreenTest, HidesWhenItsTimeIsUpOrItIsToldAndItsTimerGoesWithIt) {
     ASSERT_TRUE(Create());
+    const auto expectHidden = [this] {
+        EXPECT_FALSE(splash.IsVisible());
+        EXPECT_FALSE(OnShow());
+        EXPECT_FALSE(::KillTimer(splash.Window(), 0));
+    };
     splash.show(20);
     EXPECT_TRUE(splash.IsVisible());
     EXPECT_TRUE(Pumps([&] { return !splash.IsVisible(); }));
-    EXPECT_FALSE(OnShow());
-    EXPECT_FALSE(::KillTimer(splash.Window(), 0));
-}
-
-TEST_F(SplashScreenTest, TimerZeroAloneHidesIt) {
-    ASSERT_TRUE(Create());
+    expectHidden();
     splash.show(60000);
     ::SendMessageA(splash.Window(), WM_TIMER, 1, 0);
     EXPECT_TRUE(splash.IsVisible());
     ::SendMessageA(splash.Window(), WM_TIMER, 0, 0);
-    EXPECT_FALSE(splash.IsVisible());
-    EXPECT_FALSE(OnShow());
-}
-
-TEST_F(SplashScreenTest, HideHidesItAndItsTimerWithIt) {
-    ASSERT_TRUE(Create());
+    expectHidden();
     splash.show(60000);
     splash.hide();
-    EXPECT_FALSE(splash.IsVisible());
-    EXPECT_FALSE(OnShow());
-    EXPECT_FALSE(::KillTimer(splash.Window(), 0));
+    expectHidden();
 }
 
 TEST_F(SplashScreenTest, NoTimeMeansUntilHidden) {
