@@ -9,11 +9,6 @@ namespace {
 
 class ClosingTest : public MainWindowTest {
 protected:
-    RECT Place() const {
-        RECT place{};
-        ::GetWindowRect(window, &place);
-        return place;
-    }
     std::string Line(const std::string& key) const {
         const std::string text = folder.Content("Settings.dat");
         const std::size_t at = text.find(key + "=");
@@ -23,28 +18,23 @@ protected:
     }
 };
 
-TEST_F(ClosingTest, TheWindowStaysUntilItsMessageComes) {
-    Start();
-    EXPECT_EQ(0, ::SendMessageA(window, WM_CLOSE, 0, 0));
-    EXPECT_NE(FALSE, ::IsWindow(window));
-    ASSERT_TRUE(Pumps([&] { return ::IsWindow(window) == FALSE; }));
-}
-
-TEST_F(ClosingTest, ExitIsTheSame) {
-    Start();
-    Command(IDM_EXIT);
-    EXPECT_NE(FALSE, ::IsWindow(window));
-    ASSERT_TRUE(Pumps([&] { return ::IsWindow(window) == FALSE; }));
+TEST_F(ClosingTest, TheWindowStaysUntilItsMessageComesByCloseAndByExit) {
+    for (const auto& [message, word] : {std::pair{UINT{WM_CLOSE}, WPARAM{0}}, {UINT{WM_COMMAND}, WPARAM{IDM_EXIT}}}) {
+        Start();
+        EXPECT_EQ(0, ::SendMessageA(window, message, word, 0));
+        EXPECT_NE(FALSE, ::IsWindow(window));
+        ASSERT_TRUE(Pumps([&] { return ::IsWindow(window) == FALSE; }));
+        Close();
+    }
 }
 
 TEST_F(ClosingTest, SavesThePlaceThatItHadLast) {
     Start();
     ::SetWindowPos(window, nullptr, 40, 50, 700, 520, SWP_NOZORDER);
     ASSERT_TRUE(Close());
-    EXPECT_EQ("40", Line("winposx"));
-    EXPECT_EQ("50", Line("winposy"));
-    EXPECT_EQ("700", Line("winsizex"));
-    EXPECT_EQ("520", Line("winsizey"));
+    for (const auto& [key, word] :
+         {std::pair{"winposx", "40"}, {"winposy", "50"}, {"winsizex", "700"}, {"winsizey", "520"}})
+        EXPECT_EQ(word, Line(key)) << key;
 }
 
 TEST_F(ClosingTest, ALogoffSavesThePlaceToo) {
@@ -59,10 +49,7 @@ TEST_F(ClosingTest, ALogoffSavesThePlaceToo) {
 TEST_F(ClosingTest, ComesBackWhereItWas) {
     folder.Put("Settings.dat", "winposx=40\nwinposy=50\nwinsizex=700\nwinsizey=520\n");
     Start();
-    EXPECT_EQ(40, Place().left);
-    EXPECT_EQ(50, Place().top);
-    EXPECT_EQ(740, Place().right);
-    EXPECT_EQ(570, Place().bottom);
+    EXPECT_EQ((RECT{40, 50, 740, 570}), PlaceOf(window));
 }
 
 TEST_F(ClosingTest, APlaceThatNoScreenShowsIsNotTaken) {
@@ -74,8 +61,7 @@ TEST_F(ClosingTest, APlaceThatNoScreenShowsIsNotTaken) {
         folder.Put("Settings.dat", settings);
         Start();
         // By the screen of 1280 by 1024 that the folder's program stands on.
-        EXPECT_EQ(960, Place().right - Place().left) << settings;
-        EXPECT_EQ(704, Place().bottom - Place().top) << settings;
+        EXPECT_EQ((SIZE{960, 704}), SizeOf(window)) << settings;
         ASSERT_TRUE(Close());
     }
 }
@@ -105,8 +91,7 @@ TEST(SavedPlaceTest, ThePlaceOfAMinimisedWindowCountsFromTheTaskBar) {
 }
 
 TEST_F(ClosingTest, ClosesDuringASilentScan) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     Command(IDM_SCAN);
     ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnecting; }));
     EXPECT_TRUE(Close());
@@ -114,34 +99,22 @@ TEST_F(ClosingTest, ClosesDuringASilentScan) {
 }
 
 TEST_F(ClosingTest, ClosesDuringARecordingThatStaysInItsScratchFile) {
-    UseDefinition();
-    serial.Answer({0xA0}, {3, 4}, 5);
-    Start();
-    Command(IDM_SCAN);
-    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
-    Command(IDM_RECORD);
-    ASSERT_TRUE(Pumps([&] { return session.log.header.sampleCount > 2; }));
+    ASSERT_NO_FATAL_FAILURE(StartConnected());
+    ASSERT_NO_FATAL_FAILURE(Record());
     EXPECT_TRUE(Close());
     EXPECT_TRUE(folder.Has("temp.xdl"));
     EXPECT_EQ(kLogClosed, session.log.State());
 }
 
 TEST_F(ClosingTest, ClosesDuringAPlayback) {
-    UseDefinition();
-    Start();
-    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
-    Command(IDM_PLAY);
-    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
+    StartWithDefinition();
+    ASSERT_NO_FATAL_FAILURE(Play());
     EXPECT_TRUE(Close());
     EXPECT_EQ(folder.Name("long.xdl"), Line("lastxdlpath"));
 }
 
 TEST_F(ClosingTest, ClosesWhileALoadWaits) {
-    UseDefinition();
-    serial.Answer({0xA0}, {3, 4}, 5);
-    Start();
-    Command(IDM_SCAN);
-    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    ASSERT_NO_FATAL_FAILURE(StartConnected());
     {
         DialogAnswer answer("Select ADX...", IDCANCEL);
         Command(IDM_LOAD_DEFINITION);

@@ -26,13 +26,9 @@ protected:
         EXPECT_TRUE(answer.Came());
         EXPECT_NE(std::string::npos, answer.Text().find("dashboard"));
     }
-    void Connect() {
-        Command(IDM_SCAN);
-        ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
-    }
     // Whether the window is still there, once all is said.
     bool Stays() {
-        HandleMessages();
+        Pump();
         return desktop.IsQuiet() && ::IsWindow(window) != FALSE;
     }
     LRESULT EndSession(LPARAM reason) { return ::SendMessageA(window, WM_QUERYENDSESSION, 0, reason); }
@@ -41,7 +37,7 @@ protected:
 
 TEST_F(DashQuestionTest, CancelledALoadAnImportAnEditAndANewOneLeaveAllAsItIs) {
     StartChanged();
-    Connect();
+    ASSERT_NO_FATAL_FAILURE(Connect());
     Command(IDM_RECORD);
     Answer(IDCANCEL, [&] { Load(other); });
     Answer(IDCANCEL, [&] { Import(); });
@@ -111,7 +107,7 @@ TEST_F(DashQuestionTest, ASaveThatSucceedsLeavesNothingToAsk) {
 TEST_F(DashQuestionTest, AChangeWhileALoadWaitsIsAskedAboutToo) {
     StartChanged();
     session.dashChanged = 0;
-    Connect();
+    ASSERT_NO_FATAL_FAILURE(Connect());
     Load(other);
     session.dashChanged = 1;
     Answer(IDYES, [&] { EXPECT_TRUE(Pumps([&] { return Says("Loaded " + other); })); });

@@ -21,6 +21,10 @@ protected:
         Load(folder.Name("broken.adx"));
     }
     void Import() { commands().ImportDefinition(std::string(CORVEX_SOURCE_DIR) + "/examples/kestrel-legacy.ads"); }
+    std::string Path() const { return session.settings.lastadxpath; }
+    bool LoadsWithin(const std::string& path) {
+        return Pumps([&] { return Says("Loaded " + path); });
+    }
     // Save, and what else has no name to go by.
     void ExpectAsksForAName(unsigned command) {
         DialogAnswer answer("Choose file to save to...", IDCANCEL);

@@ -5,11 +5,11 @@ namespace corvex::test {
 namespace {
 
 TEST_F(DefinitionCommandsTest, LoadsTheLastOneAtStart) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     EXPECT_EQ("Loaded " + folder.Name("one.adx"), Output());
     EXPECT_EQ(2U, session.definition.GetCount());
     EXPECT_NE(std::string::npos, Title().find("one.adx"));
+    EXPECT_EQ(0, ::SendMessageA(AsWindow(session.statusRight), WM_USER + 8, 0, 0)) << "the progress is put back";
 }
 
 TEST_F(DefinitionCommandsTest, LeavesTheLastOneWhenTheSettingsSaySo) {
@@ -18,68 +18,48 @@ TEST_F(DefinitionCommandsTest, LeavesTheLastOneWhenTheSettingsSaySo) {
     Start();
     EXPECT_EQ("", Output());
     EXPECT_EQ(0U, session.definition.GetCount());
-    EXPECT_EQ(path, session.settings.lastadxpath);
-}
-
-TEST_F(DefinitionCommandsTest, AFirstStartSaysThatThereIsNone) {
-    Start();
-    EXPECT_EQ(0U, Output().find("FAILED to Load "));
+    EXPECT_EQ(path, Path());
 }
 
 TEST_F(DefinitionCommandsTest, ABrokenOneIsToldWithItsReason) {
-    UseDefinition();
     Start();
+    EXPECT_EQ(0U, Output().find("FAILED to Load ")) << "a first start says that there is none";
+    Load(PutDefinition("one.adx"));
     LoadBroken();
     ADXDefinition other;
     char reason[ADXDefinition::kErrorSize] = {};
     ASSERT_EQ(0, other.Load(folder.Name("broken.adx").c_str(), reason));
     ASSERT_NE('\0', reason[0]);
     EXPECT_TRUE(Says("\r\nFAILED to Load " + folder.Name("broken.adx") + "\r\n" + reason));
-    EXPECT_EQ(folder.Name("one.adx"), session.settings.lastadxpath);
-}
-
-TEST_F(DefinitionCommandsTest, AReasonWithAPercentSignIsShownAsItIs) {
-    Start();
+    EXPECT_EQ(folder.Name("one.adx"), Path());
     folder.Put("percent.adx", "<ADXFORMAT version=\"0.50\" />\n<%n%s%n></%d>");
     Load(folder.Name("percent.adx"));
-    EXPECT_TRUE(Says("FAILED to Load"));
+    EXPECT_TRUE(Says("FAILED to Load " + folder.Name("percent.adx"))) << "and the reason as it is";
 }
 
 TEST_F(DefinitionCommandsTest, APathIsCutWhereTheSettingsEnd) {
     Start();
     Load(std::string(400, 'x'));
     EXPECT_TRUE(Says("FAILED to Load xxx"));
-    EXPECT_EQ('\0', session.settings.lastadxpath[0]);
+    EXPECT_EQ("", Path());
 }
 
-TEST_F(DefinitionCommandsTest, TheProgressIsPutBack) {
-    UseDefinition();
-    Start();
-    EXPECT_EQ(0, ::SendMessageA(AsWindow(session.statusRight), WM_USER + 8, 0, 0));
-}
-
-TEST_F(DefinitionCommandsTest, AnImportForgetsTheNameButNotTheTitle) {
-    UseDefinition();
-    Start();
+TEST_F(DefinitionCommandsTest, AnImportForgetsTheNameButNotTheTitleEvenOneThatFails) {
+    StartWithDefinition();
     const std::string title = Title();
+    commands().ImportDefinition(folder.Name("none.ads"));
+    EXPECT_TRUE(Says("FAILED to Import"));
+    EXPECT_EQ("", Path());
+    EXPECT_EQ(2U, session.definition.GetCount());
+    Load(folder.Name("one.adx"));
     Import();
     EXPECT_GT(session.definition.GetCount(), 2U);
-    EXPECT_EQ('\0', session.settings.lastadxpath[0]);
+    EXPECT_EQ("", Path());
     EXPECT_EQ(title, Title());
 }
 
-TEST_F(DefinitionCommandsTest, SoDoesAnImportThatFails) {
-    UseDefinition();
-    Start();
-    commands().ImportDefinition(folder.Name("none.ads"));
-    EXPECT_TRUE(Says("FAILED to Import"));
-    EXPECT_EQ('\0', session.settings.lastadxpath[0]);
-    EXPECT_EQ(2U, session.definition.GetCount());
-}
-
 TEST_F(DefinitionCommandsTest, SaveWritesWhereItCameFrom) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     folder.Put("one.adx", "");
     Command(IDM_SAVE_DEFINITION);
     EXPECT_NE(std::string::npos, folder.Content("one.adx").find("ADXMACRO"));
@@ -88,12 +68,11 @@ TEST_F(DefinitionCommandsTest, SaveWritesWhereItCameFrom) {
 TEST_F(DefinitionCommandsTest, SaveWithoutANameAsksForOne) {
     Start();
     ExpectAsksForAName(IDM_SAVE_DEFINITION);
-    EXPECT_EQ('\0', session.settings.lastadxpath[0]);
+    EXPECT_EQ("", Path());
 }
 
 TEST_F(DefinitionCommandsTest, ARestIsNotSavedOverAGoodFileUntilALoadSucceeds) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     LoadBroken();
     const std::string good = folder.Content("one.adx");
     ExpectAsksForAName(IDM_SAVE_DEFINITION);
@@ -123,8 +102,7 @@ TEST_F(DefinitionCommandsTest, NorIsWhatWasInMemoryBeforeAnEdit) {
 }
 
 TEST_F(DefinitionCommandsTest, AnImportIsEditedInTheFileThatItIsSavedTo) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     UseEditor();
     Import();
     ExpectAsksForAName(IDM_EDIT_DEFINITION);
@@ -132,37 +110,28 @@ TEST_F(DefinitionCommandsTest, AnImportIsEditedInTheFileThatItIsSavedTo) {
     EXPECT_GT(session.definition.GetCount(), 2U);
 }
 
-TEST_F(DefinitionCommandsTest, AfterAFailedLoadTheLastFileIsEdited) {
-    UseDefinition();
+TEST_F(DefinitionCommandsTest, AfterAFailedLoadTheLastFileIsEditedAndWithNothingLoadedANewOne) {
     Start();
     UseEditor();
+    Command(IDM_EDIT_DEFINITION);
+    Load(PutDefinition("one.adx"));
     LoadBroken();
     Command(IDM_EDIT_DEFINITION);
-    EXPECT_EQ(std::vector<std::string>{folder.Name("one.adx")}, edited);
-}
-
-TEST_F(DefinitionCommandsTest, WithNothingLoadedAnEditBeginsANewOne) {
-    Start();
-    UseEditor();
-    Command(IDM_EDIT_DEFINITION);
-    EXPECT_EQ(std::vector<std::string>{""}, edited);
+    EXPECT_EQ((std::vector<std::string>{"", folder.Name("one.adx")}), edited);
 }
 
 TEST_F(DefinitionCommandsTest, TheOtherTwoPromptsHaveTheirTitles) {
     Start();
-    {
-        DialogAnswer answer("Select ADX...", IDCANCEL);
-        Command(IDM_LOAD_DEFINITION);
+    for (const auto& [command, title] : {std::pair<unsigned, const char*>{IDM_LOAD_DEFINITION, "Select ADX..."},
+                                         {IDM_IMPORT_DEFINITION, "Select file to import..."}}) {
+        DialogAnswer answer(title, IDCANCEL);
+        Command(command);
         EXPECT_TRUE(answer.Came());
     }
-    DialogAnswer answer("Select file to import...", IDCANCEL);
-    Command(IDM_IMPORT_DEFINITION);
-    EXPECT_TRUE(answer.Came());
 }
 
 TEST_F(DefinitionCommandsTest, TheLastPacketGoesWithItsDefinition) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     const std::uint8_t bytes[] = {1, 2};
     const auto isKeptAfter = [&](const std::function<void()>& work) {
         session.StoreLastPacket(LastPacket::Of({bytes, 2}, 5));
@@ -192,62 +161,37 @@ TEST_F(DefinitionCommandsTest, AFileThatSomebodyWritesIsNotRead) {
 }
 
 TEST_F(DefinitionCommandsTest, ALoadDuringAScanEndsItFirst) {
-    UseDefinition();
-    serial.Answer({0xA0}, {3, 4}, 5);
-    Start();
-    Command(IDM_SCAN);
-    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    ASSERT_NO_FATAL_FAILURE(StartConnected());
     const std::string other = PutDefinition("other.adx");
     Load(other);
     EXPECT_FALSE(Says("Loaded " + other));  // the main thread has not waited for it
-    ASSERT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
+    ASSERT_TRUE(LoadsWithin(other));
     EXPECT_TRUE(desktop.IsQuiet());
     EXPECT_EQ(kNotConnected, session.connectionState);
-    EXPECT_EQ(other, session.settings.lastadxpath);
-}
-
-TEST_F(DefinitionCommandsTest, ALoadDuringAPlaybackEndsItFirst) {
-    UseDefinition();
-    Start();
-    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
-    Command(IDM_PLAY);
-    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
-    const std::string other = PutDefinition("other.adx");
-    Load(other);
-    ASSERT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
-    EXPECT_TRUE(desktop.IsQuiet());
+    EXPECT_EQ(other, Path());
 }
 
 TEST_F(DefinitionCommandsTest, ALoadDuringARecordingOffersToSaveIt) {
-    UseDefinition();
-    serial.Answer({0xA0}, {3, 4}, 5);
-    Start();
-    Command(IDM_SCAN);
-    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
-    Command(IDM_RECORD);
-    ASSERT_TRUE(Pumps([&] { return session.log.header.sampleCount > 2; }));
+    ASSERT_NO_FATAL_FAILURE(StartConnected());
+    ASSERT_NO_FATAL_FAILURE(Record());
     const std::string other = PutDefinition("other.adx");
     {
         DialogAnswer answer("Select/Create file to save...", IDCANCEL);
         Load(other);
         EXPECT_TRUE(answer.Came());
     }
-    ASSERT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
+    ASSERT_TRUE(LoadsWithin(other));
     EXPECT_TRUE(folder.Has("temp.xdl"));
 }
 
 TEST_F(DefinitionCommandsTest, TwoLoadsInARowComeInTheirOrder) {
-    UseDefinition();
-    serial.Answer({0xA0}, {3, 4}, 5);
-    Start();
-    Command(IDM_SCAN);
-    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    ASSERT_NO_FATAL_FAILURE(StartConnected());
     const std::string first = PutDefinition("first.adx"), second = PutDefinition("second.adx");
     Load(first);
     Load(second);
-    ASSERT_TRUE(Pumps([&] { return Says("Loaded " + second); }));
+    ASSERT_TRUE(LoadsWithin(second));
     EXPECT_LT(Output().find("Loaded " + first), Output().find("Loaded " + second));
-    EXPECT_EQ(second, session.settings.lastadxpath);
+    EXPECT_EQ(second, Path());
 }
 
 TEST_F(DefinitionCommandsTest, APlaybackBegunWhileALoadWaitsEndsToo) {
@@ -261,16 +205,12 @@ TEST_F(DefinitionCommandsTest, APlaybackBegunWhileALoadWaitsEndsToo) {
     Load(other);
     Command(IDM_PLAY);
     EXPECT_EQ(kLogPlaying, session.log.State());
-    ASSERT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
+    ASSERT_TRUE(LoadsWithin(other));
     EXPECT_FALSE(session.log.IsPlaying());
 }
 
 TEST_F(DefinitionCommandsTest, ARecordingBegunWhileALoadWaitsIsOfferedForSavingToo) {
-    UseDefinition();
-    serial.Answer({0xA0}, {3, 4}, 5);
-    Start();
-    Command(IDM_SCAN);
-    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    ASSERT_NO_FATAL_FAILURE(StartConnected());
     const std::string other = PutDefinition("other.adx");
     Load(other);
     Command(IDM_RECORD);
@@ -285,7 +225,7 @@ TEST_F(DefinitionCommandsTest, ARecordingBegunWhileALoadWaitsIsOfferedForSavingT
         EXPECT_TRUE(Eventually([&] { return ticks >= from + 10; }));
         early = Says("Loaded " + other);
     });
-    EXPECT_TRUE(Pumps([&] { return Says("Loaded " + other); }));
+    EXPECT_TRUE(LoadsWithin(other));
     ::KillTimer(nullptr, timer);
     EXPECT_TRUE(answer.Came());
     EXPECT_FALSE(early);
@@ -294,8 +234,7 @@ TEST_F(DefinitionCommandsTest, ARecordingBegunWhileALoadWaitsIsOfferedForSavingT
 }
 
 TEST_F(DefinitionCommandsTest, ManyLoadsDuringAPlaybackLeaveNothingBehind) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
     for (int i = 0; i < 30; ++i) {
         Command(IDM_PLAY);

@@ -1,16 +1,12 @@
 // The window tree and its places.
+#include <array>
+
 #include "controls/tabsheet/TabSheet.h"
 #include "controls/textprogress/TextProgress.h"
 #include "tests/session/window/main/MainWindowHelper.h"
 
 namespace corvex::test {
 namespace {
-
-std::string ClassName(HWND window) {
-    char name[100] = {};
-    ::GetClassNameA(window, name, sizeof name);
-    return name;
-}
 
 class LayoutTest : public MainWindowTest {
 protected:
@@ -21,41 +17,32 @@ protected:
         ::MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
         return place;
     }
-    RECT Client() const {
-        RECT client{};
-        ::GetClientRect(window, &client);
-        return client;
-    }
     void Resize(int width, int height) {
         ::SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOMOVE);
         Pumps([] { return ::GetQueueStatus(QS_POSTMESSAGE) == 0; });
     }
     void ExpectFullHouse() const {
-        const RECT client = Client();
-        const RECT band = PlaceOf(desktop.session.rebar), sheet = PlaceOf(desktop.session.tabSheet);
-        const RECT bar = PlaceOf(desktop.session.statusBar);
+        const RECT client = ClientOf(window);
+        const RECT band = PlaceOf(session.rebar), sheet = PlaceOf(session.tabSheet), bar = PlaceOf(session.statusBar);
         EXPECT_EQ(0, band.top);
         EXPECT_EQ(client.right, band.right - band.left);
-        EXPECT_EQ(band.bottom, sheet.top);
-        EXPECT_EQ(0, sheet.left);
-        EXPECT_EQ(client.right, sheet.right);
-        EXPECT_EQ(bar.top, sheet.bottom);
+        EXPECT_EQ((RECT{0, band.bottom, client.right, bar.top}), sheet);
         EXPECT_EQ(client.bottom, bar.bottom);
     }
 };
 
 TEST_F(LayoutTest, HasTheWindowsThatAreTold) {
     Start();
-    EXPECT_EQ("CORVEX", ClassName(window));
-    EXPECT_EQ("ReBarWindow32", ClassName(AsWindow(session.rebar)));
+    EXPECT_EQ("CORVEX", ClassNameOf(window));
+    EXPECT_EQ("ReBarWindow32", ClassNameOf(AsWindow(session.rebar)));
     EXPECT_EQ(10000, ::GetDlgCtrlID(AsWindow(session.rebar)));
     EXPECT_EQ(10001, ::GetDlgCtrlID(AsWindow(session.fileToolbar)));
     EXPECT_EQ(10010, ::GetDlgCtrlID(AsWindow(session.scanToolbar)));
     EXPECT_EQ(10008, ::GetDlgCtrlID(AsWindow(session.logBar)));
     EXPECT_EQ(50000, ::GetDlgCtrlID(AsWindow(session.statusBar)));
-    EXPECT_EQ("QZRICHSTATIC", ClassName(AsWindow(session.statusLeft)));
-    EXPECT_EQ("QZTEXTPROGRESS", ClassName(AsWindow(session.statusRight)));
-    EXPECT_EQ("QZTABSHEET", ClassName(AsWindow(session.tabSheet)));
+    EXPECT_EQ("QZRICHSTATIC", ClassNameOf(AsWindow(session.statusLeft)));
+    EXPECT_EQ("QZTEXTPROGRESS", ClassNameOf(AsWindow(session.statusRight)));
+    EXPECT_EQ("QZTABSHEET", ClassNameOf(AsWindow(session.tabSheet)));
     EXPECT_EQ(100, ::GetDlgCtrlID(AsWindow(session.outputEdit)));
 }
 
@@ -80,28 +67,19 @@ TEST_F(LayoutTest, FillsTheWindowAtAnySize) {
         Resize(static_cast<int>(size.cx), static_cast<int>(size.cy));
         ExpectFullHouse();
     }
-}
-
-TEST_F(LayoutTest, AWindowOfNoHeightLeavesTheSheetNone) {
-    Start();
     Resize(650, 10);
-    const RECT sheet = PlaceOf(session.tabSheet);
-    EXPECT_EQ(sheet.top, sheet.bottom);
+    EXPECT_EQ(PlaceOf(session.tabSheet).top, PlaceOf(session.tabSheet).bottom) << "no height leaves the sheet none";
 }
 
 TEST_F(LayoutTest, TheStatusBarHasFourParts) {
     Start();
     Resize(650, 500);
-    int ends[8] = {};
-    ASSERT_EQ(4, ::SendMessageA(AsWindow(session.statusBar), SB_GETPARTS, 8, reinterpret_cast<LPARAM>(ends)));
-    EXPECT_EQ(130, ends[0]);
-    EXPECT_EQ(260, ends[1]);
-    EXPECT_EQ(390, ends[2]);
-    EXPECT_EQ(-1, ends[3]);
+    std::array<int, 4> ends{};
+    ASSERT_EQ(4, ::SendMessageA(AsWindow(session.statusBar), SB_GETPARTS, 4, L(ends.data())));
+    EXPECT_EQ((std::array{130, 260, 390, -1}), ends);
     RECT part{}, panel{};
     for (int i = 0; i < 2; ++i) {
-        ::SendMessageA(AsWindow(session.statusBar), SB_GETRECT, static_cast<WPARAM>(i),
-                       reinterpret_cast<LPARAM>(&part));
+        ::SendMessageA(AsWindow(session.statusBar), SB_GETRECT, static_cast<WPARAM>(i), L(&part));
         ::GetWindowRect(AsWindow(i == 0 ? session.statusLeft : session.statusRight), &panel);
         ::MapWindowPoints(nullptr, AsWindow(session.statusBar), reinterpret_cast<POINT*>(&panel), 2);
         EXPECT_TRUE(::EqualRect(&part, &panel)) << i;
@@ -124,7 +102,7 @@ TEST_F(LayoutTest, BandsHoldToolbarsAndLogBar) {
         REBARBANDINFOA band{};
         band.cbSize = REBARBANDINFOA_V3_SIZE;
         band.fMask = RBBIM_ID | RBBIM_CHILD;
-        ::SendMessageA(rebar, RB_GETBANDINFOA, i, reinterpret_cast<LPARAM>(&band));
+        ::SendMessageA(rebar, RB_GETBANDINFOA, i, L(&band));
         EXPECT_EQ(ids[i], band.wID);
         EXPECT_EQ(children[i], band.hwndChild);
     }
@@ -135,15 +113,12 @@ TEST_F(LayoutTest, NoButtonIsCutAtTheFirstSize) {
     Resize(650, 500);
     for (void* const word : {session.fileToolbar, session.scanToolbar, session.logBar}) {
         const HWND bar = AsWindow(word);
-        RECT client{}, button{};
-        ::GetClientRect(bar, &client);
+        RECT button{};
         const auto last = ::SendMessageA(bar, TB_BUTTONCOUNT, 0, 0) - 1;
-        ::SendMessageA(bar, TB_GETITEMRECT, static_cast<WPARAM>(last), reinterpret_cast<LPARAM>(&button));
-        EXPECT_LE(button.right, client.right) << ::GetDlgCtrlID(bar);
+        ::SendMessageA(bar, TB_GETITEMRECT, static_cast<WPARAM>(last), L(&button));
+        EXPECT_LE(button.right, ClientOf(bar).right) << ::GetDlgCtrlID(bar);
     }
-    RECT slider{};
-    ::GetClientRect(Slider(), &slider);
-    EXPECT_GE(slider.right, 80);
+    EXPECT_GE(ClientOf(Slider()).right, 80);
 }
 
 TEST_F(LayoutTest, TheSliderStandsBesideTheToolbar) {
@@ -151,9 +126,7 @@ TEST_F(LayoutTest, TheSliderStandsBesideTheToolbar) {
     const HWND dialog = AsWindow(session.logBarDialog);
     for (const int width : {200, 295, 518, 521, 522, 900, 100}) {
         ::SetWindowPos(dialog, nullptr, 0, 0, width, 21, SWP_NOZORDER | SWP_NOMOVE);
-        RECT slider{};
-        ::GetWindowRect(Slider(), &slider);
-        ::MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&slider), 2);
+        const RECT slider = corvex::PlaceOf(Slider());
         EXPECT_EQ(119, slider.left);
         const int room = width - 119 - 2;
         EXPECT_EQ(room < 0 ? 0 : room > 400 ? 400 : room, slider.right - slider.left) << width;
@@ -168,7 +141,7 @@ TEST_F(LayoutTest, ABandThatGrowsMovesThePages) {
     band.cbSize = REBARBANDINFOA_V3_SIZE;
     band.fMask = RBBIM_CHILDSIZE;
     band.cyMinChild = 60;
-    ::SendMessageA(AsWindow(session.rebar), RB_SETBANDINFOA, 2, reinterpret_cast<LPARAM>(&band));
+    ::SendMessageA(AsWindow(session.rebar), RB_SETBANDINFOA, 2, L(&band));
     ASSERT_TRUE(Pumps([&] { return PlaceOf(session.tabSheet).top >= 60; }));
     ExpectFullHouse();
 }

@@ -3,85 +3,47 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "controls/window/CommonControls.h"
 #include "session/window/Desktop.h"
 #include "session/window/MainWindow.h"
 #include "session/window/ResourceIds.h"
+#include "tests/controls/window/ControlTestHelper.h"
 #include "tests/support/LogBytes.h"
 #include "tests/support/ScriptedSerial.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/VirtualClock.h"
+#include "tests/views/browser/DialogPerson.h"
 
 namespace corvex::test {
-
-// Handles what is posted by now.
-inline void HandleMessages() {
-    MSG message;
-    while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0)
-        ::DispatchMessageA(&message);
-}
-
-// Handles messages until it is so, for 30 seconds at most.
-template <class Predicate>
-bool Pumps(Predicate isSo) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-    while (!isSo()) {
-        if (std::chrono::steady_clock::now() > deadline) return isSo();
-        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
-        HandleMessages();
-    }
-    return true;
-}
-
-inline std::string TextOf(HWND window) {
-    std::string text(65536, '\0');
-    const auto length = ::SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
 
 // Presses a button of the next dialog with this title, on a thread of its own, so that the call that shows it returns.
 // What is to be looked at while it is open is looked at there.
 class DialogAnswer {
 public:
     DialogAnswer(
-        std::string title, int button, std::function<void()> before = [] {})
-        : thread_(
-              [this, title = std::move(title), button, before = std::move(before)] { Run(title, button, before); }) {}
-    ~DialogAnswer() { thread_.join(); }
+        const char* title, int button, std::function<void()> before = [] {})
+        : person_({title, button}, [this, button, before = std::move(before)](HWND dialog) {
+              text_ = DialogPerson::Text(dialog, kBoxText);
+              before();
+              came_ = true;
+              DialogPerson::Press(dialog, button);
+          }) {}
     bool Came() {
-        thread_.join();
-        thread_ = std::thread([] {});
-        return came_;
+        return Pumps([&] { return came_.load(); });
     }
     std::string Text() const { return text_; }
 
 private:
-    void Run(const std::string& title, int button, const std::function<void()>& before) {
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        HWND dialog = nullptr;
-        while (dialog == nullptr && std::chrono::steady_clock::now() < deadline) {
-            dialog = ::FindWindowA(MAKEINTRESOURCEA(32770), title.c_str());
-            if (dialog != nullptr && ::GetDlgItem(dialog, button) == nullptr) dialog = nullptr;
-            std::this_thread::yield();
-        }
-        if (dialog == nullptr) return;
-        text_ = TextOf(::GetDlgItem(dialog, 0xFFFF));  // the words of a message box
-        came_ = true;
-        before();
-        ::SendMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    }
-    bool came_ = false;
+    std::atomic<bool> came_{false};
     std::string text_;
-    std::thread thread_;
+    const DialogPerson person_;  // goes first
 };
 
 class MainWindowTest : public testing::Test {
@@ -134,15 +96,39 @@ protected:
         folder.Put(file, {log.bytes.begin(), log.bytes.end()});
         return folder.Name(file);
     }
+    // The start on such a definition, and what may follow.
+    void StartWithDefinition() {
+        UseDefinition();
+        Start();
+    }
+    void StartConnected() {
+        serial.Answer({0xA0}, {3, 4}, 5);
+        StartWithDefinition();
+        Connect();
+    }
+    void Connect() {
+        Command(IDM_SCAN);
+        ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    }
+    void Record() {
+        Command(IDM_RECORD);
+        ASSERT_TRUE(Pumps([&] { return session.log.header.sampleCount > 2; }));
+    }
+    // Of a log of its own with records at these times.
+    void Play(const std::vector<std::uint32_t>& times = {0, 60000}) {
+        session.settings.SetLastLog(PutLog("long.xdl", times));
+        Command(IDM_PLAY);
+        ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
+    }
     void UseDefinition(const std::string& objects = {}) {
         const std::string path = PutDefinition("one.adx", objects);
         folder.Put("Settings.dat", "lastadxpath=" + path + "\n");
     }
 
-    std::string Title() const { return TextOf(window); }
-    std::string LeftText() const { return TextOf(AsWindow(desktop.session.statusLeft)); }
-    std::string RightText() const { return TextOf(AsWindow(desktop.session.statusRight)); }
-    std::string Output() const { return TextOf(AsWindow(desktop.session.outputEdit)); }
+    std::string Title() const { return TextOfWindow(window); }
+    std::string LeftText() const { return TextOfWindow(AsWindow(desktop.session.statusLeft)); }
+    std::string RightText() const { return TextOfWindow(AsWindow(desktop.session.statusRight)); }
+    std::string Output() const { return TextOfWindow(AsWindow(desktop.session.outputEdit)); }
     bool Says(const std::string& text) const { return Output().find(text) != std::string::npos; }
     HWND Slider() const { return ::GetDlgItem(AsWindow(desktop.session.logBarDialog), IDC_LOG_SLIDER); }
     bool IsOn(int button) const {

@@ -8,25 +8,21 @@ namespace {
 
 class OutputTextTest : public MainWindowTest {
 protected:
-    void Start() {
+    OutputTextTest() {
         folder.Put("Settings.dat", "loadlastdef=0\n");
-        MainWindowTest::Start();
+        Start();
     }
+    void Print(const char* text) { DebugOutput::Print(&session.debug, "%s", text); }
 };
 
 TEST_F(OutputTextTest, IsAnEditControlThatCanBeWrittenIn) {
-    Start();
-    const LONG style = ::GetWindowLongA(AsWindow(session.outputEdit), GWL_STYLE);
-    EXPECT_EQ(0, style & ES_READONLY);
-    for (const LONG bit : {WS_CHILD, WS_VSCROLL, ES_MULTILINE, ES_AUTOVSCROLL})
-        EXPECT_NE(0, style & bit) << bit;
+    const DWORD style = StyleOfWindow(AsWindow(session.outputEdit)),
+                wanted = WS_CHILD | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL;
+    EXPECT_EQ(wanted, style & (wanted | ES_READONLY));
 }
 
 TEST_F(OutputTextTest, HasTheSmallFont) {
-    Start();
-    const auto font = reinterpret_cast<HFONT>(::SendMessageA(AsWindow(session.outputEdit), WM_GETFONT, 0, 0));
-    LOGFONTA fontInfo{};
-    ASSERT_NE(0, ::GetObjectA(font, sizeof fontInfo, &fontInfo));
+    const LOGFONTA fontInfo = FontOf(AsWindow(session.outputEdit));
     EXPECT_EQ(6, fontInfo.lfHeight);
     EXPECT_EQ(100, fontInfo.lfWeight);
     EXPECT_EQ(PROOF_QUALITY, fontInfo.lfQuality);
@@ -35,36 +31,32 @@ TEST_F(OutputTextTest, HasTheSmallFont) {
 }
 
 TEST_F(OutputTextTest, BreaksStandBeforeLinesButTheFirst) {
-    Start();
-    DebugOutput::Print(&session.debug, "one");
-    DebugOutput::Print(&session.debug, "two");
+    Print("one");
+    Print("two");
     EXPECT_EQ("one\r\ntwo", Output());
 }
 
 TEST_F(OutputTextTest, HasNoLimitOfItsOwn) {
-    Start();
     const std::string line(4000, 'x');
     for (int i = 0; i < 15; ++i)
-        DebugOutput::Print(&session.debug, "%s", line.c_str());
+        Print(line.c_str());
     EXPECT_EQ(15U * 4000 + 14 * 2, desktop.output.TextLength());
 }
 
 TEST_F(OutputTextTest, AppendsAtTheEndWhereverTheCaretIs) {
-    Start();
-    DebugOutput::Print(&session.debug, "one");
+    Print("one");
     ::SendMessageA(AsWindow(session.outputEdit), EM_SETSEL, 0, 2);
-    DebugOutput::Print(&session.debug, "two");
+    Print("two");
     EXPECT_EQ("one\r\ntwo", Output());
 }
 
 TEST_F(OutputTextTest, LinesOfSeveralThreadsStayWhole) {
-    Start();
     std::atomic<int> done{0};
     std::vector<std::thread> threads;
     for (int t = 0; t < 3; ++t) {
         threads.emplace_back([&] {
             for (int i = 0; i < 40; ++i)
-                DebugOutput::Print(&session.debug, "a line of twenty-six signs");
+                Print("a line of twenty-six signs");
             ++done;
         });
     }
@@ -80,21 +72,19 @@ TEST_F(OutputTextTest, LinesOfSeveralThreadsStayWhole) {
 }
 
 TEST_F(OutputTextTest, AWorkerLeavesItsLinesToABusyMainThread) {
-    Start();
-    DebugOutput::Print(&session.debug, "main");
+    Print("main");
     std::thread worker([&] {
-        DebugOutput::Print(&session.debug, "first");
-        DebugOutput::Print(&session.debug, "second");
+        Print("first");
+        Print("second");
     });
     worker.join();  // while nobody looks at the messages
     EXPECT_EQ(4U + 2 + 5 + 2 + 6, desktop.output.TextLength());
-    DebugOutput::Print(&session.debug, "third");
+    Print("third");
     EXPECT_EQ("main\r\nfirst\r\nsecond\r\nthird", Output());
 }
 
 TEST_F(OutputTextTest, AWorkersLinesComeByTheMessageQueue) {
-    Start();
-    std::thread([&] { DebugOutput::Print(&session.debug, "line"); }).join();
+    std::thread([&] { Print("line"); }).join();
     ASSERT_TRUE(Pumps([&] {
         const LRESULT end = ::SendMessageA(AsWindow(session.outputEdit), EM_GETLINECOUNT, 0, 0) - 1;
         return end == 0 && ::SendMessageA(AsWindow(session.outputEdit), EM_LINELENGTH, 0, 0) == 4;
@@ -102,13 +92,12 @@ TEST_F(OutputTextTest, AWorkersLinesComeByTheMessageQueue) {
 }
 
 TEST_F(OutputTextTest, ClearTakesWhatWaitsToo) {
-    Start();
-    DebugOutput::Print(&session.debug, "before");
+    Print("before");
     std::thread([&] {
-        DebugOutput::Print(&session.debug, "waits");
+        Print("waits");
         desktop.output.Clear();
         EXPECT_EQ(0U, desktop.output.TextLength());
-        DebugOutput::Print(&session.debug, "after");
+        Print("after");
     }).join();
     EXPECT_EQ("after", Output());
     desktop.output.Clear();
@@ -116,10 +105,9 @@ TEST_F(OutputTextTest, ClearTakesWhatWaitsToo) {
 }
 
 TEST_F(OutputTextTest, KnowsWhatTheUserWrites) {
-    Start();
     ::SendMessageA(AsWindow(session.outputEdit), WM_CHAR, 'x', 0);
     EXPECT_EQ(1U, desktop.output.TextLength());
-    DebugOutput::Print(&session.debug, "line");
+    Print("line");
     EXPECT_EQ("x\r\nline", Output());
     ::SendMessageA(AsWindow(session.outputEdit), EM_SETSEL, 0, -1);
     ::SendMessageA(AsWindow(session.outputEdit), WM_CLEAR, 0, 0);
@@ -127,7 +115,6 @@ TEST_F(OutputTextTest, KnowsWhatTheUserWrites) {
 }
 
 TEST_F(OutputTextTest, IsDeafOnceItsWindowIsGone) {
-    Start();
     ASSERT_TRUE(Close());
     desktop.output.Append("late");
     EXPECT_EQ(0U, desktop.output.TextLength());

@@ -1,4 +1,6 @@
 // Status, title and buttons as the session moves through its states.
+#include <thread>
+
 #include "controls/richstatic/RichStatic.h"
 #include "tests/session/window/main/MainWindowHelper.h"
 
@@ -13,6 +15,10 @@ protected:
         const LRESULT old = ::SendMessageA(panel, message, 0, 0);
         ::SendMessageA(panel, message, 0, static_cast<LPARAM>(old));
         return static_cast<std::uint32_t>(old);
+    }
+    LRESULT SliderPlace() const { return ::SendMessageA(Slider(), TBM_GETPOS, 0, 0); }
+    void Drag(int code) {
+        ::SendMessageA(AsWindow(session.logBarDialog), WM_HSCROLL, static_cast<WPARAM>(code), L(Slider()));
     }
     void ExpectLeft(const char* text, std::uint32_t textColour, std::uint32_t backColour) const {
         EXPECT_EQ(text, LeftText());
@@ -31,9 +37,8 @@ TEST_F(StatusTest, StartsNotConnected) {
 }
 
 TEST_F(StatusTest, AScanGoesFromConnectingToConnectedAndBack) {
-    UseDefinition();
-    Start();
-    ::SendMessageA(window, WM_COMMAND, IDM_SCAN, 0);
+    StartWithDefinition();
+    Command(IDM_SCAN);
     ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnecting; }));
     ASSERT_TRUE(Pumps([&] { return LeftText() == "ALDL: Connecting..."; }));
     ExpectLeft("ALDL: Connecting...", 0x000000, 0x82AAFF);
@@ -43,7 +48,7 @@ TEST_F(StatusTest, AScanGoesFromConnectingToConnectedAndBack) {
     ExpectLeft("ALDL: Connected", 0xFFFFFF, 0xFF0000);
     ASSERT_TRUE(Pumps([&] { return Buttons() == "-xx--x"; }));
     ASSERT_TRUE(Pumps([&] { return RightText().find(" Hz   Errors: 0") != std::string::npos; }));
-    ::SendMessageA(window, WM_COMMAND, IDM_SCAN, 0);
+    Command(IDM_SCAN);
     ASSERT_TRUE(Pumps([&] { return desktop.IsQuiet() && LeftText() == "ALDL: Not Connected"; }));
     EXPECT_EQ("", RightText());
     EXPECT_EQ("-x---x", Buttons());
@@ -62,11 +67,7 @@ TEST_F(StatusTest, AScanBeginsOnAnEmptyPage) {
 }
 
 TEST_F(StatusTest, ARecordingShowsWhileItRuns) {
-    UseDefinition();
-    serial.Answer({0xA0}, {3, 4}, 5);
-    Start();
-    Command(IDM_SCAN);
-    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    ASSERT_NO_FATAL_FAILURE(StartConnected());
     Command(IDM_RECORD);
     ASSERT_TRUE(Pumps([&] { return LeftText() == "Log Recording"; }));
     ExpectLeft("Log Recording", 0xFFFFFF, 0x787878);
@@ -75,8 +76,7 @@ TEST_F(StatusTest, ARecordingShowsWhileItRuns) {
 }
 
 TEST_F(StatusTest, AWorkerDoesNotWaitForARefreshAndAsksOnce) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     session.connectionState = kConnecting;
     std::thread([&] {
         for (int i = 0; i < 100; ++i) {
@@ -93,13 +93,17 @@ TEST_F(StatusTest, AWorkerDoesNotWaitForARefreshAndAsksOnce) {
     }
     EXPECT_EQ("ALDL: Connecting...", LeftText());
     session.connectionState = kNotConnected;
+    session.Calls().refreshStatus();
+    EXPECT_EQ("ALDL: Not Connected", LeftText()) << "at once for the main thread";
+    session.connectionState = kConnecting;
+    session.Calls().refreshStatus();
+    session.connectionState = kNotConnected;
     std::thread([&] { session.Calls().refreshStatus(); }).join();
     EXPECT_TRUE(Pumps([&] { return LeftText() == "ALDL: Not Connected"; }));
 }
 
 TEST_F(StatusTest, NorForTheSliderOrAFlashOfWhichTheNewestIsShown) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     session.Calls().setLogRange(200);
     std::thread([&] {
         for (std::uint32_t i = 0; i < 100; ++i) {
@@ -107,41 +111,30 @@ TEST_F(StatusTest, NorForTheSliderOrAFlashOfWhichTheNewestIsShown) {
             session.Calls().flash(std::to_string(i).c_str(), 0, 0xFFFFFF, 60000);
         }
     }).join();
-    EXPECT_EQ(0, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
-    HandleMessages();
-    EXPECT_EQ(99, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    EXPECT_EQ(0, SliderPlace());
+    Pump();
+    EXPECT_EQ(99, SliderPlace());
     EXPECT_EQ("99", LeftText());
 }
 
 TEST_F(StatusTest, ASliderThatTheMainThreadMovesIsNotMovedBack) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     session.Calls().setLogRange(200);
     std::thread([&] { session.Calls().setLogSlider(50); }).join();
     session.Calls().setLogSlider(7);
-    HandleMessages();
-    EXPECT_EQ(7, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    Pump();
+    EXPECT_EQ(7, SliderPlace());
     std::thread([&] { session.Calls().setLogSlider(50); }).join();
     session.Calls().setLogRange(100);  // of another log
-    HandleMessages();
-    EXPECT_EQ(7, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    Pump();
+    EXPECT_EQ(7, SliderPlace());
     std::thread([&] { session.Calls().setLogSlider(60); }).join();
-    HandleMessages();
-    EXPECT_EQ(60, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
-}
-
-TEST_F(StatusTest, TheMainThreadSeesARefreshAtOnce) {
-    UseDefinition();
-    Start();
-    session.connectionState = kConnecting;
-    session.Calls().refreshStatus();
-    EXPECT_EQ("ALDL: Connecting...", LeftText());
-    session.connectionState = kNotConnected;
+    Pump();
+    EXPECT_EQ(60, SliderPlace());
 }
 
 TEST_F(StatusTest, PlaybackShowsTimeAndSlider) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     session.settings.SetLastLog(PutLog("long.xdl", {0, 60000, 120000}));
     Command(IDM_PLAY);
     ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0 && LeftText() == "Log Playing"; }));
@@ -161,20 +154,19 @@ TEST_F(StatusTest, PlaybackShowsTimeAndSlider) {
     Command(IDM_STOP);
     ASSERT_TRUE(Rests(kLogClosed));
     ASSERT_TRUE(Pumps([&] { return LeftText() == "ALDL: Not Connected"; }));
-    EXPECT_EQ(0, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    EXPECT_EQ(0, SliderPlace());
     EXPECT_TRUE(Says("Playback stopped"));
     EXPECT_EQ("-x---x", Buttons());
 }
 
 TEST_F(StatusTest, ALogPlaysToItsEndAndCloses) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     session.settings.SetLastLog(PutLog("short.xdl", {0, 10, 20}));
     Command(IDM_PLAY);
     ASSERT_TRUE(Pumps([&] { return Says("Playback stopped"); }));
     ASSERT_TRUE(Rests(kLogClosed));
     EXPECT_EQ("ALDL: Not Connected", LeftText());
-    EXPECT_EQ(0, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    EXPECT_EQ(0, SliderPlace());
 }
 
 TEST_F(StatusTest, BlinksGreenAndRed) {
@@ -188,30 +180,29 @@ TEST_F(StatusTest, BlinksGreenAndRed) {
 
 TEST_F(StatusTest, SpeedsAreCheckedAndNamed) {
     Start();
-    struct Row {
-        unsigned command;
-        float speed;
-        const char* title;
-    };
-    for (const Row& row : {Row{32809, 4.0F, "400"}, Row{32810, 2.0F, "200"}, Row{32812, 0.5F, "50"},
-                           Row{32813, 0.25F, "25"}, Row{32811, 1.0F, "100"}}) {
-        Command(row.command);
-        EXPECT_EQ(row.speed, session.log.speed);
-        EXPECT_EQ("Corvex - ADX:   XDL:  (Speed: " + std::string(row.title) + "%)", Title());
+    const auto checked = [this] {
+        std::vector<unsigned> ids;
         for (const unsigned id : {32809U, 32810U, 32811U, 32812U, 32813U, 32815U}) {
-            const UINT state = ::GetMenuState(::GetMenu(window), id, MF_BYCOMMAND);
-            EXPECT_EQ(id == row.command, (state & MF_CHECKED) != 0) << id;
+            if ((::GetMenuState(::GetMenu(window), id, MF_BYCOMMAND) & MF_CHECKED) != 0) ids.push_back(id);
         }
+        return ids;
+    };
+    const std::tuple<unsigned, float, std::string> rows[] = {
+        {32809, 4.0F, "400"}, {32810, 2.0F, "200"}, {32812, 0.5F, "50"}, {32813, 0.25F, "25"}, {32811, 1.0F, "100"}};
+    for (const auto& [command, speed, title] : rows) {
+        Command(command);
+        EXPECT_EQ(speed, session.log.speed);
+        EXPECT_EQ("Corvex - ADX:   XDL:  (Speed: " + title + "%)", Title());
+        EXPECT_EQ(std::vector<unsigned>{command}, checked());
     }
     session.SetSpeed(3.0F);
-    EXPECT_NE(0U, ::GetMenuState(::GetMenu(window), 32815, MF_BYCOMMAND) & MF_CHECKED);
     Command(32815);
+    EXPECT_EQ(std::vector<unsigned>{32815}, checked());
     EXPECT_EQ(3.0F, session.log.speed);
 }
 
 TEST_F(StatusTest, TheChosenSpeedOutlivesTheOpeningOfALog) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     Command(IDM_SPEED_25);
     session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
     Command(IDM_PLAY);
@@ -220,8 +211,7 @@ TEST_F(StatusTest, TheChosenSpeedOutlivesTheOpeningOfALog) {
 }
 
 TEST_F(StatusTest, SpacePlaysAndPauses) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
     Command(IDM_PAUSE);  // what the key sends
     ASSERT_TRUE(Pumps([&] { return session.log.State() == kLogPlaying; }));
@@ -233,18 +223,15 @@ TEST_F(StatusTest, SpacePlaysAndPauses) {
 }
 
 TEST_F(StatusTest, JumpKeysGoWhereTheyPoint) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     std::vector<std::uint32_t> times;
     for (std::uint32_t i = 0; i < 40; ++i)
         times.push_back(i * 60000);
-    session.settings.SetLastLog(PutLog("long.xdl", times));
-    Command(IDM_PLAY);
-    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
+    ASSERT_NO_FATAL_FAILURE(Play(times));
     Command(32832);  // "]"
     ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex >= 10; }));
     ::SendMessageA(Slider(), TBM_SETPOS, TRUE, 30);
-    ::SendMessageA(AsWindow(session.logBarDialog), WM_HSCROLL, TB_THUMBPOSITION, reinterpret_cast<LPARAM>(Slider()));
+    Drag(TB_THUMBPOSITION);
     ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex >= 30; }));
     Command(32833);  // "["
     EXPECT_LE(session.log.sampleIndex, 22U);
@@ -252,23 +239,19 @@ TEST_F(StatusTest, JumpKeysGoWhereTheyPoint) {
 }
 
 TEST_F(StatusTest, ADraggedSliderIsLeftToTheHand) {
-    UseDefinition();
-    Start();
-    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000, 120000, 180000}));
-    Command(IDM_PLAY);
-    ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
+    StartWithDefinition();
+    ASSERT_NO_FATAL_FAILURE(Play({0, 60000, 120000, 180000}));
     ::SendMessageA(Slider(), TBM_SETPOS, TRUE, 2);
-    ::SendMessageA(AsWindow(session.logBarDialog), WM_HSCROLL, TB_THUMBTRACK, reinterpret_cast<LPARAM>(Slider()));
+    Drag(TB_THUMBTRACK);
     session.Calls().setLogSlider(1);
-    EXPECT_EQ(2, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
-    ::SendMessageA(AsWindow(session.logBarDialog), WM_HSCROLL, TB_ENDTRACK, reinterpret_cast<LPARAM>(Slider()));
+    EXPECT_EQ(2, SliderPlace());
+    Drag(TB_ENDTRACK);
     session.Calls().setLogSlider(1);
-    EXPECT_EQ(1, ::SendMessageA(Slider(), TBM_GETPOS, 0, 0));
+    EXPECT_EQ(1, SliderPlace());
 }
 
 TEST_F(StatusTest, ASliderThatIsSwitchedOffHandsTheKeysBack) {
-    UseDefinition();
-    Start();
+    StartWithDefinition();
     ::ShowWindow(window, SW_SHOW);
     session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
     Command(IDM_PLAY);
@@ -281,11 +264,7 @@ TEST_F(StatusTest, ASliderThatIsSwitchedOffHandsTheKeysBack) {
 }
 
 TEST_F(StatusTest, AFailingLineFlashesWhenConnected) {
-    UseDefinition();
-    serial.Answer({0xA0}, {3, 4}, 5);
-    Start();
-    Command(IDM_SCAN);
-    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
+    ASSERT_NO_FATAL_FAILURE(StartConnected());
     serial.Vanish();
     ASSERT_TRUE(Pumps([&] { return LeftText() == "ALDL Data Error!"; }));
     ASSERT_TRUE(Pumps([&] { return session.errorCount > 0; }));

@@ -1,9 +1,7 @@
 // The main window with a definition whose dash and item list show every kind of thing.
 #pragma once
 
-#include <atomic>
 #include <cstdio>
-#include <thread>
 
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/digitalreadout/DigitalReadout.h"
@@ -15,18 +13,6 @@
 #include "views/PageResources.h"
 
 namespace corvex::test {
-
-// Runs the work on a thread of its own while this one handles messages.
-template <class Work>
-void OnWorker(Work work) {
-    std::atomic<bool> done{false};
-    std::thread worker([&] {
-        work();
-        done = true;
-    });
-    EXPECT_TRUE(Pumps([&] { return done.load(); }));
-    worker.join();
-}
 
 class ViewsTest : public MainWindowTest {
 protected:
@@ -96,7 +82,7 @@ protected:
         rowInfo.iSubItem = column;
         rowInfo.pszText = text;
         rowInfo.cchTextMax = sizeof text;
-        ::SendMessageA(List(), LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rowInfo));
+        ::SendMessageA(List(), LVM_GETITEMTEXTA, static_cast<WPARAM>(row), L(&rowInfo));
         return text;
     }
 };

@@ -13,20 +13,14 @@ protected:
     // The pixels of the list's value column, when all that was due has been painted.
     std::vector<COLORREF> Values() {
         EXPECT_TRUE(Pumps([&] { return ::GetUpdateRect(List(), nullptr, FALSE) == FALSE; }));
-        const TestBitmap picture(List());
-        std::vector<COLORREF> pixels;
-        for (int y = 0; y < 100; ++y) {
-            for (int x = 0; x < 100; ++x)
-                pixels.push_back(picture.At(x, y));
-        }
-        return pixels;
+        return TestBitmap(List()).Pixels({0, 0, 100, 100});
     }
     void Trigger(std::uint32_t bits) {
         ADXCTrigger trigger;
         trigger.triggertype = bits;
         DataAcqStatus status;
         status.command = &trigger;
-        OnWorker([&] { session.callback.OnTrigger(&status); });
+        WhilePumping([&] { session.callback.OnTrigger(&status); });
     }
     ADXValue* Find(const char* id) { return static_cast<ADXValue*>(session.definition.FindById(id)); }
     void SetWord(const char* id, std::uint8_t byte) {

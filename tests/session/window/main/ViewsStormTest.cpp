@@ -17,7 +17,7 @@ protected:
     std::string PutFastLog(std::uint32_t count) { return PutLog("fast.xdl", std::vector<std::uint32_t>(count, 0)); }
     void LoadDuringPlayback(const std::string& path, const std::string& title) {
         if (!commands_) commands_.emplace(desktop);
-        HandleMessages();  // as a user's command comes after the end of the log before, which would end this one too
+        Pump();  // as a user's command comes after the end of the log before, which would end this one too
         Command(IDM_PLAY);
         ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
         isDuringPlayback_ += session.log.IsPlaying() ? 1 : 0;
