@@ -142,16 +142,8 @@ TEST_F(DataChartTest, SwitchedOffItGoesOnDrawing) {
     Send(WM_SETREDRAW, TRUE);
 }
 
-TEST_F(DataChartTest, TellsItsParentOfAContextMenu) {
-    Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(30, 40));
-    ASSERT_EQ(gauge.Commands().size(), 1u);
-    EXPECT_EQ(gauge.Commands()[0].wParam, static_cast<WPARAM>(MAKELONG(7, kDataChartMenuCode)));
-    EXPECT_EQ(gauge.Commands()[0].lParam, MAKELPARAM(30, 40));
-}
-
 TEST_F(DataChartTest, TakesKeysAndNoMouse) {
     EXPECT_EQ(Send(WM_GETDLGCODE), 133);
-    EXPECT_EQ(Send(WM_ERASEBKGND), 1);
     EXPECT_EQ(Send(WM_CREATE), 1);
     for (const UINT message : {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK})
         EXPECT_EQ(gauge.PaintsIn([&] { EXPECT_EQ(Send(message), 0); }), 0);

@@ -7,6 +7,8 @@
 #include "controls/RegisterControlClasses.h"
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/analoggauge/AnalogGaugePaint.h"
+#include "controls/datachart/DataChart.h"
+#include "controls/datachart/DataChartPaint.h"
 #include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/digitalreadout/DigitalReadoutPaint.h"
 #include "controls/proptree/PropTreeContainer.h"
@@ -32,6 +34,7 @@ struct ControlKind {
     std::function<void(HDC, const RECT&)> paint = nullptr;
     std::vector<UINT> foreign = {};  // numbers among its own that other controls have
     UINT menuCode = 0;
+    const char* toldText = "text";  // when that was set
 };
 void PrintTo(const ControlKind& kind, std::ostream* out) {
     *out << kind.name;
@@ -50,6 +53,24 @@ void ShowOnLamp(HWND window, int value) {
     ::SendMessageA(window, SGM_SETTITLE, W("Fan"), 3);
     ::SendMessageA(window, SGM_SETTRUETEXT, W(text.c_str()), static_cast<LPARAM>(text.size()));
     ::SendMessageA(window, SGM_SETSTATE, 1, TRUE);
+}
+
+void ShowOnChart(HWND window, int value) {
+    ::SetWindowTextA(window, std::to_string(value).c_str());
+    ::SendMessageA(window, DCM_RELAYOUT, 0, 0);
+}
+
+void PaintNewChart(HDC dc, const RECT& area) {
+    DataChartModel chart;
+    DataChartAxis& axis = *chart.AddAxis();
+    DataChartSeries& series = *chart.AddSeries();
+    series.setYAxis(&axis);
+    for (const float x : {0.0F, 10.0F})
+        series.addSample(x, x);
+    const DataChartFonts fonts(dc);
+    const auto layout = chart.LayOut(area.right, area.bottom, fonts, nullptr);
+    PaintChartBackground(dc, *layout, chart, fonts);
+    PaintChartLines(dc, chart, layout->plot);
 }
 
 template <class Model, auto kPaint>
@@ -88,6 +109,7 @@ const ControlKind kKinds[] = {
      &PaintNew<StatusGaugeModel, &PaintStatusGauge>,
      {1523, 1525, 1527, 1528, 1530, 1537},
      1574},
+    {kDataChartClass, CS_DBLCLKS, COLOR_WINDOW, &ShowOnChart, &PaintNewChart, {1482}, kDataChartMenuCode, ""},
     {kRichStaticClass, CS_HREDRAW | CS_VREDRAW, -1,
      [](HWND window, int value) { ::SetWindowTextA(window, std::to_string(value).c_str()); },
      &PaintNew<RichStaticModel, &PaintRichStatic>},
@@ -178,7 +200,7 @@ TEST_P(ControlContractTest, NumbersOfOthersAreNotItsOwn) {
         EXPECT_EQ(value, 5.0F) << message;
     }
     EXPECT_EQ(control.Send(WM_SETTEXT, 0, L("text")), TRUE);
-    EXPECT_EQ(TextOfWindow(Window()), "text");
+    EXPECT_EQ(TextOfWindow(Window()), kind.toldText);
 }
 
 TEST_P(ControlContractTest, MenuIsAskedOfTheParentWhichMayDestroyIt) {
@@ -210,7 +232,7 @@ TEST(ControlClassesTest, AreRegisteredAsTold) {
     ASSERT_TRUE(RegisterControlClasses(instance)) << "a second time";
     std::vector<ControlKind> kinds(std::begin(kKinds), std::end(kKinds));
     kinds.push_back({kTabSheetClass, CS_HREDRAW | CS_VREDRAW, COLOR_BTNFACE});
-    kinds.push_back({"QZPROPTREECONTAINER", 0, COLOR_BTNFACE});
+    kinds.push_back({kPropTreeClass, 0, COLOR_BTNFACE});
     for (const ControlKind& kind : kinds) {
         SCOPED_TRACE(kind.name);
         WNDCLASSA windowClass{};
