@@ -93,11 +93,7 @@ TEST_F(DashGaugeTest, AReadoutIsSetUp) {
 TEST_F(DashGaugeTest, ASampleMovesWhatIsOfItsCommandOrOfNone) {
     load->parentcmdidhash = kCommand;
     lamp->parentcmdidhash = kOther;
-    AddEntry(0, speed);
-    AddEntry(1, load);
-    AddEntry(2, fan);
-    AddEntry(2, lamp);
-    Show();
+    ShowAll({{0, speed}, {1, load}, {2, fan}, {2, lamp}});
     GaugeRecorder analog(Gauge(0)), first(Gauge(2)), second(Gauge(3));
     Update({50, 80, 3}, kCommand);
     EXPECT_EQ((Strings{"value 50 redraw"}), analog.lines);
@@ -114,10 +110,7 @@ TEST_F(DashGaugeTest, ASampleMovesWhatIsOfItsCommandOrOfNone) {
 
 TEST_F(DashGaugeTest, ASampleWithoutAPacketShowsTheLastWords) {
     speed->parentcmdidhash = fan->parentcmdidhash = kCommand;
-    AddEntry(0, speed);
-    AddEntry(1, speed);
-    AddEntry(2, fan);
-    Show();
+    ShowAll({{0, speed}, {1, speed}, {2, fan}});
     const std::uint8_t packet[] = {70, 0, 1};
     session.definition.UpdateValues(PacketView(packet, 3), kCommand);
     EXPECT_EQ(0, Needle(Gauge(0)));

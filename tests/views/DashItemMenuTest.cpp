@@ -33,9 +33,7 @@ TEST_F(DashItemMenuTest, AnAnalogGaugeIsOfferedValuesAlone) {
 }
 
 TEST_F(DashItemMenuTest, TheOthersAreOfferedBitmasksToo) {
-    AddEntry(1, speed);
-    AddEntry(2, lamp);
-    Show();
+    ShowAll({{1, speed}, {2, lamp}});
     EXPECT_EQ((Strings{"1 Values", "10* Speed", "11 Load", "2 Bitmasks", "12 Fan", "13 Lamp"}), RowsOn(Gauge(0)));
     EXPECT_EQ((Strings{"1 Values", "10 Speed", "11 Load", "2 Bitmasks", "12 Fan", "13* Lamp"}), RowsOn(Gauge(1)));
 }
@@ -85,9 +83,7 @@ TEST_F(DashItemMenuTest, TheSameValueIsBoundAgainByItsOwnRange) {
 }
 
 TEST_F(DashItemMenuTest, AReadoutBecomesALampForABitmask) {
-    AddEntry(0, speed);
-    AddEntry(1, load);
-    Show();
+    ShowAll({{0, speed}, {1, load}});
     const HWND readout = Gauge(1);
     Press(readout, KeysFor(1, 0));
     EXPECT_FALSE(::IsWindow(readout));

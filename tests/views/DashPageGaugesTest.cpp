@@ -34,10 +34,7 @@ protected:
 };
 
 TEST_F(DashPageGaugesTest, EveryEntryHasItsGaugeOnShow) {
-    AddEntry(0, speed);
-    AddEntry(1, load);
-    AddEntry(2, fan);
-    Show();
+    ShowAll({{0, speed}, {1, load}, {2, fan}});
     ASSERT_EQ(3U, State().Gauges().size());
     const char* const classes[] = {"QZANALOGGAUGE", "QZDIGITALGAUGEREADOUT", "QZSTATUSGAUGE"};
     for (std::uint32_t i = 0; i < 3; ++i) {
@@ -99,10 +96,7 @@ TEST_F(DashPageGaugesTest, APageTooSmallForThemIsSurvived) {
 }
 
 TEST_F(DashPageGaugesTest, AnUnknownTypeLeavesAGapAndTheOthersInPlace) {
-    AddEntry(0, speed);
-    AddEntry(7, speed);
-    AddEntry(2, fan);
-    Show();
+    ShowAll({{0, speed}, {7, speed}, {2, fan}});
     ASSERT_EQ(3U, State().Gauges().size());
     EXPECT_EQ(nullptr, Gauge(1));
     EXPECT_EQ(10002, ::GetDlgCtrlID(Gauge(2)));
@@ -182,9 +176,7 @@ TEST_F(DashPageGaugesTest, AnEmptyDefinitionLeavesAnEmptyPage) {
 }
 
 TEST_F(DashPageGaugesTest, ASampleFromAWorkerIsPaintedWhenTheCallReturns) {
-    AddEntry(0, speed);
-    AddEntry(2, fan);
-    Show();
+    ShowAll({{0, speed}, {2, fan}});
     GaugeRecorder recorder(Gauge(0)), lampRecorder(Gauge(1));
     bool hasUpdate = true;
     WhilePumping([&] {
@@ -246,10 +238,7 @@ TEST_F(DashPageGaugesTest, AGaugeOfAnotherSizeIsPaintedWhole) {
 }
 
 TEST_F(DashPageGaugesTest, ManyDashboardsLeaveNoObjectsBehind) {
-    AddEntry(0, speed);
-    AddEntry(1, load);
-    AddEntry(2, fan);
-    Show();
+    ShowAll({{0, speed}, {1, load}, {2, fan}});
     const std::size_t before = AllGdiObjects();
     for (int i = 0; i < 30; ++i) {
         RefreshDashPage(session);

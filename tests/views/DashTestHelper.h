@@ -58,8 +58,10 @@ protected:
         ShowFrame();
         ::UpdateWindow(frame);
     }
-    void ShowOne(std::uint32_t gaugetype, ADXObject* item) {
-        AddEntry(gaugetype, item);
+    void ShowOne(std::uint32_t gaugetype, ADXObject* item) { ShowAll({{gaugetype, item}}); }
+    void ShowAll(const std::vector<std::pair<std::uint32_t, ADXObject*>>& entries) {
+        for (const auto& [gaugetype, item] : entries)
+            AddEntry(gaugetype, item);
         Show();
     }
     HWND DashWindow() const { return static_cast<HWND>(session.dashPage); }

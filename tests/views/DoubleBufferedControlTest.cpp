@@ -14,7 +14,7 @@ using Pixels = std::vector<COLORREF>;
 class DoubleBufferedControlTest : public ListTest {
 protected:
     // A list of this many rows in a small window, painted.
-    void ShowRows(int count) {
+    void ShowMany(int count) {
         for (int i = 0; i < count; ++i)
             AddRow(i % 3 == 2 ? static_cast<ADXObject*>(fan) : speed);
         Resize(300, 150);
@@ -55,7 +55,7 @@ private:
 };
 
 TEST_F(DoubleBufferedControlTest, TheOldRowsStandUntilTheNewOnesAreDrawn) {
-    ShowRows(4);
+    ShowMany(4);
     const Pixels before = Picture();
     int looks = 0, changes = 0;
     onDraw = [&](const NMCUSTOMDRAW& draw) {
@@ -74,7 +74,7 @@ TEST_F(DoubleBufferedControlTest, TheOldRowsStandUntilTheNewOnesAreDrawn) {
 TEST_F(DoubleBufferedControlTest, TheControlLooksAsItDoesByItself) {
     speed->flags = ADXValue::kAlarmHigh;
     AddHeading("Engine", 1);
-    ShowRows(3);
+    ShowMany(3);
     for (const std::uint8_t byte : {std::uint8_t{50}, std::uint8_t{150}}) {
         Arrive({byte, 1});
         Repaint();
@@ -84,7 +84,7 @@ TEST_F(DoubleBufferedControlTest, TheControlLooksAsItDoesByItself) {
 }
 
 TEST_F(DoubleBufferedControlTest, NothingIsLeftOfWhatScrollsOrGoes) {
-    ShowRows(60);
+    ShowMany(60);
     const auto send = [this](UINT message, WPARAM wParam, LPARAM lParam = 0) {
         ::SendMessageA(List(), message, wParam, lParam);
         ::UpdateWindow(List());
@@ -101,7 +101,7 @@ TEST_F(DoubleBufferedControlTest, NothingIsLeftOfWhatScrollsOrGoes) {
 }
 
 TEST_F(DoubleBufferedControlTest, AGrownWindowIsPaintedWhole) {
-    ShowRows(4);
+    ShowMany(4);
     Resize(500, 300);
     ::UpdateWindow(List());
     const Pixels steady = Picture();
@@ -109,7 +109,7 @@ TEST_F(DoubleBufferedControlTest, AGrownWindowIsPaintedWhole) {
 }
 
 TEST_F(DoubleBufferedControlTest, TheControlStaysTheWindowItWas) {
-    ShowRows(1);
+    ShowMany(1);
     EXPECT_TRUE(::IsWindowUnicode(List()));
     EXPECT_EQ(LVS_EX_FULLROWSELECT, ::SendMessageA(List(), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0));
     EXPECT_TRUE(ErasesNothing(List()));

@@ -64,8 +64,7 @@ protected:
 };
 
 TEST_F(ItemListColoursTest, EachStageIsAnswered) {
-    AddRow(speed);
-    Show();
+    ShowRows({speed});
     EXPECT_EQ(0x20, Ask(0, 0, CDDS_PREPAINT).result);
     EXPECT_EQ(0x20, Ask(0, 0, CDDS_ITEMPREPAINT).result);
     EXPECT_EQ(0, Ask(0, 1).result);
@@ -76,8 +75,7 @@ TEST_F(ItemListColoursTest, EachStageIsAnswered) {
 
 TEST_F(ItemListColoursTest, AnAlarmIsInTheValueColumnAlone) {
     speed->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
-    AddRow(speed);
-    Show();
+    ShowRows({speed});
     const struct {
         std::uint8_t byte;
         COLORREF colour;
@@ -94,8 +92,7 @@ TEST_F(ItemListColoursTest, AnAlarmIsInTheValueColumnAlone) {
 
 TEST_F(ItemListColoursTest, TheBoldFontIsTheTold) {
     speed->flags = ADXValue::kAlarmHigh;
-    AddRow(speed);
-    Show();
+    ShowRows({speed});
     Arrive({150, 0});
     Ask(0, 1);
     const LOGFONTA font = Font();
@@ -109,9 +106,7 @@ TEST_F(ItemListColoursTest, TheBoldFontIsTheTold) {
 
 TEST_F(ItemListColoursTest, ARowsBoldCarriesOnUntilAnotherColumn) {
     speed->flags = ADXValue::kAlarmHigh;
-    AddRow(speed);
-    AddRow(fan);
-    Show();
+    ShowRows({speed, fan});
     Arrive({150, 0});
     Ask(0, 1);
     Ask(1, 1);
@@ -143,9 +138,7 @@ TEST_F(ItemListColoursTest, TheScreenShowsTheColours) {
     speed->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
     fan->flags = ADXBitmask::kAlarmOnSet;
     AddHeading("Engine", 1);
-    AddRow(speed);
-    AddRow(fan);
-    Show();
+    ShowRows({speed, fan});
     Arrive({150, 1});
     EXPECT_EQ("-----", Ink(0, 1));
     EXPECT_EQ("1----", Ink(0, 2));
@@ -166,8 +159,7 @@ TEST_F(ItemListColoursTest, TheScreenShowsWhatIsBoldAndWhatIsNot) {
     AddHeading("Engine", 1)->color = kOwn;
     AddRow(speed);
     AddRow(fan);
-    AddRow(speed);
-    Show();
+    ShowRows({speed});
     Arrive({50, 1});
     const auto title = Picture(0, 2), value = Picture(0, 1);
     EXPECT_NE(title, Picture(1, 2));
@@ -204,8 +196,7 @@ TEST_F(ItemListColoursTest, AThousandPaintsLeaveNothingBehind) {
 // One moment and one computation, in whatever order the control asks.
 TEST_F(ItemListColoursTest, ARowThatIsPaintedIsReadOnce) {
     speed->flags = ADXValue::kAlarmHigh;
-    AddRow(speed);
-    Show();
+    ShowRows({speed});
     for (const bool textFirst : {false, true}) {
         Arrive({50, 0});
         Ask(0, 0, CDDS_ITEMPREPAINT);

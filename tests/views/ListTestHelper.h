@@ -6,6 +6,7 @@
 #include "definition/ADXListView.h"
 #include "definition/ADXValue.h"
 #include "tests/views/PageTestHelper.h"
+#include "views/ItemAlarmModel.h"
 #include "views/ItemListPage.h"
 #include "views/PageResources.h"
 
@@ -52,6 +53,12 @@ protected:
         entry.SetItem(item);
         return AddEntry(entry, to);
     }
+    // The page on show with these items.
+    void ShowRows(const std::vector<ADXObject*>& items) {
+        for (ADXObject* const item : items)
+            AddRow(item);
+        Show();
+    }
     ADXLVENTRY* AddHeading(const std::string& title, std::uint32_t flags) {
         ADXLVENTRY entry;
         entry.entrytype = ADXLVENTRY::kHeadingRow;
@@ -78,6 +85,13 @@ protected:
     HWND List() const { return Item(session.listPage, IDC_LIST_VIEW); }
     int RowCount() const { return static_cast<int>(::SendMessageA(List(), LVM_GETITEMCOUNT, 0, 0)); }
     std::string Cell(int row, int column) const { return CellOf(List(), row, column); }
+    // Value and title of each row: "50.0 | Speed".
+    Strings Table() const {
+        Strings table;
+        for (int row = 0; row < RowCount(); ++row)
+            table.push_back(Cell(row, kValueColumn) + " | " + Cell(row, kTitleColumn));
+        return table;
+    }
     RECT CellPlace(int row, int column) const {
         RECT place{LVIR_BOUNDS, column, 0, 0};
         ::SendMessageA(List(), LVM_GETSUBITEMRECT, static_cast<WPARAM>(row), L(&place));

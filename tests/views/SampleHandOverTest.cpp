@@ -23,12 +23,7 @@ void HandleSent() {
 // Samples brought by another thread, as an engine's come.
 class SampleHandOver : public DashTest {
 protected:
-    SampleHandOver() {
-        AddEntry(0, speed);
-        AddEntry(1, load);
-        AddEntry(2, fan);
-        Show();
-    }
+    SampleHandOver() { ShowAll({{0, speed}, {1, load}, {2, fan}}); }
     void Handle(const std::atomic<int>& brought, int wanted) {
         EXPECT_TRUE(Eventually([&] {
             HandleSent();
