@@ -43,20 +43,35 @@ TEST(GaugeNumberModelTest, WholeValueHasNoDecimalsAndAnyOtherHas) {
     EXPECT_NE(FormatGaugeNumber(std::nanf(""), 2).find("nan"), std::string::npos);
 }
 
-TEST(GaugeNumberModelTest, DecimalsAreCutToTheCapacityTold) {
-    const Printed cases[] = {{123.5f, 2, "123.50", 25},
+TEST(GaugeNumberModelTest, DecimalsAreRoundedAndCutToTheCapacityTold) {
+    const Printed cases[] = {{12.346f, 2, "12.35"},
+                             {-3.5f, 0, "-4"},  // to even, as everywhere
+                             {0.1f, 12, "0.100000001490"},
+                             {-kInfinity, 2, "-inf"},
+                             {0.5f, 0x80000000, "0.500000"},
+                             {0.5f, 0x7FFFFFFF, "0.5000000000000000000000"},
+                             {kLargest, 2, "340282346638528859811704"},
                              {123.5f, 2, "123.", 5},
                              {123.5f, 2, "", 1},
-                             {123.5f, 2, "", 0},
-                             {kLargest, 2, "340282346638528859811704", 25}};
+                             {123.5f, 2, "", 0}};
     for (const Printed& c : cases)
         EXPECT_EQ(FormatDecimals(c.value, c.digits, c.capacity), c.text) << c.value << " " << c.capacity;
     EXPECT_EQ(FormatDecimals(0.5f, 0x7FFFFFFF, 1000).size(), 254u);
 }
 
-TEST(GaugeNumberModelTest, WholeFormatCutsAndPads) {
-    const Printed cases[] = {{0.99f, 1, "0"},    {-0.99f, 1, "0"},         {7.9f, 3, "007"},
-                             {-7.9f, 3, "-007"}, {5e9f, 1, "-2147483648"}, {7.0f, 0x7FFFFFFF, std::string(24, '0')}};
+TEST(GaugeNumberModelTest, WholeFormatTruncatesPadsAndCuts) {
+    const Printed cases[] = {{0.99f, 1, "0"},
+                             {-0.99f, 1, "0"},
+                             {-1.99f, 1, "-1"},
+                             {7.9f, 3, "007"},
+                             {-7.9f, 3, "-007"},
+                             {1234.0f, 3, "1234"},
+                             {0.0f, 0, ""},
+                             {7.0f, 0, "7"},
+                             {7.0f, 0x80000000, "7"},
+                             {5e9f, 1, "-2147483648"},
+                             {7.0f, 0x7FFFFFFF, std::string(24, '0')},
+                             {-7.0f, 0x7FFFFFFF, "-" + std::string(23, '0')}};
     for (const Printed& c : cases)
         EXPECT_EQ(FormatWhole(c.value, c.digits, c.capacity), c.text) << c.value;
 }

@@ -24,28 +24,22 @@ TEST(GdiObjectsTest, OwnerDeletesItsObjectAndCountsIt) {
 
 TEST(GdiObjectsTest, FailureMakesAnEmptyOwner) {
     const std::size_t before = LiveGdiObjects();
-    const OwnedBrush brush(nullptr);
-    EXPECT_FALSE(brush);
+    EXPECT_FALSE(OwnedBrush(nullptr));
     EXPECT_EQ(LiveGdiObjects(), before);
 }
 
-TEST(GdiObjectsTest, MovedFromOwnerIsEmpty) {
+TEST(GdiObjectsTest, MovedFromOwnerIsEmptyAndTheOtherDropsWhatItHeld) {
     const std::size_t before = LiveGdiObjects();
     OwnedBrush first = MakeBrush();
-    const HBRUSH handle = first.Get();
-    const OwnedBrush second = std::move(first);
-    EXPECT_EQ(second.Get(), handle);
-    EXPECT_EQ(first.Get(), nullptr);
-    EXPECT_EQ(LiveGdiObjects(), before + 1);
-}
-
-TEST(GdiObjectsTest, MoveAssignmentDeletesWhatWasHeld) {
-    const std::size_t before = LiveGdiObjects();
-    OwnedBrush first = MakeBrush(), second = MakeBrush();
-    const HBRUSH dropped = second.Get(), kept = first.Get();
-    second = std::move(first);
-    EXPECT_EQ(::GetObjectType(dropped), 0u);
+    const HBRUSH kept = first.Get();
+    OwnedBrush second = std::move(first);
     EXPECT_EQ(second.Get(), kept);
+    EXPECT_EQ(first.Get(), nullptr);
+    OwnedBrush third = MakeBrush();
+    const HBRUSH dropped = third.Get();
+    third = std::move(second);
+    EXPECT_EQ(::GetObjectType(dropped), 0u);
+    EXPECT_EQ(third.Get(), kept);
     EXPECT_EQ(LiveGdiObjects(), before + 1);
 }
 
@@ -82,22 +76,15 @@ TEST(GdiObjectsTest, ContextsAreCountedAndGivenBack) {
     EXPECT_EQ(::GetObjectType(memory), 0u);
 }
 
-TEST(GdiObjectsTest, SelectGuardPutsTheFormerObjectBack) {
+TEST(GdiObjectsTest, SelectGuardPutsTheFormerObjectBackAndOfNothingChangesNothing) {
     const MemoryDc dc;
     const OwnedBrush brush = MakeBrush();
     const HGDIOBJ former = ::GetCurrentObject(dc.Get(), OBJ_BRUSH);
     {
-        const SelectGuard guard(dc.Get(), brush.Get());
+        const SelectGuard guard(dc.Get(), brush.Get()), nothing(dc.Get(), nullptr);
         EXPECT_EQ(::GetCurrentObject(dc.Get(), OBJ_BRUSH), brush.Get());
     }
     EXPECT_EQ(::GetCurrentObject(dc.Get(), OBJ_BRUSH), former);
-}
-
-TEST(GdiObjectsTest, SelectGuardOfNothingChangesNothing) {
-    const MemoryDc dc;
-    const HGDIOBJ former = ::GetCurrentObject(dc.Get(), OBJ_FONT);
-    const SelectGuard guard(dc.Get(), nullptr);
-    EXPECT_EQ(::GetCurrentObject(dc.Get(), OBJ_FONT), former);
 }
 
 }  // namespace
