@@ -15,6 +15,7 @@
 #include "session/window/MainWindow.h"
 #include "session/window/ResourceIds.h"
 #include "tests/controls/window/ControlTestHelper.h"
+#include "tests/support/AdxText.h"
 #include "tests/support/LogBytes.h"
 #include "tests/support/ScriptedSerial.h"
 #include "tests/support/TestFolder.h"
@@ -70,19 +71,9 @@ protected:
     LRESULT Command(unsigned id) { return ::SendMessageA(window, WM_COMMAND, id, 0); }
 
     // A definition with a command of two reply bytes in a macro that is the monitor command, and what else is given.
-    std::string PutDefinition(const std::string& file, const std::string& objects = {}) const {
-        std::string text =
-            "<ADXFORMAT version=\"0.50\" "
-            "/>\n<ADXHEADER><flags>0x00</flags><objectcount>2</objectcount><baud>8192</baud>"
-            "<monitorcmd>MON</monitorcmd></ADXHEADER>\n"
-            "<ADXCSENDCOMMAND id=\"POLL\" title=\"Poll\" flags=\"0x00000001\"><bytestring size=\"0x1\">0xA0 "
-            "</bytestring>"
-            "<replysize>2</replysize><replytimeout>20</replytimeout><packetoffset>0</packetoffset>"
-            "<packetsize>2</packetsize></ADXCSENDCOMMAND>\n"
-            "<ADXMACRO id=\"MON\" title=\"Monitor\" repeatcount=\"1\"><NODE commandID=\"POLL\" repeatcount=\"1\" />"
-            "</ADXMACRO>\n";
-        text += objects;
-        folder.Put(file, text);
+    std::string PutDefinition(const std::string& file, AdxText text = AdxText()) const {
+        text.Header("", "MON").Send("POLL", 2, {0xA0}, AdxTag("replytimeout", "20")).Macro("MON", {"POLL"});
+        folder.Put(file, text.Text());
         return folder.Name(file);
     }
     // A log of replies to that command, one for each time.
@@ -120,7 +111,7 @@ protected:
         Command(IDM_PLAY);
         ASSERT_TRUE(Pumps([&] { return session.log.sampleIndex != 0; }));
     }
-    void UseDefinition(const std::string& objects = {}) {
+    void UseDefinition(const AdxText& objects = AdxText()) {
         const std::string path = PutDefinition("one.adx", objects);
         folder.Put("Settings.dat", "lastadxpath=" + path + "\n");
     }

@@ -1,8 +1,6 @@
 // The main window with a definition whose dash and item list show every kind of thing.
 #pragma once
 
-#include <cstdio>
-
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/tabsheet/TabSheet.h"
@@ -18,44 +16,17 @@ class ViewsTest : public MainWindowTest {
 protected:
     static constexpr int kDashTab = 1, kListTab = 2;
 
-    static std::string Hash(const std::string& id) {
-        char text[16];
-        std::snprintf(text, sizeof text, "0x%08X", HashId(id.data(), static_cast<std::uint32_t>(id.size())));
-        return text;
-    }
-    static std::string Value(const std::string& id, const std::string& command, int offset) {
-        std::string text = "<ADXVALUE id=\"" + id + "\" idhash=\"" + Hash(id) + "\" title=\"" + id + "\">";
-        text.append("<flags>0x0000000C</flags><parentcmdidhash>").append(command.empty() ? "0x0" : Hash(command));
-        text.append("</parentcmdidhash><packetoffset>").append(std::to_string(offset));
-        text.append("</packetoffset><range low=\"0\" high=\"255\" /><alarms low=\"10\" high=\"200\" />");
-        text.append("<MATH equation=\"X\"><VAR varID=\"X\" type=\"native\" /></MATH></ADXVALUE>\n");
-        return text;
-    }
-    static std::string Bit(const std::string& id, int offset) {
-        std::string text = "<ADXBITMASK id=\"" + id + "\" idhash=\"" + Hash(id) + "\" title=\"" + id + "\">";
-        text.append("<flags>0x0000000C</flags><truestring>on</truestring><falsestring>off</falsestring><packetoffset>");
-        text.append(std::to_string(offset)).append("</packetoffset><operand>0x00000001</operand><bitop>AND</bitop>");
-        text.append("<result>0x00000001</result></ADXBITMASK>\n");
-        return text;
-    }
-    static std::string Gauge(int type, const std::string& id, int place) {
-        return "<ADXDGENTRY gaugetype=\"" + std::to_string(type) + "\" itemidhash=\"" + Hash(id) + "\" left=\"" +
-               std::to_string(25 * place) + "\" top=\"0\" right=\"" + std::to_string(25 * place + 25) +
-               "\" bottom=\"60\" />";
-    }
-    static std::string Row(const std::string& id) {
-        return "<ADXLVENTRY entrytype=\"0\" itemidhash=\"" + Hash(id) + "\" />";
-    }
     // One dial alone, as its paints are dear. A and the bit are of every command, B is of the poll, C of another one.
     // The title is that of dash and list.
-    static std::string Objects(const std::string& title) {
-        std::string text = Value("A", "", 0) + Value("B", "POLL", 1) + Value("C", "OTHER", 0) + Bit("BIT", 1);
-        text.append("<ADXDASHBOARD id=\"D1\" title=\"" + title + "\"><entrycount>4</entrycount>");
-        text.append(Gauge(0, "A", 0) + Gauge(1, "B", 1) + Gauge(2, "BIT", 2) + Gauge(1, "C", 3));
-        text.append("</ADXDASHBOARD>\n<ADXLISTVIEW id=\"L1\" title=\"" + title + "\"><entrycount>5</entrycount>");
-        text.append("<ADXLVENTRY entrytype=\"1\" flags=\"0x00000001\" title=\"" + title + "\" color=\"00C04000\" />");
-        text.append(Row("A") + Row("B") + Row("C") + Row("BIT")).append("</ADXLISTVIEW>\n");
-        return text;
+    static AdxText Objects(const std::string& title) {
+        const std::string alarms = AdxText::Alarms("10", "200") + "<range low=\"0\" high=\"255\" />";
+        return AdxText()
+            .Value("A", 0, "X", alarms)
+            .Value("B", 1, "X", alarms + AdxParent("POLL"))
+            .Value("C", 0, "X", alarms + AdxParent("OTHER"))
+            .Bit("BIT", 1, AdxTag("flags", "0x0000000C"))
+            .Dashboard({"D1", title}, {{0, "A"}, {1, "B"}, {2, "BIT"}, {1, "C"}})
+            .List({"L1", title}, {"#" + title, "A", "B", "C", "BIT"});
     }
 
     void StartShown() {
