@@ -41,29 +41,22 @@ protected:
     LastPacket last;
 };
 
-TEST_F(ItemAlarmModelTest, AValueWithinItsLimitsLeavesTheFontThatIsThere) {
-    Packet(50);
-    ExpectLook(kOwn, CellFont::kAsItIs, value);
-}
-
-TEST_F(ItemAlarmModelTest, TheLimitsThemselvesAreNoAlarm) {
-    Packet(100);
-    ExpectLook(kOwn, CellFont::kAsItIs, value);
-    Packet(101);
-    ExpectLook(kRed, CellFont::kBold, value);
-    Packet(30);
-    ExpectLook(kOwn, CellFont::kAsItIs, value);
-    Packet(29);
-    ExpectLook(kOrange, CellFont::kBold, value);
-}
-
-TEST_F(ItemAlarmModelTest, ALimitThatIsOffIsNoAlarm) {
-    value->flags = ADXValue::kAlarmLow;
-    Packet(200);
-    ExpectLook(kOwn, CellFont::kAsItIs, value);
-    value->flags = ADXValue::kAlarmHigh;
-    Packet(1);
-    ExpectLook(kOwn, CellFont::kAsItIs, value);
+// A value within its limits leaves the font that is there.
+TEST_F(ItemAlarmModelTest, AValueBeyondALimitThatIsOnIsInAlarm) {
+    const std::uint32_t both = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
+    const struct {
+        std::uint32_t flags;
+        std::uint8_t byte;
+        std::uint32_t colour;
+    } cases[] = {{both, 50, kOwn}, {both, 100, kOwn},   {both, 101, kRed},
+                 {both, 30, kOwn}, {both, 29, kOrange}, {ADXValue::kAlarmLow, 200, kOwn},
+                 {0, 200, kOwn},   {0, 1, kOwn},        {ADXValue::kAlarmHigh, 1, kOwn}};
+    for (const auto& expected : cases) {
+        SCOPED_TRACE(::testing::Message() << expected.flags << " " << int{expected.byte});
+        value->flags = expected.flags;
+        Packet(expected.byte);
+        ExpectLook(expected.colour, expected.colour == kOwn ? CellFont::kAsItIs : CellFont::kBold, value);
+    }
 }
 
 TEST_F(ItemAlarmModelTest, TheHighAlarmGoesFirst) {
