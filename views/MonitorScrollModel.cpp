@@ -8,10 +8,10 @@ namespace corvex {
 namespace {
 
 constexpr std::int64_t kMilliseconds = 1000;
-constexpr float kMostSeconds = 1e12F;  // far beyond a scroll bar, whose numbers are cut to 32 bits
+constexpr float kFarthestTime = 1e12F;  // far beyond a scroll bar, whose numbers are cut to 32 bits
 
 std::int64_t Whole(float seconds) {
-    if (!(std::fabs(seconds) < kMostSeconds)) return 0;
+    if (!(std::fabs(seconds) < kFarthestTime)) return 0;
     return static_cast<std::int64_t>(seconds);
 }
 

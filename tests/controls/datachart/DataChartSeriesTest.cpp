@@ -9,8 +9,6 @@
 namespace corvex {
 namespace {
 
-constexpr float kInfinity = std::numeric_limits<float>::infinity(), kNan = std::numeric_limits<float>::quiet_NaN();
-
 struct Point {
     int x, y;
     bool isFirst;
@@ -108,7 +106,9 @@ Points PlainWalk(const std::vector<std::pair<float, float>>& samples, const Data
 
 TEST_F(DataChartSeriesTest, WhateverComesItIsTheLineOfThePlainWalk) {
     std::mt19937 random(7);
-    const float odd[] = {kNan, kInfinity, -kInfinity, 3e38f, -3e38f, 1e-45f, 0.0f, -0.0f};
+    using Limits = std::numeric_limits<float>;
+    const float odd[] = {
+        Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(), 3e38f, -3e38f, 1e-45f, 0.0f, -0.0f};
     for (int round = 0; round < 3000; ++round) {
         std::vector<std::pair<float, float>> samples;
         series.Clear();
