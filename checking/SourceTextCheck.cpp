@@ -12,7 +12,7 @@ void WarnOfCut(CheckContext& context, const ADXObject* object, const std::string
 }
 
 void CheckCuts(CheckContext& context, const ADXObject* object, const SourceElement& element) {
-    const std::string name = "<" + DisplayText(element.name) + ">";
+    const std::string name = Printf("<%s>", DisplayText(element.name).c_str());
     if (element.textcut) WarnOfCut(context, object, name);
     if (element.attributecut) WarnOfCut(context, object, "an attribute of " + name);
 }

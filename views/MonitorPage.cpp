@@ -17,8 +17,8 @@ namespace {
 constexpr float kFirstSpan = 20.0F;  // seconds
 constexpr char kTimeTitle[] = "Time (M:S)";
 constexpr char kEmptyTitle[] = "Right-click to add series";
-constexpr std::uint32_t kTitleLength = 150, kUnitsLength = 150, kMenuUnitsLength = 50;
-constexpr UINT kFirstItemId = 1;
+constexpr std::uint32_t kChartTitleLength = 150, kAxisUnitsLength = 150, kMenuUnitsLength = 50;
+constexpr UINT kFirstSeriesRow = 1;
 // Of the series that the user adds, one after the other; 0x00BBGGRR.
 constexpr std::uint32_t kSeriesColours[] = {0x0000FF, 0x009600, 0xFF0000, 0xFF8080, 0xC8C800,
                                             0x0080FF, 0x800080, 0x008080, 0xFF00FF, 0x808040};
@@ -123,11 +123,11 @@ void MonitorPage::FillChart(const MonitorChart& chart) {
     const std::uint32_t axes = CountIn(chart, DCM_GETAXISCOUNT);
     for (std::uint32_t i = 1; i < axes; ++i)
         ::SendMessageA(chart.window, DCM_DELETEAXIS, i, 0);
-    char title[kTitleLength + 1];
+    char title[kChartTitleLength + 1];
     chart.monitor->GetTitle(title, sizeof title);
     ::SetWindowTextA(chart.window, title);
     for (std::uint32_t i = 0; i < chart.monitor->GetEntryCount(); ++i)
-        AddSeries(chart, *chart.monitor->GetEntry(i), kUnitsLength);
+        AddSeries(chart, *chart.monitor->GetEntry(i), kAxisUnitsLength);
     Send(chart, DCM_RELAYOUT);
 }
 
@@ -244,7 +244,7 @@ void MonitorPage::OnCommand(unsigned control, unsigned code, LPARAM lParam) {
 
 void MonitorPage::OnChartMenu(std::size_t index, POINT place) {
     const ADXMonitor& monitor = *charts_[index].monitor;
-    ObjectRows rows(kFirstItemId);
+    ObjectRows rows(kFirstSeriesRow);
     rows.Add(Definition(), kTypeValue, [&](const ADXObject& object) { return EntryOf(monitor, &object) >= 0; });
     const auto choice = menu_.Ask(Window(), place, rows);
     if (!choice) return;

@@ -13,7 +13,7 @@ namespace corvex::bench {
 namespace {
 
 constexpr double kBaud = 8192, kBitsOfByte = 10, kRequest = 5, kReply = 63;
-constexpr int kRuns = 3;  // of each
+constexpr int kScanRuns = 3;  // of each
 
 using Series = std::map<View, std::vector<double>>;
 
@@ -40,7 +40,7 @@ void ReportPaced(const Wanted& wanted, const std::vector<double>& rates, const s
 void PrintScanRate() {
     ViewedScan scan;
     Series rates, processor;
-    for (int i = 0; i < kRuns; ++i) {
+    for (int i = 0; i < kScanRuns; ++i) {
         for (const Wanted& wanted : kPacedViews) {
             const ScanFigures figures = scan.Paced(wanted.view);
             rates[wanted.view].push_back(figures.rate);
@@ -54,7 +54,7 @@ void PrintScanRate() {
 void PrintSustainedRate() {
     ViewedScan scan;
     Series rates, processor;
-    for (int i = 0; i < kRuns; ++i) {
+    for (int i = 0; i < kScanRuns; ++i) {
         for (const View view : kUnpacedViews) {
             const ScanFigures figures = scan.Unpaced(view);
             rates[view].push_back(figures.rate);
@@ -66,7 +66,8 @@ void PrintSustainedRate() {
         std::printf(
             "unpaced engine, %s: median %.0f replies a second of %d scans, ratio to hidden %.3f; of one processor %.0f "
             "%%\n",
-            NameOf(view), Median(rates[view]), kRuns, Median(rates[view]) / hidden, 100.0 * Median(processor[view]));
+            NameOf(view), Median(rates[view]), kScanRuns, Median(rates[view]) / hidden,
+            100.0 * Median(processor[view]));
 }
 
 }  // namespace corvex::bench

@@ -18,7 +18,7 @@ namespace corvex::bench {
 
 namespace {
 
-constexpr int kRuns = 15;
+constexpr int kStarts = 15;
 constexpr DWORD kPatience = 30000;  // ms
 
 struct Costs {
@@ -104,11 +104,11 @@ void PrintStartCost() {
     for (Candidate* warm : {&corvex, &bare})
         RunOnce(*warm);
     corvex.costs = bare.costs = {};
-    for (int i = 0; i < kRuns; ++i) {
+    for (int i = 0; i < kStarts; ++i) {
         RunOnce(corvex);
         RunOnce(bare);
     }
-    std::printf("medians of %d starts each, in turn, Corvex with the example definition\n", kRuns);
+    std::printf("medians of %d starts each, in turn, Corvex with the example definition\n", kStarts);
     Print("start to painted window", "ms", corvex.costs.milliseconds, bare.costs.milliseconds);
     Print("memory, resident", "MiB", corvex.costs.residentMiB, bare.costs.residentMiB);
     Print("memory, private", "MiB", corvex.costs.privateMiB, bare.costs.privateMiB);

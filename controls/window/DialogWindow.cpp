@@ -26,7 +26,7 @@ bool GivesItsResult(UINT message) {
     }
 }
 
-void Bind(HWND window, DialogWindow* dialog) {
+void BindDialog(HWND window, DialogWindow* dialog) {
     ::SetWindowLongPtrA(window, DWLP_USER, reinterpret_cast<LONG_PTR>(dialog));
 }
 
@@ -44,7 +44,8 @@ INT_PTR Give(HWND window, UINT message, LONG_PTR result) {
 
 // Nothing may leave a dialog procedure but its result: the frames below are the system's.
 INT_PTR DispatchToDialog(HWND window, UINT message, WPARAM wParam, LPARAM lParam) try {
-    if (message == WM_INITDIALOG) Bind(window, reinterpret_cast<std::unique_ptr<DialogWindow>*>(lParam)->release());
+    if (message == WM_INITDIALOG)
+        BindDialog(window, reinterpret_cast<std::unique_ptr<DialogWindow>*>(lParam)->release());
     DialogWindow* const dialog = BoundTo(window);
     if (dialog == nullptr) return FALSE;
 
@@ -53,7 +54,7 @@ INT_PTR DispatchToDialog(HWND window, UINT message, WPARAM wParam, LPARAM lParam
     const DialogAnswer answer = dialog->OnMessage(message, wParam, lParam);
     if (message == WM_INITDIALOG) return dialog->focus_ == DialogFocus::kFirstControl ? TRUE : FALSE;
     if (message == WM_NCDESTROY) {
-        Bind(window, nullptr);
+        BindDialog(window, nullptr);
         hold.Release();
     }
     return answer ? Give(window, message, *answer) : FALSE;

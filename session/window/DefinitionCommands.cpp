@@ -23,7 +23,7 @@ constexpr char kQuestionCaption[] = "Corvex";
 const char* QuestionFor(const SessionState& session) {
     if (session.monitorsChanged == 0) return "The dashboard was changed. Save the definition first?";
     if (session.dashChanged == 0) return "The monitors were changed. Save the definition first?";
-    return "Dashboard and monitors were changed. Save the definition first?";
+    return "The dashboard and the monitors were changed. Save the definition first?";
 }
 
 bool HasChanges(const SessionState& session) {

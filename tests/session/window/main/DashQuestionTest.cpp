@@ -50,6 +50,18 @@ TEST_F(DashQuestionTest, CancelledALoadAnImportAnEditAndANewOneLeaveAllAsItIs) {
     EXPECT_EQ(folder.Name("one.adx"), session.settings.lastadxpath);
 }
 
+TEST_F(DashQuestionTest, MonitorsThatWereChangedAreAskedAboutToo) {
+    StartChanged();
+    session.monitorsChanged = 1;
+    Answer(IDCANCEL, [&] { Load(other); });  // about both
+    session.dashChanged = 0;
+    DialogAnswer answer(kQuestion, IDNO);
+    Load(other);
+    EXPECT_TRUE(answer.Came());
+    EXPECT_EQ("The monitors were changed. Save the definition first?", answer.Text());
+    EXPECT_EQ(0U, session.monitorsChanged);
+}
+
 TEST_F(DashQuestionTest, NoDropsItOnce) {
     StartChanged();
     const std::string good = folder.Content("one.adx");

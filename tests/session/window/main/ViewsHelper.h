@@ -8,13 +8,14 @@
 #include "tests/session/window/main/MainWindowHelper.h"
 #include "views/DashGauge.h"
 #include "views/DashPage.h"
+#include "views/MonitorPage.h"
 #include "views/PageResources.h"
 
 namespace corvex::test {
 
 class ViewsTest : public MainWindowTest {
 protected:
-    static constexpr int kDashTab = 1, kListTab = 2;
+    static constexpr int kDashTab = 1, kListTab = 2, kMonitorTab = 4;
 
     // One dial alone, as its paints are dear. A and the bit are of every command, B is of the poll, C of another one.
     // The title is that of dash and list.
@@ -26,7 +27,12 @@ protected:
             .Value("C", 0, "X", alarms + AdxParent("OTHER"))
             .Bit("BIT", 1, AdxTag("flags", "0x0000000C"))
             .Dashboard({"D1", title}, {{0, "A"}, {1, "B"}, {2, "BIT"}, {1, "C"}})
-            .List({"L1", title}, {"#" + title, "A", "B", "C", "BIT"});
+            .List({"L1", title}, {"#" + title, "A", "B", "C", "BIT"})
+            .Object("ADXMONITOR", {"M1", title}, AdxTag("entrycount", "2") + Series("A") + Series("B"));
+    }
+
+    static std::string Series(const std::string& value) {
+        return "<ADXMONSERIES itemidhash=\"" + AdxHash(value) + "\" />";
     }
 
     void StartShown() {
@@ -46,6 +52,7 @@ protected:
         DigitalReadoutSetValue(gauge, shown);
         return shown;
     }
+    const MonitorPage& Monitors() const { return *PageOf<MonitorPage>(session.monitorPage); }
     HWND List() const { return ::GetDlgItem(AsWindow(session.listPage), IDC_LIST_VIEW); }
     std::string Cell(int row, int column) const {
         char text[300] = "";

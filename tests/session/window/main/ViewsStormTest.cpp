@@ -1,12 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "session/window/DefinitionCommands.h"
 #include "tests/session/window/main/ViewsHelper.h"
 
 namespace corvex::test {
 namespace {
 
-// Definitions are loaded while a log plays as fast as it can and dash or list show it.
+// Definitions are loaded while a log plays as fast as it can and dash, list or monitors show it.
 class ViewsStormTest : public ViewsTest {
 protected:
     void TearDown() override {
@@ -33,6 +35,8 @@ protected:
             EXPECT_EQ(session.currentDashboard->GetEntry(i), EntryOf(Dash().Gauges()[i]));
         EXPECT_EQ(5, ::SendMessageA(List(), LVM_GETITEMCOUNT, 0, 0));
         EXPECT_EQ(title, Cell(0, 2));
+        ASSERT_EQ(1U, Monitors().Charts().size());
+        EXPECT_EQ(title, Monitors().Charts()[0].monitor->Title());
     }
 
     int isDuringPlayback_ = 0;
@@ -46,7 +50,7 @@ TEST_F(ViewsStormTest, TwoHundredLoadsLeaveNoPageBehind) {
     const std::string paths[] = {folder.Name("one.adx"), PutDefinition("two.adx", Objects("Two"))};
     session.settings.SetLastLog(PutFastLog(3000));
     for (int i = 0; i < 200; ++i) {
-        Select(i / 2 % 2 == 0 ? kDashTab : kListTab);
+        Select(std::array{kDashTab, kListTab, kMonitorTab}[static_cast<std::size_t>(i / 2 % 3)]);
         const int next = (i + 1) % 2;
         const std::string title = next == 0 ? "One" : "Two";
         ASSERT_NO_FATAL_FAILURE(LoadDuringPlayback(paths[next], title)) << i;
