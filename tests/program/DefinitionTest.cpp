@@ -28,6 +28,11 @@ TEST_F(DefinitionFile, ImportedDuringAScanEndsItAndIsSavedBeforeItIsEdited) {
     Window().Send(kImportDefinition);
     ChooseFile(program->Id(), "Select file to import...", folder.TakeExample("kestrel-legacy.ads"));
     ExpectLeft("ALDL: Not Connected");
+    // Once it is done there is no name any more, which the title shows when it is next written.
+    EXPECT_TRUE(Eventually([&] {
+        Window().Send(kSpeed100);
+        return Window().Title() == TitleOf("");
+    }));
     Window().Send(kEditDefinition);
     ChooseFile(program->Id(), "Choose file to save to...", folder.Name("new.adx"));
     CancelDialog(program->Id(), kEditorTitle);

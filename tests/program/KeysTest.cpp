@@ -86,7 +86,11 @@ TEST_F(Keys, BracketsJumpAgainstWhatTheMenuSaysAndTheMouseDragsTheLogAlong) {
     POINT from{(thumb.left + thumb.right) / 2, (thumb.top + thumb.bottom) / 2}, to{0, from.y};
     ::ClientToScreen(slider, &from);
     ::ClientToScreen(slider, &to);
-    ASSERT_TRUE(DragMouse(from, to));
+    // A press that comes while the desktop still moves its pointer is lost, and the thumb stays where it was.
+    const auto isDragged = [&] {
+        return DragMouse(from, to) && Eventually([&] { return Window().SliderPosition() < 15; }, 5);
+    };
+    EXPECT_TRUE(isDragged() || isDragged() || isDragged());
     ExpectSlider(2);
 }
 

@@ -5,11 +5,11 @@
 
 namespace corvex::test {
 
-// Asks each millisecond, for 30 seconds at most. The last answer.
+// Asks each millisecond, for 30 seconds at most unless told otherwise. The last answer.
 template <class Predicate>
-bool Eventually(Predicate isSo) {
+bool Eventually(Predicate isSo, int seconds = 30) {
     IClock& clock = SystemClock();
-    const std::int64_t deadline = clock.Counter() + 30 * clock.Frequency();
+    const std::int64_t deadline = clock.Counter() + seconds * clock.Frequency();
     while (!isSo()) {
         if (clock.Counter() > deadline) return isSo();
         SleepUntil(clock.Counter() + clock.Frequency() / 1000);
