@@ -201,9 +201,9 @@ void MonitorPage::ShowScrollBar() {
     const MonitorTimes times =
         axis == nullptr ? MonitorTimes{}
                         : MonitorTimes{axis->Minimum(), axis->Maximum(), axis->LowLimit(), axis->HighLimit()};
-    scrollBarShown_ = NeedsMonitorScroll(times);
-    ::ShowScrollBar(Window(), SB_HORZ, scrollBarShown_ ? TRUE : FALSE);
-    if (!scrollBarShown_) return;
+    const bool isNeeded = NeedsMonitorScroll(times);
+    ::ShowScrollBar(Window(), SB_HORZ, isNeeded ? TRUE : FALSE);
+    if (!isNeeded) return;
     const MonitorScroll scroll = MonitorScrollOf(times);
     SCROLLINFO bar{};
     bar.cbSize = sizeof bar;

@@ -56,7 +56,6 @@ private:
 
     std::vector<MonitorChart> charts_;
     ObjectMenu menu_;
-    bool scrollBarShown_ = false;
     bool toldOfMemory_ = false;  // since the samples were cleared
 };
 

@@ -5,12 +5,11 @@
 #include <stdexcept>
 
 #include "controls/analoggauge/AnalogGauge.h"
+#include "controls/window/WindowSubclass.h"
 
 namespace corvex::bench {
 
 namespace {
-
-constexpr char kProperty[] = "CorvexPaintWatch";
 
 bool IsDial(HWND window) {
     char name[64] = "";
@@ -20,28 +19,35 @@ bool IsDial(HWND window) {
 
 }  // namespace
 
+// In front of a gauge for as long as it is watched.
+class PaintWatch::Subclass final : public WindowSubclass {
+public:
+    static constexpr char kProperty[] = "CorvexPaintWatch";
+    Subclass(PaintWatch& watch, Gauge& gauge) : WindowSubclass(gauge.window), watch_(watch), gauge_(gauge) {}
+
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        const auto begin = std::chrono::steady_clock::now();
+        const LRESULT result = Former(message, wParam, lParam);
+        if (message == WM_PAINT) watch_.Note(gauge_, begin);
+        return result;
+    }
+
+private:
+    PaintWatch& watch_;
+    Gauge& gauge_;
+};
+
 PaintWatch::PaintWatch(const std::vector<HWND>& gauges) {
     for (const HWND window : gauges) {
-        gauges_.push_back(std::make_unique<Gauge>(Gauge{this, window, IsDial(window), nullptr, false}));
-        ::SetPropA(window, kProperty, gauges_.back().get());
-        gauges_.back()->former = reinterpret_cast<WNDPROC>(
-            ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&PaintWatch::Procedure)));
+        gauges_.push_back(std::make_unique<Gauge>(Gauge{window, IsDial(window), false}));
+        if (!Attach(std::make_unique<Subclass>(*this, *gauges_.back())))
+            throw std::runtime_error("a gauge that cannot be watched");
     }
 }
 
 PaintWatch::~PaintWatch() {
-    for (const auto& gauge : gauges_) {
-        ::SetWindowLongPtrA(gauge->window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(gauge->former));
-        ::RemovePropA(gauge->window, kProperty);
-    }
-}
-
-LRESULT CALLBACK PaintWatch::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    Gauge& gauge = *static_cast<Gauge*>(::GetPropA(window, kProperty));
-    const auto begin = std::chrono::steady_clock::now();
-    const LRESULT result = ::CallWindowProcA(gauge.former, window, message, wParam, lParam);
-    if (message == WM_PAINT) gauge.watch->Note(gauge, begin);
-    return result;
+    for (const auto& gauge : gauges_)
+        Detach<Subclass>(gauge->window);
 }
 
 void PaintWatch::Note(Gauge& gauge, std::chrono::steady_clock::time_point begin) {

@@ -32,13 +32,11 @@ public:
 
 private:
     struct Gauge {
-        PaintWatch* watch;
         HWND window;
         bool isDial;
-        WNDPROC former;
         bool painted;
     };
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    class Subclass;
     void Note(Gauge& gauge, std::chrono::steady_clock::time_point begin);
     bool AllPainted() const;
 

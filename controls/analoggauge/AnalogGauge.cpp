@@ -143,7 +143,7 @@ bool AnalogGauge::Register(HINSTANCE instance) {
     ControlClass windowClass{};
     windowClass.name = kAnalogGaugeClass;
     windowClass.style = CS_DBLCLKS;
-    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
+    windowClass.background = SystemBackground(COLOR_WINDOW);
     return RegisterControl<AnalogGaugeWindow>(instance, windowClass);
 }
 

@@ -18,7 +18,7 @@ private:
     LRESULT OnChartMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT SetTitle(const char* text);
     void LayOut();
-    void PaintBackground(HDC dc);
+    void PaintBackground(HDC dc, const DataChartFonts& fonts);
     void Paint();
     LRESULT Repaint();
 
@@ -112,17 +112,16 @@ void DataChartWindow::LayOut() {
     ::GetClientRect(Window(), &client);
     const SIZE size{client.right, client.bottom};
     const ClientDc screen(Window());
-    {
-        const MemoryDc fresh(screen.Get());
-        layout_ = model_.LayOut(client.right, client.bottom, DataChartFonts(fresh.Get()), Window());
-    }
+    const MemoryDc fresh(screen.Get());
+    const DataChartFonts fonts(fresh.Get());
+    layout_ = model_.LayOut(client.right, client.bottom, fonts, Window());
     backgroundDc_ = layout_ ? background_.Fit(screen.Get(), size, size) : nullptr;
-    if (backgroundDc_ != nullptr) PaintBackground(backgroundDc_);
+    if (backgroundDc_ != nullptr) PaintBackground(backgroundDc_, fonts);
 }
 
-void DataChartWindow::PaintBackground(HDC dc) {
+void DataChartWindow::PaintBackground(HDC dc, const DataChartFonts& fonts) {
     const int saved = ::SaveDC(dc);
-    PaintChartBackground(dc, *layout_, model_, DataChartFonts(dc));
+    PaintChartBackground(dc, *layout_, model_, fonts);
     ::RestoreDC(dc, saved);
 }
 
@@ -132,7 +131,7 @@ void DataChartWindow::Paint() {
     const OffscreenPaint paint(Window());
     if (!layout_) return;
     if (backgroundDc_ == nullptr) {
-        PaintBackground(paint.Dc());
+        PaintBackground(paint.Dc(), DataChartFonts(paint.Dc()));
     } else {
         ::BitBlt(paint.Dc(), 0, 0, layout_->client.right, layout_->client.bottom, backgroundDc_, 0, 0, SRCCOPY);
     }
@@ -150,7 +149,7 @@ bool DataChart::Register(HINSTANCE instance) {
     ControlClass windowClass{};
     windowClass.name = kDataChartClass;
     windowClass.style = CS_DBLCLKS;
-    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
+    windowClass.background = SystemBackground(COLOR_WINDOW);
     return RegisterControl<DataChartWindow>(instance, windowClass);
 }
 

@@ -85,12 +85,12 @@ void DataChartAxis::Follow(float value) {
     const float margin = (max_ - min_) * (static_cast<float>(scrollPercent) / 100.0F);
     if (value > max_) {
         const float shift = value - max_ + margin;
-        owner_.LayoutIsDue();
+        owner_.MarkLayoutDue();
         setRange(min_ + shift, max_ + shift);
         setLimits(lowLimit_, max_);
     } else if (value < min_) {
         const float shift = min_ - value + margin;
-        owner_.LayoutIsDue();
+        owner_.MarkLayoutDue();
         setRange(min_ - shift, max_ - shift);
         setLimits(min_, highLimit_);
     }

@@ -75,7 +75,7 @@ void DataChartModel::ClearAxes() {
     axes_.clear();
 }
 
-void DataChartModel::LayoutIsDue() {
+void DataChartModel::MarkLayoutDue() {
     if (isLayoutDue_) {
         for (const auto& axis : axes_)
             axis->CalculateTicks();

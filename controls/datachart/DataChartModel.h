@@ -108,7 +108,7 @@ public:
     // An axis has scrolled. By letter each scroll runs the layout at once; here it runs when the chart is next drawn,
     // once for however many. What the layouts between would have left behind for the last one are ticks and decimals,
     // and those are calculated still, so that the picture is the same.
-    void LayoutIsDue();
+    void MarkLayoutDue();
     bool IsLayoutDue() const { return isLayoutDue_; }
 
     // The place of an axis's marker, across the whole plot. Nothing where it is not to be drawn.

@@ -43,7 +43,7 @@ Result AskAndRedraw(HWND window, Result absent, const Work& work) {
 bool DigitalReadout::Register(HINSTANCE instance) {
     ControlClass windowClass{};
     windowClass.name = kDigitalReadoutClass;
-    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
+    windowClass.background = SystemBackground(COLOR_WINDOW);
     return RegisterControl<DigitalReadoutWindow>(instance, windowClass);
 }
 

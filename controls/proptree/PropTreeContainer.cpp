@@ -24,7 +24,7 @@ bool PropTreeContainer::Register(HINSTANCE instance) {
     INITCOMMONCONTROLSEX needed{sizeof needed, ICC_TREEVIEW_CLASSES};
     ::InitCommonControlsEx(&needed);
     ControlClass windowClass{kPropTreeClass};
-    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
+    windowClass.background = SystemBackground(COLOR_BTNFACE);
     return RegisterControl<PropTreeWindow>(instance, windowClass);
 }
 

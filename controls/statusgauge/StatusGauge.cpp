@@ -97,7 +97,7 @@ bool StatusGauge::Register(HINSTANCE instance) {
     ControlClass windowClass{};
     windowClass.name = kStatusGaugeClass;
     windowClass.style = CS_DBLCLKS;
-    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_WINDOW + 1));
+    windowClass.background = SystemBackground(COLOR_WINDOW);
     return RegisterControl<StatusGaugeWindow>(instance, windowClass);
 }
 

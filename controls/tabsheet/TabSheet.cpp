@@ -23,7 +23,7 @@ bool TabSheet::Register(HINSTANCE instance) {
     ::InitCommonControlsEx(&needed);
     ControlClass windowClass{kTabSheetClass};
     windowClass.style = CS_HREDRAW | CS_VREDRAW;
-    windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
+    windowClass.background = SystemBackground(COLOR_BTNFACE);
     return RegisterControl<TabSheetWindow>(instance, windowClass);
 }
 

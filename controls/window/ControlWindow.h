@@ -34,6 +34,11 @@ struct ControlClass {
 using CarriedCall = std::function<void(ControlWindow&)>;
 
 bool CarryCall(HWND window, const CarriedCall& call);
+// A system colour, COLOR_WINDOW for instance, in the form of a class's background.
+inline HBRUSH SystemBackground(int colour) {
+    return reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(colour + 1));
+}
+
 LRESULT DispatchToControl(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                           std::unique_ptr<ControlWindow> (*make)(HWND, void*));
 bool RegisterControlClass(HINSTANCE instance, const ControlClass& control, WNDPROC procedure);

@@ -62,6 +62,10 @@ INT_PTR DispatchToDialog(HWND window, UINT message, WPARAM wParam, LPARAM lParam
     std::terminate();
 }
 
+INT_PTR CALLBACK PlainDialogProcedure(HWND, UINT message, WPARAM, LPARAM) {
+    return message == WM_INITDIALOG ? TRUE : FALSE;
+}
+
 DialogWindow* DialogObjectOf(HWND window, DLGPROC procedure) {
     if (window == nullptr || ::GetWindowLongPtrA(window, DWLP_DLGPROC) != reinterpret_cast<LONG_PTR>(procedure))
         return nullptr;

@@ -43,6 +43,9 @@ INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     return DispatchToDialog(window, message, wParam, lParam);
 }
 
+// For a dialog that nobody listens to: no object, and the focus goes to its first control.
+INT_PTR CALLBACK PlainDialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
 // The dialog takes the object over when it is made; until then, and if it is not made at all, it stays where it is.
 inline LPARAM ParameterOf(std::unique_ptr<DialogWindow>& dialog) {
     return reinterpret_cast<LPARAM>(&dialog);

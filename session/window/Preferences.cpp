@@ -1,6 +1,7 @@
 #include "session/window/Preferences.h"
 
 #include "controls/proptree/PropTreeContainer.h"
+#include "controls/window/DialogWindow.h"
 #include "session/PortDigit.h"
 #include "session/window/DialogResources.h"
 
@@ -15,13 +16,9 @@ constexpr char kKeyboard[] = "Keyboard Accelerators";
 // By this property the window knows the edit box of its port page.
 constexpr char kPortEdit[] = "Corvex.PortDigit";
 
-INT_PTR CALLBACK PageProcedure(HWND /*page*/, UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) {
-    return message == WM_INITDIALOG ? TRUE : FALSE;
-}
-
 // A page after the one before it.
 HWND AddPage(HWND window, HINSTANCE instance, int templateId, const char* title, const char* after) {
-    return PropTreeContainer::addPage(window, &PageProcedure, instance, templateId, title, after, nullptr);
+    return PropTreeContainer::addPage(window, &PlainDialogProcedure, instance, templateId, title, after, nullptr);
 }
 
 void AddPages(SessionState& session, HWND window) {

@@ -13,7 +13,7 @@ constexpr int kButton = 7;
 struct Life {
     int alive = 0, messages = 0;
     UINT first = 0, last = 0;
-    bool deletedWithinHandler = false, endsAtOnce = false, isFocusTaken = false;
+    bool deletedWithinHandler = false, endsAtOnce = false;
 };
 
 class ProbeDialog : public DialogWindow {
