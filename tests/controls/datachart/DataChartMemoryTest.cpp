@@ -33,8 +33,11 @@ TEST(DataChartMemoryTest, SamplesGrowInFewSteps) {
     DataChartModel chart;
     DataChartSeries& series = *chart.AddSeries();
     const std::uint64_t before = testing::AllocationCount();
-    for (int i = 0; i < 100000; ++i)
-        series.addSample(static_cast<float>(i), 1);
+    for (int i = 0; i < 100000; ++i) {
+        const float x = static_cast<float>(i), y = 1;
+        series.addSample(x, y);
+        series.addSamples(&x, &y, 1, false);
+    }
     EXPECT_LT(testing::AllocationCount() - before, 40u);
 }
 
