@@ -26,11 +26,11 @@ SIBLINGS = {
     ("files/ads", "files/adx"),
 }
 SOURCES = ("platform", "files", "definition", "acquisition", "logging", "controls", "export", "session", "checking",
-           "views", "apps", "bench", "tests")
+           "views", "apps", "bench", "tests", "tools")
 # The desktop may name the system, but for the models of its controls and pages, which build everywhere.
 DESKTOP = ("controls/", "views/", "session/window/", "apps/desktop/", "apps/editor/", "tests/platform/",
            "tests/controls/", "tests/views/", "tests/session/window/", "tests/apps/desktop/", "tests/apps/editor/",
-           "tests/program/", "bench/desktop/", "bench/gauges/")
+           "tests/program/", "tools/", "bench/desktop/", "bench/gauges/")
 ANY_INCLUDE = re.compile(r'^\s*#\s*include\s*["<]([^">]+)[">]', re.M)
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.M)
 SYSTEM = re.compile(r"<windows\.h>|\b_WIN32\b|\b__linux__\b|\bHWND\b|\bHDC\b")

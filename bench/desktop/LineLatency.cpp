@@ -9,10 +9,10 @@
 #include "definition/ADXCListenSilence.h"
 #include "definition/ADXCSendCommand.h"
 #include "definition/ADXDefinition.h"
-#include "tests/program/driver/CorvexWindow.h"
-#include "tests/program/driver/ProgramFolder.h"
-#include "tests/program/driver/RunningProgram.h"
 #include "tests/support/Eventually.h"
+#include "tools/driver/CorvexWindow.h"
+#include "tools/driver/ProgramFolder.h"
+#include "tools/driver/RunningProgram.h"
 
 namespace corvex::bench {
 

@@ -7,10 +7,10 @@
 
 #include "bench/desktop/Figures.h"
 #include "platform/WindowsApi.h"
-#include "tests/program/driver/ProgramFolder.h"
-#include "tests/program/driver/RunningProgram.h"
-#include "tests/program/driver/WindowFinder.h"
 #include "tests/support/Eventually.h"
+#include "tools/driver/ProgramFolder.h"
+#include "tools/driver/RunningProgram.h"
+#include "tools/driver/WindowFinder.h"
 // After windows.h, which it leans on.
 #include <psapi.h>
 

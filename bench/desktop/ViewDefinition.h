@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "tests/program/driver/ProgramFolder.h"
+#include "tools/driver/ProgramFolder.h"
 
 namespace corvex::bench {
 

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "bench/desktop/ViewDefinition.h"
-#include "tests/program/driver/WindowFinder.h"
 #include "tests/support/Eventually.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::bench {
 

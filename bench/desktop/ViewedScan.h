@@ -3,10 +3,10 @@
 
 #include <vector>
 
-#include "tests/program/driver/CorvexWindow.h"
-#include "tests/program/driver/EngineHost.h"
-#include "tests/program/driver/ProgramFolder.h"
-#include "tests/program/driver/RunningProgram.h"
+#include "tools/driver/CorvexWindow.h"
+#include "tools/driver/EngineHost.h"
+#include "tools/driver/ProgramFolder.h"
+#include "tools/driver/RunningProgram.h"
 
 namespace corvex::bench {
 

@@ -2,8 +2,8 @@
 #include <random>
 
 #include "tests/program/ProgramTest.h"
-#include "tests/program/driver/LogFiles.h"
-#include "tests/program/driver/ProgramStates.h"
+#include "tools/driver/LogFiles.h"
+#include "tools/driver/ProgramStates.h"
 
 namespace corvex::test {
 namespace {

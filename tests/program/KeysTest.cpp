@@ -1,8 +1,8 @@
 #include "controls/window/CommonControls.h"
 #include "tests/program/ProgramTest.h"
-#include "tests/program/driver/Input.h"
-#include "tests/program/driver/LogFiles.h"
-#include "tests/program/driver/RemoteMemory.h"
+#include "tools/driver/Input.h"
+#include "tools/driver/LogFiles.h"
+#include "tools/driver/RemoteMemory.h"
 
 namespace corvex::test {
 namespace {

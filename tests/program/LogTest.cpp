@@ -1,7 +1,7 @@
 // A recording from its first sample to its playback.
 #include "tests/program/ProgramTest.h"
-#include "tests/program/driver/LogFiles.h"
-#include "tests/program/driver/ReplyLines.h"
+#include "tools/driver/LogFiles.h"
+#include "tools/driver/ReplyLines.h"
 
 namespace corvex::test {
 namespace {

@@ -1,7 +1,7 @@
 #include "tests/program/ViewsProgramTest.h"
-#include "tests/program/driver/DialogAnswers.h"
 #include "tests/program/driver/PopupMenu.h"
-#include "tests/program/driver/WindowFinder.h"
+#include "tools/driver/DialogAnswers.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 namespace {

@@ -8,13 +8,13 @@
 #include <optional>
 #include <string>
 
-#include "tests/program/driver/CorvexWindow.h"
-#include "tests/program/driver/DialogAnswers.h"
-#include "tests/program/driver/EngineHost.h"
-#include "tests/program/driver/ProgramFolder.h"
-#include "tests/program/driver/RunningProgram.h"
-#include "tests/program/driver/WindowFinder.h"
 #include "tests/support/Eventually.h"
+#include "tools/driver/CorvexWindow.h"
+#include "tools/driver/DialogAnswers.h"
+#include "tools/driver/EngineHost.h"
+#include "tools/driver/ProgramFolder.h"
+#include "tools/driver/RunningProgram.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

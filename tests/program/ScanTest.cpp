@@ -1,7 +1,7 @@
 #include <regex>
 
 #include "tests/program/ProgramTest.h"
-#include "tests/program/driver/ReplyLines.h"
+#include "tools/driver/ReplyLines.h"
 
 namespace corvex::test {
 namespace {

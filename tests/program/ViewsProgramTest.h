@@ -11,8 +11,8 @@
 #include "tests/program/driver/DashView.h"
 #include "tests/program/driver/Eyes.h"
 #include "tests/program/driver/ListPageView.h"
-#include "tests/program/driver/LogFiles.h"
 #include "tests/support/AdxText.h"
+#include "tools/driver/LogFiles.h"
 
 namespace corvex::test {
 

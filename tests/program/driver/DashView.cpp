@@ -5,8 +5,8 @@
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/statusgauge/StatusGauge.h"
-#include "tests/program/driver/RemoteMemory.h"
-#include "tests/program/driver/WindowFinder.h"
+#include "tools/driver/RemoteMemory.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "tests/program/driver/ProgramFolder.h"
-#include "tests/program/driver/WindowFinder.h"
+#include "tools/driver/ProgramFolder.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

@@ -6,7 +6,7 @@
 #include "platform/WindowsApi.h"
 #include "tests/program/driver/EyesRequest.h"
 #include "tests/program/driver/Picture.h"
-#include "tests/program/driver/RemoteMemory.h"
+#include "tools/driver/RemoteMemory.h"
 
 namespace corvex::test {
 

@@ -2,8 +2,8 @@
 
 #include <commctrl.h>
 
-#include "tests/program/driver/RemoteMemory.h"
-#include "tests/program/driver/WindowFinder.h"
+#include "tools/driver/RemoteMemory.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/program/driver/CorvexWindow.h"
+#include "tools/driver/CorvexWindow.h"
 
 namespace corvex::test {
 

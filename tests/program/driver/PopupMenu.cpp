@@ -3,9 +3,9 @@
 #include <stdexcept>
 #include <vector>
 
-#include "tests/program/driver/Input.h"
-#include "tests/program/driver/WindowFinder.h"
 #include "tests/support/Eventually.h"
+#include "tools/driver/Input.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

@@ -1,10 +1,10 @@
-#include "tests/program/driver/RemoteMemory.h"
+#include "tools/driver/RemoteMemory.h"
 
 #include <commctrl.h>
 
 #include <array>
 
-#include "tests/program/driver/WindowFinder.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

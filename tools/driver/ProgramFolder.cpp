@@ -1,4 +1,4 @@
-#include "tests/program/driver/ProgramFolder.h"
+#include "tools/driver/ProgramFolder.h"
 
 #include <array>
 #include <sstream>

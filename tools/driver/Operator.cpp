@@ -1,11 +1,11 @@
-#include "tests/program/driver/Operator.h"
+#include "tools/driver/Operator.h"
 
 #include <stdexcept>
 #include <utility>
 
-#include "tests/program/driver/DialogAnswers.h"
-#include "tests/program/driver/WindowFinder.h"
 #include "tests/support/Eventually.h"
+#include "tools/driver/DialogAnswers.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/program/driver/Operator.h"
+#include "tools/driver/Operator.h"
 
 namespace corvex::test {
 

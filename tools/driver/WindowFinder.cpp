@@ -1,4 +1,4 @@
-#include "tests/program/driver/WindowFinder.h"
+#include "tools/driver/WindowFinder.h"
 
 #include <array>
 #include <stdexcept>

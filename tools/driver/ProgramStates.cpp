@@ -1,7 +1,7 @@
-#include "tests/program/driver/ProgramStates.h"
+#include "tools/driver/ProgramStates.h"
 
-#include "tests/program/driver/DialogAnswers.h"
-#include "tests/program/driver/WindowFinder.h"
+#include "tools/driver/DialogAnswers.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

@@ -1,4 +1,4 @@
-#include "tests/program/driver/RunningProgram.h"
+#include "tools/driver/RunningProgram.h"
 
 #include <tlhelp32.h>
 

@@ -1,4 +1,4 @@
-#include "tests/program/driver/EngineHost.h"
+#include "tools/driver/EngineHost.h"
 
 #include <winsock2.h>
 

@@ -1,4 +1,4 @@
-#include "tests/program/driver/Input.h"
+#include "tools/driver/Input.h"
 
 #include <vector>
 

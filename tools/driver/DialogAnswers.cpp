@@ -1,9 +1,9 @@
-#include "tests/program/driver/DialogAnswers.h"
+#include "tools/driver/DialogAnswers.h"
 
 #include <stdexcept>
 
-#include "tests/program/driver/WindowFinder.h"
 #include "tests/support/Eventually.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

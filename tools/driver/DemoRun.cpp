@@ -1,4 +1,4 @@
-#include "tests/program/driver/DemoRun.h"
+#include "tools/driver/DemoRun.h"
 
 #include <algorithm>
 #include <array>
@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/program/driver/LogFiles.h"
-#include "tests/program/driver/Operator.h"
-#include "tests/program/driver/ReplyLines.h"
-#include "tests/program/driver/WindowFinder.h"
+#include "tools/driver/LogFiles.h"
+#include "tools/driver/Operator.h"
+#include "tools/driver/ReplyLines.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

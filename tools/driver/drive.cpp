@@ -8,10 +8,10 @@
 #include <fstream>
 #include <string>
 
-#include "tests/program/driver/DemoRun.h"
-#include "tests/program/driver/LogFiles.h"
-#include "tests/program/driver/ProgramStates.h"
-#include "tests/program/driver/WindowFinder.h"
+#include "tools/driver/DemoRun.h"
+#include "tools/driver/LogFiles.h"
+#include "tools/driver/ProgramStates.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 

@@ -6,9 +6,9 @@
 #include <optional>
 #include <string>
 
-#include "tests/program/driver/CorvexWindow.h"
-#include "tests/program/driver/EngineHost.h"
-#include "tests/program/driver/RunningProgram.h"
+#include "tools/driver/CorvexWindow.h"
+#include "tools/driver/EngineHost.h"
+#include "tools/driver/RunningProgram.h"
 
 namespace corvex::test {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/WindowsApi.h"
-#include "tests/program/driver/ProgramIds.h"
+#include "tools/driver/ProgramIds.h"
 
 namespace corvex::test {
 

@@ -1,4 +1,4 @@
-#include "tests/program/driver/LogFiles.h"
+#include "tools/driver/LogFiles.h"
 
 #include <algorithm>
 

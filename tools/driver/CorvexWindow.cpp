@@ -1,12 +1,12 @@
-#include "tests/program/driver/CorvexWindow.h"
+#include "tools/driver/CorvexWindow.h"
 
 #include <commctrl.h>
 
 #include <stdexcept>
 
-#include "tests/program/driver/RemoteMemory.h"
-#include "tests/program/driver/WindowFinder.h"
 #include "tests/support/Eventually.h"
+#include "tools/driver/RemoteMemory.h"
+#include "tools/driver/WindowFinder.h"
 
 namespace corvex::test {
 
