@@ -1,0 +1,1 @@
+// The unit whose precompiled header all native test programs share.
