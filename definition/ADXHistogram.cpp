@@ -44,14 +44,6 @@ float Deviation(const float* samples, std::uint32_t count) {
     return variance <= kRoundingError ? 0.0F : std::sqrt(variance);
 }
 
-void PrintCell(char* out, std::size_t size, double value) {
-    if (std::fmod(value, 1.0) == 0.0) {
-        std::snprintf(out, size, "%i", static_cast<int>(TruncateToInt32(value)));
-    } else {
-        std::snprintf(out, size, "%.3f", value);
-    }
-}
-
 void WriteLink(XMLWriter& writer, const char* name, const ADXValue* value) {
     if (value != nullptr) WriteElementHex8(writer, name, value->GetIdHash());
 }
@@ -162,11 +154,15 @@ std::int32_t ADXHistogram::AddSample(const ADXDefinition& definition, PacketView
     return AddPoint(x, y, z);
 }
 
+// Outputs are whole numbers below kAxisLimit.
+std::uint32_t ADXHistogram::Axis::DivisionOf(float number) const {
+    if (std::isnan(number)) return kNoDivision;
+    return static_cast<std::uint32_t>(TruncateToInt32(Table().Convert(number)));
+}
+
 std::int32_t ADXHistogram::AddPoint(float x, float y, float z) {
     const std::lock_guard guard(lock_);
-    // Outputs are whole numbers below kAxisLimit.
-    const auto row = static_cast<std::uint32_t>(TruncateToInt32(yaxis_.Table().Convert(y)));
-    const auto col = static_cast<std::uint32_t>(TruncateToInt32(xaxis_.Table().Convert(x)));
+    const std::uint32_t row = yaxis_.DivisionOf(y), col = xaxis_.DivisionOf(x);
     history_.Add(row, col, z);
     stats_.Add(row, col, z);
     ++samplecount_;
@@ -185,12 +181,17 @@ std::uint32_t ADXHistogram::GetTotalSampleCount() const {
     return samplecount_;
 }
 
+// The sum takes the sign off a zero.
+void ADXHistogram::PrintNumber(char* out, std::size_t size, double value) {
+    std::snprintf(out, size, std::fmod(value, 1.0) == 0.0 ? "%.0f" : "%.3f", value + 0.0);
+}
+
 double ADXHistogram::GetCellValue(int mode, std::uint32_t row, std::uint32_t col, char* out, std::size_t size) const {
     if (out != nullptr && size != 0) *out = '\0';
     const std::lock_guard guard(lock_);
     double value = 0.0;
     if (!HistoryValue(mode, row, col, &value) && !StatsValue(mode, row, col, &value)) return 0.0;
-    if (out != nullptr && size != 0) PrintCell(out, size, value);
+    if (out != nullptr && size != 0) PrintNumber(out, size, value);
     return value;
 }
 

@@ -21,6 +21,7 @@ namespace corvex {
 // lock as well.
 class ADXHistogram : public ADXObject {
 public:
+    static constexpr std::uint32_t kNoDivision = 0xFFFF;  // where a number that is none falls on an axis
     static constexpr std::uint32_t kAxisLimit = 4096;  // rows or columns; the grid has no more, whatever is asked for
 
     enum CellMode : int {
@@ -73,13 +74,16 @@ public:
 
     // Computes the three values from the packet and adds the point. Returns the cell, or -1 with a null packet.
     std::int32_t AddSample(const ADXDefinition& definition, PacketView packet, std::uint32_t commandhash);
-    // Returns the column in the high 16 bits and the row in the low 16.
+    // Returns the column in the high 16 bits and the row in the low 16. What falls beside the grid is counted and
+    // nowhere else kept.
     std::int32_t AddPoint(float x, float y, float z);
     void Clear();
     std::uint32_t GetTotalSampleCount() const;  // since the last clear
 
-    // The statistic of a cell, and its text: "%.3f", or "%i" when nothing is behind the point (then cut as Truncation.h
-    // tells, so the largest float shows as -2147483648). An empty text and 0.0 where the cell has no such value.
+    // A figure or a key of an axis: with three decimals, or none when nothing is behind the point. The longest, of the
+    // largest float, has 39 digits.
+    static void PrintNumber(char* out, std::size_t size, double value);
+    // The statistic of a cell, and its text. An empty text and 0.0 where the cell has no such value.
     double GetCellValue(int mode, std::uint32_t row, std::uint32_t col, char* out, std::size_t size) const;
     // 1 and the sample at `index` from the newest, or 0.
     int GetSample(std::uint32_t row, std::uint32_t col, std::uint32_t index, float* out) const;
@@ -98,6 +102,7 @@ private:
     struct Axis {
         void Plan(std::uint32_t n, float from, float to);
         const ADXLookupTable& Table() const;
+        std::uint32_t DivisionOf(float number) const;
 
         std::uint32_t divisions = 0;
         float low = 0.0F, high = 0.0F;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "definition/PacketView.h"
@@ -11,11 +12,18 @@ namespace corvex {
 class ADXDefinition;
 class ADXHistogram;
 
+// Counted from 0.
+struct HistogramCell {
+    std::uint32_t row, col;
+};
+
 // One of the histograms, and what became of its samples.
 struct FedHistogram {
     ADXHistogram* histogram = nullptr;
     std::uint32_t samples = 0;
     std::uint32_t nowhere = 0;  // of them, those that fell into no cell
+    // Of the last update; none when that was not for this histogram, or fell into no cell.
+    std::optional<HistogramCell> hit{};
 };
 
 // Keeps pointers to the definition's histograms, which stay where they are. One thread at a time.

@@ -63,7 +63,7 @@ private:
     bool WriteTables() {
         const char* between = "";
         for (const FedHistogram* fed : chosen_) {
-            for (const HistogramView* view : views_) {
+            for (const HistogramStatistic* view : views_) {
                 out_ << between << HistogramTable(*fed, *view);
                 between = "\n";
             }
@@ -77,7 +77,7 @@ private:
         CsvWriter csv(output);
         const bool named = chosen_.size() * views_.size() > 1;
         for (const FedHistogram* fed : chosen_) {
-            for (const HistogramView* view : views_) {
+            for (const HistogramStatistic* view : views_) {
                 if (named) {
                     csv.Text(HistogramTitle(*fed));
                     csv.Text(view->title);
@@ -97,7 +97,7 @@ private:
     std::unique_ptr<HistogramFeed> feed_;  // outlives the thread that fills it
     LogPlayer player_;
     std::vector<const FedHistogram*> chosen_;
-    std::vector<const HistogramView*> views_;
+    std::vector<const HistogramStatistic*> views_;
 };
 
 }  // namespace

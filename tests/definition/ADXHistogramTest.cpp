@@ -57,7 +57,7 @@ TEST_F(ADXHistogramTest, PutsBinCentresOnTheAxis) {
 TEST_F(ADXHistogramTest, PicksTheNearestColumn) {
     const float nan = std::numeric_limits<float>::quiet_NaN(), infinity = std::numeric_limits<float>::infinity();
     const std::pair<float, int> cases[] = {{12.0F, 0}, {13.0F, 1}, {12.5F, 1},    {1000.0F, 4},
-                                           {-5.0F, 0}, {nan, 2},   {infinity, 4}, {-infinity, 0}};
+                                           {-5.0F, 0}, {nan, -1},  {infinity, 4}, {-infinity, 0}};
     for (const auto& [x, column] : cases)
         EXPECT_EQ(Column(x), column) << x;
     EXPECT_EQ(histogram.AddPoint(75, 10, 1), 3 << 16 | 2);
@@ -103,7 +103,7 @@ TEST_F(ADXHistogramTest, ShowsEachStatisticOfACell) {
         {{5}, ADXHistogram::kCountKept, 1, "1"},
         {{5}, ADXHistogram::kMeanKept, 5, "5"},
         {{5}, ADXHistogram::kDeviationKept, 0, "0"},
-        {{5}, ADXHistogram::kMinimum, kLargest, "-2147483648"},
+        {{5}, ADXHistogram::kMinimum, kLargest, "340282346638528859811704183484516925440"},
         {{5}, ADXHistogram::kMaximum, 5, "5"},
         {{5}, ADXHistogram::kMeanTotal, 5, "5"},
         {{-5}, ADXHistogram::kMinimum, -5, "-5"},
@@ -113,8 +113,8 @@ TEST_F(ADXHistogramTest, ShowsEachStatisticOfACell) {
         {{1, 2}, ADXHistogram::kMeanKept, 1.5, "1.500"},
         // Each sets the maximum alone, until one is below it.
         {{1, 2, 3}, ADXHistogram::kMaximum, 3, "3"},
-        {{1, 2, 3}, ADXHistogram::kMinimum, kLargest, "-2147483648"},
-        {{1, 2, 3}, ADXHistogram::kRange, -kLargest, "-2147483648"},
+        {{1, 2, 3}, ADXHistogram::kMinimum, kLargest, "340282346638528859811704183484516925440"},
+        {{1, 2, 3}, ADXHistogram::kRange, -kLargest, "-34028234663852885981170418348451692544"},
         {{1, 2, 3, 2}, ADXHistogram::kMinimum, 2, "2"},
         {{1, 2, 3, 2}, ADXHistogram::kRange, 1, "1"},
     };

@@ -73,7 +73,7 @@ TEST_F(HistogramCommandTest, KnowsEveryView) {
                                          {"maximum", "0,5,,10\n2.500,,1,\n"}})
         EXPECT_EQ(cells(view), expected) << view;
     // A lone positive sample is a highest one and no lowest one.
-    EXPECT_EQ(cells("minimum").substr(0, 14), "0,-2147483648,");
+    EXPECT_TRUE(cells("minimum").starts_with("0,340282346638528859811704183484516925440,"));
     EXPECT_NE(cells("range"), cells("maximum"));
     for (const char* name : kHistogramViews)
         EXPECT_NE(FindHistogramView(name), nullptr) << name;
