@@ -16,20 +16,26 @@ struct Frame {
     double time, level;
 };
 
-// Seconds of the cycle and level; the last frame equals the first.
+// Seconds of the cycle and level; the last frame equals the first. The drive begins with eight pulls through the
+// speeds, each at a higher load, so that a table over speed and load fills.
 constexpr std::array kRpm{Frame{0, 0},      Frame{1.2, 0},    Frame{1.6, 0.04}, Frame{2.6, 0.05}, Frame{3.2, 0.22},
                           Frame{4.5, 0.14}, Frame{6, 0.14},   Frame{6.6, 0.45}, Frame{7.6, 0.13}, Frame{9, 0.13},
                           Frame{9.7, 0.66}, Frame{11, 0.13},  Frame{20, 0.12},  Frame{21.5, 1},   Frame{23.8, 1},
-                          Frame{26, 0.12},  Frame{40, 0.12},  Frame{44, 0.4},   Frame{46, 0.28},  Frame{52, 0.5},
-                          Frame{54, 0.32},  Frame{62, 0.55},  Frame{64, 0.4},   Frame{90, 0.42},  Frame{96, 0.5},
-                          Frame{130, 0.38}, Frame{140, 0.34}, Frame{150, 0.75}, Frame{156, 1},    Frame{159, 1},
-                          Frame{161, 0.62}, Frame{168, 0.7},  Frame{190, 0.3},  Frame{200, 0.12}, Frame{231, 0.12},
-                          Frame{232, 0},    Frame{240, 0}};
-constexpr std::array kThrottle{Frame{0, 0},      Frame{5.9, 0},    Frame{6.2, 0.3},  Frame{6.8, 0},    Frame{8.9, 0},
-                               Frame{9.2, 0.45}, Frame{9.9, 0},    Frame{20, 0},     Frame{20.6, 0.9}, Frame{23.6, 0.9},
-                               Frame{24.4, 0},   Frame{40, 0},     Frame{42, 0.25},  Frame{60, 0.3},   Frame{80, 0.18},
-                               Frame{130, 0.2},  Frame{138, 0.12}, Frame{145, 0.8},  Frame{148, 1},    Frame{158, 1},
-                               Frame{160, 0},    Frame{164, 0.1},  Frame{180, 0.05}, Frame{188, 0},    Frame{240, 0}};
+                          Frame{26, 0.12},  Frame{40, 0.12},  Frame{42, 0.15},  Frame{51, 0.7},   Frame{54, 0.15},
+                          Frame{63, 0.7},   Frame{66, 0.15},  Frame{75, 0.7},   Frame{78, 0.15},  Frame{87, 0.7},
+                          Frame{90, 0.15},  Frame{99, 0.7},   Frame{102, 0.15}, Frame{111, 0.7},  Frame{114, 0.15},
+                          Frame{123, 0.7},  Frame{126, 0.15}, Frame{135, 0.7},  Frame{139, 0.3},  Frame{140, 0.34},
+                          Frame{150, 0.75}, Frame{156, 1},    Frame{159, 1},    Frame{161, 0.62}, Frame{168, 0.7},
+                          Frame{190, 0.3},  Frame{200, 0.12}, Frame{231, 0.12}, Frame{232, 0},    Frame{240, 0}};
+constexpr std::array kThrottle{
+    Frame{0, 0},      Frame{5.9, 0},    Frame{6.2, 0.3},    Frame{6.8, 0},    Frame{8.9, 0},   Frame{9.2, 0.45},
+    Frame{9.9, 0},    Frame{20, 0},     Frame{20.6, 0.9},   Frame{23.6, 0.9}, Frame{24.4, 0},  Frame{40, 0},
+    Frame{43, 0.08},  Frame{51, 0.08},  Frame{52.5, 0.02},  Frame{55, 0.15},  Frame{63, 0.15}, Frame{64.5, 0.02},
+    Frame{67, 0.22},  Frame{75, 0.22},  Frame{76.5, 0.02},  Frame{79, 0.3},   Frame{87, 0.3},  Frame{88.5, 0.02},
+    Frame{91, 0.4},   Frame{99, 0.4},   Frame{100.5, 0.02}, Frame{103, 0.5},  Frame{111, 0.5}, Frame{112.5, 0.02},
+    Frame{115, 0.62}, Frame{123, 0.62}, Frame{124.5, 0.02}, Frame{127, 0.8},  Frame{135, 0.8}, Frame{136.5, 0.02},
+    Frame{145, 0.8},  Frame{148, 1},    Frame{158, 1},      Frame{160, 0},    Frame{164, 0.1}, Frame{180, 0.05},
+    Frame{188, 0},    Frame{240, 0}};
 constexpr std::array kSpeed{Frame{0, 0},     Frame{40, 0},     Frame{60, 0.35}, Frame{80, 0.4},
                             Frame{130, 0.5}, Frame{140, 0.45}, Frame{158, 1},   Frame{162, 1},
                             Frame{175, 0.5}, Frame{196, 0},    Frame{240, 0}};
@@ -40,11 +46,13 @@ constexpr std::array kAir{Frame{0, 0.25}, Frame{20, 0.3},   Frame{60, 0.22}, Fra
                           Frame{96, 0},   Frame{140, 0.28}, Frame{185, 0.4}, Frame{205, 1},
                           Frame{210, 1},  Frame{230, 0.4},  Frame{240, 0.25}};
 constexpr std::array kManifold{
-    Frame{0, 1},      Frame{1.6, 1},    Frame{3.2, 0.3},  Frame{5.9, 0.28},  Frame{6.2, 0.7}, Frame{7.2, 0.1},
-    Frame{8.2, 0.28}, Frame{9.2, 0.8},  Frame{10.2, 0.1}, Frame{11.5, 0.28}, Frame{20, 0.28}, Frame{20.6, 0.95},
-    Frame{23.6, 0.9}, Frame{25, 0},     Frame{27.5, 0},   Frame{29, 0.28},   Frame{40, 0.28}, Frame{42, 0.55},
-    Frame{80, 0.45},  Frame{130, 0.48}, Frame{145, 0.9},  Frame{148, 1},     Frame{158, 1},   Frame{160, 0},
-    Frame{163, 0},    Frame{168, 0.3},  Frame{231, 0.28}, Frame{233, 1},     Frame{240, 1}};
+    Frame{0, 1},      Frame{1.6, 1},    Frame{3.2, 0.3},  Frame{5.9, 0.28},  Frame{6.2, 0.7},  Frame{7.2, 0.1},
+    Frame{8.2, 0.28}, Frame{9.2, 0.8},  Frame{10.2, 0.1}, Frame{11.5, 0.28}, Frame{20, 0.28},  Frame{20.6, 0.95},
+    Frame{23.6, 0.9}, Frame{25, 0},     Frame{27.5, 0},   Frame{29, 0.28},   Frame{40, 0.28},  Frame{43, 0.25},
+    Frame{51, 0.25},  Frame{55, 0.35},  Frame{63, 0.35},  Frame{67, 0.45},   Frame{75, 0.45},  Frame{79, 0.55},
+    Frame{87, 0.55},  Frame{91, 0.65},  Frame{99, 0.65},  Frame{103, 0.75},  Frame{111, 0.75}, Frame{115, 0.85},
+    Frame{123, 0.85}, Frame{127, 0.95}, Frame{135, 0.95}, Frame{145, 0.9},   Frame{148, 1},    Frame{158, 1},
+    Frame{160, 0},    Frame{163, 0},    Frame{168, 0.3},  Frame{231, 0.28},  Frame{233, 1},    Frame{240, 1}};
 constexpr std::array kVoltage{Frame{0, 0.72},   Frame{1.1, 0.7},  Frame{1.5, 0.45}, Frame{2.6, 0.5},  Frame{4, 0.85},
                               Frame{60, 0.83},  Frame{160, 0.84}, Frame{163, 1},    Frame{165.5, 1},  Frame{168, 0.82},
                               Frame{226, 0.78}, Frame{232, 0},    Frame{235, 0},    Frame{238, 0.72}, Frame{240, 0.72}};
