@@ -80,7 +80,8 @@ protected:
     ADXValue* value_ = nullptr;
 };
 
-// Wants all, reads into the histogram, and computes the value again when it draws.
+// Wants all, reads into the histogram, and computes the value again when it draws. The user looks at one statistic
+// after the other meanwhile, and forgets all now and then.
 struct HistogramAndList final : ISampleView {
     explicit HistogramAndList(SessionState& owner, ADXValue* value) : session(owner), feed(owner.definition) {
         entry.item = value;
@@ -89,12 +90,20 @@ struct HistogramAndList final : ISampleView {
     void Read(const PublishedSample& sample) override {
         feed.Update(sample.last.View(), sample.last.command, sample.commandId);
     }
-    void Draw() override { cell = ReadValueCell(entry, session.definition, session.CopyLastPacket()); }
+    void Draw() override {
+        cell = ReadValueCell(entry, session.definition, session.CopyLastPacket());
+        ADXHistogram& histogram = *feed.All().front().histogram;
+        char text[60];
+        for (std::uint32_t division = 0; division < 4; ++division)
+            histogram.GetCellValue(draws % 12, division, division, text, sizeof text);
+        if (++draws % 64 == 0) histogram.Clear();
+    }
 
     SessionState& session;
     HistogramFeed feed;
     ADXLVENTRY entry;
     ValueCell cell{};
+    int draws = 0;
 };
 
 TEST_F(SampleRoadTest, AHistogramIsFedWhileAListPaintsTheSameValue) {
