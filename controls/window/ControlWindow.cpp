@@ -65,7 +65,7 @@ bool RegisterControlClass(HINSTANCE instance, const ControlClass& control, WNDPR
     windowClass.hInstance = instance;
     windowClass.hIcon = control.icon;
     windowClass.hIconSm = control.smallIcon;
-    windowClass.hCursor = ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // IDC_ARROW
+    if (control.hasCursor) windowClass.hCursor = ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // IDC_ARROW
     windowClass.hbrBackground = control.background;
     windowClass.lpszMenuName = control.menu;
     windowClass.lpszClassName = control.name;

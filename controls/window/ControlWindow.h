@@ -29,6 +29,7 @@ struct ControlClass {
     HBRUSH background = nullptr;  // a brush, or a system colour plus 1
     HICON icon = nullptr, smallIcon = nullptr;
     const char* menu = nullptr;
+    bool hasCursor = true;  // the arrow; else the window sets the pointer itself
 };
 
 using CarriedCall = std::function<void(ControlWindow&)>;
@@ -60,7 +61,7 @@ LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
     return DispatchToControl(window, message, wParam, lParam, &MakeControl<Control>);
 }
 
-// With the arrow cursor. True also for a class that is registered already.
+// True also for a class that is registered already.
 template <class Control>
 bool RegisterControl(HINSTANCE instance, const ControlClass& control) {
     return RegisterControlClass(instance, control, &ControlProcedure<Control>);

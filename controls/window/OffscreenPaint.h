@@ -42,6 +42,8 @@ public:
     HDC Dc() const { return memory_; }
     // The client rectangle, from 0, 0. Empty for a window that shows nothing.
     const RECT& Area() const { return area_; }
+    // What is to be shown of it: nothing else reaches the window.
+    const RECT& Due() const { return paint_.rcPaint; }
 
 private:
     OffscreenPaint(HWND window, OffscreenBitmap* kept);
