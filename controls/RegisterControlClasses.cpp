@@ -3,6 +3,7 @@
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/datachart/DataChart.h"
 #include "controls/digitalreadout/DigitalReadout.h"
+#include "controls/grid/Grid.h"
 #include "controls/proptree/PropTreeContainer.h"
 #include "controls/richstatic/RichStatic.h"
 #include "controls/statusgauge/StatusGauge.h"
@@ -14,7 +15,8 @@ namespace corvex {
 bool RegisterControlClasses(HINSTANCE instance) {
     return TextProgress::Register(instance) && RichStatic::Register(instance) && TabSheet::Register(instance) &&
            PropTreeContainer::Register(instance) && AnalogGauge::Register(instance) &&
-           DigitalReadout::Register(instance) && StatusGauge::Register(instance) && DataChart::Register(instance);
+           DigitalReadout::Register(instance) && StatusGauge::Register(instance) && DataChart::Register(instance) &&
+           Grid::Register(instance);
 }
 
 }  // namespace corvex

@@ -27,9 +27,9 @@ enum GridMessage : UINT {
     GRM_GETCHANGED = 1336,         // cell: the flag
     GRM_SETCHANGED = 1337,         // cell, flag
     GRM_CLEARCHANGED = 1338,       // unused, redraw: of every cell
-    GRM_SETCELLFILL = 1339,        // cell, colour; is not repainted
+    GRM_SETCELLFILL = 1339,        // cell, colour
     GRM_GETCELLFILL = 1340,        // cell: the colour
-    GRM_SETCELLTEXTCOLOR = 1341,   // cell, colour; is not repainted
+    GRM_SETCELLTEXTCOLOR = 1341,   // cell, colour
     GRM_GETCELLTEXTCOLOR = 1342,   // cell: the colour
     GRM_GETROWS = 1343,            // of the body
     GRM_GETCOLS = 1344,            // of the body

@@ -11,6 +11,8 @@
 #include "controls/datachart/DataChartPaint.h"
 #include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/digitalreadout/DigitalReadoutPaint.h"
+#include "controls/grid/Grid.h"
+#include "controls/grid/GridPaint.h"
 #include "controls/proptree/PropTreeContainer.h"
 #include "controls/richstatic/RichStatic.h"
 #include "controls/richstatic/RichStaticPaint.h"
@@ -24,10 +26,12 @@
 namespace corvex {
 namespace {
 
+constexpr int kNullBrush = -2;
+
 struct ControlKind {
     const char* name;
     UINT style;
-    int background;  // a system colour, or -1 for none
+    int background;  // a system colour, or -1 for none; or kNullBrush, and then it has no pointer either
     // Shows this much of something at once, with one paint; no two of 0 to 9 look alike.
     std::function<void(HWND, int)> show = nullptr;
     // The same things by its paint function.
@@ -73,6 +77,21 @@ void PaintNewChart(HDC dc, const RECT& area) {
     PaintChartLines(dc, chart, layout->plot);
 }
 
+void ShowOnGrid(HWND window, int value) {
+    ::SendMessageA(window, GRM_SETCOLOR, kGridHeadingFill, RGB(20 * value, 0, 0));
+}
+
+void PaintNewGrid(HDC dc, const RECT& area) {
+    GridModel grid(0xF0F0F0);
+    grid.title = "Title";
+    grid.titleHeight = 20;
+    grid.cells.At(1, 1).SetText("text");
+    grid.clientWidth = static_cast<int>(area.right);
+    grid.clientHeight = static_cast<int>(area.bottom);
+    grid.FindVisible();
+    PaintGrid(dc, grid, GridFonts(), area);
+}
+
 template <class Model, auto kPaint>
 void PaintNew(HDC dc, const RECT& area) {
     kPaint(dc, area, Model());
@@ -110,6 +129,7 @@ const ControlKind kKinds[] = {
      {1523, 1525, 1527, 1528, 1530, 1537},
      1574},
     {kDataChartClass, CS_DBLCLKS, COLOR_WINDOW, &ShowOnChart, &PaintNewChart, {1482}, kDataChartMenuCode, ""},
+    {kGridClass, CS_DBLCLKS, kNullBrush, &ShowOnGrid, &PaintNewGrid, {GRM_RESERVED, 1323, 1369}},
     {kRichStaticClass, CS_HREDRAW | CS_VREDRAW, -1,
      [](HWND window, int value) { ::SetWindowTextA(window, std::to_string(value).c_str()); },
      &PaintNew<RichStaticModel, &PaintRichStatic>},
@@ -239,6 +259,11 @@ TEST(ControlClassesTest, AreRegisteredAsTold) {
         ASSERT_TRUE(::GetClassInfoA(instance, kind.name, &windowClass));
         EXPECT_EQ(windowClass.style, kind.style);
         EXPECT_EQ(windowClass.cbWndExtra, static_cast<int>(sizeof(void*)));
+        if (kind.background == kNullBrush) {
+            EXPECT_EQ(windowClass.hbrBackground, ::GetStockObject(NULL_BRUSH));
+            EXPECT_EQ(windowClass.hCursor, nullptr);
+            continue;
+        }
         EXPECT_EQ(reinterpret_cast<UINT_PTR>(windowClass.hbrBackground), static_cast<UINT_PTR>(kind.background + 1));
         EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
     }
