@@ -124,6 +124,10 @@ public:
     // A good reply has come: from kConnecting to kConnected, and from no other state. Worker.
     void Connect();
 
+    // A line on the text log, and for a while a shorter one in place of the status text, black on this colour
+    // (0x00BBGGRR): seen whatever tab is in front. Main thread.
+    void Say(const std::string& line, const char* flash, std::uint32_t backColour);
+
     const SessionCalls& Calls() const { return calls_; }
 
     void *instance = nullptr, *editorModule = nullptr, *accelerators = nullptr;
@@ -175,7 +179,6 @@ private:
     void LeaveLog();
     void RunWishes();
     bool IsRefused(const char* command);
-    void Say(const std::string& line, const char* flash, std::uint32_t backColour);
     bool MakeScratchFree();
     void BeginRecording();
     void SaveRecording();

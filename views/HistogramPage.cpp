@@ -1,32 +1,31 @@
 #include "views/HistogramPage.h"
 
-#include "definition/ADXHistogram.h"
+#include <utility>
+#include <vector>
+
+#include "controls/grid/GridClipboard.h"
+#include "controls/window/CommonControls.h"
+#include "definition/HistogramFeed.h"
+#include "session/Colours.h"
 #include "views/ChosenObject.h"
+#include "views/CopyKey.h"
 #include "views/DefinitionPage.h"
+#include "views/HistogramTable.h"
 #include "views/PageResources.h"
 
 namespace corvex {
 
 namespace {
 
-struct Statistic {
-    const char* text;
-    ADXHistogram::CellMode mode;
-};
+constexpr int kBottomGap = 3;             // pixels under the table
+constexpr std::uint32_t kTitlePart = 60;  // characters of each title in that of the table
+constexpr char kNoSurface[] = "The surface is not in this version: the table shows every cell.";
 
-constexpr Statistic kStatistics[] = {
-    {"Most Recent Sample", ADXHistogram::kLast},
-    {"History Average", ADXHistogram::kMeanKept},
-    {"History Std Deviation", ADXHistogram::kDeviationKept},
-    {"History Sample Count", ADXHistogram::kCountKept},
-    {"Running Average", ADXHistogram::kMeanTotal},
-    {"Running Sample Count", ADXHistogram::kCountTotal},
-    {"Running Minimum", ADXHistogram::kMinimum},
-    {"Running Maximum", ADXHistogram::kMaximum},
-    {"Running Range", ADXHistogram::kRange},
-};
-
-constexpr int kBottomGap = 3;  // pixels under the table
+std::string TitleOf(const ADXObject& object) {
+    char title[kTitlePart + 1] = {};
+    object.GetTitle(title, sizeof title);
+    return title;
+}
 
 class HistogramPage final : public DefinitionPage {
 public:
@@ -37,30 +36,64 @@ public:
 
     void Refresh();
 
+    // While there is a histogram, whichever tab is in front and whichever is on show: all of them gather.
+    bool WantsSamples() const override { return feed_ && !feed_->All().empty(); }
+    void Read(const PublishedSample& sample) override;
+    void Draw() override;
+
 private:
     void OnInit() override;
     void LayOut(int width, int height) override;
     void OnCommand(unsigned control, unsigned code, LPARAM lParam) override;
+    void OnEnd() override { feed_.reset(); }
+    HistogramTable Table() const { return HistogramTable(Item(IDC_HISTOGRAM_GRID)); }
+    int Mode() const { return static_cast<int>(Session().currentHistogramView); }
+    void OfferGraph();
     void TakeView();
     void BuildHistogramView();
     void ClearSamples();
     void ChooseGraph();
+    void Copy();
 
     ChosenObject<ADXHistogram> chosen_;
+    std::optional<HistogramFeed> feed_;    // of the definition's histograms as Refresh has found them
+    std::vector<HistogramCell> hits_;      // of the histogram on show, since the last draw
+    const ADXHistogram* built_ = nullptr;  // whose cells the table shows; never followed
 };
 
-// The grid's first style and size are set here.
 void HistogramPage::OnInit() {
     const HWND view = Item(IDC_HISTOGRAM_VIEW);
-    for (const Statistic& statistic : kStatistics) {
-        const LRESULT row = ::SendMessageA(view, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(statistic.text));
+    for (const HistogramStatistic& statistic : kHistogramStatistics) {
+        const LRESULT row = ::SendMessageA(view, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(statistic.title));
         ::SendMessageA(view, CB_SETITEMDATA, static_cast<WPARAM>(row), statistic.mode);
     }
+    Table().Begin();
+    TakeCopyKey(Item(IDC_HISTOGRAM_GRID), [this] { Copy(); });
+    OfferGraph();
 }
 
-// The grid and the chart get the titles and the cells of the histogram on show here.
+// Without a chart the check box is off, and the words come up over its place, as a control that is off gets no pointer.
+void HistogramPage::OfferGraph() {
+    const HWND graph = Item(IDC_HISTOGRAM_GRAPH);
+    if (Item(IDC_HISTOGRAM_CHART) != nullptr) return;
+    ::EnableWindow(graph, FALSE);
+    const HWND tip = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0,
+                                       Window(), nullptr, static_cast<HINSTANCE>(Session().instance), nullptr);
+    TOOLINFOA tool{};
+    tool.cbSize = TTTOOLINFOA_V2_SIZE;
+    tool.uFlags = TTF_SUBCLASS;
+    tool.hwnd = Window();
+    tool.rect = RectInParent(graph);
+    tool.lpszText = const_cast<char*>(kNoSurface);
+    ::SendMessageA(tip, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
 void HistogramPage::BuildHistogramView() {
-    if (chosen_.Get() == nullptr) ::SetDlgItemTextA(Window(), IDC_HISTOGRAM_GRID, "");
+    const ADXHistogram* const histogram = chosen_.Get();
+    hits_.clear();
+    // The mark is that of one histogram's last sample.
+    if (std::exchange(built_, histogram) != histogram) Table().Mark(std::nullopt);
+    Table().Show(histogram, histogram == nullptr ? "" : HistogramTitle(*histogram, &TitleOf), Mode());
 }
 
 void HistogramPage::TakeView() {
@@ -72,13 +105,34 @@ void HistogramPage::TakeView() {
 }
 
 void HistogramPage::Refresh() {
+    feed_.emplace(Definition());
+    built_ = nullptr;
     chosen_.Offer();
     TakeView();
     BuildHistogramView();
+    Session().views.Announce();
+}
+
+// The sample is the session's last packet: on the 160-baud path that is the one before this reply's.
+void HistogramPage::Read(const PublishedSample& sample) {
+    feed_->Update(sample.last.View(), sample.last.command, sample.commandId);
+    for (const FedHistogram& fed : feed_->All()) {
+        if (fed.histogram == chosen_.Get() && fed.hit) hits_.push_back(*fed.hit);
+    }
+}
+
+void HistogramPage::Draw() {
+    const ADXHistogram* const histogram = chosen_.Get();
+    if (histogram == nullptr || hits_.empty()) return;
+    for (const HistogramCell& hit : hits_)
+        Table().ShowCell(*histogram, hit, Mode());
+    Table().Mark(hits_.back());
+    hits_.clear();
 }
 
 void HistogramPage::ClearSamples() {
     if (chosen_.Get() != nullptr) chosen_.Get()->Clear();
+    Table().Mark(std::nullopt);
     BuildHistogramView();
 }
 
@@ -86,6 +140,15 @@ void HistogramPage::ChooseGraph() {
     const bool graph = ::IsDlgButtonChecked(Window(), IDC_HISTOGRAM_GRAPH) == BST_CHECKED;
     ::ShowWindow(Item(IDC_HISTOGRAM_CHART), graph ? SW_SHOW : SW_HIDE);
     ::ShowWindow(Item(IDC_HISTOGRAM_GRID), graph ? SW_HIDE : SW_SHOW);
+}
+
+void HistogramPage::Copy() {
+    const ADXHistogram* const histogram = chosen_.Get();
+    if (histogram == nullptr || histogram->GetRows() == 0 || histogram->GetCols() == 0) return;
+    const std::string text = HistogramClipboardText(*histogram, Mode(), Table().Selection(*histogram));
+    if (PutOnClipboard(Window(), text)) return;
+    Session().Say("Unable to copy: another program has the clipboard open, or memory is short", "Nothing was copied",
+                  kRed);
 }
 
 // Grid and chart have the same place.

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "definition/ADXHistogram.h"
+#include "controls/grid/Grid.h"
+#include "controls/grid/GridClipboard.h"
+#include "controls/window/CommonControls.h"
+#include "export/HistogramCells.h"
 #include "tests/views/PageTestHelper.h"
 #include "views/HistogramPage.h"
 #include "views/PageResources.h"
@@ -8,19 +11,55 @@
 namespace corvex::test {
 namespace {
 
+constexpr std::uint32_t kFeedingCommand = 0x1111, kOtherCommand = 0x2222;
+
+// Two histograms of four by three cells, fed by one byte as x, y and z: 0, 50 and so on to 150 across, 0, 75, 150 down.
 class HistogramPageTest : public PageTest {
 protected:
     HistogramPageTest() {
+        ADXValue* const value = AddTitled<ADXValue>(session.definition, "V", std::string(70, 'v'));
+        value->SetEquation("X", 1);
         first = AddTitled<ADXHistogram>(session.definition, "A", "Fuel");
         second = AddTitled<ADXHistogram>(session.definition, "B", "Spark");
+        for (ADXHistogram* histogram : {first, second}) {
+            histogram->SetCols(4);
+            histogram->SetXMax(150);
+            histogram->SetRows(3);
+            histogram->SetYMax(150);
+            for (const int taken : {histogram->SetX(value), histogram->SetY(value), histogram->SetZ(value)})
+                EXPECT_EQ(1, taken);
+        }
         CreateHistogramPage(session);
     }
-    // A window where the grid or the chart is to be.
-    HWND Put(int id, DWORD visible, int left, int top) const {
-        return ::CreateWindowExA(0, "STATIC", "", WS_CHILD | visible, left, top, 10, 10, Page(1),
-                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+    HWND Grid() const { return Item(session.histogramPage, IDC_HISTOGRAM_GRID); }
+    LRESULT Ask(UINT message, WPARAM wParam = 0) const { return ::SendMessageA(Grid(), message, wParam, 0); }
+    std::string Cell(int row, int column) const {
+        char text[64] = "";
+        getCell(Grid(), row, column, text);
+        return text;
+    }
+    Strings Row(int row) const {
+        Strings texts;
+        for (int column = 0; column <= Ask(GRM_GETCOLS); ++column)
+            texts.push_back(Cell(row, column));
+        return texts;
+    }
+    void Sample(std::uint8_t byte, std::uint32_t command = kFeedingCommand) {
+        Store({byte}, command);
+        Publish({byte}, command);
+    }
+    // A window where the chart is to be.
+    HWND PutChart() const {
+        ::EnableWindow(Item(session.histogramPage, IDC_HISTOGRAM_GRAPH), TRUE);
+        return ::CreateWindowExA(0, "STATIC", "", WS_CHILD, 0, 0, 10, 10, Page(1),
+                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(IDC_HISTOGRAM_CHART)), nullptr, nullptr);
     }
     void Press(int id) const { ::SendMessageA(Item(session.histogramPage, id), BM_CLICK, 0, 0); }
+    std::string Copied(std::uint32_t anchor, std::uint32_t cursor) const {
+        ::SendMessageA(Grid(), GRM_SETSELECTION, anchor, static_cast<LPARAM>(cursor));
+        ::SendMessageA(Grid(), WM_CHAR, 0x03, 0);
+        return TextOfClipboard(frame).value_or("nothing");
+    }
 
     ADXHistogram *first = nullptr, *second = nullptr;
 };
@@ -56,23 +95,150 @@ TEST_F(HistogramPageTest, ChoosingTakesTheStatisticWhichARefreshKeeps) {
     EXPECT_EQ(11U, session.currentHistogramView) << "the former one, without one chosen";
 }
 
-TEST_F(HistogramPageTest, ClearForgetsTheSamplesOfTheHistogramOnShow) {
-    for (ADXHistogram* histogram : {first, second}) {
-        histogram->SetRows(2);
-        histogram->SetCols(2);
-        histogram->AddPoint(0, 0, 1);
+TEST_F(HistogramPageTest, TheTableHasTitlesHeadsAndSizes) {
+    const std::string v(60, 'v');
+    char title[300] = "";
+    ::GetWindowTextA(Grid(), title, sizeof title);
+    EXPECT_EQ("Fuel - " + v + " vs " + v + " vs " + v, title);
+    EXPECT_EQ((Strings{"", "0", "50", "100", "150"}), Row(0));
+    second->SetYMax(1);
+    Choose(Page(1), IDC_HISTOGRAM_COMBO, 1);
+    EXPECT_EQ((Strings{"0", "0.500", "1"}), (Strings{Cell(1, 0), Cell(2, 0), Cell(3, 0)}));
+    for (int i = 1; i <= 3; ++i) {
+        EXPECT_EQ(55, Ask(GRM_GETCOLWIDTH, static_cast<WPARAM>(i)));
+        EXPECT_EQ(20, Ask(GRM_GETROWHEIGHT, static_cast<WPARAM>(i)));
     }
+    EXPECT_EQ(0, Ask(GRM_GETSTYLE) & (kGridEditable | kGridColumnLetters | kGridRowNumbers | kGridStretchLastColumn));
+    EXPECT_NE(0, Ask(GRM_GETSTYLE) & kGridEllipsis) << "a cut number shows it";
+}
+
+TEST_F(HistogramPageTest, EveryHistogramGathersAndOneIsOnShow) {
+    second->parentcmdidhash = kOtherCommand;
+    Sample(150);
+    EXPECT_EQ((Strings{"150", "", "", "", "150"}), Row(3));
+    Sample(50, kOtherCommand);
+    EXPECT_EQ((Strings{"75", "", "50", "", ""}), Row(2)) << "of no command: fed by all";
+    EXPECT_EQ(1U, second->GetTotalSampleCount());
+    Choose(Page(1), IDC_HISTOGRAM_COMBO, 1);
+    EXPECT_EQ((Strings{"75", "", "50", "", ""}), Row(2));
+    EXPECT_EQ("", Cell(3, 4));
+    Sample(150);
+    EXPECT_EQ("", Cell(3, 4)) << "a sample of the other one";
+    Choose(Page(1), IDC_HISTOGRAM_VIEW, 3);
+    EXPECT_EQ("1", Cell(2, 2));
+    Choose(Page(1), IDC_HISTOGRAM_COMBO, 0);
+    EXPECT_EQ("2", Cell(3, 4));
+}
+
+TEST_F(HistogramPageTest, EveryCellHitSinceTheLastDrawIsWrittenAndTheLastIsMarked) {
+    WindowSpy spy(Grid());
+    std::uint8_t byte = 0;
+    const auto read = [&](std::uint8_t number) {
+        byte = number;
+        const PacketView packet(&byte, 1);
+        session.views.Read({kAllSampleViews, 0, packet, kFeedingCommand, LastPacket::Of(packet, kFeedingCommand)});
+    };
+    read(0);
+    read(100);
+    EXPECT_EQ(0, spy.Count(GRM_PUTCELL));
+    session.views.Draw();
+    EXPECT_EQ("0", Cell(1, 1));
+    EXPECT_EQ("100", Cell(2, 3));
+    const HeardMessages marks = Of(spy.Heard(), GRM_SETOVERLAY);
+    ASSERT_EQ(1U, marks.size());
+    EXPECT_EQ(cellAddress(2, 3), marks[0].wParam);
+    EXPECT_EQ(static_cast<LPARAM>(cellAddress(2, 3)), marks[0].lParam);
+    read(50);
+    Choose(Page(1), IDC_HISTOGRAM_COMBO, 1);
+    spy.Forget();
+    session.views.Draw();
+    EXPECT_EQ(0, spy.Count(GRM_PUTCELL)) << "the hit of a histogram that is no longer on show";
+}
+
+TEST_F(HistogramPageTest, TheMarkGoesWithItsHistogramAndWithItsSamples) {
+    WindowSpy spy(Grid());
+    const auto marks = [&] {
+        const HeardMessages heard = Of(spy.Heard(), GRM_SETOVERLAY);
+        spy.Forget();
+        return heard.empty() ? -1 : static_cast<int>(heard.back().wParam);
+    };
+    Choose(Page(1), IDC_HISTOGRAM_VIEW, 1);
+    EXPECT_EQ(-1, marks()) << "stays with another statistic";
+    Choose(Page(1), IDC_HISTOGRAM_COMBO, 1);
+    EXPECT_EQ(0, marks());
+    Press(IDC_HISTOGRAM_CLEAR);
+    EXPECT_EQ(0, marks());
+}
+
+TEST_F(HistogramPageTest, SamplesAreWantedWhileThereIsAHistogramWhateverTabIsInFront) {
+    EXPECT_TRUE(Wants(SampleViewKind::kHistograms));
+    session.definition.Clear();
+    RefreshHistogramPage(session);
+    EXPECT_FALSE(Wants(SampleViewKind::kHistograms));
+    EXPECT_EQ(0, Ask(GRM_GETROWS));
+    EXPECT_EQ(0, ::GetWindowTextLengthA(Grid()));
+}
+
+TEST_F(HistogramPageTest, AMinimumThatNothingHasSetIsShownWhole) {
+    Choose(Page(1), IDC_HISTOGRAM_VIEW, 6);
+    Sample(150);
+    EXPECT_EQ("340282346638528859811704183484516925440", Cell(3, 4));
+}
+
+TEST_F(HistogramPageTest, AHistogramWithoutCellsShowsNoneAndIsPassedOver) {
+    first->SetRows(0);
+    RefreshHistogramPage(session);
+    Sample(150);
+    EXPECT_EQ(0, Ask(GRM_GETROWS));
+    EXPECT_EQ(1U, second->GetTotalSampleCount());
+    EXPECT_TRUE(PutOnClipboard(frame, "kept"));
+    EXPECT_EQ("kept", Copied(0, 0));
+}
+
+TEST_F(HistogramPageTest, TheCopyKeyTakesTheAxesAlong) {
+    Sample(0);
+    Sample(150);
+    const auto all = HistogramClipboardText(*first, ADXHistogram::kLast, WholeOf(*first));
+    EXPECT_EQ(all, Copied(cellAddress(2, 2), cellAddress(2, 2))) << "one cell: all";
+    EXPECT_EQ("\t100\t150\r\n75\t\t\r\n150\t\t150\r\n", Copied(cellAddress(3, 4), cellAddress(2, 3)));
+    ::SendMessageA(Grid(), GRM_COPY, 0, 0);
+    EXPECT_EQ("\t\r\n\t150\r\n", TextOfClipboard(frame)) << "the control's own copy";
+}
+
+TEST_F(HistogramPageTest, ACopyThatFailsIsSaid) {
+    ASSERT_TRUE(::OpenClipboard(frame));
+    ::SendMessageA(Grid(), WM_CHAR, 0x03, 0);
+    ::CloseClipboard();
+    EXPECT_EQ("Nothing was copied", flashed);
+}
+
+TEST_F(HistogramPageTest, ClearForgetsTheSamplesOfTheHistogramOnShow) {
+    Sample(150);
     ASSERT_EQ(1U, first->GetTotalSampleCount());
     Press(IDC_HISTOGRAM_CLEAR);
     EXPECT_EQ(0U, first->GetTotalSampleCount());
     EXPECT_EQ(1U, second->GetTotalSampleCount());
+    EXPECT_EQ("", Cell(3, 4));
     session.definition.Clear();
     RefreshHistogramPage(session);
     Press(IDC_HISTOGRAM_CLEAR);
 }
 
+TEST_F(HistogramPageTest, WithoutAChartGraphIsOffAndItsPlaceSaysWhy) {
+    EXPECT_FALSE(::IsWindowEnabled(Item(session.histogramPage, IDC_HISTOGRAM_GRAPH)));
+    const HWND tip = ::FindWindowExA(nullptr, nullptr, TOOLTIPS_CLASSA, nullptr);
+    ASSERT_NE(nullptr, tip);
+    TOOLINFOA tool{};
+    char text[100] = "";
+    tool.cbSize = TTTOOLINFOA_V2_SIZE;
+    tool.lpszText = text;
+    ASSERT_NE(0, ::SendMessageA(tip, TTM_ENUMTOOLSA, 0, reinterpret_cast<LPARAM>(&tool)));
+    EXPECT_STREQ("The surface is not in this version: the table shows every cell.", text);
+    EXPECT_EQ(PlaceOf(Item(session.histogramPage, IDC_HISTOGRAM_GRAPH)), tool.rect);
+}
+
 TEST_F(HistogramPageTest, GraphShowsTheChartInPlaceOfTheGrid) {
-    const HWND grid = Put(IDC_HISTOGRAM_GRID, WS_VISIBLE, 4, 30), chart = Put(IDC_HISTOGRAM_CHART, 0, 0, 0);
+    const HWND grid = Grid(), chart = PutChart();
     EXPECT_TRUE(HasShownStyle(grid));
     Press(IDC_HISTOGRAM_GRAPH);
     EXPECT_TRUE(HasShownStyle(chart));
@@ -85,11 +251,12 @@ TEST_F(HistogramPageTest, GraphShowsTheChartInPlaceOfTheGrid) {
 }
 
 TEST_F(HistogramPageTest, GridAndChartHaveTheSamePlaceBelowTheControls) {
-    const HWND grid = Put(IDC_HISTOGRAM_GRID, WS_VISIBLE, 4, 30), chart = Put(IDC_HISTOGRAM_CHART, 0, 0, 0);
+    const HWND grid = Grid(), chart = PutChart();
+    const RECT place = PlaceOf(grid);
     for (const auto& [width, height] : {std::pair{700, 420}, std::pair{1600, 800}}) {
         Resize(width, height);
         const RECT client = ClientOf(Page(1));
-        EXPECT_EQ((RECT{4, 30, client.right - 4, client.bottom - 3}), PlaceOf(grid));
+        EXPECT_EQ((RECT{place.left, place.top, client.right - place.left, client.bottom - 3}), PlaceOf(grid));
         EXPECT_EQ(PlaceOf(grid), PlaceOf(chart));
     }
 }

@@ -121,6 +121,7 @@ protected:
 
     SessionState session{Calls()};
     HWND frame = nullptr, sheet = nullptr;
+    std::string flashed;  // what the session said last
 
 private:
     static constexpr UINT kSampleMessage = WM_APP + 1;
@@ -130,6 +131,7 @@ private:
         calls.carrySample = [this](const PublishedSample& sample) {
             SendForEarlyReply(frame, kSampleMessage, reinterpret_cast<LPARAM>(&sample));
         };
+        calls.flash = [this](const char* text, std::uint32_t, std::uint32_t, std::uint32_t) { flashed = text; };
         return calls;
     }
 
