@@ -56,17 +56,6 @@ TEST_F(ADXBitmaskTest, ComparesTheExclusiveOr) {
     }
 }
 
-TEST_F(ADXBitmaskTest, ReadsWordsAsValuesDo) {
-    const std::uint8_t bytes[] = {0x00, 0x12, 0x34};
-    const PacketView packet(bytes, 3);
-    bitmask.sizeinbits = 16;
-    EXPECT_EQ(bitmask.GetRaw(packet, 1, kReadAtOffset | kReadNoSwap), 0x3412u);
-    bitmask.flags = ADXBitmask::kLowByteFirst;
-    bitmask.packetoffset = 1;
-    EXPECT_EQ(bitmask.GetRaw(packet), 0x3412u);
-    EXPECT_EQ(bitmask.GetRaw(nullptr), 0x3412u);
-}
-
 TEST_F(ADXBitmaskTest, ShowsTheTextThatBelongsToTheTest) {
     bitmask.operand = bitmask.result = 1;
     bitmask.SetTrueString("Open loop", 9);
@@ -81,7 +70,7 @@ TEST_F(ADXBitmaskTest, ShowsTheTextThatBelongsToTheTest) {
     EXPECT_EQ(bitmask.GetText(nullptr, 0, definition, PacketView(&set, 1)), 1);
 }
 
-TEST_F(ADXBitmaskTest, TellsWhichAlarmsAreEnabled) {
+TEST_F(ADXBitmaskTest, TellsWhichAlarmsAreEnabledAndTheirColours) {
     std::uint32_t color = 0;
     EXPECT_EQ(bitmask.GetAlarmOnSet(&color), 0u);
     EXPECT_EQ(color, 255u);
@@ -90,16 +79,11 @@ TEST_F(ADXBitmaskTest, TellsWhichAlarmsAreEnabled) {
     bitmask.flags = 0xC;
     EXPECT_EQ(bitmask.GetAlarmOnSet(nullptr), 4u);
     EXPECT_EQ(bitmask.GetAlarmOnNotSet(nullptr), 8u);
-}
-
-TEST_F(ADXBitmaskTest, KnowsTwoColours) {
-    bitmask.SetColor(1, 0x112233);
-    bitmask.SetColor(2, 0x445566);
-    bitmask.SetColor(3, 0x778899);
-    EXPECT_EQ(bitmask.GetColor(1), 0x112233u);
-    EXPECT_EQ(bitmask.GetColor(2), 0x445566u);
-    EXPECT_EQ(bitmask.GetColor(3), 0u);
-    EXPECT_EQ(bitmask.GetColor(0), 0u);
+    for (const int which : {1, 2, 3})
+        bitmask.SetColor(which, 0x111111U * static_cast<std::uint32_t>(which));
+    const std::uint32_t colors[] = {0, 0x111111, 0x222222, 0};  // there are two
+    for (int which = 0; which < 4; ++which)
+        EXPECT_EQ(bitmask.GetColor(which), colors[which]) << which;
 }
 
 TEST_F(ADXBitmaskTest, MeasuresItsTextsUpTo512) {

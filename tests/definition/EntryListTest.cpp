@@ -15,22 +15,17 @@ Numbers Counted(int n) {
     return list;
 }
 
-TEST(EntryList, GivesNullPastTheEnd) {
-    Numbers list = Counted(3);
-    ASSERT_NE(list.GetEntry(2), nullptr);
-    EXPECT_EQ(*list.GetEntry(2), 2);
-    EXPECT_EQ(list.GetEntry(3), nullptr);
-    EXPECT_EQ(Numbers().GetEntry(0), nullptr);
-}
-
-TEST(EntryList, CopiesOverAnEntry) {
-    Numbers list = Counted(3);
+TEST(EntryList, CopiesOverAnEntryAndHasNonePastTheEnd) {
+    Numbers list = Counted(3), none;
     const int seven = 7;
     EXPECT_EQ(list.SetEntry(1, &seven), 1);
     EXPECT_EQ(*list.GetEntry(1), 7);
+    EXPECT_EQ(*list.GetEntry(2), 2);
+    EXPECT_EQ(list.GetEntry(3), nullptr);
+    EXPECT_EQ(none.GetEntry(0), nullptr);
     EXPECT_EQ(list.SetEntry(3, &seven), 0);
     EXPECT_EQ(list.SetEntry(0, nullptr), 0);
-    EXPECT_EQ(Numbers().SetEntry(0, &seven), 0);
+    EXPECT_EQ(none.SetEntry(0, &seven), 0);
 }
 
 TEST(EntryList, HoldsAtMost255Entries) {

@@ -240,14 +240,6 @@ TEST(EquationEvaluator, RefusesWhatItCannotConvert) {
     }
 }
 
-TEST(EquationEvaluator, HoldsALetterUsedTwiceAsZero) {
-    EquationEvaluator evaluator;
-    EXPECT_EQ(Parse(evaluator, "X*X"), 1);
-    EXPECT_EQ(evaluator.GetSlotCount(), 2);
-    EXPECT_EQ(evaluator.SetVariable('X', 3.0), 1);
-    EXPECT_EQ(evaluator.GetVariable('X'), 0.0);
-}
-
 TEST(EquationEvaluator, AcceptsThirtyTwoLettersAndNoMore) {
     std::string text = "a";
     for (char c = 'b'; c <= 'z'; ++c)
@@ -277,24 +269,27 @@ TEST(EquationEvaluator, KeepsEquationWhenTheNextDoesNotParse) {
     EXPECT_EQ(evaluator.Evaluate(), 8.0);
 }
 
-TEST(EquationEvaluator, ChangesNothingForNullOrZeroLength) {
+TEST(EquationEvaluator, TakesTextUpToItsEndOrItsLengthAndNothingForNone) {
     EquationEvaluator evaluator;
-    EXPECT_EQ(Parse(evaluator, "3+4"), 1);
-    EXPECT_EQ(evaluator.Parse(nullptr, 5), 0);
-    EXPECT_EQ(evaluator.Parse("8", 0), 0);
     char text[8];
-    EXPECT_EQ(evaluator.GetText(text, sizeof text), 4U);
-    EXPECT_STREQ(text, "3+4");
-    EXPECT_EQ(evaluator.Evaluate(), 7.0);
-    EXPECT_EQ(evaluator.LastParseCode(), EquationEvaluator::kParsed);
-}
-
-TEST(EquationEvaluator, TakesTextUpToItsEndOrItsLength) {
-    EquationEvaluator evaluator;
-    EXPECT_EQ(evaluator.Parse("1+2\0+3", 6), 1);
-    EXPECT_EQ(evaluator.Evaluate(), 3.0);
-    EXPECT_EQ(evaluator.Parse("12345", 2), 1);
-    EXPECT_EQ(evaluator.Evaluate(), 12.0);
+    const struct {
+        const char* text;
+        unsigned length;
+        int parsed;
+        const char* kept;
+        double result;
+    } cases[] = {{"3+4", 3, 1, "3+4", 7.0},
+                 {nullptr, 5, 0, "3+4", 7.0},
+                 {"8", 0, 0, "3+4", 7.0},
+                 {"1+2\0+3", 6, 1, "1+2", 3.0},
+                 {"12345", 2, 1, "12", 12.0}};
+    for (const auto& one : cases) {
+        EXPECT_EQ(evaluator.Parse(one.text, one.length), one.parsed);
+        EXPECT_EQ(evaluator.GetText(text, sizeof text), one.result == 12.0 ? 3U : 4U);
+        EXPECT_STREQ(text, one.kept);
+        EXPECT_EQ(evaluator.Evaluate(), one.result);
+        EXPECT_EQ(evaluator.LastParseCode(), EquationEvaluator::kParsed);
+    }
 }
 
 TEST(EquationEvaluator, CopiesTextIntoSmallBuffers) {
@@ -308,26 +303,24 @@ TEST(EquationEvaluator, CopiesTextIntoSmallBuffers) {
     EXPECT_STREQ(text, "X+");
 }
 
-TEST(EquationEvaluator, KeepsVariablesBetweenEvaluationsAndClearsThemOnParse) {
-    EquationEvaluator evaluator;
-    EXPECT_EQ(Parse(evaluator, "X-Y"), 1);
-    evaluator.SetVariable('X', 10.0);
-    evaluator.SetVariable('Y', 4.0);
-    EXPECT_EQ(evaluator.Evaluate(), 6.0);
-    evaluator.SetVariable('X', 11.0);
-    EXPECT_EQ(evaluator.Evaluate(), 7.0);
-    EXPECT_EQ(Parse(evaluator, "X-Y"), 1);
-    EXPECT_EQ(evaluator.Evaluate(), 0.0);
-}
-
 // The stored variable keeps all its digits; only the evaluation sees six decimals.
-TEST(EquationEvaluator, ReturnsVariableAsItWasSet) {
+TEST(EquationEvaluator, KeepsVariablesAsTheyWereSetUntilTheNextParse) {
     EquationEvaluator evaluator;
-    EXPECT_EQ(Parse(evaluator, "X"), 1);
-    EXPECT_EQ(evaluator.SetVariable('X', 0.1234567), 1);
-    EXPECT_EQ(evaluator.GetVariable('X'), 0.1234567);
-    EXPECT_EQ(evaluator.SetVariable('Y', 1.0), 0);
-    EXPECT_EQ(evaluator.GetVariable('Y'), 0.0);
+    EXPECT_EQ(Parse(evaluator, "X-Y"), 1);
+    for (const double x : {10.0, 11.0, 0.1234567}) {
+        EXPECT_EQ(evaluator.SetVariable('X', x), 1);
+        EXPECT_EQ(evaluator.GetVariable('X'), x);
+    }
+    EXPECT_EQ(evaluator.Evaluate(), 0.123457);
+    evaluator.SetVariable('Y', -1.0);
+    EXPECT_EQ(evaluator.Evaluate(), 1.123457);
+    EXPECT_EQ(evaluator.SetVariable('Z', 1.0), 0);
+    EXPECT_EQ(evaluator.GetVariable('Z'), 0.0);
+    EXPECT_EQ(Parse(evaluator, "X-X"), 1);
+    EXPECT_EQ(evaluator.Evaluate(), 0.0);
+    EXPECT_EQ(evaluator.GetSlotCount(), 2);
+    EXPECT_EQ(evaluator.SetVariable('X', 3.0), 1);
+    EXPECT_EQ(evaluator.GetVariable('X'), 0.0) << "a letter used twice";
 }
 
 TEST(EquationEvaluator, MovesWithEverythingItHolds) {

@@ -46,14 +46,16 @@ TEST(HistogramHistoryGrid, KeepsTheNewestFirst) {
         EXPECT_EQ(Kept(Filled(one.historysize, one.count)), one.kept) << one.historysize;
 }
 
-TEST(HistogramHistoryGrid, IgnoresAHistoryOfNothing) {
-    HistogramHistoryGrid grid = Filled(10, 3);
-    grid.SetHistorySize(0);
-    EXPECT_EQ(grid.HistorySize(), 10u);
-    EXPECT_EQ(grid.Count(0, 0), 3u);
-    grid.SetHistorySize(5);
-    EXPECT_EQ(grid.HistorySize(), 5u);
-    EXPECT_EQ(grid.Count(0, 0), 0u);
+TEST(HistogramHistoryGrid, LosesItsCellsWithSizeOrHistoryButNotForAHistoryOfNothing) {
+    const auto change = [](HistogramHistoryGrid grid, const auto& how) {
+        how(grid);
+        return std::pair(grid.HistorySize(), grid.Count(0, 0));
+    };
+    const HistogramHistoryGrid grid = Filled(10, 3);
+    EXPECT_EQ(change(grid, [](auto& it) { it.SetHistorySize(0); }), std::pair(10U, 3U));
+    EXPECT_EQ(change(grid, [](auto& it) { it.SetHistorySize(5); }), std::pair(5U, 0U));
+    EXPECT_EQ(change(grid, [](auto& it) { it.Resize(1, 1); }), std::pair(10U, 0U));
+    EXPECT_EQ(change(grid, [](auto& it) { it.Clear(); }), std::pair(10U, 0U));
 }
 
 TEST(HistogramHistoryGrid, IgnoresCellsOutside) {
@@ -71,38 +73,22 @@ TEST(HistogramHistoryGrid, IgnoresCellsOutside) {
     EXPECT_EQ(grid.Count(0, 2), 0u);
 }
 
-TEST(HistogramHistoryGrid, ThrowsItsCellsAwayOnResizeAndClear) {
-    HistogramHistoryGrid grid = Filled(10, 3);
-    grid.Resize(1, 1);
-    EXPECT_EQ(grid.Count(0, 0), 0u);
-    grid.Add(0, 0, 1);
-    grid.Clear();
-    EXPECT_EQ(grid.Count(0, 0), 0u);
-    EXPECT_EQ(grid.HistorySize(), 10u);
-}
-
-TEST(HistogramStatsGrid, SeedsOnlyTheMaximumWithAFirstSampleAboveZero) {
+TEST(HistogramStatsGrid, KeepsCountAndMeanAndSeedsTheMaximumAlone) {
     HistogramStatsGrid grid;
     grid.Resize(1, 1);
     EXPECT_EQ(grid.Cell(0, 0), nullptr);
-    grid.Add(0, 0, 5);
-    ASSERT_NE(grid.Cell(0, 0), nullptr);
-    EXPECT_EQ(grid.Cell(0, 0)->min, 3.4028235E38F);
-    EXPECT_EQ(grid.Cell(0, 0)->max, 5.0F);
-    grid.Add(0, 0, 4);
-    EXPECT_EQ(grid.Cell(0, 0)->min, 4.0F);
-}
-
-TEST(HistogramStatsGrid, KeepsCountAndMean) {
-    HistogramStatsGrid grid;
-    grid.Resize(1, 1);
-    for (const float z : {1.0F, 2.0F, 6.0F}) {
-        grid.Add(0, 0, z);
-    }
-    EXPECT_EQ(grid.Cell(0, 0)->count, 3u);
-    EXPECT_EQ(grid.Cell(0, 0)->mean, 3.0F);
     grid.Add(1, 0, 1);
     EXPECT_EQ(grid.Cell(1, 0), nullptr);
+    const struct { float z, min, max, mean; } rows[] = {{5, 3.4028235E38F, 5, 5}, {4, 4, 5, 4.5F}, {0, 0, 5, 3}};
+    std::uint32_t count = 0;
+    for (const auto& row : rows) {
+        grid.Add(0, 0, row.z);
+        ASSERT_NE(grid.Cell(0, 0), nullptr);
+        EXPECT_EQ(grid.Cell(0, 0)->min, row.min);
+        EXPECT_EQ(grid.Cell(0, 0)->max, row.max);
+        EXPECT_EQ(grid.Cell(0, 0)->mean, row.mean);
+        EXPECT_EQ(grid.Cell(0, 0)->count, ++count);
+    }
     grid.Clear();
     EXPECT_EQ(grid.Cell(0, 0), nullptr);
 }

@@ -18,6 +18,15 @@ protected:
     T& Add() {
         return *test::Add<T>(definition, "B");
     }
+    // A view of two entries, the last of which shows the target.
+    template <class T>
+    T& AddView() {
+        T& view = Add<T>();
+        view.SetEntryCount(2);
+        EXPECT_FALSE(RefersTo(view, *target));
+        view.GetEntry(1)->item = target;
+        return view;
+    }
 
     ADXDefinition definition;
     ADXValue* target = test::Add<ADXValue>(definition, "A");
@@ -33,14 +42,12 @@ TEST_F(ReferrerSearch, FindsAMacroByItsNode) {
     EXPECT_TRUE(RefersTo(macro, *target));
 }
 
-TEST_F(ReferrerSearch, PassesOverHeadingRows) {
-    auto& list = Add<ADXListView>();
-    list.SetEntryCount(1);
-    list.GetEntry(0)->item = target;
-    list.GetEntry(0)->entrytype = ADXLVENTRY::kHeadingRow;
-    EXPECT_FALSE(RefersTo(list, *target));
-    list.GetEntry(0)->entrytype = ADXLVENTRY::kItemRow;
+TEST_F(ReferrerSearch, FindsADashboardAndAListButPassesOverHeadingRows) {
+    EXPECT_TRUE(RefersTo(AddView<ADXDashboard>(), *target));
+    auto& list = AddView<ADXListView>();
     EXPECT_TRUE(RefersTo(list, *target));
+    list.GetEntry(1)->entrytype = ADXLVENTRY::kHeadingRow;
+    EXPECT_FALSE(RefersTo(list, *target));
 }
 
 TEST_F(ReferrerSearch, FindsAValueByALinkThatIsNotZero) {
@@ -50,48 +57,33 @@ TEST_F(ReferrerSearch, FindsAValueByALinkThatIsNotZero) {
     EXPECT_TRUE(RefersTo(*value, *target));
 }
 
-TEST_F(ReferrerSearch, FindsADashboardByItsGauge) {
-    auto& dash = Add<ADXDashboard>();
-    dash.SetEntryCount(2);
-    EXPECT_FALSE(RefersTo(dash, *target));
-    dash.GetEntry(1)->item = target;
-    EXPECT_TRUE(RefersTo(dash, *target));
-}
-
 TEST_F(ReferrerSearch, DoesNotExamineHistogramsAndMonitors) {
     auto& histogram = Add<ADXHistogram>();
     histogram.SetX(target);
-    auto& monitor = Add<ADXMonitor>();
-    monitor.SetEntryCount(1);
-    monitor.GetEntry(0)->item = target;
     EXPECT_FALSE(RefersTo(histogram, *target));
-    EXPECT_FALSE(RefersTo(monitor, *target));
+    EXPECT_FALSE(RefersTo(AddView<ADXMonitor>(), *target));
 }
 
-TEST(ADXDefinitionFindReferrer, WalksOnFromAnIndex) {
+TEST(ADXDefinitionFindReferrer, WalksOnFromAnIndexAndFindsNothingForNull) {
     ADXDefinition definition;
     auto* target = test::AddValue(definition, "A", "X");
     auto* first = test::AddValue(definition, "B", "X");
     auto* second = test::AddValue(definition, "C", "X");
-    test::Link(*first, 'X', target->GetIdHash());
-    test::Link(*second, 'X', target->GetIdHash());
-    std::int32_t index = 99;
-    EXPECT_EQ(definition.FindReferrer(target, 0, &index), first);
-    EXPECT_EQ(index, 1);
-    EXPECT_EQ(definition.FindReferrer(target, 2, &index), second);
-    EXPECT_EQ(index, 2);
-    EXPECT_EQ(definition.FindReferrer(target, 3, &index), nullptr);
-    EXPECT_EQ(index, -1);
-    EXPECT_EQ(definition.FindReferrer(target, 0), first);
-}
-
-TEST(ADXDefinitionFindReferrer, FindsNothingForNull) {
-    ADXDefinition definition;
+    for (ADXValue* value : {first, second})
+        test::Link(*value, 'X', target->GetIdHash());
     const ADXMacroNode unresolved;
-    test::Add<ADXMacro>(definition, "A")->AddNode(&unresolved);
-    std::int32_t index = 99;
-    EXPECT_EQ(definition.FindReferrer(nullptr, 0, &index), nullptr);
-    EXPECT_EQ(index, -1);
+    test::Add<ADXMacro>(definition, "D")->AddNode(&unresolved);
+    const struct {
+        const ADXObject *target, *found;
+        std::uint32_t from;
+        std::int32_t index;
+    } cases[] = {{target, first, 0, 1}, {target, second, 2, 2}, {target, nullptr, 3, -1}, {nullptr, nullptr, 0, -1}};
+    for (const auto& one : cases) {
+        std::int32_t index = 99;
+        EXPECT_EQ(definition.FindReferrer(one.target, one.from, &index), one.found);
+        EXPECT_EQ(index, one.index);
+    }
+    EXPECT_EQ(definition.FindReferrer(target, 0), first);
 }
 
 }  // namespace
