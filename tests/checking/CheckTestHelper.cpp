@@ -1,28 +1,10 @@
 #include "tests/checking/CheckTestHelper.h"
 
-#include <filesystem>
-#include <fstream>
-#include <random>
-
 #include "checking/DefinitionChecker.h"
 #include "definition/ADXDefinition.h"
 #include "files/adx/ADXParser.h"
 
 namespace corvex {
-
-namespace fs = std::filesystem;
-
-TempFile::TempFile(const std::string& text, const std::string& suffix) {
-    std::random_device random;
-    path_ = (fs::temp_directory_path() / ("corvex_" + std::to_string(random()) + std::to_string(random()) + suffix))
-                .string();
-    std::ofstream(path_, std::ios::binary) << text;
-}
-
-TempFile::~TempFile() {
-    std::error_code ignored;
-    fs::remove(path_, ignored);
-}
 
 std::string DefinitionWith(const std::string& objects) {
     return "<ADXFORMAT version=\"0.50\" />\n"

@@ -5,20 +5,21 @@
 #include <vector>
 
 #include "checking/Finding.h"
+#include "tests/support/TestFolder.h"
 
 namespace corvex {
 
-// A file of its own for the life of the object, in the system's folder for such files.
+// A file in a folder of its own, which is there for the life of the object.
 class TempFile {
 public:
-    explicit TempFile(const std::string& text, const std::string& suffix = ".adx");
-    ~TempFile();
-    TempFile(const TempFile&) = delete;
-    TempFile& operator=(const TempFile&) = delete;
+    explicit TempFile(const std::string& text, const std::string& suffix = ".adx")
+        : path_(folder_.Put("corvex" + suffix, text)) {}
+
     const std::string& Path() const { return path_; }
 
 private:
-    std::string path_;
+    const test::TestFolder folder_;
+    const std::string path_;
 };
 
 // The format line, a sane header, a send command POLL (packet of 20 bytes), a macro MONITOR that runs it, and

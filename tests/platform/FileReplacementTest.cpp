@@ -25,19 +25,14 @@ protected:
     std::string fresh_;
 };
 
-TEST_F(FileReplacementTest, TakesThePlaceOfAFileThatStandsThere) {
+TEST_F(FileReplacementTest, TakesThePlaceOfAFileThatStandsThereOrOfNone) {
     const std::string longest(259 - Path("").size(), 'x');
-    for (const std::string& name : {std::string("file"), longest}) {
-        folder_.Put(name, "old");
+    for (const std::string& name : {std::string("none"), std::string("file"), longest}) {
+        if (name != "none") folder_.Put(name, "old");
         EXPECT_TRUE(Replace(name));
         EXPECT_EQ(folder_.Content(name), "new");
         EXPECT_FALSE(fs::exists(fresh_));
     }
-}
-
-TEST_F(FileReplacementTest, MakesAFileWhereThereWasNone) {
-    EXPECT_TRUE(Replace("file"));
-    EXPECT_EQ(folder_.Content("file"), "new");
 }
 
 TEST_F(FileReplacementTest, KeepsWhatStandsThereWhenTheNewFileIsMissing) {
@@ -70,15 +65,12 @@ TEST_F(FileReplacementTest, SweepsWhatIsLeftOfProcessesThatAreGone) {
     EXPECT_EQ(8U, folder_.FileCount());
 }
 
-TEST_F(FileReplacementTest, TellsDevicesFromFiles) {
+TEST_F(FileReplacementTest, TellsDevicesAndFoldersFromFiles) {
     folder_.Put("file", "old");
     EXPECT_FALSE(IsDeviceOrPipe(Path("file")));
     EXPECT_FALSE(IsDeviceOrPipe(Path("none")));
     EXPECT_FALSE(IsDeviceOrPipe(folder_.Path().string()));
     EXPECT_TRUE(IsDeviceOrPipe(fs::exists("/dev/null") ? "/dev/null" : "NUL"));
-}
-
-TEST_F(FileReplacementTest, KnowsNoFreshNameForAFolder) {
     EXPECT_EQ(FreshNameFor(folder_.Path().string()), "");
 }
 

@@ -84,37 +84,20 @@ TEST(ArgumentsTest, TakesEveryTextAsItStands) {
 }
 
 TEST(ArgumentsTest, CallsWrongUsageByItsCode) {
-    std::vector<std::vector<std::string>> lines{{"scan", "-d", "a", "-p", "b", "--record", ""},
+    std::vector<std::vector<std::string>> lines{{},
+                                                {"scan", "-d", "a", "-p", "b", "--record", ""},
                                                 {"scan", "-d", "a", "--simulate", "--replay", ""},
                                                 {"decode", "-d", "a", "b", "-o", ""}};
-    for (const char* line : {"",
-                             "nothing",
-                             "check",
-                             "check a --what",
-                             "convert a",
-                             "hash",
-                             "eval X [X=1,Y=2]",
-                             "scan --port COM1",
-                             "scan --definition a",
-                             "scan -d a -p b --simulate",
-                             "scan -d a -p b --plain --json",
-                             "scan -d a -p b --seconds 0",
-                             "scan -d a -p b --silent",
-                             "scan -d a -p b --force",
-                             "scan -d a -p b --record=",
-                             "info",
-                             "info a -d b",
-                             "decode a",
-                             "decode -d b",
-                             "decode -d b a --from x",
-                             "decode -d b a --from -1",
-                             "decode -d b a --from 2 --to 1",
-                             "play -d b a --plain --json",
-                             "play -d b a --speed -1",
-                             "histogram -d b a --view most",
-                             "histogram -d b a --view [last,count]",
-                             "repair a"})
+    std::istringstream wrong(
+        "nothing;check;check a --what;convert a;hash;eval X [X=1,Y=2];info;info a -d b;repair a;"
+        "scan --port COM1;scan --definition a;scan -d a -p b --simulate;scan -d a -p b --plain --json;"
+        "scan -d a -p b --seconds 0;scan -d a -p b --silent;scan -d a -p b --force;scan -d a -p b --record=;"
+        "decode a;decode -d b;decode -d b a --from x;decode -d b a --from -1;decode -d b a --from 2 --to 1;"
+        "play -d b a --plain --json;play -d b a --speed -1;histogram -d b a --view most;"
+        "histogram -d b a --view [last,count]");
+    for (std::string line; std::getline(wrong, line, ';');)
         lines.push_back(Split(line));
+    EXPECT_EQ(lines.size(), 30U);
     for (const auto& args : lines) {
         const Outcome outcome = Parse(args);
         EXPECT_EQ(outcome.Code(), kExitUsage) << testing::PrintToString(args);
@@ -137,23 +120,26 @@ TEST(ArgumentsTest, HelpsWithEachCommandAndTellsItsVersion) {
     EXPECT_EQ(version.out.substr(0, 11), "corvex-cli ");
 }
 
-TEST(ArgumentsTest, ReadsScan) {
+TEST(ArgumentsTest, ReadsScanAndRepair) {
     EXPECT_TRUE(OptionsFrom<ScanOptions>("scan -d a --simulate").engine.pace);
-    EXPECT_FALSE(OptionsFrom<ScanOptions>("scan -d a --simulate --no-pace").engine.pace);
-    EXPECT_EQ(OptionsFrom<ScanOptions>("scan -d a --simulate --seed 7").engine.seed, 7U);
+    const auto unpaced = OptionsFrom<ScanOptions>("scan -d a --simulate --no-pace --seed 7");
+    EXPECT_FALSE(unpaced.engine.pace);
+    EXPECT_EQ(unpaced.engine.seed, 7U);
     const auto scan = OptionsFrom<ScanOptions>("scan -d b.adx -p COM1 --record c.xdl --force");
     EXPECT_EQ(scan.record, "c.xdl");
     EXPECT_TRUE(scan.force);
+    const auto repair = OptionsFrom<RepairOptions>("repair a.xdl b.xdl --force");
+    EXPECT_EQ(repair.input + " " + repair.output, "a.xdl b.xdl");
+    EXPECT_TRUE(repair.force);
 }
 
 TEST(ArgumentsTest, ReadsInfo) {
-    const auto plain = OptionsFrom<InfoOptions>("info a.xdl");
-    EXPECT_EQ(plain.log, "a.xdl");
-    EXPECT_FALSE(plain.human);
-    EXPECT_EQ(plain.definition, "");
-    const auto human = OptionsFrom<InfoOptions>("info a.xdl --human -d b.adx");
-    EXPECT_TRUE(human.human);
-    EXPECT_EQ(human.definition, "b.adx");
+    for (const bool human : {false, true}) {
+        const auto info = OptionsFrom<InfoOptions>(human ? "info a.xdl --human -d b.adx" : "info a.xdl");
+        EXPECT_EQ(info.log, "a.xdl");
+        EXPECT_EQ(info.human, human);
+        EXPECT_EQ(info.definition, human ? "b.adx" : "");
+    }
 }
 
 TEST(ArgumentsTest, ReadsDecode) {
@@ -172,23 +158,18 @@ TEST(ArgumentsTest, ReadsDecode) {
     EXPECT_EQ(full.to, 2.0);
 }
 
-TEST(ArgumentsTest, ReadsPlayHistogramAndRepair) {
+TEST(ArgumentsTest, ReadsPlayAndHistogram) {
     EXPECT_EQ(OptionsFrom<PlayOptions>("play -d b.adx a.xdl").speed, 1.0);
     const auto play = OptionsFrom<PlayOptions>("play -d b.adx a.xdl --speed 4 --from 9 --json -v");
     EXPECT_EQ(play.speed, 4.0);
     EXPECT_EQ(play.from, 9.0);
-    EXPECT_TRUE(play.json);
-    EXPECT_TRUE(play.verbose);
+    EXPECT_TRUE(play.json && play.verbose);
     const auto histogram =
         OptionsFrom<HistogramOptions>("histogram -d b.adx --id H --view count --view average-total a.xdl --csv");
     EXPECT_EQ(histogram.log, "a.xdl");
     EXPECT_EQ(histogram.id, "H");
     EXPECT_EQ(histogram.views, (std::vector<std::string>{"count", "average-total"}));
     EXPECT_TRUE(histogram.csv);
-    const auto repair = OptionsFrom<RepairOptions>("repair a.xdl b.xdl --force");
-    EXPECT_EQ(repair.input, "a.xdl");
-    EXPECT_EQ(repair.output, "b.xdl");
-    EXPECT_TRUE(repair.force);
 }
 
 }  // namespace

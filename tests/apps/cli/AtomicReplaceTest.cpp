@@ -11,16 +11,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(AtomicReplaceTest, TakesTheOthersPlace) {
-    const TempFile file("old");
-    AtomicReplace fresh(file.Path());
-    std::ofstream(fresh.Name()) << "new";
-    EXPECT_EQ(ReadFile(file.Path()), "old");
-    EXPECT_TRUE(fresh.MoveIntoPlace());
-    EXPECT_EQ(ReadFile(file.Path()), "new");
-    EXPECT_FALSE(fs::exists(fresh.Name()));
-}
-
 TEST(AtomicReplaceTest, GoesWithTheObject) {
     const TempFile file("old");
     std::string name;
@@ -44,12 +34,6 @@ TEST(AtomicReplaceTest, SweepsWhatAProcessLeftButForALogWithRecords) {
     std::ofstream(left, std::ios::binary) << std::string(40, '\0');
     { const AtomicReplace fresh(file.Path()); }
     EXPECT_FALSE(fs::exists(left));
-}
-
-TEST(AtomicReplaceTest, ReplacesNoFolder) {
-    AtomicReplace fresh(fs::temp_directory_path().string());
-    EXPECT_EQ(fresh.Name(), "");
-    EXPECT_FALSE(fresh.MoveIntoPlace());
 }
 
 }  // namespace

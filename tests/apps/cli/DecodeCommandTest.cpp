@@ -47,34 +47,79 @@ LogBytes Polls(const std::vector<Bytes>& packets) {
     return log.MarkEnd();
 }
 
-struct DecodeCase {
-    const char* name;
-    std::string definition;
-    LogBytes log;
-    Words more;       // arguments
-    std::string out;  // on standard output
-    Words err = {};   // parts of what is said besides; none when nothing is
+// `more`: arguments; `err`: parts of what is said besides, none when nothing is.
+void ExpectDecodes(const char* behaviour, const std::string& definition, const LogBytes& log, const Words& more,
+                   const std::string& out, const Words& err = {}) {
+    SCOPED_TRACE(behaviour);
+    const TempFile adx(definition);
+    const LogTempFile xdl(log);
+    Words args{"decode", "-d", adx.Path(), xdl.Path()};
+    args.insert(args.end(), more.begin(), more.end());
+    const std::string before = ReadFile(xdl.Path());
+    const ToolResult result = RunInside(args);
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.out, out);
+    EXPECT_EQ(result.err.empty(), err.empty()) << result.err;
+    for (const std::string& part : err)
+        EXPECT_TRUE(Has(result.err, part));
+    EXPECT_EQ(ReadFile(xdl.Path()), before);
+}
 
-    friend void PrintTo(const DecodeCase& one, std::ostream* out) { *out << one.name; }
-};
+const std::string kRpm = DefinitionWith(ValueText("RPM", "X")), kRpmTitle = "Time (s),RPM title\n";
 
-std::vector<DecodeCase> Cases() {
-    const std::string rpm = DefinitionWith(ValueText("RPM", "X")), rpmTitle = "Time (s),RPM title\n";
-    const std::string fans =
-        DefinitionWith(ValueText("RPM", "X") + Bit("FAN") + ValueText("FAN2", "X+1") + ValueText("TPS", "X+2"));
+TEST(DecodeCommandTest, WritesARowForEachRecord) {
+    const LogBytes onePoll = Polls({{5, 1}}), twoPolls = Polls({{10, 1}, {3, 2}});
+    ExpectDecodes(
+        "values and bits",
+        DefinitionWith(ValueText("RPM", "X*25", "<units>rpm</units>") + Bit("FAN") + ValueText("SHARE", "X/256")),
+        twoPolls, {}, "Time (s),RPM title (rpm),FAN bit,SHARE title\n0.000,250,1,0.0390625\n0.083,75,0,0.01171875\n");
+    ExpectDecodes("texts as the program shows them",
+                  DefinitionWith(ValueText("RPM", "X*25", "<digcount>1</digcount>") +
+                                 Bit("FAN", "<truestring>on, fast</truestring><falsestring>off</falsestring>")),
+                  twoPolls, {"--text"}, "Time (s),RPM title,FAN bit\n0.000,250.0,\"on, fast\"\n0.083,75.0,off\n");
+    ExpectDecodes("titles and units in quotes",
+                  DefinitionWith("<ADXVALUE id=\"T\" title=\"a, &quot;b&quot;\"><units>\xC2\xB0 C</units></ADXVALUE>\n"
+                                 "<ADXVALUE id=\"NONAME\" title=\"\"><units>\xB5s</units></ADXVALUE>\n"),
+                  Polls({}), {}, "Time (s),\"a, \"\"b\"\" (\xC2\xB0 C)\",NONAME (\xC2\xB5s)\n");
+    ExpectDecodes("times alone without items", DefinitionWith(""), twoPolls, {}, "Time (s)\n0.000\n0.083\n");
+    ExpectDecodes("the header of an empty log", kRpm, BeginLog({kPollHash}).PutWord32(8, 1), {}, kRpmTitle);
+    ExpectDecodes(
+        "items that are chosen by id",
+        DefinitionWith(ValueText("RPM", "X") + Bit("FAN") + ValueText("FAN2", "X+1") + ValueText("TPS", "X+2")),
+        onePoll, {"--items", "fan*"}, "Time (s),FAN bit,FAN2 title\n0.000,1,6\n");
+}
+
+TEST(DecodeCommandTest, ItemsReadWhatTheRecordsBeforeLeft) {
     const std::string shared = TwoCommandsWith(ValueOf("POLL", "P") + ValueOf("A", "Q"));
     const std::string linked = StreamDefinition(LinkOf("STREAM") + ValueOf("POLL", "RPM"));
     const std::string linkedToStream = StreamDefinition(LinkOf("POLL") + ValueOf("STREAM", "RPM"));
-    const LogBytes onePoll = Polls({{5, 1}}), twoPolls = Polls({{10, 1}, {3, 2}});
-    LogBytes stream = BeginLog({kPollHash, kStreamHash}), streamFirst = stream, halves = stream, mixed = stream;
+    LogBytes stream = BeginLog({kPollHash, kStreamHash}), streamFirst = stream;
     stream.Record(0, 0, PollReply({5})).Record(1, 10, Bytes(24, 50)).Record(0, 20, PollReply({6})).MarkEnd();
     streamFirst.Record(1, 0, Bytes(24, 50)).Record(0, 1000, PollReply({6})).MarkEnd();
-    mixed = halves = BeginLog({kPollHash, kOtherHash});
+    LogBytes mixed = BeginLog({kPollHash, kOtherHash}), halves = mixed;
     mixed.Record(1, 0, Bytes(24, 7)).Record(0, 10, PollReply({9})).Record(1, 20, Bytes(24, 8)).MarkEnd();
     halves.Record(1, 0, Bytes(24, 7));
     for (std::uint32_t i = 1; i < 6; ++i)
         halves.Record(0, i * 500, PollReply({static_cast<std::uint8_t>(i)}));
     halves.MarkEnd();
+    ExpectDecodes("items of another command keep their raw word",
+                  TwoCommandsWith(ValueOf("POLL", "P") + ValueOf("A", "Q") + ValueText("ANY", "X")), mixed, {},
+                  "Time (s),P title,Q title,ANY title\n0.000,0,7,7\n0.010,9,7,9\n0.020,9,8,8\n");
+    ExpectDecodes("links", linked, stream, {}, "Time (s),L,RPM title\n0.000,105,5\n0.010,105,5\n0.020,106,6\n");
+    ExpectDecodes("links to what is not shown", linked, stream, {"--items", "L"},
+                  "Time (s),L\n0.000,105\n0.010,105\n0.020,106\n");
+    // The raw words of a 160-baud packet are taken by whoever looks at it, so what is left out of a table must be
+    // looked at all the same.
+    ExpectDecodes("a stream", linkedToStream, streamFirst, {}, "Time (s),L,RPM title\n0.000,100,50\n1.000,150,50\n");
+    ExpectDecodes("a stream that is not shown", linkedToStream, streamFirst, {"--items", "L"},
+                  "Time (s),L\n0.000,100\n1.000,150\n");
+    ExpectDecodes("a stream before the first second asked for", linkedToStream, streamFirst, {"--from", "1"},
+                  "Time (s),L,RPM title\n1.000,150,50\n");
+    ExpectDecodes("within the seconds asked for, from the start", shared, halves, {"--from", "1", "--to", "1.5"},
+                  "Time (s),P title,Q title\n1.000,2,7\n1.500,3,7\n");
+}
+
+TEST(DecodeCommandTest, TellsWhatIsInNoRow) {
     LogBytes foreign = BeginLog({kPollHash, 0x1234, kStreamHash});
     foreign.Record(1, 0, Bytes(24, 1)).Record(0, 5, PollReply({1})).Record(1, 10, Bytes(24, 1));
     foreign.Record(2, 20, Bytes(24, 1)).MarkEnd();
@@ -82,111 +127,19 @@ std::vector<DecodeCase> Cases() {
     unknown.Record(0, 0, PollReply({1})).Record(9, 5, Bytes(3, 1)).Record(0, 10, PollReply({2})).MarkEnd();
     astray.Record(0, 0, PollReply({1})).RecordTo(0, 9, 5, Bytes(3, 1)).Record(0, 10, PollReply({2})).MarkEnd();
     zeros.Record(0, 0, PollReply({1})).Raw(Bytes(72, 0)).Record(0, 249, PollReply({2})).PutWord32(36, 4).MarkEnd();
-
-    return {
-        {"WritesARowForEachRecord",
-         DefinitionWith(ValueText("RPM", "X*25", "<units>rpm</units>") + Bit("FAN") + ValueText("SHARE", "X/256")),
-         twoPolls,
-         {},
-         "Time (s),RPM title (rpm),FAN bit,SHARE title\n0.000,250,1,0.0390625\n0.083,75,0,0.01171875\n"},
-        {"GivesTextsAsTheProgramShowsThem",
-         DefinitionWith(ValueText("RPM", "X*25", "<digcount>1</digcount>") +
-                        Bit("FAN", "<truestring>on, fast</truestring><falsestring>off</falsestring>")),
-         twoPolls,
-         {"--text"},
-         "Time (s),RPM title,FAN bit\n0.000,250.0,\"on, fast\"\n0.083,75.0,off\n"},
-        {"QuotesTitlesAndUnits",
-         DefinitionWith("<ADXVALUE id=\"T\" title=\"a, &quot;b&quot;\"><units>\xC2\xB0 C</units></ADXVALUE>\n"
-                        "<ADXVALUE id=\"NONAME\" title=\"\"><units>\xB5s</units></ADXVALUE>\n"),
-         Polls({}),
-         {},
-         "Time (s),\"a, \"\"b\"\" (\xC2\xB0 C)\",NONAME (\xC2\xB5s)\n"},
-        {"WritesTimesAloneForADefinitionWithoutItems", DefinitionWith(""), twoPolls, {}, "Time (s)\n0.000\n0.083\n"},
-        {"WritesTheHeaderOfAnEmptyLog", rpm, BeginLog({kPollHash}).PutWord32(8, 1), {}, rpmTitle},
-        {"ChoosesItemsById", fans, onePoll, {"--items", "fan*"}, "Time (s),FAN bit,FAN2 title\n0.000,1,6\n"},
-        {"ItemsOfAnotherCommandKeepTheirRawWord",
-         TwoCommandsWith(ValueOf("POLL", "P") + ValueOf("A", "Q") + ValueText("ANY", "X")),
-         mixed,
-         {},
-         "Time (s),P title,Q title,ANY title\n0.000,0,7,7\n0.010,9,7,9\n0.020,9,8,8\n"},
-        {"LinksReadWhatTheRecordsBeforeLeft",
-         linked,
-         stream,
-         {},
-         "Time (s),L,RPM title\n0.000,105,5\n0.010,105,5\n0.020,106,6\n"},
-        {"LinksReadWhatIsNotShown", linked, stream, {"--items", "L"}, "Time (s),L\n0.000,105\n0.010,105\n0.020,106\n"},
-        // The raw words of a 160-baud packet are taken by whoever looks at it, so what is left out of a table must be
-        // looked at all the same.
-        {"StreamsAreReadWhereTheyAreShown",
-         linkedToStream,
-         streamFirst,
-         {},
-         "Time (s),L,RPM title\n0.000,100,50\n1.000,150,50\n"},
-        {"StreamsAreReadWhereTheyAreNotShown",
-         linkedToStream,
-         streamFirst,
-         {"--items", "L"},
-         "Time (s),L\n0.000,100\n1.000,150\n"},
-        {"StreamsAreReadBeforeTheFirstSecondAskedFor",
-         linkedToStream,
-         streamFirst,
-         {"--from", "1"},
-         "Time (s),L,RPM title\n1.000,150,50\n"},
-        {"KeepsToTheSecondsAskedForAndFollowsFromTheStart",
-         shared,
-         halves,
-         {"--from", "1", "--to", "1.5"},
-         "Time (s),P title,Q title\n1.000,2,7\n1.500,3,7\n"},
-        {"CountsCommandsThatTheDefinitionDoesNotHave",
-         rpm,
-         foreign,
-         {},
-         rpmTitle + "0.005,1\n",
-         {"2 records of command 0x00001234, which the definition does not have\n",
-          "1 record of command 0xFE43497D, which"}},
-        {"PassesOverUnknownItems",
-         rpm,
-         unknown,
-         {},
-         rpmTitle + "0.000,1\n0.010,2\n",
-         {"1 record of unknown items passed over"}},
-        {"WarnsWhenReadingEndsEarly",
-         rpm,
-         astray,
-         {},
-         rpmTitle + "0.000,1\n",
-         {"warning: reading ended at byte 128 with error 0x4"}},
-        {"MakesNoRowsOfDamage",
-         rpm,
-         zeros,
-         {},
-         rpmTitle + "0.000,1\n",
-         {": damaged at byte 128: 108 bytes from there on not read", ": its header counts 4 records, 3 are missing\n"}},
-    };
+    ExpectDecodes("commands that the definition does not have", kRpm, foreign, {}, kRpmTitle + "0.005,1\n",
+                  {"2 records of command 0x00001234, which the definition does not have\n",
+                   "1 record of command 0xFE43497D, which"});
+    ExpectDecodes("unknown items", kRpm, unknown, {}, kRpmTitle + "0.000,1\n0.010,2\n",
+                  {"1 record of unknown items passed over"});
+    ExpectDecodes("an end ahead of the file's", kRpm, astray, {}, kRpmTitle + "0.000,1\n",
+                  {"warning: reading ended at byte 128 with error 0x4"});
+    ExpectDecodes(
+        "damage", kRpm, zeros, {}, kRpmTitle + "0.000,1\n",
+        {": damaged at byte 128: 108 bytes from there on not read", ": its header counts 4 records, 3 are missing\n"});
 }
 
-class DecodeCommandTable : public ::testing::TestWithParam<DecodeCase> {};
-
-TEST_P(DecodeCommandTable, Decodes) {
-    const DecodeCase& one = GetParam();
-    const TempFile adx(one.definition);
-    const LogTempFile xdl(one.log);
-    Words args{"decode", "-d", adx.Path(), xdl.Path()};
-    args.insert(args.end(), one.more.begin(), one.more.end());
-    const std::string before = ReadFile(xdl.Path());
-    const ToolResult result = RunInside(args);
-    EXPECT_EQ(result.code, 0);
-    EXPECT_EQ(result.out, one.out);
-    EXPECT_EQ(result.err.empty(), one.err.empty()) << result.err;
-    for (const std::string& part : one.err)
-        EXPECT_NE(result.err.find(part), std::string::npos) << result.err;
-    EXPECT_EQ(ReadFile(xdl.Path()), before);
-}
-
-INSTANTIATE_TEST_SUITE_P(DecodeCommandTest, DecodeCommandTable, ::testing::ValuesIn(Cases()),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-class DecodeCommandTest : public ::testing::Test {
+class DecodeToFileTest : public ::testing::Test {
 protected:
     ToolResult Decode(const std::string& log, Words more) const {
         more.insert(more.begin(), {"decode", "-d", adx.Path(), log});
@@ -198,7 +151,7 @@ protected:
     const TempFile csv{"precious", ".csv"};
 };
 
-TEST_F(DecodeCommandTest, LosesNothingWhenItFails) {
+TEST_F(DecodeToFileTest, LosesNothingWhenItFails) {
     const ToolResult none = Decode(xdl.Path(), {"-o", csv.Path(), "--items", "none"});
     EXPECT_EQ(none.code, 1);
     EXPECT_NE(none.err.find("no value or bitmask"), std::string::npos) << none.err;
@@ -209,7 +162,7 @@ TEST_F(DecodeCommandTest, LosesNothingWhenItFails) {
     EXPECT_EQ(folder.err, "corvex-cli: no/such/folder/x.csv cannot be written\n");
 }
 
-TEST_F(DecodeCommandTest, WritesOverALogOrWhatItReadsOnlyWhenForced) {
+TEST_F(DecodeToFileTest, WritesOverALogOrWhatItReadsOnlyWhenForced) {
     const std::string log = ReadFile(xdl.Path()), link = xdl.Path() + ".csv";
     std::filesystem::create_hard_link(xdl.Path(), link);
     const LogTempFile other(Polls({{2}}));

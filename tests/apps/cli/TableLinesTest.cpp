@@ -25,14 +25,10 @@ TEST(TableLinesTest, DrawsAnAlarmInItsColour) {
     EXPECT_EQ(TableLines({row}, 60, 10, false)[0], "Speed !        7 rpm 0.5s");
 }
 
-TEST(TableLinesTest, SpreadsRowsOverColumnsWhereTheyFit) {
-    const std::vector<LiveRow> rows(6, Row("Speed", "7"));
-    EXPECT_EQ(TableLines(rows, 60, 3, false).size(), 3U);
-    EXPECT_EQ(DisplayWidth(TableLines(rows, 60, 3, false)[0]), 25U + 3 + 25);
-}
-
-TEST(TableLinesTest, CountsWhatFindsNoPlace) {
+TEST(TableLinesTest, SpreadsRowsOverColumnsWhereTheyFitAndCountsTheRest) {
     const std::vector<LiveRow> rows(10, Row("Speed", "7"));
+    EXPECT_EQ(TableLines(rows, 60, 5, false).size(), 5U);
+    EXPECT_EQ(DisplayWidth(TableLines(rows, 60, 5, false)[0]), 25U + 3 + 25);
     const auto lines = TableLines(rows, 30, 4, false);
     ASSERT_EQ(lines.size(), 4U);
     EXPECT_EQ(lines[3], "7 more; enlarge the window");
@@ -51,12 +47,10 @@ TEST(TableLinesTest, NeverLeavesTheScreen) {
 }
 
 TEST(TableLinesTest, ShowsAgesInFourColumns) {
-    EXPECT_EQ(AgeText(-1.0), "-");
-    EXPECT_EQ(AgeText(0.0), "0.0s");
-    EXPECT_EQ(AgeText(9.94), "9.9s");
-    EXPECT_EQ(AgeText(9.96), "10s");
-    EXPECT_EQ(AgeText(100.0), "2m");
-    EXPECT_EQ(AgeText(7200.0), "2h");
+    const std::pair<double, const char*> cases[] = {{-1.0, "-"},   {0.0, "0.0s"}, {9.94, "9.9s"},
+                                                    {9.96, "10s"}, {100.0, "2m"}, {7200.0, "2h"}};
+    for (const auto& [seconds, text] : cases)
+        EXPECT_EQ(AgeText(seconds), text);
 }
 
 }  // namespace

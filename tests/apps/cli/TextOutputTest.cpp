@@ -42,11 +42,5 @@ TEST(TextOutputTest, TellsThatAStreamFailed) {
     EXPECT_FALSE(output.Finish());
 }
 
-TEST(TextOutputTest, OpensNothingInAFolderThatIsNotThere) {
-    std::ostringstream out;
-    const TextOutput output("no/such/folder/out.csv", out);
-    EXPECT_FALSE(output.IsOpen());
-}
-
 }  // namespace
 }  // namespace corvex
