@@ -100,21 +100,6 @@ TEST_F(DataLogEngineReadTest, TwelveZerosAreTheEnd) {
     EXPECT_EQ(0U, Read());
 }
 
-TEST_F(DataLogEngineReadTest, AnyTailLeavesAllWholeRecords) {
-    LogBytes cut = SmallLog(5);
-    for (std::size_t length = cut.bytes.size(); length >= kSmallDataOffset; --length) {
-        cut.bytes.resize(length);
-        ASSERT_EQ(0U, Open(cut));
-        std::uint32_t last = 0;
-        const std::vector<ReadBack> records = ReadRest(log_, &last);
-        EXPECT_EQ(7U, last) << length;
-        ASSERT_EQ((length - kSmallDataOffset) / 15, records.size()) << length;
-        EXPECT_EQ(records.size(), log_.sampleIndex);
-        for (std::uint32_t i = 0; i < records.size(); ++i)
-            EXPECT_EQ(DataOf(i), records[i].data) << length;
-    }
-}
-
 TEST_F(DataLogEngineReadTest, AnyFlippedByteComesToAnEnd) {
     const Bytes whole = SmallLog(3).bytes;
     for (std::size_t at = 0; at < whole.size(); ++at) {

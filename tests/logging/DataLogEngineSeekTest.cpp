@@ -107,36 +107,32 @@ TEST_F(DataLogEngineSeekTest, NobodyNeedBeTold) {
     EXPECT_EQ(3U, Next());
 }
 
-TEST_F(DataLogEngineSeekTest, UnknownRecordIsPassedOver) {
-    LogBytes bytes = SmallLogHead();
-    bytes.Record(0, 0, DataOf(0)).Record(7, 80, DataOf(1)).Record(0, 160, DataOf(2)).Record(0, 240, DataOf(3));
-    OpenTold(bytes.MarkEnd());
-    EXPECT_EQ(0U, log_.Seek(2, 1));
-    EXPECT_EQ(160U, log_.CurrentTime());
-    EXPECT_EQ(3U, Next());
-}
-
-TEST_F(DataLogEngineSeekTest, UnknownRecordThatPointsNoFurtherEndsIt) {
-    for (const std::uint32_t next : {0U, kSmallDataOffset, kSmallDataOffset + 15}) {
-        LogBytes bytes = SmallLogHead();
-        bytes.Record(0, 0, DataOf(0)).RecordTo(next, 7, 80, DataOf(1)).Record(0, 160, DataOf(2));
-        OpenTold(bytes.MarkEnd());
-        EXPECT_EQ(4U, log_.Seek(2, 1)) << next;
-        EXPECT_EQ(4U, log_.Seek(200, 0x201)) << next;
+TEST_F(DataLogEngineSeekTest, GoesOverUnknownRecordsAsFarAsTheyLead) {
+    const LogBytes one = SmallLogHead().Record(0, 0, DataOf(0));
+    const auto leadingTo = [&](std::uint32_t next) {
+        return LogBytes(one).RecordTo(next, 7, 80, DataOf(1)).Record(0, 160, DataOf(2)).MarkEnd();
+    };
+    const struct {
+        const char* behaviour;
+        LogBytes log;
+        std::uint32_t target, result;
+    } cases[] = {
+        {"one is passed over", LogBytes(one).Record(7, 80, DataOf(1)).Record(0, 160, DataOf(2)).MarkEnd(), 2, 0},
+        {"to the begin of the file", leadingTo(0), 2, 4},
+        {"to the begin of the data", leadingTo(kSmallDataOffset), 2, 4},
+        {"to itself", leadingTo(kSmallDataOffset + 15), 2, 4},
+        {"past the file", leadingTo(0xFFFFFFFF), 2, 7},
+        {"an enormous record is the end", SmallLog(3).PutWord32(44 + 24, 0xFFFFFFFF), 1, 7},
+        {"so is one behind the file", SmallLog(3).PutWord32(4, 0xFFFFFFF0), 1, 7},
+    };
+    for (const auto& each : cases) {
+        OpenTold(each.log);
+        EXPECT_EQ(each.result, log_.Seek(each.target, 1)) << each.behaviour;
+        if (each.result == 4) {
+            EXPECT_EQ(4U, log_.Seek(200, 0x201)) << each.behaviour;
+        }
+        EXPECT_EQ(each.result == 0 ? 160U : 0U, log_.CurrentTime()) << each.behaviour;
     }
-}
-
-TEST_F(DataLogEngineSeekTest, UnknownRecordThatPointsPastTheFileIsTheEnd) {
-    LogBytes bytes = SmallLogHead();
-    OpenTold(bytes.RecordTo(0xFFFFFFFF, 7, 80, DataOf(1)).MarkEnd());
-    EXPECT_EQ(7U, log_.Seek(1, 1));
-}
-
-TEST_F(DataLogEngineSeekTest, EnormousRecordIsTheEnd) {
-    OpenTold(SmallLog(3).PutWord32(44 + 24, 0xFFFFFFFF));
-    EXPECT_EQ(7U, log_.Seek(1, 1));
-    OpenTold(SmallLog(3).PutWord32(4, 0xFFFFFFF0));
-    EXPECT_EQ(7U, log_.Seek(1, 1));
 }
 
 TEST_F(DataLogEngineSeekTest, FailedReadEndsIt) {

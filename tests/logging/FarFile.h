@@ -10,7 +10,6 @@
 
 namespace corvex::test {
 
-// `tail` stands at `tailAt`, behind the head. For reading alone.
 class FarFile final : public IFile {
 public:
     FarFile(Bytes head, std::uint64_t tailAt, Bytes tail)
@@ -47,18 +46,17 @@ private:
     std::uint64_t position_ = 0;
 };
 
+// Whatever is opened.
 class FarFiles final : public IFileSystem {
 public:
-    FarFiles(Bytes head, std::uint64_t tailAt, Bytes tail)
-        : head_(std::move(head)), tailAt_(tailAt), tail_(std::move(tail)) {}
+    explicit FarFiles(FarFile file) : file_(std::move(file)) {}
+
     std::unique_ptr<IFile> Open(const std::string&, FileAccess, std::string*) override {
-        return std::make_unique<FarFile>(head_, tailAt_, tail_);
+        return std::make_unique<FarFile>(file_);
     }
 
 private:
-    const Bytes head_;
-    const std::uint64_t tailAt_;
-    const Bytes tail_;
+    const FarFile file_;
 };
 
 }  // namespace corvex::test

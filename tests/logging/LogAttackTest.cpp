@@ -25,11 +25,14 @@ struct Reading {
 
 class LogAttackTest : public ::testing::Test {
 protected:
+    bool Open(DataLogEngine& log, const DamagedLog& damaged) {
+        files_.Put(kPath, damaged.bytes);
+        return log.Open(kPath, kLogForLooking) == kLogSuccess;
+    }
     Reading Walk(const DamagedLog& damaged) {
         Reading reading;
         DataLogEngine log(files_);
-        files_.Put(kPath, damaged.bytes);
-        if (log.Open(kPath, kLogForLooking) != kLogSuccess) return {{}, true};
+        if (!Open(log, damaged)) return {{}, true};
         LogWalk walk(log);
         while (walk.Next())
             reading.records.push_back({walk.Offset(), walk.Record().timeMs, walk.Record().itemIndex,
@@ -41,8 +44,7 @@ protected:
     Reading Rescue(const DamagedLog& damaged) {
         Reading reading;
         DataLogEngine log(files_);
-        files_.Put(kPath, damaged.bytes);
-        if (log.Open(kPath, kLogForLooking) != kLogSuccess) return {{}, true};
+        if (!Open(log, damaged)) return {{}, true};
         std::vector<LogItem> items;
         for (std::uint32_t i = 0; i < log.ItemCount(); ++i)
             items.push_back(*log.GetItem(i));
@@ -60,8 +62,7 @@ protected:
     // As a playback reads: the records in front of the damage come, whatever comes then.
     std::size_t Played(const DamagedLog& damaged) {
         DataLogEngine log(files_);
-        files_.Put(kPath, damaged.bytes);
-        if (log.Open(kPath, kLogForLooking) != kLogSuccess) return 0;
+        if (!Open(log, damaged)) return 0;
         log.GoToData();
         const std::vector<ReadBack> records = ReadRest(log);
         std::size_t same = 0;
@@ -180,27 +181,22 @@ TEST_F(LogAttackTest, HoleOfZerosAtEveryBlock) {
     ExpectNearlyAllSaved();
 }
 
-TEST_F(LogAttackTest, BlocksInserted) {
+TEST_F(LogAttackTest, BlocksInsertedAndRemoved) {
     std::mt19937 random(3);
-    for (unsigned i = 0; i < AttackRounds(20); ++i) {
-        const WrittenLog log = WriteLog(Draw(random, 1000), 300, i % 2 != 0);
+    for (unsigned i = 0; i < AttackRounds(40); ++i) {
+        const bool crashed = i % 2 != 0, fewBytes = i % 8 < 2, inserts = i % 4 < 2;
+        const WrittenLog log = WriteLog(Draw(random, 1000), 300, crashed);
         const std::size_t at = WrittenLog::kTableEnd + Draw(random, log.bytes.size() - WrittenLog::kTableEnd);
-        SCOPED_TRACE(testing::Message() << "round " << i << " at " << at);
-        Attack(Replace(log, at, 0, Noise(random, 1 + Draw(random, i % 4 == 0 ? 8 : 5000))), at);
-    }
-    ExpectNearlyAllSaved();
-}
-
-TEST_F(LogAttackTest, BlocksRemoved) {
-    std::mt19937 random(4);
-    for (unsigned i = 0; i < AttackRounds(20); ++i) {
-        const WrittenLog log = WriteLog(Draw(random, 1000), 300, i % 2 != 0);
-        const std::size_t at = WrittenLog::kTableEnd + Draw(random, log.bytes.size() - WrittenLog::kTableEnd);
-        const std::size_t count =
-            std::min<std::size_t>(1 + Draw(random, i % 4 == 0 ? 100 : 5000), log.bytes.size() - at);
+        const std::size_t count = 1 + Draw(random, !fewBytes ? 5000 : inserts ? 8 : 100);
         SCOPED_TRACE(testing::Message() << "round " << i << " at " << at << ", " << count);
-        silent_ = i % 2 != 0 && IsBorder(log, at) && at + count == log.bytes.size();
-        Attack(Replace(log, at, count, {}), at);
+        if (inserts) {
+            Attack(Replace(log, at, 0, Noise(random, count)), at);
+            continue;
+        }
+        const std::size_t removed = std::min(count, log.bytes.size() - at);
+        silent_ = crashed && IsBorder(log, at) && at + removed == log.bytes.size();
+        Attack(Replace(log, at, removed, {}), at);
+        silent_ = false;
     }
     ExpectNearlyAllSaved();
 }
