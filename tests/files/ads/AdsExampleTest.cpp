@@ -3,10 +3,7 @@
 
 #include <set>
 
-#include "definition/ADXBitmask.h"
-#include "definition/ADXCSendCommand.h"
 #include "definition/ADXDefinition.h"
-#include "definition/ADXLookupTable.h"
 #include "definition/ADXValue.h"
 #include "files/ads/AdsConverter.h"
 #include "files/ads/AdsReader.h"
@@ -57,19 +54,6 @@ TEST_F(AdsExample, HasEveryOperationAndEveryType) {
     EXPECT_EQ(definition.GetCount(), 17u);
 }
 
-TEST_F(AdsExample, PollsItsMasterCommand) {
-    EXPECT_EQ(definition.baud, 8192u);
-    EXPECT_STREQ(definition.Author().CStr(), "The Corvex authors");
-    const auto& master = static_cast<const ADXCSendCommand&>(*definition.FindById("COMMAND0"));
-    EXPECT_EQ(definition.monitorcmd, &master);
-    ASSERT_EQ(master.size(), 5u);
-    EXPECT_EQ(master.bytestring()[4], 0xB4);
-    EXPECT_EQ(master.replysize, 24u);
-    const auto& last = static_cast<const ADXCSendCommand&>(*definition.FindById("COMMAND2"));
-    ASSERT_EQ(last.size(), 4u);
-    EXPECT_EQ(last.bytestring()[3], 0xAE);
-}
-
 TEST_F(AdsExample, ComputesItsValues) {
     const std::pair<const char*, double> numbers[] = {{"10", 800.0}, {"11", 88.0}, {"12", 80.0}, {"13", 12.5},
                                                       {"16", 120.0}, {"17", 66.0}, {"19", 70.0}};  // 19 by its table
@@ -79,23 +63,6 @@ TEST_F(AdsExample, ComputesItsValues) {
     EXPECT_EQ(Shown("15"), "08");
     EXPECT_EQ(Value("16").alarmhigh, 80.0F);
     EXPECT_EQ(Value("19").rangelow, -40.0F);
-}
-
-TEST_F(AdsExample, KeepsTheGapsOfItsTable) {
-    const auto& table = static_cast<const ADXLookupTable&>(*definition.FindById("40"));
-    EXPECT_EQ(table.GetEntryCount(), 5u);
-    EXPECT_EQ(table.Convert(33.0F), 110.0F);
-}
-
-TEST_F(AdsExample, ReadsItsBits) {
-    definition.UpdateValues({packet, sizeof packet}, 0);
-    auto& loop = static_cast<ADXBitmask&>(*definition.FindById("30"));
-    auto& knock = static_cast<ADXBitmask&>(*definition.FindById("31"));
-    char text[20] = "";
-    loop.GetText(text, sizeof text, definition, nullptr);
-    EXPECT_STREQ(text, "Closed");
-    knock.GetText(text, sizeof text, definition, nullptr);
-    EXPECT_STREQ(text, "None");
 }
 
 }  // namespace

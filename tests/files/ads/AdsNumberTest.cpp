@@ -23,26 +23,24 @@ TEST(AdsNumber, ReadsAsAtofDoes) {
     }
 }
 
-TEST(AdsNumber, WordsAndHexadecimalDigitsAreNoNumbers) {
-    EXPECT_EQ(PlainDecimal("inf"), 0.0);
-    EXPECT_EQ(PlainDecimal("nan"), 0.0);
-    EXPECT_EQ(PlainDecimal("-inf"), 0.0);
-    EXPECT_EQ(PlainDecimal("0x1F"), 0.0);
-    EXPECT_EQ(PlainDecimal("1F"), 1.0);
-}
-
-TEST(AdsNumber, OverlongNumbersSaturate) {
-    EXPECT_EQ(PlainDecimal("1e999"), kHuge);
-    EXPECT_EQ(PlainDecimal("-1e99999999999999999999"), -kHuge);
-    EXPECT_EQ(PlainDecimal("1e-999"), 0.0);
-    EXPECT_EQ(PlainDecimal("0e99999999999999999999"), 0.0);
-    EXPECT_EQ(PlainDecimal("0.0000001e-99999999999999999999"), 0.0);
-    EXPECT_EQ(PlainDecimal(std::string(400, '9')), kHuge);
-    EXPECT_EQ(PlainDecimal("0." + std::string(400, '0') + "1"), 0.0);
-    EXPECT_EQ(PlainDecimal("0." + std::string(400, '0') + "1e401"), 1.0);
-}
-
-TEST(AdsNumber, AFloatSaturatesAtItsOwnRange) {
+TEST(AdsNumber, WordsAreNoNumbersAndOverlongOnesSaturate) {
+    const std::pair<std::string, double> cases[] = {
+        {"inf", 0.0},
+        {"nan", 0.0},
+        {"-inf", 0.0},
+        {"0x1F", 0.0},
+        {"1F", 1.0},
+        {"1e999", kHuge},
+        {"-1e99999999999999999999", -kHuge},
+        {"1e-999", 0.0},
+        {"0e99999999999999999999", 0.0},
+        {"0.0000001e-99999999999999999999", 0.0},
+        {std::string(400, '9'), kHuge},
+        {"0." + std::string(400, '0') + "1", 0.0},
+        {"0." + std::string(400, '0') + "1e401", 1.0},
+    };
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(PlainDecimal(text), number) << text;
     EXPECT_EQ(PlainDecimalFloat("1e39"), std::numeric_limits<float>::infinity());
     EXPECT_EQ(PlainDecimalFloat("-1e39"), -std::numeric_limits<float>::infinity());
     EXPECT_EQ(PlainDecimalFloat("0.1"), 0.1F);

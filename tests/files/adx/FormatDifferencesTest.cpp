@@ -5,7 +5,6 @@
 #include <string>
 
 #include "definition/ADXBitmask.h"
-#include "definition/ADXListView.h"
 #include "definition/ADXValue.h"
 #include "tests/files/adx/ADXTestHelper.h"
 #include "tests/support/DefinitionCompare.h"
@@ -169,19 +168,6 @@ TEST(FormatDifferences, TextsOfBlanksAloneAreLost) {
     SaveAndLoad(definition, loaded);
     // An attribute keeps its blanks.
     ExpectLines(loaded, {"0 units = ", "0 desc = ", "0 title =   "});
-}
-
-TEST(FormatDifferences, LongTextsAreCutOnReading) {
-    ADXDefinition definition, loaded;
-    auto* const view = test::Add<ADXListView>(definition, "L");
-    const std::string text(2000, 't');
-    view->SetTitle(text.data(), 300);
-    view->SetDesc(text.data(), 2000);
-    view->SetEntryCount(1);
-    view->GetEntry(0)->title.Set(text.data(), 300);
-    SaveAndLoad(definition, loaded);
-    ExpectLines(loaded, {"0 title = " + text.substr(0, 255), "0 desc = " + text.substr(0, 1023),
-                         "0 row title = " + text.substr(0, 255)});
 }
 
 TEST(FormatDifferences, AnUnknownOperationOfABitmaskReadsBackAsAnd) {

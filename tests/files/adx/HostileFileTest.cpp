@@ -4,10 +4,7 @@
 #include <random>
 #include <string>
 
-#include "definition/ADXDashboard.h"
-#include "definition/ADXHistogram.h"
 #include "definition/ADXMacro.h"
-#include "definition/ADXValue.h"
 #include "tests/files/adx/ADXTestHelper.h"
 #include "tests/support/DefinitionGenerator.h"
 
@@ -38,15 +35,6 @@ TEST(HostileFile, AFileCutAtAnyLengthEndsInAResult) {
         failures += result.ok == 0;
     }
     EXPECT_GT(failures, text.size() / 20);
-}
-
-TEST(HostileFile, ACutFileKeepsTheObjectsBeforeTheCut) {
-    const std::string text = std::string(kRoot) + "<ADXVALUE id='A'></ADXVALUE><ADXVALUE id='B'><units>V</units";
-    ADXDefinition definition;
-    const ParseResult result = ParseText(text, definition);
-    EXPECT_EQ(result.ok, 0);
-    EXPECT_EQ(result.error, "Unexpected EOF while parsing XML file");
-    EXPECT_EQ(definition.GetCount(), 1u);
 }
 
 TEST(HostileFile, DamagedBytesEndInAResult) {
@@ -85,26 +73,6 @@ TEST(HostileFile, DeepNestingKeepsOneObject) {
     ADXDefinition definition;
     EXPECT_EQ(ParseText(text, definition).ok, 1);
     EXPECT_EQ(definition.GetCount(), 0u);
-}
-
-TEST(HostileFile, CountsOfAHistogramDoNotExhaustTheMachine) {
-    ADXDefinition definition;
-    ParseObjects(
-        "<ADXHISTOGRAM><rows>4294967295</rows><cols>4294967295</cols><xmin>nan</xmin><xmax>inf</xmax>"
-        "<historysize>4294967295</historysize></ADXHISTOGRAM>",
-        definition);
-    EXPECT_LE(Get<ADXHistogram>(definition).GetRows(), std::uint32_t{ADXHistogram::kAxisLimit});
-    EXPECT_LE(Get<ADXHistogram>(definition).GetCols(), std::uint32_t{ADXHistogram::kAxisLimit});
-}
-
-TEST(HostileFile, ACycleOfValueLinksLoadsAndComputes) {
-    ADXDefinition definition;
-    ParseObjects(
-        "<ADXVALUE id='A'><MATH equation='X'><VAR varID='X' type='link' linkIDHash='0x86F344BB'/></MATH></ADXVALUE>",
-        definition);
-    char text[40];
-    Get<ADXValue>(definition).Format(text, sizeof text, definition, nullptr);
-    EXPECT_STREQ(text, "0.00");
 }
 
 TEST(HostileFile, ManyObjectsAndLinksLoad) {

@@ -4,8 +4,6 @@
 
 #include <string>
 
-#include "definition/ADXDashboard.h"
-#include "definition/ADXHistogram.h"
 #include "files/adx/ObjectReader.h"
 #include "tests/files/adx/ADXTestHelper.h"
 
@@ -76,23 +74,6 @@ const ObjectsCase kReadObjects[] = {
 
 TEST(ObjectReader, ReadsAsTold) {
     ExpectObjects(kReadObjects);
-}
-
-TEST(DashboardReader, KeepsTheFirst255Gauges) {
-    ADXDefinition definition;
-    std::string gauges;
-    for (int i = 0; i < 300; ++i)
-        gauges += "<ADXDGENTRY gaugetype='" + std::to_string(i) + "'/>";
-    ParseObjects("<ADXDASHBOARD>" + gauges + "</ADXDASHBOARD>", definition);
-    ASSERT_EQ(Get<ADXDashboard>(definition).GetEntryCount(), 255u);
-    EXPECT_EQ(Get<ADXDashboard>(definition).GetEntry(254)->gaugetype, 254u);
-}
-
-TEST(HistogramReader, MakesTheAxes) {
-    ADXDefinition definition;
-    ParseObjects("<ADXHISTOGRAM><rows>4</rows><cols>5</cols><xmax>100</xmax><ymax>1</ymax></ADXHISTOGRAM>", definition);
-    EXPECT_EQ(Get<ADXHistogram>(definition).XTable().GetEntryCount(), 5u);
-    EXPECT_EQ(Get<ADXHistogram>(definition).YTable().GetEntryCount(), 4u);
 }
 
 }  // namespace

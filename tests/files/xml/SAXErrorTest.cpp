@@ -12,10 +12,6 @@ struct Malformed {
     const char* place;
 };
 
-void PrintTo(const Malformed& malformed, std::ostream* out) {
-    *out << malformed.name;
-}
-
 std::string Attributes(int count) {
     std::string tag = "<a";
     for (int i = 0; i < count; ++i)
@@ -107,42 +103,38 @@ const Malformed kCases[] = {
     {"ErrorOnALaterLine", "<a>\r\n\r\n <1>", kName, "3:3"},
 };
 
-class SAXError : public testing::TestWithParam<Malformed> {};
-
-TEST_P(SAXError, EndsTheParse) {
-    SAXRecorder recorder;
-    EXPECT_EQ(recorder.Parse(GetParam().text), static_cast<std::int32_t>(0x861B0002));
-    EXPECT_EQ(recorder.errorcode, static_cast<std::int32_t>(0x861B0002));
-    EXPECT_EQ(recorder.message, GetParam().message);
-    EXPECT_EQ(recorder.events.back(), "error");
-    EXPECT_EQ(recorder.places.back(), GetParam().place);
-}
-
-// Every malformed text gives the same when its characters are 16-bit, in either byte order.
-TEST_P(SAXError, IsTheSameInWideInput) {
-    const std::string& text = GetParam().text;
-    if (text.empty() || text.front() != '<' || text[1] == '\xE9') return;
-    for (const bool bigendian : {false, true}) {
+TEST(SAXError, EndsTheParse) {
+    for (const Malformed& malformed : kCases) {
+        SCOPED_TRACE(malformed.name);
         SAXRecorder recorder;
-        EXPECT_EQ(recorder.Parse(Widened(text, bigendian)), SAXParser::kSyntaxError);
-        EXPECT_EQ(recorder.message, GetParam().message);
-        EXPECT_EQ(recorder.places.back(), GetParam().place);
+        EXPECT_EQ(recorder.Parse(malformed.text), static_cast<std::int32_t>(0x861B0002));
+        EXPECT_EQ(recorder.errorcode, static_cast<std::int32_t>(0x861B0002));
+        EXPECT_EQ(recorder.message, malformed.message);
+        EXPECT_EQ(recorder.events.back(), "error");
+        EXPECT_EQ(recorder.places.back(), malformed.place);
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Messages, SAXError, testing::ValuesIn(kCases),
-                         [](const auto& each) { return std::string(each.param.name); });
-
-TEST(SAXErrors, CallEndElementBeforeTheEndTagIsKnownToBeWhole) {
-    SAXRecorder recorder;
-    EXPECT_EQ(recorder.Parse("<a></a b>"), SAXParser::kSyntaxError);
-    EXPECT_EQ(recorder.events, (Events{"document", "<a", "/a", "error"}));
+// When the characters are 16-bit, in either byte order.
+TEST(SAXError, IsTheSameInWideInput) {
+    for (const auto& [name, text, message, place] : kCases) {
+        SCOPED_TRACE(name);
+        if (text.empty() || text.front() != '<' || text[1] == '\xE9') continue;
+        for (const bool bigendian : {false, true}) {
+            SAXRecorder recorder;
+            EXPECT_EQ(recorder.Parse(Widened(text, bigendian)), SAXParser::kSyntaxError);
+            EXPECT_EQ(recorder.message, message);
+            EXPECT_EQ(recorder.places.back(), place);
+        }
+    }
 }
 
-TEST(SAXErrors, CallNothingMoreOfTheElementAtFault) {
-    SAXRecorder recorder;
+TEST(SAXErrors, CallNothingMoreOfTheElementAtFaultButItsEnd) {
+    SAXRecorder recorder, atEnd;
     EXPECT_EQ(recorder.Parse("<a>x<b c='1' d></b>"), SAXParser::kSyntaxError);
     EXPECT_EQ(recorder.events, (Events{"document", "<a", "text0 x", "error"}));
+    EXPECT_EQ(atEnd.Parse("<a></a b>"), SAXParser::kSyntaxError) << "called before its tag is known to be whole";
+    EXPECT_EQ(atEnd.events, (Events{"document", "<a", "/a", "error"}));
 }
 
 TEST(SAXErrors, CutEveryPrefixSafely) {
