@@ -60,10 +60,6 @@ struct StreamCase {
     std::size_t reads;
 };
 
-void PrintTo(const StreamCase& one, std::ostream* out) {
-    *out << one.behaviour;
-}
-
 const StreamCase kStreams[] = {
     {"TheSyncNeedsNineZerosInARow",
      Bytes(8, 0) + Bytes{kZero} + Sync() + Framed({1, 2, 3}),

@@ -39,10 +39,6 @@ struct MacroCase {
     std::uint32_t replysize = 5, repeatcount = 1;
 };
 
-void PrintTo(const MacroCase& one, std::ostream* out) {
-    *out << one.behaviour;
-}
-
 const MacroCase kMacros[] = {
     {"ItEnclosesTheCallbacksOfItsNodes", {{kPoll}}, "MacroBegin, SendBegin, SendEnd 0 5, MacroEnd 0"},
     {"NodesAreRepeated", {{kTrigger, 2}, {kPoll}}, "MacroBegin, Trigger, Trigger, SendBegin, SendEnd 0 5, MacroEnd 0"},

@@ -47,10 +47,6 @@ struct ReplyCase {
     std::size_t reads;
 };
 
-void PrintTo(const ReplyCase& one, std::ostream* out) {
-    *out << one.behaviour;
-}
-
 const ReplyCase kReplies[] = {
     {"AShortReplyKeepsItsCount", false, {1, 2, 3}, {10, 20}, 5, "SendEnd 6 2", {10, 20}, 4},
     {"AnEmptyReplyIsAReply", false, {1, 2, 3}, {}, 0, "SendEnd 0 0", {}, 1},

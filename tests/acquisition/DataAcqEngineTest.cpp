@@ -1,5 +1,3 @@
-#include <thread>
-
 #include "acquisition/DataAcqEngine.h"
 #include "tests/acquisition/EngineTestHelper.h"
 
@@ -25,26 +23,14 @@ TEST_F(DataAcqEngineTest, OpensThePortWithItsOwnTimeoutsAndQueues) {
 }
 
 TEST_F(DataAcqEngineTest, AnyFailedStepOfOpeningFails) {
-    line.failOpen = true;
-    EXPECT_EQ(engine.OpenPort("COM1", 8192), 0);
-    line.failOpen = false;
-    line.failTimeouts = true;
-    EXPECT_EQ(engine.OpenPort("COM1", 8192), 0);
-    EXPECT_FALSE(line.IsOpen());
-    line.failTimeouts = false;
-    line.failQueues = true;
-    EXPECT_EQ(engine.OpenPort("COM1", 8192), 0);
-    EXPECT_FALSE(line.IsOpen());
-    line.failQueues = false;
-    EXPECT_NE(engine.OpenPort("COM1", 8192), 0);
-}
-
-TEST_F(DataAcqEngineTest, TheDestructorClosesThePort) {
-    {
-        DataAcqEngine other(line);
-        ASSERT_NE(other.OpenPort("COM1", 8192), 0);
+    for (bool ScriptedSerial::*const fails :
+         {&ScriptedSerial::failOpen, &ScriptedSerial::failTimeouts, &ScriptedSerial::failQueues}) {
+        line.*fails = true;
+        EXPECT_EQ(engine.OpenPort("COM1", 8192), 0);
+        EXPECT_FALSE(line.IsOpen());
+        line.*fails = false;
     }
-    EXPECT_FALSE(line.IsOpen());
+    EXPECT_NE(engine.OpenPort("COM1", 8192), 0);
 }
 
 TEST_F(DataAcqEngineTest, RefusesWhatItCannotRun) {
@@ -124,23 +110,6 @@ TEST_F(DataAcqEngineTest, ATriggerIsHandedToTheCallback) {
     EXPECT_EQ(callback.last.code, 0U);
     EXPECT_EQ(engine.RunTrigger(nullptr), kResultFail);
     EXPECT_EQ(callback.words.size(), 1U);
-}
-
-// Proves under ThreadSanitizer that a stop from outside needs no lock.
-TEST_F(DataAcqEngineTest, AStopMayComeFromAnotherThread) {
-    Open();
-    line.FeedForEver(0x55, 1);
-    ADXCListenSilence silence;
-    silence.silencelen = 50;
-    silence.totaltimeout = 0xFFFFFFFF;
-    std::thread stopper([this] {
-        while (clock.PeekMilliseconds() < 1000)
-            std::this_thread::yield();
-        engine.RequestStop();
-    });
-    EXPECT_EQ(engine.RunCommand(&silence), 0);
-    stopper.join();
-    EXPECT_EQ(callback.words, (Words{"SilenceBegin", "SilenceEnd 2"}));
 }
 
 }  // namespace

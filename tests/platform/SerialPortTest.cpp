@@ -3,15 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <functional>
 #include <string>
-#include <vector>
 
-#include "acquisition/DataAcqEngine.h"
-#include "definition/ADXCSendCommand.h"
 #include "platform/Clock.h"
 #include "platform/SerialPlatform.h"
-#include "tests/support/RecordingCallback.h"
 
 namespace corvex {
 namespace {
@@ -195,25 +190,6 @@ TEST_F(SerialPortTest, NoSuchPortIsSaidInWordsAndTheOneThatIsTakesQueues) {
     EXPECT_EQ(serial_.LastError(), "no such port");
     EXPECT_TRUE(serial_.SetQueues(handle_, 1024, 512));
     EXPECT_EQ(Read(0), "");
-}
-
-TEST_F(SerialPortTest, TheEngineGetsItsReply) {
-    serial_.Close(handle_);
-    handle_ = kInvalidSerialHandle;
-    DataAcqEngine engine;
-    test::RecordingCallback callback;
-    engine.callback = &callback;
-    ASSERT_NE(engine.OpenPort(PortName().c_str(), 8192), 0);
-    ADXCSendCommand command;
-    const std::string order = "send 63 0\n";
-    command.SetBytes(reinterpret_cast<const std::uint8_t*>(order.data()), static_cast<std::uint32_t>(order.size()));
-    command.replysize = 63;
-    command.replytimeout = 5000;
-    command.flags = 1;
-    EXPECT_EQ(engine.RunCommand(&command), 0);
-    EXPECT_EQ(callback.words, (std::vector<std::string>{"SendBegin", "SendEnd 0 63"}));
-    EXPECT_EQ(callback.bytes.front(), 1);
-    EXPECT_EQ(callback.bytes.back(), 63);
 }
 
 }  // namespace
