@@ -115,16 +115,6 @@ TEST_F(ConnectThreadTest, EchoBitOutlivesTheDefinitionThatSetIt) {
     EXPECT_EQ(1U, session.engine.flags);
 }
 
-TEST_F(ConnectThreadTest, EchoIsTakenOffTheReply) {
-    session.definition.flags = 1;
-    serial.Answer({0xC0}, {0xC0, 1, 2}, 10);
-    session.definition.monitorcmd = nullptr;
-    Scan();
-    EXPECT_EQ((Calls{"read 1 -> 1", "read 1 -> 1", "read 1 -> 1"}), serial.Calls("read"));
-    EXPECT_EQ(1U, recorder.Count("reply 0 2"));
-    EXPECT_EQ(1, session.CopyLastPacket().bytes[0]);
-}
-
 // Waiters are woken and the state is shown while a new scan still can't begin.
 TEST_F(ConnectThreadTest, ScanningIsClearedLast) {
     session.definition.monitorcmd = Add<ADXValue>(session.definition, "NOCOMMAND");  // ends with the scan still wanted
@@ -142,43 +132,6 @@ TEST_F(ConnectThreadTest, ScanningIsClearedLast) {
     EXPECT_TRUE(seen);
     EXPECT_EQ(1U, Opened());
     EXPECT_EQ(1U, recorder.Count("post 32769"));
-}
-
-TEST_F(ConnectThreadTest, PortTellsItsLinesOnceItHasASink) {
-    session.engine.port.sink = &session.debug;
-    session.definition.connectcmd = session.definition.monitorcmd = nullptr;
-    Scan();
-    EXPECT_EQ("QZSerial: Successfully opened COM1\r\nQZSerial: COM1 opened at 8192 baud\r\nQZSerial: Port Closed",
-              text.Text());
-}
-
-// From the line to engineering units, through a macro, with the values of two commands kept apart.
-TEST_F(ConnectThreadTest, RepliesBecomeFormattedValues) {
-    AnswerAll();
-    ADXDefinition& definition = session.definition;
-    auto* second = AddSend(definition, "SECOND", {0xB0}, 4);
-    second->packetoffset = 1;
-    second->packetsize = 3;
-    serial.Answer({0xB0}, {0xF4, 0x50, 0x01, 0x02}, 10);
-    definition.monitorcmd = AddMacro(definition, "MACRO", {monitor, second});
-    ADXValue* coolant = AddValue(definition, "CLT", "(X*0.75)-40");
-    coolant->parentcmdidhash = second->GetIdHash();
-    coolant->digcount = 1;
-    ADXValue* speed = AddValue(definition, "RPM", "X*25");
-    speed->parentcmdidhash = monitor->GetIdHash();
-    speed->packetoffset = 1;
-    speed->outputtype = ADXValue::kInteger;
-    EndAfter(3);  // within the macro's first round: connect, MONITOR, SECOND
-    Scan();
-    char shown[32];
-    coolant->Format(shown, sizeof shown, definition, nullptr);
-    EXPECT_STREQ("20.0", shown);
-    speed->Format(shown, sizeof shown, definition, nullptr);
-    EXPECT_STREQ("100", shown);
-    EXPECT_EQ(
-        "0.010: Command/Reply Success\r\nBEGIN MACRO\r\n0.020: Command/Reply Success\r\n"
-        "0.030: Command/Reply Success\r\nEND MACRO\r\n0.040: Command/Reply Success",
-        text.Text());
 }
 
 }  // namespace

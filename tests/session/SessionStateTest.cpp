@@ -104,16 +104,6 @@ TEST_F(SessionStateTest, DestructionEndsTheScanFirst) {
     }
 }
 
-TEST_F(SessionStateTest, PublishingTellsVisibleViewsInOrder) {
-    const std::uint8_t bytes[] = {1, 2};
-    recorder.ShowDashAndList(true);
-    session.PublishSample(0.25, PacketView(bytes, 2), 0xAB);
-    EXPECT_EQ((Calls{"dash 2 0x0000AB", "list", "histograms 0 0x0000AB", "monitor 0.250 2 0x0000AB"}), recorder.Take());
-    recorder.ShowDashAndList(false);
-    session.PublishSample(0.5, PacketView(bytes, 2), 0xAB);
-    EXPECT_EQ((Calls{"histograms 0 0x0000AB", "monitor 0.500 2 0x0000AB"}), recorder.Noted());
-}
-
 // A page that reads while packets come sees one packet or the other, never half of each.
 TEST_F(SessionStateTest, LastPacketIsNeverHalfOfTwo) {
     connect->replysize = connect->packetsize = 0;
