@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 #include "apps/sim/EngineModel.h"
 #include "apps/sim/SignalNames.h"
@@ -63,16 +64,20 @@ TEST(EngineModel, DependsOnSeedKeyAndTimeAlone) {
 }
 
 TEST(SignalNames, TellsSignalsByTitleThenUnits) {
-    EXPECT_EQ(SignalOf("Engine Speed", "rpm"), Signal::kRpm);
-    EXPECT_EQ(SignalOf("Vehicle Speed (mph)", "mph"), Signal::kSpeed);
-    EXPECT_EQ(SignalOf("Coolant Temperature", "C"), Signal::kCoolant);
-    EXPECT_EQ(SignalOf("TPS", "%"), Signal::kThrottle);
-    EXPECT_EQ(SignalOf("Oxygen Sensor Left", "mV"), Signal::kOxygen);
-    EXPECT_EQ(SignalOf("Battery Voltage", "V"), Signal::kVoltage);
-    EXPECT_EQ(SignalOf("Manifold Pressure", "kPa"), Signal::kManifold);
-    EXPECT_EQ(SignalOf("Desired", "RPM"), Signal::kRpm);
-    EXPECT_EQ(SignalOf("Deviation", ""), Signal::kOwn);
-    EXPECT_EQ(SignalOf("", ""), Signal::kOwn);
+    const std::tuple<const char*, const char*, Signal> cases[] = {
+        {"Engine Speed", "rpm", Signal::kRpm},
+        {"Vehicle Speed (mph)", "mph", Signal::kSpeed},
+        {"Coolant Temperature", "C", Signal::kCoolant},
+        {"TPS", "%", Signal::kThrottle},
+        {"Oxygen Sensor Left", "mV", Signal::kOxygen},
+        {"Battery Voltage", "V", Signal::kVoltage},
+        {"Manifold Pressure", "kPa", Signal::kManifold},
+        {"Desired", "RPM", Signal::kRpm},
+        {"Deviation", "", Signal::kOwn},
+        {"", "", Signal::kOwn},
+    };
+    for (const auto& [title, units, signal] : cases)
+        EXPECT_EQ(SignalOf(title, units), signal) << title;
 }
 
 }  // namespace
