@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <ostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "checking/DefinitionChecker.h"
@@ -14,21 +11,29 @@
 #include "definition/ADXMacro.h"
 #include "definition/ADXValue.h"
 #include "tests/checking/CheckTestHelper.h"
+#include "tests/support/AdxText.h"
+#include "tests/support/DefinitionTestHelper.h"
 
 namespace corvex {
 namespace {
 
 const std::string kExact = "X" + std::string(98, ' ');  // the longest equation that a save keeps
 
+// A send command S of so many bytes, with a reply.
+std::string SendOf(int bytes, int replysize, int timeout, int packetsize, const std::string& flags = "flags='0x1'",
+                   const std::string& more = "") {
+    return "<ADXCSENDCOMMAND id='S' title='S' " + flags + "><bytestring size='" + std::to_string(bytes) + "'>" +
+           std::string("1 2 3 4 5 ").substr(0, 2 * static_cast<std::size_t>(bytes)) + "</bytestring>" +
+           test::AdxTag("replysize", std::to_string(replysize)) +
+           test::AdxTag("replytimeout", std::to_string(timeout)) + more +
+           test::AdxTag("packetsize", std::to_string(packetsize)) + "</ADXCSENDCOMMAND>";
+}
+
 // The definition that all cases grow out of says nothing, so each case shows just its own findings.
 struct FileCase {
     const char* name;
     std::string objects, lines;
 };
-
-void PrintTo(const FileCase& tried, std::ostream* out) {
-    *out << tried.name;
-}
 
 const FileCase kFileCases[] = {
     {"SoundDefinition", ValueText("RPM", "X*25"), ""},
@@ -154,38 +159,22 @@ const FileCase kFileCases[] = {
      "warning lost-on-save listen for chatter \"C\" (C): a save writes the size 16 in decimal, which reads back as "
      "22\n"},
     // 63 bytes back and 5 out are 83.0 ms at 8192 baud.
-    {"TimeoutThatTheLineCannotMeet",
-     "<ADXCSENDCOMMAND id='S' title='S' flags='0x1'><bytestring size='0x5'>1 2 3 4 5 "
-     "</bytestring><replysize>63</replysize><replytimeout>83</replytimeout><packetsize>20</packetsize></"
-     "ADXCSENDCOMMAND>",
+    {"TimeoutThatTheLineCannotMeet", SendOf(5, 63, 83, 20),
      "error timeout send command \"S\" (S): replytimeout is 83 ms, but 5 bytes out and 63 back take 83.0 ms at 8192 "
      "baud\n"},
-    {"TimeoutThatTheLineCanMeet",
-     "<ADXCSENDCOMMAND id='S' title='S' flags='0x1'><bytestring size='0x5'>1 2 3 4 5 "
-     "</bytestring><replysize>63</replysize><replytimeout>84</replytimeout><packetsize>20</packetsize></"
-     "ADXCSENDCOMMAND>",
-     ""},
+    {"TimeoutThatTheLineCanMeet", SendOf(5, 63, 84, 20), ""},
     // 0 is no limit.
-    {"ReplyWithoutALimit",
-     "<ADXCSENDCOMMAND id='S' title='S' flags='0x1'><bytestring size='0x1'>1 "
-     "</bytestring><replysize>3</replysize><replytimeout>0</replytimeout><packetsize>3</packetsize></ADXCSENDCOMMAND>",
+    {"ReplyWithoutALimit", SendOf(1, 3, 0, 3),
      "warning timeout send command \"S\" (S): replytimeout is 0, which is no limit: on a silent line it waits until "
      "the scan is stopped\n"},
-    {"NothingToWaitFor",
-     "<ADXCSENDCOMMAND id='S' title='S' flags='0x0'><bytestring size='0x1'>1 "
-     "</bytestring><replysize>0</replysize><replytimeout>0</replytimeout><packetsize>0</packetsize></ADXCSENDCOMMAND>",
-     ""},
-    {"ReplyOfNoBytesWithoutALimit",
-     "<ADXCSENDCOMMAND id='S' title='S' flags='0x1'><bytestring size='0x1'>1 "
-     "</bytestring><replysize>0</replysize><replytimeout>0</replytimeout><packetsize>0</packetsize></ADXCSENDCOMMAND>",
+    {"NothingToWaitFor", SendOf(1, 0, 0, 0, "flags='0x0'"), ""},
+    {"ReplyOfNoBytesWithoutALimit", SendOf(1, 0, 0, 0),
      "warning no-packet send command \"S\" (S): packetsize is 0: pages that read the last packet see none of it\n"},
     {"ChatterWithoutALimit",
      Object("ADXCLISTENCHATTER", "C", "<listentimeout>0</listentimeout><bytestring size='2'>0x01 0x02 </bytestring>"),
      "warning timeout listen for chatter \"C\" (C): listentimeout is 0, which is no limit: on a silent line it waits "
      "until the scan is stopped\n"},
-    {"PacketBeyondItsReply",
-     "<ADXCSENDCOMMAND id='S' title='S' flags='0x1'><bytestring size='0x1'>1 "
-     "</bytestring><replysize>10</replysize><packetoffset>3</packetoffset><packetsize>8</packetsize></ADXCSENDCOMMAND>",
+    {"PacketBeyondItsReply", SendOf(1, 10, 200, 8, "flags='0x1'", "<packetoffset>3</packetoffset>"),
      "error packet-place send command \"S\" (S): packetoffset 3 and packetsize 8 reach beyond the reply of 10 bytes\n"},
     {"BitmaskThatIsNeverSet", Object("ADXBITMASK", "B", "<operand>0x01</operand><result>0x02</result>"),
      "error mask bitmask \"B\" (B): result 0x00000002 has bits outside operand 0x00000001 and field: it is never "
@@ -199,14 +188,10 @@ const FileCase kFileCases[] = {
      "lost\n"},
 };
 
-class DefinitionCheckerFileTest : public ::testing::TestWithParam<FileCase> {};
-
-TEST_P(DefinitionCheckerFileTest, SaysJustWhatAnAuthorMustKnow) {
-    EXPECT_EQ(Lines(CheckText(DefinitionWith(GetParam().objects))), GetParam().lines);
+TEST(DefinitionCheckerTest, SaysJustWhatAnAuthorMustKnow) {
+    for (const FileCase& one : kFileCases)
+        EXPECT_EQ(Lines(CheckText(DefinitionWith(one.objects))), one.lines) << one.name;
 }
-
-INSTANTIATE_TEST_SUITE_P(All, DefinitionCheckerFileTest, ::testing::ValuesIn(kFileCases),
-                         [](const auto& test) { return std::string(test.param.name); });
 
 TEST(DefinitionCheckerTest, NamesHeaderCommandsThatAreMissing) {
     const auto findings =
@@ -251,18 +236,9 @@ std::string LostOf(const ADXDefinition& definition) {
     return text;
 }
 
-template <class T>
-T& Add(ADXDefinition& definition, const char* id) {
-    auto object = std::make_unique<T>();
-    object->SetId(id);
-    T& added = *object;
-    definition.InsertAt(std::move(object), 0xFFFFFFFF);
-    return added;
-}
-
 TEST(DefinitionCheckerTest, ForetellsTableRowsThatASaveLoses) {
     ADXDefinition definition;
-    auto& table = Add<ADXLookupTable>(definition, "T");
+    auto& table = *test::Add<ADXLookupTable>(definition, "T");
     table.AddEntry(1.0F, 2.0F);
     table.SetOutputType(ADXLookupTable::kInteger);
     EXPECT_EQ(LostOf(definition), "its row will be dropped on reading: outputtype 1 keeps none\n");
@@ -270,10 +246,10 @@ TEST(DefinitionCheckerTest, ForetellsTableRowsThatASaveLoses) {
 
 TEST(DefinitionCheckerTest, NamesIdsThatASaveDoesNotEscape) {
     ADXDefinition definition;
-    auto& silence = Add<ADXCListenSilence>(definition, "A&B");
+    auto& silence = *test::Add<ADXCListenSilence>(definition, "A&B");
     ADXMacroNode node;
     node.command = &silence;
-    Add<ADXMacro>(definition, "M").AddNode(&node);
+    test::Add<ADXMacro>(definition, "M")->AddNode(&node);
     definition.connectcmd = &silence;
     const std::string rest =
         " \"A&B\" holds a &, which is saved unescaped: the saved file cannot be read back as it was\n";
@@ -282,7 +258,7 @@ TEST(DefinitionCheckerTest, NamesIdsThatASaveDoesNotEscape) {
 
 TEST(DefinitionCheckerTest, NamesBytesThatDoNotComeBackFromASave) {
     ADXDefinition definition;
-    auto& send = Add<ADXCSendCommand>(definition, "S");
+    auto& send = *test::Add<ADXCSendCommand>(definition, "S");
     const std::vector<std::uint8_t> bytes(205, 1);
     send.SetBytes(bytes.data(), 204);
     EXPECT_EQ(LostOf(definition), "");
@@ -292,14 +268,14 @@ TEST(DefinitionCheckerTest, NamesBytesThatDoNotComeBackFromASave) {
 
 TEST(DefinitionCheckerTest, NamesNumbersFinerThanSixDecimals) {
     ADXDefinition definition;
-    Add<ADXValue>(definition, "V").rangelow = 0.0000001F;
+    test::Add<ADXValue>(definition, "V")->rangelow = 0.0000001F;
     EXPECT_EQ(LostOf(definition), "range low 1e-07 is saved as 0.000000\n");
 }
 
 TEST(DefinitionCheckerTest, NamesChatterSizesThatReadBackWrong) {
     ADXDefinition definition;
     const std::uint8_t bytes[10] = {};
-    Add<ADXCListenChatter>(definition, "C").SetBytes(bytes, 10);
+    test::Add<ADXCListenChatter>(definition, "C")->SetBytes(bytes, 10);
     EXPECT_EQ(LostOf(definition), "a save writes the size 10 in decimal, which reads back as 16\n");
 }
 
