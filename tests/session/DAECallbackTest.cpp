@@ -1,4 +1,5 @@
 #include <memory>
+#include <tuple>
 
 #include "acquisition/DataAcqEngine.h"
 #include "definition/ADXCListenChatter.h"

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "logging/LogWalk.h"
 #include "tests/session/SessionTestHelper.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/LogBytes.h"
@@ -55,11 +56,9 @@ protected:
         EXPECT_EQ(kLogSuccess, log.Open(path.c_str(), kLogForLooking));
         EXPECT_EQ(log.FileSize() + 1, log.header.endMark);
         std::vector<Read> reads;
-        LogRecord record;
-        const LogItem* item = nullptr;
-        std::uint8_t data[100];
-        while (log.ReadRecord(&record, data, sizeof data, &item) == kLogSuccess)
-            reads.push_back({record.timeMs, Bytes(data, data + item->packedSize)});
+        LogWalk walk(log);
+        while (walk.Next())
+            reads.push_back({walk.Record().timeMs, Bytes(walk.Packed(), walk.Packed() + walk.Item().packedSize)});
         EXPECT_EQ(reads.size(), log.header.sampleCount);
         return reads;
     }

@@ -42,13 +42,9 @@ protected:
         ASSERT_TRUE(Eventually([&] { return session.connectionState == kConnected; }));
     }
     bool Grows() {
-        const std::uint64_t before = Size();
-        return Eventually([&] { return session.log.State() == kLogRecording && Size() > before; });
-    }
-    std::uint64_t Size() const {
-        std::error_code none;
-        const auto size = std::filesystem::file_size(folder.Path() / "temp.xdl", none);
-        return none ? 0 : size;
+        const std::size_t before = folder.Content("temp.xdl").size();
+        return Eventually(
+            [&] { return session.log.State() == kLogRecording && folder.Content("temp.xdl").size() > before; });
     }
     void EndScan() {
         session.ToggleScan();

@@ -79,29 +79,15 @@ private:
     void Object(const ADXObject& object) {
         Members("type", object.GetType(), "idhash", object.GetIdHash(), "baseflags", object.GetBaseFlags(), "title",
                 object.Title(), "desc", object.Desc());
-        switch (object.GetType()) {
-            case kTypeValue:
-                return Value(static_cast<const ADXValue&>(object));
-            case kTypeBitmask:
-                return Bitmask(static_cast<const ADXBitmask&>(object));
-            case kTypeLookupTable:
-                return Table(static_cast<const ADXLookupTable&>(object));
-            case kTypeListView:
-                return ListView(static_cast<const ADXListView&>(object));
-            case kTypeDashboard:
-                return Dashboard(static_cast<const ADXDashboard&>(object));
-            case kTypeMonitor:
-                return Monitor(static_cast<const ADXMonitor&>(object));
-            case kTypeHistogram:
-                return Histogram(static_cast<const ADXHistogram&>(object));
-            case kTypeMacro:
-                return Macro(static_cast<const ADXMacro&>(object));
-            default:
-                return Command(object);
-        }
+        DescribeIf<ADXValue, ADXBitmask, ADXLookupTable, ADXListView, ADXDashboard, ADXMonitor, ADXHistogram, ADXMacro,
+                   ADXCSendCommand, ADXCListenSilence, ADXCListenChatter, ADXC160BaudListen, ADXCTrigger>(object);
+    }
+    template <class... Classes>
+    void DescribeIf(const ADXObject& object) {
+        ((As<Classes>(&object) != nullptr ? Describe(*As<Classes>(&object)) : void()), ...);
     }
 
-    void Value(const ADXValue& value) {
+    void Describe(const ADXValue& value) {
         Members("flags", value.flags, "parentcmdidhash", value.parentcmdidhash, "units", value.Units(), "packetoffset",
                 value.packetoffset, "sizeinbits", value.sizeinbits, "rangelow", value.rangelow, "rangehigh",
                 value.rangehigh, "alarmlow", value.alarmlow, "alarmhigh", value.alarmhigh, "digcount", value.digcount,
@@ -117,14 +103,14 @@ private:
         }
     }
 
-    void Bitmask(const ADXBitmask& bitmask) {
+    void Describe(const ADXBitmask& bitmask) {
         Members("flags", bitmask.flags, "parentcmdidhash", bitmask.parentcmdidhash, "truestring", bitmask.TrueString(),
                 "falsestring", bitmask.FalseString(), "alarmonsetcolor", bitmask.alarmonsetcolor, "alarmonnotsetcolor",
                 bitmask.alarmonnotsetcolor, "packetoffset", bitmask.packetoffset, "sizeinbits", bitmask.sizeinbits,
                 "operand", bitmask.operand, "bitop", bitmask.bitop, "result", bitmask.result);
     }
 
-    void Table(const ADXLookupTable& table) {
+    void Describe(const ADXLookupTable& table) {
         Members("flags", table.flags, "inputtype", table.inputtype, "outputtype", table.GetOutputType(), "lookupmode",
                 table.GetLookupMode(), "entries", table.GetEntryCount());
         for (std::uint32_t i = 0; i < table.GetEntryCount(); ++i) {
@@ -137,7 +123,7 @@ private:
         }
     }
 
-    void ListView(const ADXListView& view) {
+    void Describe(const ADXListView& view) {
         Members("flags", view.flags, "entries", view.GetEntryCount());
         for (std::uint32_t i = 0; i < view.GetEntryCount(); ++i) {
             const ADXLVENTRY& row = *view.GetEntry(i);
@@ -147,7 +133,7 @@ private:
         }
     }
 
-    void Dashboard(const ADXDashboard& dashboard) {
+    void Describe(const ADXDashboard& dashboard) {
         Members("flags", dashboard.flags, "entries", dashboard.GetEntryCount());
         for (std::uint32_t i = 0; i < dashboard.GetEntryCount(); ++i) {
             const ADXDGENTRY& gauge = *dashboard.GetEntry(i);
@@ -157,7 +143,7 @@ private:
         }
     }
 
-    void Monitor(const ADXMonitor& monitor) {
+    void Describe(const ADXMonitor& monitor) {
         Members("flags", monitor.flags, "entries", monitor.GetEntryCount());
         for (std::uint32_t i = 0; i < monitor.GetEntryCount(); ++i) {
             const ADXMONSERIES& series = *monitor.GetEntry(i);
@@ -167,7 +153,7 @@ private:
         }
     }
 
-    void Histogram(const ADXHistogram& histogram) {
+    void Describe(const ADXHistogram& histogram) {
         Members("flags", histogram.flags, "parentcmdidhash", histogram.parentcmdidhash, "rows", histogram.GetRows(),
                 "cols", histogram.GetCols(), "xmin", histogram.GetXMin(), "xmax", histogram.GetXMax(), "ymin",
                 histogram.GetYMin(), "ymax", histogram.GetYMax(), "historysize", histogram.GetHistorySize(), "xidhash",
@@ -175,7 +161,7 @@ private:
                 "y", histogram.GetY(), "z", histogram.GetZ());
     }
 
-    void Macro(const ADXMacro& macro) {
+    void Describe(const ADXMacro& macro) {
         Members("flags", macro.flags, "repeatcount", macro.repeatcount, "nodes", macro.GetNodeCount());
         for (std::uint32_t i = 0; i < macro.GetNodeCount(); ++i) {
             ADXMacroNode node;
@@ -185,28 +171,23 @@ private:
         }
     }
 
-    void Command(const ADXObject& object) {
-        if (object.GetType() == kTypeSendCommand) {
-            const auto& command = static_cast<const ADXCSendCommand&>(object);
-            Bytes(command.bytestring(), command.size());
-            Members("replysize", command.replysize, "replytimeout", command.replytimeout, "packetoffset",
-                    command.packetoffset, "packetsize", command.packetsize, "flags", command.flags);
-        } else if (object.GetType() == kTypeListenSilence) {
-            const auto& command = static_cast<const ADXCListenSilence&>(object);
-            Members("silencelen", command.silencelen, "totaltimeout", command.totaltimeout);
-        } else if (object.GetType() == kTypeListenChatter) {
-            const auto& command = static_cast<const ADXCListenChatter&>(object);
-            Members("listentimeout", command.listentimeout);
-            Bytes(command.bytestring(), command.size());
-            Members("flags", command.flags);
-        } else if (object.GetType() == kType160BaudListen) {
-            const auto& command = static_cast<const ADXC160BaudListen&>(object);
-            Members("flags", command.flags, "packetsize", command.packetsize);
-        } else if (object.GetType() == kTypeTrigger) {
-            const auto& command = static_cast<const ADXCTrigger&>(object);
-            Members("triggertype", command.triggertype, "flags", command.flags);
-        }
+    void Describe(const ADXCSendCommand& command) {
+        Bytes(command.bytestring(), command.size());
+        Members("replysize", command.replysize, "replytimeout", command.replytimeout, "packetoffset",
+                command.packetoffset, "packetsize", command.packetsize, "flags", command.flags);
     }
+    void Describe(const ADXCListenSilence& command) {
+        Members("silencelen", command.silencelen, "totaltimeout", command.totaltimeout);
+    }
+    void Describe(const ADXCListenChatter& command) {
+        Members("listentimeout", command.listentimeout);
+        Bytes(command.bytestring(), command.size());
+        Members("flags", command.flags);
+    }
+    void Describe(const ADXC160BaudListen& command) {
+        Members("flags", command.flags, "packetsize", command.packetsize);
+    }
+    void Describe(const ADXCTrigger& command) { Members("triggertype", command.triggertype, "flags", command.flags); }
 
     const ADXDefinition& definition_;
     std::string where_;
