@@ -13,17 +13,16 @@ using test::Bytes;
 using test::LogBytes;
 
 std::string At(int offset, const std::string& id) {
-    return "<ADXVALUE id=\"" + id + "\" title=\"" + id + " title\"><units>u" + id + "</units><packetoffset>" +
-           std::to_string(offset) + "</packetoffset><MATH equation=\"X\" /></ADXVALUE>\n";
+    return ValueText(id, "X", test::AdxTag("units", "u" + id) + test::AdxTag("packetoffset", std::to_string(offset)));
 }
 
 // Keys 0, 50 and 100 across, 0 and 2.5 down.
 std::string HistogramOf(const std::string& id, const std::string& command, const std::string& more = "") {
-    return "<ADXHISTOGRAM id=\"" + id + "\" title=\"" + id + " title\"><parentcmdidhash>" + command +
-           "</parentcmdidhash><rows>2</rows><cols>3</cols><xmin>0</xmin><xmax>100</xmax><ymin>0</ymin><ymax>2.5</ymax>"
-           "<historysize>10</historysize><xidhash>" +
-           test::AdxHash("X") + "</xidhash><yidhash>" + test::AdxHash("Y") + "</yidhash><zidhash>" +
-           test::AdxHash("Z") + "</zidhash>" + more + "</ADXHISTOGRAM>\n";
+    return "<ADXHISTOGRAM id=\"" + id + "\" title=\"" + id + " title\">" + test::AdxTag("parentcmdidhash", command) +
+           "<rows>2</rows><cols>3</cols><xmin>0</xmin><xmax>100</xmax><ymin>0</ymin><ymax>2.5</ymax>" +
+           test::AdxTag("historysize", "10") + test::AdxTag("xidhash", test::AdxHash("X")) +
+           test::AdxTag("yidhash", test::AdxHash("Y")) + test::AdxTag("zidhash", test::AdxHash("Z")) + more +
+           "</ADXHISTOGRAM>\n";
 }
 
 class HistogramCommandTest : public ::testing::Test {
