@@ -138,19 +138,6 @@ TEST_F(PlayCommandTest, OneKeyPlaysAndPauses) {
     EXPECT_STREQ("Log Playing", LeftPanel());
 }
 
-TEST_F(PlayCommandTest, StopWhilePausedClosesTheLogAndResetsTheSlider) {
-    PlayWaiting();
-    PauseAndRest();
-    recorder.Take();
-    session.StopCommand();
-    ASSERT_TRUE(recorder.WaitFor(kStoppedPlayback));
-    session.OnLogStopped();
-    EXPECT_EQ(kLogClosed, session.log.State());
-    EXPECT_EQ(kNotConnected, session.connectionState);
-    EXPECT_EQ(1U, recorder.Count("slider 0"));
-    EXPECT_NE(std::string::npos, text.Text().find("Playback stopped"));
-}
-
 // Else the header is written back, and a log that may not be written to cannot be opened.
 TEST_F(PlayCommandTest, LogThatIsOnlyLookedAtIsNotWrittenTo) {
     using std::filesystem::last_write_time;

@@ -39,26 +39,6 @@ TEST_F(RecordCommandTest, TakesTheRepliesOfAConnectedLine) {
     EXPECT_EQ((std::vector<Read>{{0, {1, 2}}, {10, {3, 4}}, {20, {3, 4}}, {30, {5, 6}}}), Recorded());
 }
 
-TEST_F(RecordCommandTest, FirstRecordHasTimeZeroHoweverLongTheScanRan) {
-    AnswerAll();
-    AutoResetEvent reached(false), recording(false);
-    recorder.onReplyEnded = [&, replies = 0](const DataAcqStatus&, PacketView) mutable {
-        ++replies;
-        if (replies == 3) {
-            clock.AdvanceMilliseconds(60'000);
-            reached.Set();
-            recording.Wait();
-        }
-        if (replies == 5) session.scanning = 0;
-    };
-    session.ToggleScan();
-    reached.Wait();
-    session.RecordCommand();
-    recording.Set();
-    ASSERT_TRUE(WaitForThreads());
-    EXPECT_EQ((std::vector<Read>{{0, {3, 4}}, {10, {3, 4}}, {20, {5, 6}}}), Recorded());
-}
-
 // A scan that ends leaves the recording waiting; the gap shows in the time.
 TEST_F(RecordCommandTest, OutlastsTheScan) {
     RecordScan(2);

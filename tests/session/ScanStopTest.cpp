@@ -98,17 +98,5 @@ TEST_F(ScanStopTest, TwoStopsDuringTheMonitorDoNotCut) {
     EXPECT_EQ(1U, recorder.Count("reply 0 2"));
 }
 
-TEST_F(ScanStopTest, WhatAStopCutIsNoError) {
-    serial.Answer({0xC0}, {1, 2});
-    session.ToggleScan();
-    ASSERT_TRUE(WaitForWrite("write 160"));
-    EXPECT_EQ(kConnected, session.connectionState);
-    Stop();
-    ASSERT_TRUE(WaitForThreads());
-    EXPECT_EQ(0U, session.errorCount);
-    EXPECT_EQ(0U, recorder.Count("flash ALDL Data Error! 0x000000 0x0000FF 500"));
-    EXPECT_EQ(2U, recorder.Count("reply 2 -"));
-}
-
 }  // namespace
 }  // namespace corvex::test
