@@ -93,21 +93,6 @@ TEST_F(DataLogEnginePlaybackTest, FailedReadEndsItWithoutAnEnd) {
     EXPECT_EQ(kLogReady, log_.State());
 }
 
-TEST_F(DataLogEnginePlaybackTest, FailedReadIsReadAgainByTheNextPlayback) {
-    ASSERT_EQ(0U, Open(SmallLog(6000, 1)));
-    log_.SetCallback(&told_);
-    log_.speed = 0.0F;
-    for (const bool fails : {true, false}) {
-        files_.failReads = fails;
-        ASSERT_EQ(0U, log_.StartPlayback());
-        ASSERT_TRUE(Ends());
-    }
-    const std::vector<Bytes> data = DeliveredData();
-    ASSERT_EQ(6000U, data.size());
-    for (std::uint32_t i = 0; i < 6000; ++i)
-        ASSERT_EQ(DataOf(i), data[i]) << i;
-}
-
 TEST_F(DataLogEnginePlaybackTest, StandsAtItsEndOrBeginsAnewFromPastTheEndMark) {
     for (const bool past : {false, true}) {
         const std::size_t before = told_.RecordCount();

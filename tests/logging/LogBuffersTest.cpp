@@ -38,6 +38,7 @@ TEST(LogBuffersTest, ReplyIsNoLargerThanItsRecordAndMaskCouldFill) {
                  {0, 65536, 0, 65536},
                  {63, 0, 155, 0},
                  {3, kHuge, 1'000'000, 65536},
+                 {0, kHuge, 200'000, 65536},
                  {100'000, kHuge, 1'000'000, 100'000 + 2040},
                  {kHuge, kHuge, 1'000'000, 1'000'000 + 2040},
                  {kHuge, kHuge, kHuge, kHuge}};

@@ -161,17 +161,6 @@ TEST_F(LogWalkTest, EnormousReplyIsCutToWhatTheFileJustifies) {
     EXPECT_EQ(0, full.replies.at(2).back());
 }
 
-// Two thousand records of no data could otherwise be made to cost the whole file each.
-TEST_F(LogWalkTest, RecordsWithoutDataDoNotCostTheWholeFile) {
-    LogBytes bytes;
-    bytes.Header(kSmallDataOffset, 0).ItemCount(1).Item(kId, kTypeSendCommand, 0, 0xFFFFFFFF, Bytes(15, 0xFF));
-    bytes.RecordTo(bytes.DataOffsetFor({15}) + 12, 0, 0, {}).Raw(Bytes(200'000, 0));
-    ASSERT_EQ(0U, Open(bytes, kLogForLooking));
-    LogWalk walk(log_);
-    ASSERT_TRUE(walk.Next());
-    EXPECT_EQ(65536U, walk.Reply().Size());
-}
-
 TEST_F(LogWalkTest, BeginsWhereAPlaybackWould) {
     ASSERT_EQ(0U, Open(SmallLog(4), kLogForLooking));
     log_.header.endMark = kSmallDataOffset;  // so that any position is past it
@@ -187,28 +176,6 @@ TEST_F(LogWalkTest, FailedReadIsTold) {
     }
     EXPECT_EQ(1U, walk.Result());
     EXPECT_LT(1000U, walk.Records());
-}
-
-TEST_F(LogWalkTest, LiveRecordingIsWalkedAsFarAsItIs) {
-    BeginRecording();
-    DataLogEngine looking(files_);
-    for (std::uint32_t i = 0; i < 50; ++i) {
-        ASSERT_EQ(0U, AddRecord(i));
-        ASSERT_EQ(0U, looking.Open(kPath, kLogForLooking));
-        const Walked walked = WalkAll(looking);
-        EXPECT_EQ(7U, walked.result);
-        ASSERT_EQ(i + 1, walked.records);
-        EXPECT_EQ(DataOf(i), walked.replies.back());
-        EXPECT_EQ(0U, walked.left);
-    }
-    // A walk that has begun meets what comes meanwhile.
-    ASSERT_EQ(0U, looking.Open(kPath, kLogForLooking));
-    LogWalk walk(looking);
-    ASSERT_TRUE(walk.Next());
-    ASSERT_EQ(0U, AddRecord(50));
-    while (walk.Next()) {
-    }
-    EXPECT_EQ(51U, walk.Records());
 }
 
 }  // namespace
