@@ -87,16 +87,11 @@ TEST(TextForms, DecimalFloatReadsTheLeadingNumber) {
     EXPECT_TRUE(std::isnan(DecimalFloat("nan")));
 }
 
-TEST(TextForms, TheLargestFloatKeepsItself) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%f", static_cast<double>(std::numeric_limits<float>::max()));
-    EXPECT_EQ(DecimalFloat(text), std::numeric_limits<float>::max());
-}
-
 TEST(TextForms, DecimalFloatAgreesWithTheLibraryInTheCLocale) {
     std::mt19937 random(1);
     for (int i = 0; i < 20000; ++i) {
-        const double number = (static_cast<double>(random()) - 2147483648.0) / (1 << random() % 24);
+        double number = (static_cast<double>(random()) - 2147483648.0) / (1 << random() % 24);
+        if (i == 1) number = static_cast<double>(std::numeric_limits<float>::max());
         char text[64];
         std::snprintf(text, sizeof text, i % 2 != 0 ? "%f" : "%.15g", number);
         EXPECT_EQ(DecimalFloat(text), static_cast<float>(std::atof(text))) << text;
@@ -120,16 +115,13 @@ TEST(TextForms, NamesMatchInAnyCase) {
     EXPECT_FALSE(SameName("@", "`"));
 }
 
-TEST(TextForms, CharactersOfANarrowFileKeepTheirByte) {
+TEST(TextForms, CharactersOfANarrowFileKeepTheirByteAndOthersBecomeQuestionMarks) {
     for (int byte = 0; byte < 256; ++byte) {
         const auto widened = static_cast<char16_t>(static_cast<signed char>(byte));
         EXPECT_EQ(NarrowCharacter(widened), static_cast<char>(byte)) << byte;
     }
-    EXPECT_EQ(NarrowCharacter(0xFFE9), '\xE9');
-}
-
-TEST(TextForms, CharactersWithoutAByteBecomeQuestionMarks) {
-    EXPECT_EQ(NarrowCharacter(0xE9), '\xE9');
+    for (const char16_t c : {u'\xFFE9', u'\xE9'})
+        EXPECT_EQ(NarrowCharacter(c), '\xE9');
     for (const char16_t c : {u'\x100', u'\x20AC', u'\xFF7F'})
         EXPECT_EQ(NarrowCharacter(c), '?');
 }
