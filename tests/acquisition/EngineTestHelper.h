@@ -67,8 +67,6 @@ protected:
             text += (text.empty() ? "" : " ") + std::to_string(ms);
         return text;
     }
-    // So many bytes, read one by one.
-    static Words Reads(std::size_t count) { return Words(count, "read 1 -> 1"); }
 
     // A send of 1 2 3 that expects a reply of five bytes.
     void MakePoll(ADXCSendCommand& command) {

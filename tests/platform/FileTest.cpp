@@ -86,20 +86,15 @@ TEST_F(FileTest, EndsWhereItStands) {
     }
 }
 
-TEST_F(FileTest, ReadingPastTheEndGivesNothing) {
-    Fill("abc");
-    const auto file = Open(FileAccess::kRead);
-    ASSERT_TRUE(file && file->Seek(0xFFFFFFFF));
-    char byte = 0;
-    EXPECT_EQ(0U, file->Read(&byte, 1));
-}
-
-TEST_F(FileTest, FileToReadTakesNoWrites) {
+TEST_F(FileTest, FileToReadGivesNothingPastItsEndAndTakesNoWrites) {
     Fill("abc");
     const auto file = Open(FileAccess::kRead);
     ASSERT_TRUE(file);
     EXPECT_FALSE(file->Write("x", 1));
     EXPECT_FALSE(file->EndHere());
+    ASSERT_TRUE(file->Seek(0xFFFFFFFF));
+    char byte = 0;
+    EXPECT_EQ(0U, file->Read(&byte, 1));
     EXPECT_EQ("abc", Content());
 }
 

@@ -120,26 +120,11 @@ TEST_F(SerialPortTest, TheTotalCutsAStreamWithShortGaps) {
     EXPECT_EQ(bytes, Numbered(1, static_cast<int>(bytes.size())));
 }
 
-TEST_F(SerialPortTest, TheMultiplierMakesTheTotalGrowWithTheCount) {
-    Times({20, 10, 100, 0, 300});
-    EXPECT_EQ(Read(5), "");
-    EXPECT_GE(took_, 150.0 - kTick);
-    EXPECT_EQ(Read(20), "");
-    EXPECT_GE(took_, 300.0 - kTick);
-}
-
 TEST_F(SerialPortTest, WithoutAnIntervalOnlyTheTotalEndsAShortRead) {
     Times({0, 0, 1000, 0, 300});
     Order("split 2 120 1");
     EXPECT_EQ(Read(5), Numbered(1, 3));
     EXPECT_GE(took_, 1000.0 - kTick);
-}
-
-TEST_F(SerialPortTest, HandsOverByteByByte) {
-    Times({1000, 0, 5000, 0, 300});
-    Order("send 100 0");
-    for (int i = 0; i < 100; ++i)
-        ASSERT_EQ(Read(1), Numbered(1 + i, 1));
 }
 
 TEST_F(SerialPortTest, TheLargestIntervalReturnsAtOnceWithWhatIsThere) {

@@ -46,10 +46,7 @@ TEST(ProgramTest, EvaluatesEquationsAndTellsWhatMakesAResultDoubtful) {
     const struct {
         Words args;
         const char *out, *err;
-    } rows[] = {{{"-X+1", "X=3"}, "-2\n", ""},
-                {{"(X*0.75)-40", "X=100"}, "35\n", ""},
-                {{"X", "X=0.1234567"}, "0.123457\n", ""},
-                {{"X/3", "X=1"}, "0.33333333333333331\n", ""},
+    } rows[] = {{{"X/3", "X=1"}, "0.33333333333333331\n", ""},
                 {{"X*X", "X=3"}, "0\n", "more than once"},
                 {{"5/X"}, "0\n", "divides by zero"}};
     for (const auto& row : rows) {
