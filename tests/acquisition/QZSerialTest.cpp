@@ -2,10 +2,12 @@
 
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "acquisition/QZSerial.h"
 #include "session/base/DebugOutput.h"
+#include "tests/support/Listed.h"
 #include "tests/support/ScriptedSerial.h"
 #include "tests/support/TextRecorder.h"
 
@@ -39,13 +41,10 @@ TEST_F(QZSerialTest, ResetBringsBackTheBeginning) {
     EXPECT_EQ(text_.Text(), "QZSerial: Port Closed");
     const QZSerial fresh(line_);
     for (const QZSerial* port : {&fresh, static_cast<const QZSerial*>(&port_)}) {
-        EXPECT_FALSE(port->IsOpen());
+        EXPECT_EQ(Listed(port->IsOpen(), port->path, port->baud, port->blockSize), "0  115200 0");
         EXPECT_EQ(port->handle, kInvalidSerialHandle);
         EXPECT_EQ(port->sink, nullptr);
-        EXPECT_STREQ(port->path, "");
-        EXPECT_EQ(port->baud, 115200U);
         EXPECT_EQ(port->block, nullptr);
-        EXPECT_EQ(port->blockSize, 0U);
     }
 }
 
@@ -95,20 +94,20 @@ TEST_F(QZSerialTest, AFailedOpenLeavesTheOldPortClosed) {
 }
 
 TEST_F(QZSerialTest, ClosesWhenTheStateCannotBeReadOrSet) {
-    line_.failGetState = true;
-    EXPECT_EQ(port_.Open("COM1", 8192), 0);
-    EXPECT_EQ(line_.Calls(), (Words{"open COM1", "getstate", "close"}));
-    EXPECT_EQ(port_.handle, kInvalidSerialHandle);
-    const std::string opened = "QZSerial: Successfully opened COM1\r\n", closed = "\r\nQZSerial: Port Closed";
-    EXPECT_EQ(text_.Text(), opened + "QZSerial: GetCommState Failed" + closed);
-    line_.failGetState = false;
-    line_.failSetState = true;
-    line_.ForgetCalls();
-    text_.Clear();
-    EXPECT_EQ(port_.Open("COM1", 8192), 0);
-    EXPECT_EQ(line_.Calls(), (Words{"open COM1", "getstate", "setstate 8192", "close"}));
-    EXPECT_EQ(port_.handle, kInvalidSerialHandle);
-    EXPECT_EQ(text_.Text(), opened + "QZSerial: SetCommState Failed" + closed);
+    const std::tuple<bool ScriptedSerial::*, const char*, Words> cases[] = {
+        {&ScriptedSerial::failGetState, "GetCommState", {"open COM1", "getstate", "close"}},
+        {&ScriptedSerial::failSetState, "SetCommState", {"open COM1", "getstate", "setstate 8192", "close"}}};
+    for (const auto& [fails, call, calls] : cases) {
+        line_.*fails = true;
+        EXPECT_EQ(port_.Open("COM1", 8192), 0);
+        line_.*fails = false;
+        EXPECT_EQ(line_.Calls(), calls);
+        EXPECT_EQ(port_.handle, kInvalidSerialHandle);
+        EXPECT_EQ(text_.Text(), std::string("QZSerial: Successfully opened COM1\r\nQZSerial: ") + call +
+                                    " Failed\r\nQZSerial: Port Closed");
+        line_.ForgetCalls();
+        text_.Clear();
+    }
 }
 
 TEST_F(QZSerialTest, KnowsTheRateThatTheLineReallyHas) {

@@ -1,5 +1,6 @@
 // What a playback delivers and how it ends. Its pace, and what disturbs it, have tests of their own.
 #include "tests/logging/PlaybackFixture.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
@@ -65,21 +66,11 @@ TEST_F(DataLogEnginePlaybackTest, StandInsTellCommandAndSize) {
     bytes.Header(LogBytes::DataOffsetFor({1, 0}), 2).ItemCount(2);
     bytes.Item(0xAAAA, kTypeSendCommand, 2, 4, Bytes{0x05}).Item(0xBBBB, kType160BaudListen, 3, 3, {});
     PlayAll(bytes.Record(0, 0, {8, 9}).Record(1, 5, {1, 2, 3}).MarkEnd());
-    const std::vector<LogCallbackRecorder::Delivered> records = told_.Records();
-    ASSERT_EQ(2U, records.size());
-    EXPECT_EQ(1U, records[0].source);
-    EXPECT_EQ(0U, records[0].code);
-    EXPECT_EQ(0xAAAAU, records[0].commandId);
-    EXPECT_EQ(1U, records[0].sampleIndex);
-    EXPECT_EQ(kTypeSendCommand, records[0].type);
-    EXPECT_EQ(1U, records[0].flags);
-    EXPECT_EQ(4U, records[0].size);
-    EXPECT_EQ((Bytes{8, 0, 9, 0}), records[0].bytes);
-    EXPECT_EQ(0xBBBBU, records[1].commandId);
-    EXPECT_EQ(2U, records[1].sampleIndex);
-    EXPECT_EQ(kType160BaudListen, records[1].type);
-    EXPECT_EQ(3U, records[1].size);
-    EXPECT_EQ((Bytes{1, 2, 3}), records[1].bytes);
+    std::vector<std::string> records;
+    for (const LogCallbackRecorder::Delivered& one : told_.Records())
+        records.push_back(Listed(one.source, one.code, one.commandId, one.sampleIndex, one.type, one.flags, one.size));
+    EXPECT_EQ((std::vector<std::string>{"1 0 43690 1 131072 1 4", "1 0 48059 2 1048576 0 3"}), records);
+    EXPECT_EQ((std::vector<Bytes>{{8, 0, 9, 0}, {1, 2, 3}}), DeliveredData());
 }
 
 TEST_F(DataLogEnginePlaybackTest, FailedReadEndsItWithoutAnEnd) {

@@ -2,6 +2,7 @@
 #include <array>
 
 #include "tests/logging/LogTestHelper.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
@@ -72,10 +73,7 @@ TEST_F(DataLogEngineRecordingTest, FirstSampleBringsTheTableAndAHeaderWithoutEnd
     EXPECT_EQ(0U, files_.writes);
     EXPECT_EQ(Bytes(), files_.Get(kPath));
     ASSERT_EQ(0U, Add({1, 2, 3}));
-    EXPECT_EQ(3U, FileWord(0));
-    EXPECT_EQ(kSmallDataOffset, FileWord(4));
-    EXPECT_EQ(0xFFFFFFFF, FileWord(8));
-    EXPECT_EQ(0U, FileWord(36));
+    EXPECT_EQ(Listed(3, kSmallDataOffset, 0xFFFFFFFF, 0), Listed(FileWord(0), FileWord(4), FileWord(8), FileWord(36)));
     EXPECT_EQ(kSmallDataOffset + 15, files_.Get(kPath).size());
     EXPECT_EQ(1U, log_.header.sampleCount);
 }

@@ -5,6 +5,7 @@
 #include "logging/LogRescue.h"
 #include "tests/logging/FarFile.h"
 #include "tests/logging/LogTestHelper.h"
+#include "tests/support/Listed.h"
 #include "tests/support/MemoryFiles.h"
 
 namespace corvex::test {
@@ -149,9 +150,7 @@ TEST_F(LogRescueTest, TakesAllButWhatWasHit) {
         SCOPED_TRACE(one.behaviour);
         const Rescued rescued = Rescue(one.log);
         ExpectAllBut(rescued, one.lost, 20);
-        EXPECT_EQ(rescued.skipped, one.skipped);
-        EXPECT_EQ(rescued.left, one.left);
-        EXPECT_EQ(rescued.places, one.places);
+        EXPECT_EQ(Listed(rescued.skipped, rescued.left, rescued.places), Listed(one.skipped, one.left, one.places));
     }
     EXPECT_EQ(Rescue(Cut(log, At(5), 45)).gone, 45U);
 }

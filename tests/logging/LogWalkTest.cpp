@@ -1,6 +1,7 @@
 #include "logging/LogWalk.h"
 #include "tests/logging/FarFile.h"
 #include "tests/logging/LogTestHelper.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
@@ -89,11 +90,8 @@ TEST_F(LogWalkTest, EndsWhereTheLogIsNoMoreWhatItWas) {
     for (const auto& each : cases) {
         SCOPED_TRACE(each.behaviour);
         const Walked walked = Walk(each.log);
-        EXPECT_EQ(each.result, walked.result);
-        EXPECT_EQ(each.records, walked.records);
-        EXPECT_EQ(each.unknown, walked.unknown);
-        EXPECT_EQ(each.left, walked.left);
-        EXPECT_EQ(each.damaged, walked.damaged);
+        EXPECT_EQ(Listed(each.result, each.records, each.unknown, each.left, each.damaged),
+                  Listed(walked.result, walked.records, walked.unknown, walked.left, walked.damaged));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "session/AppSettings.h"
+#include "tests/support/Listed.h"
 #include "tests/support/TestFolder.h"
 
 namespace corvex::test {
@@ -50,18 +51,14 @@ TEST_F(AppSettingsTest, DefaultsGoByTheScreen) {
     settings.SetLastLog("old");
     place.screen = {1365, 767};
     SetDefaults(&settings);
-    EXPECT_STREQ("COM1", settings.comport);
-    EXPECT_STREQ("", settings.lastadxpath);
-    EXPECT_STREQ("", settings.lastxdlpath);
-    EXPECT_EQ(1, settings.loadlastdef);
-    EXPECT_EQ(1023, settings.winsizex);
-    EXPECT_EQ(750, settings.winsizey);  // of the width
-    EXPECT_EQ(682 - 511, settings.winposx);
-    EXPECT_EQ(383 - 375, settings.winposy);
-    place.screen = {2000, 401};  // the top edge is above a low one
+    EXPECT_EQ("COM1   1", Listed(settings.comport, settings.lastadxpath, settings.lastxdlpath, settings.loadlastdef));
+    const auto window = [this] {
+        return Listed(settings.winposx, settings.winposy, settings.winsizex, settings.winsizey);
+    };
+    EXPECT_EQ(Listed(682 - 511, 383 - 375, 1023, 750), window());  // the height is of the width
+    place.screen = {2000, 401};                                    // the top edge is above a low one
     SetDefaults(&settings);
-    EXPECT_EQ(1100, settings.winsizey);
-    EXPECT_EQ(200 - 550, settings.winposy);
+    EXPECT_EQ(Listed(1000 - 750, 200 - 550, 1500, 1100), window());
 }
 
 TEST_F(AppSettingsTest, WritesWhatItReadInItsOwnOrder) {
@@ -105,10 +102,8 @@ TEST_F(AppSettingsTest, LinesAreKeysAndWhatStandsBehindTheFirstSign) {
 
 TEST_F(AppSettingsTest, BadNumbersAreZeroAndHugeOnesTheLargest) {
     EXPECT_EQ(1, Read("winposx=left\nwinposy= 12px\nwinsizex=99999999999999999999\nwinsizey=-3000000000\n"));
-    EXPECT_EQ(0, settings.winposx);
-    EXPECT_EQ(12, settings.winposy);
-    EXPECT_EQ(2147483647, settings.winsizex);
-    EXPECT_EQ(-2147483647 - 1, settings.winsizey);
+    EXPECT_EQ("0 12 2147483647 -2147483648",
+              Listed(settings.winposx, settings.winposy, settings.winsizex, settings.winsizey));
 }
 
 TEST_F(AppSettingsTest, LongPathsAreCut) {

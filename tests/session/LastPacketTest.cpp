@@ -3,22 +3,17 @@
 #include <vector>
 
 #include "session/LastPacket.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
 
 TEST(LastPacketTest, KeepsTheBytesWithZerosBehindAndNoneOfNoPacket) {
     const std::uint8_t bytes[] = {1, 2, 3};
-    const LastPacket last = LastPacket::Of(PacketView(bytes, 3), 0x1234);
-    EXPECT_EQ(3U, last.size);
-    EXPECT_EQ(0x1234U, last.command);
-    EXPECT_EQ(3, last.bytes[2]);
-    EXPECT_EQ(0, last.bytes[3]);
-    EXPECT_EQ(3U, last.View().Size());
-    const LastPacket none = LastPacket::Of(nullptr, 5);
-    EXPECT_EQ(0U, none.size);
-    EXPECT_EQ(5U, none.command);
-    EXPECT_TRUE(static_cast<bool>(none.View()));
+    const LastPacket last = LastPacket::Of(PacketView(bytes, 3), 0x1234), none = LastPacket::Of(nullptr, 5);
+    EXPECT_EQ(Listed(3, 0x1234, 3, 0, 3),
+              Listed(last.size, last.command, last.bytes[2], last.bytes[3], last.View().Size()));
+    EXPECT_EQ(Listed(0, 5, true), Listed(none.size, none.command, static_cast<bool>(none.View())));
 }
 
 TEST(LastPacketTest, CutsAt300Bytes) {

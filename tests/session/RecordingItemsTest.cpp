@@ -1,5 +1,6 @@
 #include "session/RecordingItems.h"
 #include "tests/session/SessionTestHelper.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
@@ -26,10 +27,8 @@ TEST(RecordingItemsTest, TakesEachCommandThatBringsAReply) {
     const std::uint32_t types[] = {0x20000, 0x100000, 0x20000}, sizes[] = {63, 20, 200};
     for (std::uint32_t i = 0; i < 3; ++i) {
         const LogItem& item = *log.GetItem(i);
-        EXPECT_EQ(objects[i]->GetIdHash(), item.commandId);
-        EXPECT_EQ(types[i], item.type);
-        EXPECT_EQ(sizes[i], item.packedSize);
-        EXPECT_EQ(sizes[i], item.fullSize);
+        EXPECT_EQ(Listed(objects[i]->GetIdHash(), types[i], sizes[i], sizes[i]),
+                  Listed(item.commandId, item.type, item.packedSize, item.fullSize));
         EXPECT_EQ(Bytes(15, 0xFF), item.mask.Bytes());
     }
 }

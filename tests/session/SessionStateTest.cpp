@@ -5,6 +5,7 @@
 
 #include "session/SessionState.h"
 #include "tests/session/SessionTestHelper.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
@@ -23,14 +24,11 @@ protected:
 };
 
 TEST_F(SessionStateTest, BeginsIdle) {
-    EXPECT_EQ(kNotConnected, session.connectionState);
-    EXPECT_EQ(0U, session.scanning);
-    EXPECT_EQ(0U, session.errorCount);
+    EXPECT_EQ(Listed(kNotConnected, 0, 0, kLogClosed, 0),
+              Listed(session.connectionState, session.scanning, session.errorCount, session.log.State(),
+                     session.CopyLastPacket().size));
+    EXPECT_EQ("COM1 1", Listed(session.settings.comport, session.settings.loadlastdef));
     EXPECT_TRUE(session.threadDone.TryWait());
-    EXPECT_EQ(kLogClosed, session.log.State());
-    EXPECT_STREQ("COM1", session.settings.comport);
-    EXPECT_EQ(1, session.settings.loadlastdef);
-    EXPECT_EQ(0U, session.CopyLastPacket().size);
     EXPECT_EQ(nullptr, session.mainWindow);
     EXPECT_EQ(nullptr, session.engine.port.sink);
 }

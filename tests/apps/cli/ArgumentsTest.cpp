@@ -6,10 +6,12 @@
 #include <sstream>
 
 #include "apps/cli/Arguments.h"
+#include "tests/support/Listed.h"
 
 namespace corvex {
 namespace {
 
+using test::Listed;
 using Letters = std::vector<std::pair<char, double>>;
 
 struct Outcome {
@@ -123,53 +125,36 @@ TEST(ArgumentsTest, HelpsWithEachCommandAndTellsItsVersion) {
 TEST(ArgumentsTest, ReadsScanAndRepair) {
     EXPECT_TRUE(OptionsFrom<ScanOptions>("scan -d a --simulate").engine.pace);
     const auto unpaced = OptionsFrom<ScanOptions>("scan -d a --simulate --no-pace --seed 7");
-    EXPECT_FALSE(unpaced.engine.pace);
-    EXPECT_EQ(unpaced.engine.seed, 7U);
+    EXPECT_EQ(Listed(unpaced.engine.pace, unpaced.engine.seed), "0 7");
     const auto scan = OptionsFrom<ScanOptions>("scan -d b.adx -p COM1 --record c.xdl --force");
-    EXPECT_EQ(scan.record, "c.xdl");
-    EXPECT_TRUE(scan.force);
+    EXPECT_EQ(Listed(scan.record, scan.force), "c.xdl 1");
     const auto repair = OptionsFrom<RepairOptions>("repair a.xdl b.xdl --force");
-    EXPECT_EQ(repair.input + " " + repair.output, "a.xdl b.xdl");
-    EXPECT_TRUE(repair.force);
+    EXPECT_EQ(Listed(repair.input, repair.output, repair.force), "a.xdl b.xdl 1");
 }
 
 TEST(ArgumentsTest, ReadsInfo) {
-    for (const bool human : {false, true}) {
-        const auto info = OptionsFrom<InfoOptions>(human ? "info a.xdl --human -d b.adx" : "info a.xdl");
-        EXPECT_EQ(info.log, "a.xdl");
-        EXPECT_EQ(info.human, human);
-        EXPECT_EQ(info.definition, human ? "b.adx" : "");
-    }
+    const auto plain = OptionsFrom<InfoOptions>("info a.xdl");
+    EXPECT_EQ(Listed(plain.log, plain.human, plain.definition), "a.xdl 0 ");
+    const auto human = OptionsFrom<InfoOptions>("info a.xdl --human -d b.adx");
+    EXPECT_EQ(Listed(human.log, human.human, human.definition), "a.xdl 1 b.adx");
 }
 
 TEST(ArgumentsTest, ReadsDecode) {
     const auto plain = OptionsFrom<DecodeOptions>("decode -d b.adx a.xdl");
-    EXPECT_EQ(plain.log, "a.xdl");
-    EXPECT_EQ(plain.definition, "b.adx");
-    EXPECT_EQ(plain.output, "-");
-    EXPECT_EQ(plain.from, 0.0);
-    EXPECT_TRUE(std::isinf(plain.to));
+    EXPECT_EQ(Listed(plain.log, plain.definition, plain.output, plain.from, plain.to), "a.xdl b.adx - 0 inf");
     const auto full =
         OptionsFrom<DecodeOptions>("decode -d b.adx a.xdl -o c.csv --text --items *rpm* --from 1.5 --to 2");
-    EXPECT_EQ(full.output, "c.csv");
-    EXPECT_TRUE(full.text);
-    EXPECT_EQ(full.items, "*rpm*");
-    EXPECT_EQ(full.from, 1.5);
-    EXPECT_EQ(full.to, 2.0);
+    EXPECT_EQ(Listed(full.output, full.text, full.items, full.from, full.to), "c.csv 1 *rpm* 1.5 2");
 }
 
 TEST(ArgumentsTest, ReadsPlayAndHistogram) {
     EXPECT_EQ(OptionsFrom<PlayOptions>("play -d b.adx a.xdl").speed, 1.0);
     const auto play = OptionsFrom<PlayOptions>("play -d b.adx a.xdl --speed 4 --from 9 --json -v");
-    EXPECT_EQ(play.speed, 4.0);
-    EXPECT_EQ(play.from, 9.0);
-    EXPECT_TRUE(play.json && play.verbose);
+    EXPECT_EQ(Listed(play.speed, play.from, play.json, play.verbose), "4 9 1 1");
     const auto histogram =
         OptionsFrom<HistogramOptions>("histogram -d b.adx --id H --view count --view average-total a.xdl --csv");
-    EXPECT_EQ(histogram.log, "a.xdl");
-    EXPECT_EQ(histogram.id, "H");
+    EXPECT_EQ(Listed(histogram.log, histogram.id, histogram.csv), "a.xdl H 1");
     EXPECT_EQ(histogram.views, (std::vector<std::string>{"count", "average-total"}));
-    EXPECT_TRUE(histogram.csv);
 }
 
 }  // namespace

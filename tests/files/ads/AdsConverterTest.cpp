@@ -4,6 +4,7 @@
 #include "definition/ADXCSendCommand.h"
 #include "files/ads/AdsConverter.h"
 #include "tests/files/ads/AdsTestHelper.h"
+#include "tests/support/Listed.h"
 
 namespace corvex {
 namespace {
@@ -73,11 +74,8 @@ TEST(AdsConverter, A160BaudFileMakesOneListenCommandAt4800Baud) {
 TEST(AdsConverter, ARecordMakesASendCommand) {
     const AdsImport file(AdsHeaderBlock("1.2", "8192", "1", AdsRecord("Poll", "F4,57,01,00", "5", "1")));
     const auto& command = file.Get<ADXCSendCommand>("COMMAND0");
-    EXPECT_STREQ(command.Title(), "Poll");
-    EXPECT_EQ(command.replysize, 23u);
-    EXPECT_EQ(command.packetoffset, 3u);
-    EXPECT_EQ(command.packetsize, 20u);
-    EXPECT_EQ(command.flags, 1u);
+    EXPECT_EQ(test::Listed(command.Title(), command.replysize, command.packetoffset, command.packetsize, command.flags),
+              "Poll 23 3 20 1");
     EXPECT_EQ(file.definition.monitorcmd, nullptr);
 }
 

@@ -2,6 +2,7 @@
 
 #include "files/ads/AdsHeader.h"
 #include "tests/files/ads/AdsTestHelper.h"
+#include "tests/support/Listed.h"
 
 namespace corvex {
 namespace {
@@ -10,42 +11,31 @@ TEST(AdsHeader, ReadsEveryField) {
     const AdsImport file(
         AdsHeaderBlock("1.2", "9600", "1", AdsRecord("Name", "F4, 0x57,3,4,5,6,7,8,9,AB,C", "5", "0", "1")));
     const AdsHeader& header = file.reader.Header();
-    EXPECT_EQ(header.strDefVersion, "V 1");
-    EXPECT_EQ(header.strAuthor, "Author");
-    EXPECT_EQ(header.strCodeMask, "MASK");
-    EXPECT_EQ(header.strComments, "Comments");
-    ASSERT_EQ(header.CommandCount(), 1u);
+    EXPECT_EQ(test::Listed(header.strDefVersion, header.strAuthor, header.strCodeMask, header.strComments,
+                           header.CommandCount()),
+              "V 1 Author MASK Comments 1");
     const AdsCommand& command = header.commands[0];
-    EXPECT_EQ(command.strCommandName, "Name");
+    EXPECT_EQ(
+        test::Listed(command.strCommandName, command.iTotalBytesInCommand, command.bChecksumCommand,
+                     command.iNumBytesInPayload, command.iNumBytesBeforePayload, command.bMaster, command.iChainTo),
+        "Name 5 0 20 3 1 -1");
     EXPECT_EQ(command.rgbtCommand, (std::array<std::uint8_t, 10>{0xF4, 0x57, 3, 4, 5, 6, 7, 8, 9, 0xAB}))
         << "holds ten";
-    EXPECT_EQ(command.iTotalBytesInCommand, 5u);
-    EXPECT_EQ(command.bChecksumCommand, 0);
-    EXPECT_EQ(command.iNumBytesInPayload, 20u);
-    EXPECT_EQ(command.iNumBytesBeforePayload, 3u);
-    EXPECT_EQ(command.bMaster, 1);
-    EXPECT_EQ(command.iChainTo, -1);
 }
 
 TEST(AdsHeader, AnOlderVersionLeavesTheFieldsOfNewerOnesAtDefaults) {
-    const struct {
-        const char* version;
-        std::uint32_t baud, flags, csid, requests;
-        const char* title;
-    } cases[] = {
-        {"1.2", 9600, 0xABCD, 0x12, 1, "Title"},
-        {"1.1", 9600, 0, 0x12, 1, "Title"},
-        {"1.0", 8192, 0, 0x12, 1, "Title"},
-        {"old", 8192, 0, 0, 0, "New ALDL Datastream Definition"},
+    const std::pair<const char*, const char*> cases[] = {
+        {"1.2", "9600 43981 18 1 Title"},
+        {"1.1", "9600 0 18 1 Title"},
+        {"1.0", "8192 0 18 1 Title"},
+        {"old", "8192 0 0 0 New ALDL Datastream Definition"},
     };
-    for (const auto& one : cases) {
-        SCOPED_TRACE(one.version);
-        const AdsHeader header = AdsImport(AdsHeaderBlock(one.version, "9600", "1")).reader.Header();
-        EXPECT_EQ(header.iBaud, one.baud);
-        EXPECT_EQ(header.dwFlags, one.flags);
-        EXPECT_EQ(header.dwCSID, one.csid);
-        EXPECT_EQ(header.btNumDumpRequests, one.requests);
-        EXPECT_EQ(header.strDefTitle, one.title);
+    for (const auto& [version, fields] : cases) {
+        const AdsHeader header = AdsImport(AdsHeaderBlock(version, "9600", "1")).reader.Header();
+        EXPECT_EQ(
+            test::Listed(header.iBaud, header.dwFlags, header.dwCSID, header.btNumDumpRequests, header.strDefTitle),
+            fields)
+            << version;
     }
 }
 
@@ -54,13 +44,10 @@ TEST(AdsHeader, TextsKeepOneCharacterLessThanTheirSize) {
     const AdsImport file(
         AdsBlock({"1.2", text, text, text, text, text, text, text, text, "8192", "0", "0", "1", text}));
     const AdsHeader& header = file.reader.Header();
-    EXPECT_EQ(header.strDefVersion.size(), 14u);
-    EXPECT_EQ(header.strDefTitle.size(), 99u);
-    EXPECT_EQ(header.strAuthor.size(), 49u);
-    EXPECT_EQ(header.strEngine.size(), 49u);
-    EXPECT_EQ(header.strYear.size(), 255u);
-    EXPECT_EQ(header.strComments.size(), 255u);
-    EXPECT_EQ(header.commands[0].strCommandName.size(), 99u);
+    EXPECT_EQ(test::Listed(header.strDefVersion.size(), header.strDefTitle.size(), header.strAuthor.size(),
+                           header.strEngine.size(), header.strYear.size(), header.strComments.size(),
+                           header.commands[0].strCommandName.size()),
+              "14 99 49 49 255 255 99");
 }
 
 TEST(AdsHeader, RecordsBeyondTheTenthAreReadAndDropped) {

@@ -6,9 +6,12 @@
 #include "definition/ADXValue.h"
 #include "files/ads/AdsItemConverter.h"
 #include "tests/files/ads/AdsTestHelper.h"
+#include "tests/support/Listed.h"
 
 namespace corvex {
 namespace {
+
+using test::Listed;
 
 AdsTexts Bit(const std::string& number, const std::string& byte = "1") {
     return {byte, "1", number, "Lamp", "1", "0", "On", "Off"};
@@ -23,18 +26,10 @@ struct ImportValue : AdsImport {
 TEST(AdsItemConverter, AValueTakesItsFields) {
     const ImportValue file({"0", "0.5", "0.0", "4", "16", "200", "20", "300", "-2"});
     const auto& value = file.Get<ADXValue>("10");
-    EXPECT_STREQ(value.Title(), "Title");
-    EXPECT_STREQ(value.Desc(), "");
-    EXPECT_STREQ(value.Units(), "Units");
-    EXPECT_EQ(value.packetoffset, 3u);
-    EXPECT_EQ(value.sizeinbits, 16u);
-    EXPECT_EQ(value.parentcmdidhash, 0u);
-    EXPECT_EQ(value.flags, 0x4u);
-    EXPECT_EQ(value.alarmhigh, 100.0F);
-    EXPECT_EQ(value.alarmlow, 10.0F);
-    EXPECT_EQ(value.rangehigh, 150.0F);
-    EXPECT_EQ(value.rangelow, -1.0F);
-    EXPECT_EQ(value.GetVarCount(), 1u);
+    EXPECT_EQ(Listed(value.Title(), value.Desc(), value.Units(), value.packetoffset, value.sizeinbits,
+                     value.parentcmdidhash, value.flags, value.GetVarCount()),
+              "Title  Units 3 16 0 4 1");
+    EXPECT_EQ(Listed(value.alarmhigh, value.alarmlow, value.rangehigh, value.rangelow), "100 10 150 -1");
 }
 
 TEST(AdsItemConverter, ByteNumbersBeginAtOneAndZeroWraps) {
@@ -80,10 +75,7 @@ TEST(AdsItemConverter, LimitsOfOperation4ArePartsOfTheRange) {
     const ImportValue file(
         {.operation = "4", .alarmhigh = "120", .alarmlow = "20", .rangehigh = "220", .rangelow = "20"});
     const auto& value = file.Get<ADXValue>("10");
-    EXPECT_EQ(value.alarmhigh, 50.0F);
-    EXPECT_EQ(value.alarmlow, 0.0F);
-    EXPECT_EQ(value.rangehigh, 100.0F);
-    EXPECT_EQ(value.rangelow, 0.0F);
+    EXPECT_EQ(Listed(value.alarmhigh, value.alarmlow, value.rangehigh, value.rangelow), "50 0 100 0");
 }
 
 TEST(AdsItemConverter, ATableKeepsItsGivenSlotsOneKeyHigher) {
@@ -103,19 +95,6 @@ TEST(AdsItemConverter, ATableKeepsItsGivenSlotsOneKeyHigher) {
     EXPECT_EQ(file.definition.GetCount(), 1u);  // tables are not listed
     const AdsImport whole(AdsHeaderBlock() + AdsItem(5, "40", AdsTable("0,10\n", "256", "1")));
     EXPECT_EQ(whole.Get<ADXLookupTable>("40").GetOutputType(), 1u) << "whole numbers are shown as such";
-}
-
-TEST(AdsItemConverter, SlotsPastTheMaskAreAllKept) {
-    const AdsImport file(AdsHeaderBlock() + AdsItem(5, "40", AdsTable("255,1\n258,4\n", "260")));
-    const auto& table = file.Get<ADXLookupTable>("40");
-    ASSERT_EQ(table.GetEntryCount(), 5u);
-    float key = 0, output = 0;
-    table.GetEntry(1, &key, &output);
-    EXPECT_EQ(key, 257.0F);
-    EXPECT_EQ(output, 2.0F);
-    table.GetEntry(4, &key, &output);
-    EXPECT_EQ(key, 260.0F);
-    EXPECT_EQ(output, 0.0F);
 }
 
 TEST(AdsItemConverter, Operation6TakesTheTableWhereverItStands) {
@@ -146,16 +125,9 @@ TEST(AdsItemConverter, WithoutItsTableAValueHasNoneAndItsLimitsAreZero) {
 TEST(AdsItemConverter, ABitTakesItsFields) {
     const AdsImport file(AdsHeaderBlock() + AdsItem(2, "20", Bit("3", "6")));
     const auto& bit = file.Get<ADXBitmask>("20");
-    EXPECT_STREQ(bit.Title(), "Lamp");
-    EXPECT_EQ(bit.packetoffset, 5u);
-    EXPECT_EQ(bit.sizeinbits, 8u);
-    EXPECT_EQ(bit.bitop, 0u);
-    EXPECT_EQ(bit.operand, 8u);
-    EXPECT_EQ(bit.result, 8u);
-    EXPECT_EQ(bit.flags, 0x4u);
-    EXPECT_EQ(bit.parentcmdidhash, 0u);
-    EXPECT_STREQ(bit.TrueString(), "On");
-    EXPECT_STREQ(bit.FalseString(), "Off");
+    EXPECT_EQ(Listed(bit.Title(), bit.packetoffset, bit.sizeinbits, bit.bitop, bit.operand, bit.result, bit.flags,
+                     bit.parentcmdidhash, bit.TrueString(), bit.FalseString()),
+              "Lamp 5 8 0 8 8 4 0 On Off");
 }
 
 TEST(AdsItemConverter, ABitNumberBeyondAWordIsNoBit) {

@@ -4,10 +4,13 @@
 
 #include "files/ads/AdsReader.h"
 #include "tests/files/ads/AdsTestHelper.h"
+#include "tests/support/Listed.h"
 #include "tests/support/TestFolder.h"
 
 namespace corvex {
 namespace {
+
+using test::Listed;
 
 const AdsTexts kBit = {"3", "2", "5", "Lamp", "1", "0", "On", "Off"};
 
@@ -17,74 +20,39 @@ TEST(AdsReader, ReadsEveryFieldOfAValue) {
                                                      "20", "2", "-7", "-8", "40"}));
     ASSERT_EQ(file.reader.Values().size(), 1u);
     const ALDLValue& value = *file.reader.Values()[0];
-    EXPECT_EQ(value.dwItemType, 1u);
-    EXPECT_EQ(value.strItemComments, "comment");
-    EXPECT_EQ(value.bVisible, 1);
-    EXPECT_EQ(value.dwUniqueID, 12u);
-    EXPECT_EQ(value.btByteNumber, 4u);
-    EXPECT_EQ(value.btMessageNumber, 2u);
-    EXPECT_EQ(value.dwItemSizeBits, 16u);
-    EXPECT_EQ(value.dwOperation, 3u);
-    EXPECT_EQ(value.dFactor, 0.5);
-    EXPECT_EQ(value.dOffset, -10.0);
-    EXPECT_EQ(value.strUnitLabel, "rpm");
-    EXPECT_EQ(value.dwAlarmHigh, 200u);
-    EXPECT_EQ(value.bAlarmHighENable, 1);
-    EXPECT_EQ(value.dwAlarmLow, 20u);
-    EXPECT_EQ(value.bAlarmLowEnable, 2);
-    EXPECT_EQ(value.iRangeHigh, -7);
-    EXPECT_EQ(value.iRangeLow, -8);
-    EXPECT_EQ(value.iLookupTableIndex, 40);
+    EXPECT_EQ(Listed(value.dwItemType, value.strItemComments, value.bVisible, value.dwUniqueID, value.btByteNumber,
+                     value.btMessageNumber, value.dwItemSizeBits, value.dwOperation, value.dFactor, value.dOffset,
+                     value.strUnitLabel, value.dwAlarmHigh, value.bAlarmHighENable, value.dwAlarmLow,
+                     value.bAlarmLowEnable, value.iRangeHigh, value.iRangeLow, value.iLookupTableIndex),
+              "1 comment 1 12 4 2 16 3 0.5 -10 rpm 200 1 20 2 -7 -8 40");
 }
 
 TEST(AdsReader, ReadsEveryFieldOfABitADashAndATable) {
     const AdsImport file(AdsHeaderBlock() + AdsItem(2, "1", kBit) + AdsItem(6, "2", {"4", "1,2", "1", "3"}) +
                          AdsItem(5, "3", {"1", "300", "2", "Map", "ignored", "ignored", "0,5\n"}));
     const ALDLBit& bit = *file.reader.Bits().at(0);
-    EXPECT_EQ(bit.GetTitle(), "Lamp");
-    EXPECT_EQ(bit.btByteNumber, 3u);
-    EXPECT_EQ(bit.btMessageNumber, 2u);
-    EXPECT_EQ(bit.btBitNumber, 5u);
-    EXPECT_EQ(bit.bAlarmSetEnable, 1);
-    EXPECT_EQ(bit.bAlarmNotSetEnable, 0);
-    EXPECT_EQ(bit.strBitSetTitle, "On");
-    EXPECT_EQ(bit.strBitClearTitle, "Off");
+    EXPECT_EQ(Listed(bit.GetTitle(), bit.btByteNumber, bit.btMessageNumber, bit.btBitNumber, bit.bAlarmSetEnable,
+                     bit.bAlarmNotSetEnable, bit.strBitSetTitle, bit.strBitClearTitle),
+              "Lamp 3 2 5 1 0 On Off");
     const ALDLDash& dash = *file.reader.Dashes().at(0);
-    EXPECT_EQ(dash.btNumGauges, 4u);
-    EXPECT_EQ(dash.strIDsDisplayed, "1,2");
-    EXPECT_EQ(dash.btNumMonitors, 1u);
-    EXPECT_EQ(dash.strMonsDisplayed, "3");
+    EXPECT_EQ(Listed(dash.btNumGauges, dash.strIDsDisplayed, dash.btNumMonitors, dash.strMonsDisplayed), "4 1,2 1 3");
     const ALDLLookupTable& table = *file.reader.Tables().at(0);
-    EXPECT_EQ(table.GetTitle(), "Map");
-    EXPECT_EQ(table.btDataType, 1u);
-    EXPECT_EQ(table.wTableSize, 300u);
-    EXPECT_EQ(table.wIndexSize, 2u);
-    EXPECT_EQ(table.pbtData, "0,5\n");
-    EXPECT_EQ(table.slots.count, 300u);
-    EXPECT_EQ(table.slots.At(0), 5.0F);
+    EXPECT_EQ(Listed(table.GetTitle(), table.btDataType, table.wTableSize, table.wIndexSize, table.pbtData,
+                     table.slots.count, table.slots.At(0)),
+              "Map 1 300 2 0,5\n 300 5");
 }
 
 TEST(AdsReader, DefaultsStandUntilTheFileSaysOtherwise) {
     const AdsImport file(AdsHeaderBlock() + AdsItem(1, "1", {}) + AdsItem(2, "2", {"9"}) + AdsItem(5, "3", {}) +
                          AdsItem(6, "4", {}));
     const ALDLValue& value = *file.reader.Values()[0];
-    EXPECT_EQ(value.GetTitle(), "New ALDL Value");
-    EXPECT_EQ(value.btMessageNumber, 1u);
-    EXPECT_EQ(value.dwItemSizeBits, 8u);
-    EXPECT_EQ(value.dFactor, 0.0);
-    EXPECT_EQ(value.strUnitLabel, "Units");
-    EXPECT_EQ(value.dwAlarmHigh, 255u);
-    EXPECT_EQ(value.iRangeHigh, 255);
-    EXPECT_EQ(value.iLookupTableIndex, -1);
+    EXPECT_EQ(Listed(value.GetTitle(), value.btMessageNumber, value.dwItemSizeBits, value.dFactor, value.strUnitLabel,
+                     value.dwAlarmHigh, value.iRangeHigh, value.iLookupTableIndex),
+              "New ALDL Value 1 8 0 Units 255 255 -1");
     const ALDLBit& bit = *file.reader.Bits()[0];
-    EXPECT_EQ(bit.GetTitle(), "New ALDL Bit");
-    EXPECT_EQ(bit.btByteNumber, 9u);
-    EXPECT_EQ(bit.strBitSetTitle, "1");
-    EXPECT_EQ(bit.strBitClearTitle, "0");
+    EXPECT_EQ(Listed(bit.GetTitle(), bit.btByteNumber, bit.strBitSetTitle, bit.strBitClearTitle), "New ALDL Bit 9 1 0");
     const ALDLLookupTable& table = *file.reader.Tables()[0];
-    EXPECT_EQ(table.GetTitle(), "New Lookup Table");
-    EXPECT_EQ(table.btDataType, 2u);
-    EXPECT_EQ(table.slots.count, 256u);
+    EXPECT_EQ(Listed(table.GetTitle(), table.btDataType, table.slots.count), "New Lookup Table 2 256");
     EXPECT_EQ(file.reader.Dashes()[0]->GetTitle(), "ALDL Dash");
     EXPECT_EQ(ALDLItem().GetTitle(), "");
 }

@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "session/base/StopWatch.h"
+#include "tests/support/Listed.h"
 #include "tests/support/VirtualClock.h"
 
 namespace corvex {
@@ -22,15 +23,10 @@ protected:
 
 TEST_F(StopWatchTest, BeginsAtTheMomentOfConstruction) {
     const StopWatch watch;
-    for (const double time : {watch.createdAt, watch.createdAt2, watch.markAt, watch.startedAt, watch.rateAt}) {
-        EXPECT_EQ(time, 10.0);
-    }
-    EXPECT_EQ(watch.pausedAt, 0.0);
-    EXPECT_EQ(watch.paused, 0U);
-    EXPECT_EQ(watch.tickCount, 0U);
-    EXPECT_EQ(watch.rate, 0.0F);
+    EXPECT_EQ(test::Listed(watch.createdAt, watch.createdAt2, watch.markAt, watch.startedAt, watch.rateAt),
+              "10 10 10 10 10");
+    EXPECT_EQ(test::Listed(watch.pausedAt, watch.paused, watch.tickCount, watch.rate, watch.Elapsed()), "0 0 0 0 0");
     EXPECT_EQ(watch.frequency, 1024);
-    EXPECT_EQ(watch.Elapsed(), 0.0);
 }
 
 TEST_F(StopWatchTest, CountsSecondsFromTheLastRestart) {
@@ -51,18 +47,13 @@ TEST_F(StopWatchTest, ElapsedRunsOnThroughAPauseFromWhichCurrentRestarts) {
     clock_.Advance(2048);
     EXPECT_EQ(watch.Elapsed(), 3.0);
     EXPECT_EQ(watch.Current(), 11.0);
-    EXPECT_EQ(watch.markAt, 11.0);
-    EXPECT_EQ(watch.pausedAt, 11.0);
-    EXPECT_EQ(watch.paused, 1U);
-    watch.Pause();  // a second one changes nothing
-    EXPECT_EQ(watch.pausedAt, 11.0);
-    EXPECT_EQ(watch.markAt, 11.0);
+    for (int pauses = 0; pauses < 2; ++pauses) {  // a second one changes nothing
+        EXPECT_EQ(test::Listed(watch.markAt, watch.pausedAt, watch.paused), "11 11 1");
+        watch.Pause();
+    }
     watch.Restart();
-    EXPECT_EQ(watch.startedAt, 11.0);
-    EXPECT_EQ(watch.markAt, 11.0);
-    EXPECT_EQ(watch.paused, 0U);
-    EXPECT_EQ(watch.pausedAt, 0.0);
-    EXPECT_EQ(watch.Elapsed(), 2.0);
+    EXPECT_EQ(test::Listed(watch.startedAt, watch.markAt, watch.paused, watch.pausedAt, watch.Elapsed()),
+              "11 11 0 0 2");
 }
 
 TEST_F(StopWatchTest, RateIsComputedAfterMoreThanHalfASecond) {
