@@ -47,28 +47,15 @@ void CompareNeighbours(double value) {
     Compare(std::nextafter(value, -1e308));
 }
 
-TEST(FixedDecimal, AgreesOnRandomBitPatterns) {
+// The halves are numbers whose seventh decimal is a five: exact ties, and those that binary puts just beside.
+TEST(FixedDecimal, AgreesOnRandomBitPatternsSizesAndHalves) {
     std::mt19937_64 random(20240607);
-    for (int i = 0; i < 100000; ++i) {
-        const double value = std::bit_cast<double>(random());
-        if (std::isfinite(value)) Compare(value);
-        if (::testing::Test::HasFatalFailure()) return;
-    }
-}
-
-TEST(FixedDecimal, AgreesOnRandomNumbersOfEverySize) {
-    std::mt19937_64 random(7);
     std::uniform_real_distribution<double> unit(-1.0, 1.0);
-    for (int i = 0; i < 400000; ++i) {
-        Compare(std::ldexp(unit(random), i % 80 - 24));
-        if (::testing::Test::HasFatalFailure()) return;
-    }
-}
-
-// Numbers whose seventh decimal is a five: exact ties, and those that binary puts just beside.
-TEST(FixedDecimal, AgreesOnHalves) {
-    std::mt19937_64 random(11);
     for (int i = 0; i < 100000; ++i) {
+        const double pattern = std::bit_cast<double>(random());
+        if (std::isfinite(pattern)) Compare(pattern);
+        for (int size = 0; size < 4; ++size)
+            Compare(std::ldexp(unit(random), (4 * i + size) % 80 - 24));
         const auto whole = static_cast<double>(random() >> (12 + i % 52));
         CompareNeighbours((whole + 0.5) / 1e6);
         CompareNeighbours(whole / 128.0);
@@ -88,10 +75,11 @@ TEST(FixedDecimal, AgreesAtTheEdges) {
 }
 
 TEST(FixedDecimal, PrintsInfinitiesAndNanTheSameEverywhere) {
-    EXPECT_EQ(Ours(std::numeric_limits<double>::infinity()), "inf");
-    EXPECT_EQ(Ours(-std::numeric_limits<double>::infinity()), "-inf");
-    EXPECT_EQ(Ours(std::nan("")), "nan");
-    EXPECT_EQ(Ours(-std::nan("")), "nan");
+    const double infinity = std::numeric_limits<double>::infinity();
+    const std::pair<double, const char*> cases[] = {
+        {infinity, "inf"}, {-infinity, "-inf"}, {std::nan(""), "nan"}, {-std::nan(""), "nan"}};
+    for (const auto& [number, text] : cases)
+        EXPECT_EQ(Ours(number), text);
 }
 
 TEST(FixedDecimal, CutsAtTheRoomGiven) {
