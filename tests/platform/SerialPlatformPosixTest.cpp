@@ -142,12 +142,11 @@ TEST_F(SerialPlatformPosixTest, AnOpenPortIsInUse) {
 }
 
 TEST_F(SerialPlatformPosixTest, SaysWhyAPortDoesNotOpen) {
-    EXPECT_EQ(serial_.Open("/dev/corvex-none"), kInvalidSerialHandle);
-    EXPECT_EQ(serial_.LastError(), "no such port");
-    EXPECT_EQ(serial_.Open("/dev/null"), kInvalidSerialHandle);
-    EXPECT_EQ(serial_.LastError(), "not a serial port");
-    EXPECT_EQ(serial_.Open(""), kInvalidSerialHandle);
-    EXPECT_EQ(serial_.LastError(), "no such port");
+    for (const auto& [path, why] :
+         {std::pair{"/dev/corvex-none", "no such port"}, {"/dev/null", "not a serial port"}, {"", "no such port"}}) {
+        EXPECT_EQ(serial_.Open(path), kInvalidSerialHandle);
+        EXPECT_EQ(serial_.LastError(), why);
+    }
 }
 
 TEST_F(SerialPlatformPosixTest, AVanishedDeviceTakesTheWholeTotalForNothing) {

@@ -56,11 +56,8 @@ TEST_F(SerialPlatformWin32Test, NothingOfAnotherProgramTouchesTheBytes) {
     ASSERT_TRUE(line.fOutX != 0 && line.fInX != 0);  // this system keeps them
     Apply(8192);
     line = State();
-    EXPECT_EQ(line.fOutX, 0U);
-    EXPECT_EQ(line.fInX, 0U);
-    EXPECT_EQ(line.fErrorChar, 0U);
-    EXPECT_EQ(line.fNull, 0U);
-    EXPECT_EQ(line.fAbortOnError, 0U);
+    EXPECT_FALSE(line.fOutX != 0 || line.fInX != 0 || line.fErrorChar != 0 || line.fNull != 0 ||
+                 line.fAbortOnError != 0);
 }
 
 // A pseudo-terminal has no rate, and is not to be taken for a line that runs at another one.

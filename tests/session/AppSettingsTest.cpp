@@ -64,9 +64,7 @@ TEST_F(AppSettingsTest, DefaultsGoByTheScreen) {
 TEST_F(AppSettingsTest, WritesWhatItReadInItsOwnOrder) {
     EXPECT_EQ(1, Read("winsizey=600\nwinsizex=800\nlastxdlpath=C:\\cars\\drive=1.xdl\ncomport=COM3\nunknown=1\n"
                       "winposy=20\nwinposx=-5\nloadlastdef=0\nlastadxpath=C:\\cars\\one.adx\n"));
-    EXPECT_EQ(0, settings.loadlastdef);
-    EXPECT_STREQ("C:\\cars\\one.adx", settings.lastadxpath);
-    EXPECT_EQ(-5, settings.winposx);
+    EXPECT_EQ("0 C:\\cars\\one.adx -5", Listed(settings.loadlastdef, settings.lastadxpath, settings.winposx));
     EXPECT_EQ(1, WriteSettings(&settings));
     EXPECT_EQ(kWritten, Text());
     EXPECT_EQ(1U, folder.FileCount());
@@ -93,10 +91,8 @@ TEST_F(AppSettingsTest, LinesAreKeysAndWhatStandsBehindTheFirstSign) {
         SetDefaults(&settings);
         settings.SetLastLog("kept");
         EXPECT_EQ(1, Read(row.text));
-        EXPECT_STREQ(row.adx, settings.lastadxpath);
-        EXPECT_STREQ(row.port, settings.comport);
-        EXPECT_STREQ(row.log, settings.lastxdlpath);
-        EXPECT_EQ(1, settings.loadlastdef);
+        EXPECT_EQ(Listed(row.adx, row.port, row.log, 1),
+                  Listed(settings.lastadxpath, settings.comport, settings.lastxdlpath, settings.loadlastdef));
     }
 }
 

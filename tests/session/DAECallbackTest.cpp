@@ -5,6 +5,7 @@
 #include "definition/ADXCListenChatter.h"
 #include "session/DAECallback.h"
 #include "tests/session/SessionTestHelper.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
@@ -64,9 +65,7 @@ TEST_F(DAECallbackTest, GoodReplyTakesTheWholeRoadInOrder) {
                      "status", "reply 0 4"}),
               recorder.Noted());
     EXPECT_EQ(0U, foreign->GetRaw(nullptr));
-    EXPECT_EQ(kConnected, session.connectionState);
-    EXPECT_EQ(1U, session.timer.tickCount);
-    EXPECT_EQ(0U, session.errorCount);
+    EXPECT_EQ(Listed(kConnected, 1, 0), Listed(session.connectionState, session.timer.tickCount, session.errorCount));
 }
 
 TEST_F(DAECallbackTest, WhatIsNoSampleIsToldByItsCodeAndState) {
@@ -228,10 +227,9 @@ TEST_F(DAECallbackTest, Packet160IsPublishedUnderTheStaleIdWithoutCapture) {
                      "status", "reply 0 2"}),
               recorder.Take());
     EXPECT_EQ(5.0, seen);
-    EXPECT_EQ(kConnected, session.connectionState);
-    EXPECT_EQ(2U, session.CopyLastPacket().size);
-    EXPECT_EQ(send->GetIdHash(), session.CopyLastPacket().command);
-    EXPECT_EQ(1U, session.timer.tickCount);
+    const LastPacket last = session.CopyLastPacket();
+    EXPECT_EQ(Listed(kConnected, 2, send->GetIdHash(), 1),
+              Listed(session.connectionState, last.size, last.command, session.timer.tickCount));
     recorder.onNoted = nullptr;
     // The last packet is stored after the views are told, so a histogram takes the one before.
     End160({7, 8, 9});

@@ -2,6 +2,7 @@
 
 #include "session/PlaybackSpeed.h"
 #include "tests/session/SessionTestHelper.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
@@ -19,9 +20,8 @@ TEST_F(PlaybackSpeedTest, EachFactorHasItsItem) {
                  {32812, "50%", 0.5F},
                  {32813, "25%", 0.25F}};
     for (std::size_t i = 0; i < kSpeedItems.size(); ++i) {
-        EXPECT_EQ(items[i].command, kSpeedItems[i].command);
-        EXPECT_STREQ(items[i].text, kSpeedItems[i].text);
-        EXPECT_EQ(items[i].command, CommandOfSpeed(items[i].factor));
+        EXPECT_EQ(Listed(items[i].command, items[i].text, items[i].command),
+                  Listed(kSpeedItems[i].command, kSpeedItems[i].text, CommandOfSpeed(items[i].factor)));
         EXPECT_EQ(items[i].factor, SpeedOfCommand(items[i].command));
     }
 }

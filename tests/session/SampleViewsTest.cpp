@@ -4,6 +4,7 @@
 #include <string>
 
 #include "session/SessionState.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
@@ -56,11 +57,8 @@ TEST_F(SampleViewsTest, SampleIsOneMoment) {
     session.StoreLastPacket(LastPacket::Of(PacketView(older, 2), 5));
     histograms.onRead = [&](const PublishedSample& sample) {
         session.StoreLastPacket({});
-        EXPECT_EQ(1.5, sample.t);
+        EXPECT_EQ("1.5 7 2 5", Listed(sample.t, sample.commandId, sample.last.size, sample.last.command));
         EXPECT_EQ(newer, sample.packet.Bytes());
-        EXPECT_EQ(7U, sample.commandId);
-        EXPECT_EQ(2U, sample.last.size);
-        EXPECT_EQ(5U, sample.last.command);
     };
     session.PublishSample(1.5, PacketView(newer, 1), 7);
     EXPECT_EQ("Hh", kept);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "session/ScanPolicy.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
@@ -39,10 +40,7 @@ TEST(ScanPolicyTest, RecordingTakesSamplesOfAConnectedLine) {
 }
 
 TEST(ScanPolicyTest, NumbersOfTheStatesAreFixed) {
-    EXPECT_EQ(0U, kConnected);
-    EXPECT_EQ(1U, kConnecting);
-    EXPECT_EQ(2U, kNotConnected);
-    EXPECT_EQ(3U, kLogPaused);
+    EXPECT_EQ("0 1 2 3", Listed(kConnected, kConnecting, kNotConnected, kLogPaused));
 }
 
 }  // namespace

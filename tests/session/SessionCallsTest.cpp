@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "session/SessionCalls.h"
+#include "tests/support/Listed.h"
 
 namespace corvex::test {
 namespace {
@@ -47,10 +48,8 @@ TEST(SessionCallsTest, PromptsAreTheDialogs) {
 }
 
 TEST(SessionCallsTest, MessagesKeepTheirNumbers) {
-    EXPECT_EQ(32768U, kMessageDestroyWindow);
-    EXPECT_EQ(32769U, kMessageScanStopped);
-    EXPECT_EQ(32770U, kMessageLogStopped);
-    EXPECT_EQ(32771U, kMessagePlaybackRests);
+    EXPECT_EQ("32768 32769 32770 32771",
+              Listed(kMessageDestroyWindow, kMessageScanStopped, kMessageLogStopped, kMessagePlaybackRests));
 }
 
 }  // namespace

@@ -6,9 +6,12 @@
 
 #include "definition/ADXObject.h"
 #include "tests/apps/cli/LogTestHelper.h"
+#include "tests/support/Listed.h"
 
 namespace corvex {
 namespace {
+
+using test::Listed;
 
 nlohmann::json JsonOf(const Words& args) {
     return nlohmann::json::parse(RunInside(args).out);
@@ -24,12 +27,9 @@ void ExpectFails(const Words& args, const std::string& err) {
 
 TEST(ProgramTest, EndsWithTheCodeAndTheTextsOfItsCommands) {
     const ToolResult good = RunTool({"eval", "--", "-X+1", "X=3"}), failed = RunTool({"eval", "(1+2"});
-    EXPECT_EQ(good.code, 0);
-    EXPECT_EQ(good.out, "-2\n");
-    EXPECT_EQ(good.err, "");
-    EXPECT_EQ(failed.code, 1);
-    EXPECT_EQ(failed.out, "");
-    EXPECT_EQ(failed.err, "corvex-cli: \"(1+2\" does not parse: its parentheses are not balanced\n");
+    EXPECT_EQ(Listed(good.code, good.out, good.err), "0 -2\n ");
+    EXPECT_EQ(Listed(failed.code, failed.out, failed.err),
+              "1  corvex-cli: \"(1+2\" does not parse: its parentheses are not balanced\n");
     EXPECT_EQ(RunTool({}).code, 2);
     EXPECT_EQ(RunTool({"--version"}).code, 0);
 }
@@ -87,11 +87,10 @@ TEST(ProgramTest, ChecksWithSuccessUnlessStrict) {
     EXPECT_EQ(strict.code, 1);
     EXPECT_EQ(LinesOf(strict.err).size(), 1U);
     const auto report = JsonOf({"check", "--json", file.Path()});
-    EXPECT_EQ(report["counts"]["values"], 1);
-    EXPECT_EQ(report["errors"], 1);
-    EXPECT_EQ(report["findings"][0]["kind"], "letter-twice");
-    EXPECT_EQ(report["findings"][0]["line"], 5);
-    EXPECT_EQ(report["header"]["monitorcmd"], "MONITOR");
+    const auto& finding = report["findings"][0];
+    EXPECT_EQ(Listed(report["counts"]["values"], report["errors"], finding["kind"], finding["line"],
+                     report["header"]["monitorcmd"]),
+              "1 1 \"letter-twice\" 5 \"MONITOR\"");
     for (const char* name : kExamples) {
         const ToolResult example = RunInside({"check", "--strict", Example(name)});
         EXPECT_EQ(example.code, 0) << example.out;
@@ -106,10 +105,10 @@ TEST(ProgramTest, ListsADefinition) {
                     "Values (1)\n  Id   Title      Units  Equation  Place                     Range     Alarms\n"
                     "  RPM  RPM title  \xC2\xB0/s    X*25      any command 0x00, 8 bits  0 to 255\n"));
     const auto json = JsonOf({"list", "--json", file.Path()});
-    EXPECT_EQ(json["values"][0]["equation"], "X*25");
-    EXPECT_EQ(json["values"][0]["units"], "\xC2\xB0/s");
-    EXPECT_EQ(json["sendcommands"][0]["bytes"], "F4 57");
-    EXPECT_EQ(json["macros"][0]["nodes"][0]["command"], "POLL");
+    const auto& value = json["values"][0];
+    EXPECT_EQ(Listed(value["equation"], value["units"], json["sendcommands"][0]["bytes"],
+                     json["macros"][0]["nodes"][0]["command"]),
+              "\"X*25\" \"\xC2\xB0/s\" \"F4 57\" \"POLL\"");
 }
 
 TEST(ProgramTest, ConvertsIntoAFileThatLoadsTheSame) {

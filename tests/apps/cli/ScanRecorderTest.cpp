@@ -90,9 +90,7 @@ TEST_F(ScanRecorderTest, GoesOnBehindASampleThatCouldNotBeWritten) {
     files.room = MemoryFiles::kNoLimit;
     Add(recorder, 4);
     EXPECT_TRUE(recorder.End());
-    EXPECT_EQ(recorder.Records(), 2U);
-    EXPECT_EQ(recorder.Lost(), 2U);
-    EXPECT_EQ(RecordsIn("drive.xdl", files), 2U);
+    EXPECT_EQ(test::Listed(recorder.Records(), recorder.Lost(), RecordsIn("drive.xdl", files)), "2 2 2");
 }
 
 TEST_F(ScanRecorderTest, SaysThatTheFileCannotBeMadeOrHasNoRoomForTheTable) {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "apps/sim/SimArguments.h"
+#include "tests/support/Listed.h"
 
 namespace corvex {
 namespace {
@@ -31,16 +32,13 @@ TEST(SimArguments, TakeAllFaultsTogether) {
                "2.5",   "--seconds",        "9",      "--replay", "drive.xdl"});
     ASSERT_TRUE(outcome.run);
     const SimOptions& options = outcome.arguments.options;
-    EXPECT_EQ(outcome.arguments.definition, "x.adx");
     EXPECT_TRUE(options.pace && options.echo && options.chatter && options.silent);
-    EXPECT_EQ(options.seed, 5U);
-    EXPECT_EQ(options.drop, 0.1);
-    EXPECT_EQ(options.noise, 0.2);
+    EXPECT_EQ(test::Listed(outcome.arguments.definition, options.seed, options.drop, options.noise, options.late,
+                           outcome.arguments.replay),
+              "x.adx 5 0.1 0.2 30 drive.xdl");
     EXPECT_EQ(options.faultyReplies, 7U);
-    EXPECT_EQ(options.late, 30U);
     EXPECT_EQ(options.unplugAfter, 2.5);
     EXPECT_EQ(options.seconds, 9.0);
-    EXPECT_EQ(outcome.arguments.replay, "drive.xdl");
     EXPECT_EQ(Parse({"x.adx"}).arguments.replay, "");
 }
 
