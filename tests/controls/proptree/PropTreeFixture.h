@@ -35,29 +35,10 @@ protected:
     HWND Button(int id) const { return ::GetDlgItem(window_, id); }
     void Press(int id) { ::SendMessageA(Button(id), BM_CLICK, 0, 0); }
 
-    HTREEITEM Next(UINT relation, HTREEITEM item) const {
-        return reinterpret_cast<HTREEITEM>(::SendMessageA(Tree(), TVM_GETNEXTITEM, relation, L(item)));
+    HTREEITEM FirstRoot() const {
+        return reinterpret_cast<HTREEITEM>(::SendMessageA(Tree(), TVM_GETNEXTITEM, TVGN_ROOT, 0));
     }
-    HTREEITEM FirstRoot() const { return Next(TVGN_ROOT, nullptr); }
-    // The titles below an item, each with its children in brackets.
-    std::string Shape(HTREEITEM first) const {
-        std::string shape;
-        for (HTREEITEM item = first; item != nullptr; item = Next(TVGN_NEXT, item)) {
-            if (item != first) shape += " ";
-            char title[64] = "";
-            TVITEMA node{};
-            node.mask = TVIF_TEXT | TVIF_HANDLE;
-            node.hItem = item;
-            node.pszText = title;
-            node.cchTextMax = sizeof title;
-            ::SendMessageA(Tree(), TVM_GETITEMA, 0, L(&node));
-            shape += title;
-            const HTREEITEM child = Next(TVGN_CHILD, item);
-            if (child != nullptr) shape.append("(").append(Shape(child)).append(")");
-        }
-        return shape;
-    }
-    std::string Shape() const { return Shape(FirstRoot()); }
+    std::string Shape() const { return TreeTitles(Tree()); }
     SIZE ClientSize() const { return {ClientOf(window_).right, ClientOf(window_).bottom}; }
     void Resize(int width, int height) {
         ::SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "controls/window/CommonControls.h"
+
 namespace corvex {
 
 namespace {
@@ -104,6 +106,36 @@ RECT PlaceOf(HWND window) {
     ::GetWindowRect(window, &area);
     ::MapWindowPoints(nullptr, ::GetAncestor(window, GA_PARENT), reinterpret_cast<POINT*>(&area), 2);
     return area;
+}
+
+namespace {
+
+HTREEITEM NextItem(HWND tree, UINT relation, HTREEITEM item) {
+    return reinterpret_cast<HTREEITEM>(::SendMessageA(tree, TVM_GETNEXTITEM, relation, L(item)));
+}
+
+std::string TitlesFrom(HWND tree, HTREEITEM first) {
+    std::string titles;
+    for (HTREEITEM item = first; item != nullptr; item = NextItem(tree, TVGN_NEXT, item)) {
+        if (item != first) titles += " ";
+        char title[64] = "";
+        TVITEMA node{};
+        node.mask = TVIF_TEXT | TVIF_HANDLE;
+        node.hItem = item;
+        node.pszText = title;
+        node.cchTextMax = sizeof title;
+        ::SendMessageA(tree, TVM_GETITEMA, 0, L(&node));
+        titles += title;
+        const HTREEITEM child = NextItem(tree, TVGN_CHILD, item);
+        if (child != nullptr) titles.append("(").append(TitlesFrom(tree, child)).append(")");
+    }
+    return titles;
+}
+
+}  // namespace
+
+std::string TreeTitles(HWND tree) {
+    return TitlesFrom(tree, NextItem(tree, TVGN_ROOT, nullptr));
 }
 
 LOGFONTA FontOf(HWND window) {

@@ -73,6 +73,8 @@ SIZE SizeOf(HWND window);
 // In the client coordinates of its parent.
 RECT PlaceOf(HWND window);
 LOGFONTA FontOf(HWND window);
+// The titles in a tree view, each with its children in brackets: "General(Keys COM) Last".
+std::string TreeTitles(HWND tree);
 
 }  // namespace corvex
 

@@ -65,12 +65,6 @@ TEST_F(DefinitionCommandsTest, SaveWritesWhereItCameFrom) {
     EXPECT_NE(std::string::npos, folder.Content("one.adx").find("ADXMACRO"));
 }
 
-TEST_F(DefinitionCommandsTest, SaveWithoutANameAsksForOne) {
-    Start();
-    ExpectAsksForAName(IDM_SAVE_DEFINITION);
-    EXPECT_EQ("", Path());
-}
-
 TEST_F(DefinitionCommandsTest, ARestIsNotSavedOverAGoodFileUntilALoadSucceeds) {
     StartWithDefinition();
     LoadBroken();
@@ -82,25 +76,6 @@ TEST_F(DefinitionCommandsTest, ARestIsNotSavedOverAGoodFileUntilALoadSucceeds) {
     EXPECT_NE(good, folder.Content("one.adx"));
 }
 
-TEST_F(DefinitionCommandsTest, NorIsWhatWasNeverLoaded) {
-    const std::string path = PutDefinition("one.adx"), good = folder.Content("one.adx");
-    folder.Put("Settings.dat", "lastadxpath=" + path + "\nloadlastdef=0\n");
-    Start();
-    ExpectAsksForAName(IDM_SAVE_DEFINITION);
-    EXPECT_EQ(good, folder.Content("one.adx"));
-}
-
-TEST_F(DefinitionCommandsTest, NorIsWhatWasInMemoryBeforeAnEdit) {
-    UseDefinition();
-    serial.Answer({0xA0}, {3, 4}, 5);
-    Start();
-    UseEditor(1);
-    Command(IDM_SCAN);
-    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
-    Command(IDM_EDIT_DEFINITION);
-    ExpectAsksForAName(IDM_SAVE_DEFINITION);  // the edited file is not loaded yet
-}
-
 TEST_F(DefinitionCommandsTest, AnImportIsEditedInTheFileThatItIsSavedTo) {
     StartWithDefinition();
     UseEditor();
@@ -108,16 +83,6 @@ TEST_F(DefinitionCommandsTest, AnImportIsEditedInTheFileThatItIsSavedTo) {
     ExpectAsksForAName(IDM_EDIT_DEFINITION);
     EXPECT_TRUE(edited.empty());
     EXPECT_GT(session.definition.GetCount(), 2U);
-}
-
-TEST_F(DefinitionCommandsTest, AfterAFailedLoadTheLastFileIsEditedAndWithNothingLoadedANewOne) {
-    Start();
-    UseEditor();
-    Command(IDM_EDIT_DEFINITION);
-    Load(PutDefinition("one.adx"));
-    LoadBroken();
-    Command(IDM_EDIT_DEFINITION);
-    EXPECT_EQ((std::vector<std::string>{"", folder.Name("one.adx")}), edited);
 }
 
 TEST_F(DefinitionCommandsTest, TheOtherTwoPromptsHaveTheirTitles) {
@@ -195,12 +160,8 @@ TEST_F(DefinitionCommandsTest, TwoLoadsInARowComeInTheirOrder) {
 }
 
 TEST_F(DefinitionCommandsTest, APlaybackBegunWhileALoadWaitsEndsToo) {
-    UseDefinition();
-    serial.Answer({0xA0}, {3, 4}, 5);
-    Start();
+    ASSERT_NO_FATAL_FAILURE(StartConnected());
     session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
-    Command(IDM_SCAN);
-    ASSERT_TRUE(Pumps([&] { return session.connectionState == kConnected; }));
     const std::string other = PutDefinition("other.adx");
     Load(other);
     Command(IDM_PLAY);
@@ -231,17 +192,6 @@ TEST_F(DefinitionCommandsTest, ARecordingBegunWhileALoadWaitsIsOfferedForSavingT
     EXPECT_FALSE(early);
     EXPECT_EQ(kLogClosed, session.log.State());
     EXPECT_TRUE(folder.Has("temp.xdl"));
-}
-
-TEST_F(DefinitionCommandsTest, ManyLoadsDuringAPlaybackLeaveNothingBehind) {
-    StartWithDefinition();
-    session.settings.SetLastLog(PutLog("long.xdl", {0, 60000}));
-    for (int i = 0; i < 30; ++i) {
-        Command(IDM_PLAY);
-        Load(folder.Name("one.adx"));
-        ASSERT_TRUE(Pumps([&] { return desktop.IsQuiet() && session.log.State() == kLogClosed; }));
-    }
-    EXPECT_EQ(2U, session.definition.GetCount());
 }
 
 }  // namespace

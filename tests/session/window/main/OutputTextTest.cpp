@@ -30,12 +30,6 @@ TEST_F(OutputTextTest, HasTheSmallFont) {
     EXPECT_STREQ("Courier", fontInfo.lfFaceName);
 }
 
-TEST_F(OutputTextTest, BreaksStandBeforeLinesButTheFirst) {
-    Print("one");
-    Print("two");
-    EXPECT_EQ("one\r\ntwo", Output());
-}
-
 TEST_F(OutputTextTest, HasNoLimitOfItsOwn) {
     const std::string line(4000, 'x');
     for (int i = 0; i < 15; ++i)
