@@ -26,6 +26,13 @@ T* Add(ADXDefinition& definition, const char* id) {
     return pointer;
 }
 
+template <class T>
+T* AddTitled(ADXDefinition& definition, const char* id, const std::string& title) {
+    T* object = Add<T>(definition, id);
+    object->SetTitle(title.c_str(), static_cast<std::uint32_t>(title.size()));
+    return object;
+}
+
 inline ADXValue* AddValue(ADXDefinition& definition, const char* id, const char* equation) {
     auto* value = Add<ADXValue>(definition, id);
     value->SetEquation(equation, Length(equation));

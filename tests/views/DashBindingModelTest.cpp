@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
+#include <sstream>
 
 #include "definition/ADXBitmask.h"
 #include "definition/ADXMacro.h"
@@ -12,7 +12,23 @@
 namespace corvex::test {
 namespace {
 
-using Action = BindingAction;
+using Strings = std::vector<std::string>;
+
+// What the gauge is told, with the numbers that are not 0: "title Speed", "range low 20 high 180".
+std::string Words(const BindingStep& step) {
+    const char* const names[] = {"title",      "units",       "value",      "digits", "range",
+                                 "no alarms",  "alarm",       "format",     "colour", "low limit",
+                                 "high limit", "high enable", "low enable", "true",   "false"};
+    std::ostringstream words;
+    words << names[static_cast<int>(step.action)];
+    if (!step.text.empty()) words << " " << step.text;
+    if (step.low != 0) words << " low " << step.low;
+    if (step.high != 0) words << " high " << step.high;
+    if (step.word != 0) words << " word " << step.word;
+    if (step.digits != 0) words << " digits " << step.digits;
+    if (step.colour != 0) words << " " << std::hex << step.colour;
+    return words.str();
+}
 
 class DashBindingModelTest : public ::testing::Test {
 protected:
@@ -25,22 +41,21 @@ protected:
         value->rangehigh = 180.0F;
         value->alarmlow = 30.0F;
         value->alarmhigh = 150.0F;
+        const std::uint8_t packet = 40;
+        value->GetRaw(&packet);
         bitmask = Add<ADXBitmask>(definition, "B");
         bitmask->SetTitle("Fan", 3);
         bitmask->SetTrueString("running", 7);
         bitmask->SetFalseString("at rest", 7);
     }
-    std::vector<BindingStep> Steps(std::uint32_t gaugetype, ADXObject* item) {
+    Strings Steps(std::uint32_t gaugetype, ADXObject* item) {
         ADXDGENTRY entry;
         entry.gaugetype = gaugetype;
         entry.item = item;
-        return BindingSteps(entry, definition);
-    }
-    static std::vector<Action> Order(const std::vector<BindingStep>& steps) {
-        std::vector<Action> order;
-        for (const BindingStep& step : steps)
-            order.push_back(step.action);
-        return order;
+        Strings steps;
+        for (const BindingStep& step : BindingSteps(entry, definition))
+            steps.push_back(Words(step));
+        return steps;
     }
 
     ADXDefinition definition;
@@ -49,116 +64,71 @@ protected:
 };
 
 TEST_F(DashBindingModelTest, AnAnalogGaugeHearsItsValueBeforeItsRange) {
-    const std::uint8_t packet = 40;
-    value->GetRaw(&packet);
-    const auto steps = Steps(kAnalogGaugeType, value);
-    ASSERT_EQ((std::vector<Action>{Action::kTitle, Action::kUnits, Action::kValue, Action::kDigits, Action::kRange,
-                                   Action::kNoAlarms, Action::kValue}),
-              Order(steps));
-    EXPECT_EQ("Speed", steps[0].text);
-    EXPECT_EQ("km/h", steps[1].text);
-    EXPECT_EQ(20.0F, steps[2].low);
-    EXPECT_EQ(3U, steps[3].word);
-    EXPECT_EQ(20.0F, steps[4].low);
-    EXPECT_EQ(180.0F, steps[4].high);
-    EXPECT_EQ(80.0F, steps[6].low);
+    EXPECT_EQ((Strings{"title Speed", "units km/h", "value low 20", "digits word 3", "range low 20 high 180",
+                       "no alarms", "value low 80"}),
+              Steps(kAnalogGaugeType, value));
 }
-
-struct Band {
-    float low, high;
-    std::uint32_t colour;
-    bool operator==(const Band&) const = default;
-};
 
 // To the end of the scale, and not clipped beyond it.
 TEST_F(DashBindingModelTest, EachEnabledLimitIsABandBeforeTheValue) {
-    const Band high{150.0F, 180.0F, 0x0000FF}, low{20.0F, 30.0F, 0x00B4FA};
-    const auto bands = [&](std::uint32_t flags) {
-        value->flags = flags;
-        const auto steps = Steps(kAnalogGaugeType, value);
-        EXPECT_EQ(Action::kNoAlarms, steps[5].action);
-        EXPECT_EQ(Action::kValue, steps.back().action);
-        std::vector<Band> found;
-        for (std::size_t i = 6; i + 1 < steps.size(); ++i) {
-            EXPECT_EQ(Action::kAlarm, steps[i].action);
-            found.push_back({steps[i].low, steps[i].high, steps[i].colour});
-        }
-        return found;
-    };
-    EXPECT_EQ((std::vector<Band>{high, low}), bands(ADXValue::kAlarmHigh | ADXValue::kAlarmLow));
-    EXPECT_EQ(std::vector<Band>{high}, bands(ADXValue::kAlarmHigh));
-    EXPECT_EQ(std::vector<Band>{low}, bands(ADXValue::kAlarmLow));
-    EXPECT_EQ(std::vector<Band>{}, bands(0));
-    value->alarmhigh = 220.0F;
-    value->alarmlow = -5.0F;
-    EXPECT_EQ((std::vector<Band>{{180.0F, 220.0F, 0x0000FF}, {-5.0F, 20.0F, 0x00B4FA}}),
-              bands(ADXValue::kAlarmHigh | ADXValue::kAlarmLow));
-    value->alarmhigh = std::numeric_limits<float>::infinity();
-    value->rangelow = std::numeric_limits<float>::quiet_NaN();
-    EXPECT_EQ(value->alarmhigh, bands(ADXValue::kAlarmHigh)[0].high);
-    EXPECT_TRUE(std::isnan(Steps(kAnalogGaugeType, value)[2].low));
+    constexpr std::uint32_t kBoth = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
+    constexpr float kEndless = std::numeric_limits<float>::infinity(), kNone = std::numeric_limits<float>::quiet_NaN();
+    const struct {
+        std::uint32_t flags;
+        float rangeLow, alarmLow, alarmHigh;
+        Strings bands;
+    } cases[] = {{kBoth, 20, 30, 150, {"alarm low 150 high 180 ff", "alarm low 20 high 30 b4fa"}},
+                 {ADXValue::kAlarmHigh, 20, 30, 150, {"alarm low 150 high 180 ff"}},
+                 {ADXValue::kAlarmLow, 20, 30, 150, {"alarm low 20 high 30 b4fa"}},
+                 {0, 20, 30, 150, {}},
+                 {kBoth, 20, -5, 220, {"alarm low 180 high 220 ff", "alarm low -5 high 20 b4fa"}},
+                 {ADXValue::kAlarmHigh, kNone, -5, kEndless, {"alarm low 180 high inf ff"}}};
+    for (const auto& expected : cases) {
+        value->flags = expected.flags;
+        value->rangelow = expected.rangeLow;
+        value->alarmlow = expected.alarmLow;
+        value->alarmhigh = expected.alarmHigh;
+        const Strings steps = Steps(kAnalogGaugeType, value);
+        EXPECT_EQ("no alarms", steps[5]);
+        EXPECT_EQ(expected.bands, Strings(steps.begin() + 6, steps.end() - 1));
+        EXPECT_EQ("value low 80", steps.back());
+        EXPECT_EQ(expected.rangeLow == 20 ? "value low 20" : "value low nan", steps[2]);
+    }
 }
 
 TEST_F(DashBindingModelTest, AReadoutHearsItsLimitsBeforeItsValue) {
-    const std::uint8_t packet = 40;
-    value->GetRaw(&packet);
     value->flags = ADXValue::kAlarmHigh;
-    const auto steps = Steps(kDigitalReadoutType, value);
-    ASSERT_EQ((std::vector<Action>{Action::kTitle, Action::kUnits, Action::kFormat, Action::kColour, Action::kColour,
-                                   Action::kLowLimit, Action::kHighLimit, Action::kHighEnable, Action::kLowEnable,
-                                   Action::kValue}),
-              Order(steps));
-    EXPECT_EQ("Speed", steps[0].text);
-    EXPECT_EQ("km/h", steps[1].text);
-    EXPECT_EQ(5U, steps[3].word);
-    EXPECT_EQ(0x0080FFU, steps[3].colour);
-    EXPECT_EQ(4U, steps[4].word);
-    EXPECT_EQ(0x0000FFU, steps[4].colour);
-    EXPECT_EQ(30.0F, steps[5].low);
-    EXPECT_EQ(150.0F, steps[6].high);
-    EXPECT_EQ(4U, steps[7].word);
-    EXPECT_EQ(0U, steps[8].word);
-    EXPECT_EQ(80.0F, steps[9].low);
-}
-
-TEST_F(DashBindingModelTest, EachLimitOfAReadoutHasItsOwnSwitch) {
+    EXPECT_EQ((Strings{"title Speed", "units km/h", "format word 1 digits 3", "colour word 5 80ff", "colour word 4 ff",
+                       "low limit low 30", "high limit high 150", "high enable word 4", "low enable", "value low 80"}),
+              Steps(kDigitalReadoutType, value));
     value->flags = ADXValue::kAlarmLow | ADXValue::kSigned;
-    const auto steps = Steps(kDigitalReadoutType, value);
-    EXPECT_EQ(0U, steps[7].word);
-    EXPECT_EQ(8U, steps[8].word);
+    EXPECT_EQ("high enable", Steps(kDigitalReadoutType, value)[7]);
+    EXPECT_EQ("low enable word 8", Steps(kDigitalReadoutType, value)[8]);
 }
 
 TEST_F(DashBindingModelTest, OnlyFloatsHaveTheirDecimals) {
     for (std::uint32_t type = 0; type < 6; ++type) {
         value->outputtype = type;
-        const BindingStep format = Steps(kDigitalReadoutType, value)[2];
-        EXPECT_EQ(type == 3 ? 1U : 0U, format.word) << type;
-        EXPECT_EQ(type == 3 ? 3U : 1U, format.digits) << type;
+        EXPECT_EQ(type == 3 ? "format word 1 digits 3" : "format digits 1", Steps(kDigitalReadoutType, value)[2])
+            << type;
     }
 }
 
 TEST_F(DashBindingModelTest, ALampHearsItsWordsAndNoState) {
-    const auto steps = Steps(kStatusGaugeType, bitmask);
-    ASSERT_EQ((std::vector<Action>{Action::kTitle, Action::kTrueText, Action::kFalseText}), Order(steps));
-    EXPECT_EQ("Fan", steps[0].text);
-    EXPECT_EQ("running", steps[1].text);
-    EXPECT_EQ("at rest", steps[2].text);
+    EXPECT_EQ((Strings{"title Fan", "true running", "false at rest"}), Steps(kStatusGaugeType, bitmask));
 }
 
 TEST_F(DashBindingModelTest, WhatIsMissingOrDoesNotFitIsNotBound) {
-    for (std::uint32_t type = 0; type < 9; ++type)
-        EXPECT_TRUE(Steps(type, nullptr).empty());
-    EXPECT_TRUE(Steps(kAnalogGaugeType, bitmask).empty());
-    EXPECT_TRUE(Steps(kDigitalReadoutType, bitmask).empty());
-    EXPECT_TRUE(Steps(kStatusGaugeType, value).empty());
-    EXPECT_TRUE(Steps(7, value).empty());
-    EXPECT_TRUE(Steps(7, bitmask).empty());
     auto* const macro = Add<ADXMacro>(definition, "M");
-    for (std::uint32_t type = 0; type < 3; ++type)
+    for (std::uint32_t type = 0; type < 9; ++type) {
+        EXPECT_TRUE(Steps(type, nullptr).empty());
         EXPECT_TRUE(Steps(type, macro).empty());
+        EXPECT_EQ(type > kDigitalReadoutType, Steps(type, value).empty()) << type;
+        EXPECT_EQ(type != kStatusGaugeType, Steps(type, bitmask).empty()) << type;
+    }
 }
 
-TEST_F(DashBindingModelTest, TextsEndAtAHundredCharacters) {
+TEST_F(DashBindingModelTest, TextsEndAtAHundredCharactersAndMayBeMissing) {
     const std::string text(300, 'x'), kept(100, 'x');
     value->SetTitle(text.c_str(), 300);
     value->SetUnits(text.c_str(), 300);
@@ -166,17 +136,13 @@ TEST_F(DashBindingModelTest, TextsEndAtAHundredCharacters) {
     bitmask->SetTrueString(text.c_str(), 300);
     bitmask->SetFalseString(text.c_str(), 300);
     for (const std::uint32_t type : {kAnalogGaugeType, kDigitalReadoutType}) {
-        EXPECT_EQ(kept, Steps(type, value)[0].text);
-        EXPECT_EQ(kept, Steps(type, value)[1].text);
+        EXPECT_EQ("title " + kept, Steps(type, value)[0]);
+        EXPECT_EQ("units " + kept, Steps(type, value)[1]);
     }
-    for (const BindingStep& step : Steps(kStatusGaugeType, bitmask))
-        EXPECT_EQ(kept, step.text);
-}
-
-TEST_F(DashBindingModelTest, WithoutTextsTheyAreEmpty) {
+    EXPECT_EQ((Strings{"title " + kept, "true " + kept, "false " + kept}), Steps(kStatusGaugeType, bitmask));
     auto* const plain = AddValue(definition, "P", "X");
-    EXPECT_EQ("", Steps(kAnalogGaugeType, plain)[0].text);
-    EXPECT_EQ("", Steps(kAnalogGaugeType, plain)[1].text);
+    EXPECT_EQ("title", Steps(kAnalogGaugeType, plain)[0]);
+    EXPECT_EQ("units", Steps(kAnalogGaugeType, plain)[1]);
 }
 
 TEST_F(DashBindingModelTest, ASampleIsForFittingItemsOfItsCommandAndOfNone) {

@@ -21,14 +21,6 @@ protected:
     ADXDGENTRY entry;
 };
 
-TEST_F(DashGaugeTest, EachTypeHasItsClass) {
-    EXPECT_EQ("QZANALOGGAUGE", ClassNameOf(Make(0, speed)));
-    EXPECT_EQ("QZDIGITALGAUGEREADOUT", ClassNameOf(Make(1, speed)));
-    EXPECT_EQ("QZSTATUSGAUGE", ClassNameOf(Make(2, fan)));
-    for (const std::uint32_t type : {3U, 7U, 0xFFFFFFFFU})
-        EXPECT_EQ(nullptr, Make(type, speed));
-}
-
 TEST_F(DashGaugeTest, IsAHiddenChildUntilItIsLaidOut) {
     const HWND gauge = Make(0, speed);
     EXPECT_EQ(DashWindow(), ::GetParent(gauge));

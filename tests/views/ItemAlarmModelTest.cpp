@@ -27,6 +27,10 @@ protected:
     void Packet(std::uint8_t byte, std::uint32_t command = kCommand) {
         last = LastPacket::Of(PacketView(&byte, 1), command);
     }
+    std::string TextOf(ADXObject* item) {
+        entry.item = item;
+        return ReadValueCell(entry, definition, last).text;
+    }
     void ExpectLook(std::uint32_t colour, CellFont font, ADXObject* item, int column = kValueColumn) {
         entry.item = item;
         const CellLook look = column == kValueColumn ? ReadValueCell(entry, definition, last).look : TitleLook(entry);
@@ -74,33 +78,50 @@ TEST_F(ItemAlarmModelTest, LimitsAreComparedInSinglePrecision) {
 }
 
 TEST_F(ItemAlarmModelTest, AValueOfAnotherCommandGoesByItsOwnLastWord) {
+    EXPECT_EQ("0.00", TextOf(value)) << "of no packet yet";
     value->parentcmdidhash = kOther;
     const std::uint8_t own = 120;
     value->GetRaw(PacketView(&own, 1));
     Packet(50);
     ExpectLook(kRed, CellFont::kBold, value);
-    value->parentcmdidhash = kCommand;
-    ExpectLook(kOwn, CellFont::kAsItIs, value);
+    EXPECT_EQ("120.00", TextOf(value));
+    for (const std::uint32_t command : {kCommand, std::uint32_t{0}}) {  // or of every one
+        value->parentcmdidhash = command;
+        ExpectLook(kOwn, CellFont::kAsItIs, value);
+        EXPECT_EQ("50.00", TextOf(value));
+    }
 }
 
+TEST_F(ItemAlarmModelTest, TextsAreCutAndEmptyWhereThereIsNone) {
+    bitmask->SetFalseString(std::string(300, 'z').c_str(), 300);
+    EXPECT_EQ(std::string(39, 'z'), TextOf(bitmask));
+    value->digcount = 200;
+    EXPECT_EQ("0." + std::string(37, '0'), TextOf(value));
+    value->outputtype = 9;
+    EXPECT_EQ("", TextOf(value));
+    entry.entrytype = ADXLVENTRY::kHeadingRow;
+    EXPECT_EQ("", TextOf(bitmask));
+    EXPECT_EQ("", TextOf(nullptr));
+}
+
+// With both alarms on it is never in its own colour.
 TEST_F(ItemAlarmModelTest, ABitInAlarmHasTheColourOfItsState) {
-    bitmask->flags = ADXBitmask::kAlarmOnSet;
-    Packet(1);
-    ExpectLook(0x111111, CellFont::kBold, bitmask);
-    Packet(0);
-    ExpectLook(kOwn, CellFont::kAsItIs, bitmask);
-    bitmask->flags = ADXBitmask::kAlarmOnNotSet;
-    ExpectLook(0x222222, CellFont::kBold, bitmask);
-    Packet(1);
-    ExpectLook(kOwn, CellFont::kAsItIs, bitmask);
-}
-
-TEST_F(ItemAlarmModelTest, ABitWithBothAlarmsIsNeverInItsOwnColour) {
-    bitmask->flags = ADXBitmask::kAlarmOnSet | ADXBitmask::kAlarmOnNotSet;
-    Packet(1);
-    ExpectLook(0x111111, CellFont::kBold, bitmask);
-    Packet(0);
-    ExpectLook(0x222222, CellFont::kBold, bitmask);
+    const struct {
+        std::uint32_t flags;
+        std::uint8_t byte;
+        std::uint32_t colour;
+    } cases[] = {{ADXBitmask::kAlarmOnSet, 1, 0x111111},
+                 {ADXBitmask::kAlarmOnSet, 0, kOwn},
+                 {ADXBitmask::kAlarmOnNotSet, 0, 0x222222},
+                 {ADXBitmask::kAlarmOnNotSet, 1, kOwn},
+                 {ADXBitmask::kAlarmOnSet | ADXBitmask::kAlarmOnNotSet, 1, 0x111111},
+                 {ADXBitmask::kAlarmOnSet | ADXBitmask::kAlarmOnNotSet, 0, 0x222222}};
+    for (const auto& expected : cases) {
+        SCOPED_TRACE(::testing::Message() << expected.flags << " " << int{expected.byte});
+        bitmask->flags = expected.flags;
+        Packet(expected.byte);
+        ExpectLook(expected.colour, expected.colour == kOwn ? CellFont::kAsItIs : CellFont::kBold, bitmask);
+    }
 }
 
 TEST_F(ItemAlarmModelTest, ABitIsTestedInTheLastPacketWhateverItsCommand) {
@@ -128,17 +149,19 @@ TEST_F(ItemAlarmModelTest, OtherColumnsGoBackToTheOrdinaryFont) {
 }
 
 TEST_F(ItemAlarmModelTest, AHeadingIsBoldInItsColourWhenItSaysSo) {
-    entry.entrytype = ADXLVENTRY::kHeadingRow;
-    for (int column = 0; column < 3; ++column)
-        ExpectLook(kOwn, CellFont::kOrdinary, nullptr, column);
-    entry.flags = 0x1;
-    for (int column = 0; column < 3; ++column)
-        ExpectLook(kOwn, CellFont::kBold, nullptr, column);
-    entry.flags = 0x2;
-    ExpectLook(kOwn, CellFont::kOrdinary, nullptr);
-    entry.entrytype = ADXLVENTRY::kItemRow;
-    entry.flags = 0x1;
-    ExpectLook(kOwn, CellFont::kOrdinary, nullptr);
+    const struct {
+        std::uint32_t type, flags;
+        CellFont font;
+    } cases[] = {{ADXLVENTRY::kHeadingRow, 0, CellFont::kOrdinary},
+                 {ADXLVENTRY::kHeadingRow, 1, CellFont::kBold},
+                 {ADXLVENTRY::kHeadingRow, 2, CellFont::kOrdinary},
+                 {ADXLVENTRY::kItemRow, 1, CellFont::kOrdinary}};
+    for (const auto& expected : cases) {
+        entry.entrytype = expected.type;
+        entry.flags = expected.flags;
+        for (int column = 0; column < 3; ++column)
+            ExpectLook(kOwn, expected.font, nullptr, column);
+    }
 }
 
 TEST_F(ItemAlarmModelTest, PacketsAreForTheirOwnCommandAndForNone) {

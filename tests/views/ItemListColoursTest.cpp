@@ -44,17 +44,13 @@ protected:
         return font;
     }
     bool IsBold() const { return Font().lfWeight == 600; }
-    // A cell on the screen, from the top left.
-    std::vector<COLORREF> Picture(int row, int column) {
-        RedrawList();
-        return TestBitmap(List()).Pixels(CellPlace(row, column));
-    }
-    // Which of the colours there are in a cell, as '1' for each; shades between them and the ground do not count.
+    // Which of the colours there are in a cell on the screen, as '1' for each; shades do not count.
     std::string Ink(int row, int column) {
-        const std::vector<COLORREF> pixels = Picture(row, column);
+        RedrawList();
+        const Colours colours = TestBitmap(List()).ColoursIn(CellPlace(row, column));
         std::string found;
         for (const COLORREF colour : {COLORREF{kHeadingColour}, COLORREF{kOwn}, kRed, kOrange, kSetColour})
-            found += std::find(pixels.begin(), pixels.end(), colour) != pixels.end() ? '1' : '-';
+            found += colours.contains(colour) ? '1' : '-';
         return found;
     }
 
@@ -73,28 +69,16 @@ TEST_F(ItemListColoursTest, EachStageIsAnswered) {
     EXPECT_EQ(0xABCDEFU, Ask(9, 1).colour) << "a row that is not there";
 }
 
-TEST_F(ItemListColoursTest, AnAlarmIsInTheValueColumnAlone) {
-    speed->flags = ADXValue::kAlarmHigh | ADXValue::kAlarmLow;
-    ShowRows({speed});
-    const struct {
-        std::uint8_t byte;
-        COLORREF colour;
-        const char* bold;
-    } cases[] = {{50, kOwn, "---"}, {100, kOwn, "---"}, {101, kRed, "-b-"}, {20, kOwn, "---"}, {19, kOrange, "-b-"}};
-    for (const auto& expected : cases) {
-        Arrive({expected.byte, 0});
-        EXPECT_EQ(kOwn, ColourOf(0, 0));
-        EXPECT_EQ(expected.colour, ColourOf(0, 1)) << int{expected.byte};
-        EXPECT_EQ(kOwn, ColourOf(0, 2));
-        EXPECT_EQ(expected.bold, BoldCells(0)) << int{expected.byte};
-    }
-}
-
-TEST_F(ItemListColoursTest, TheBoldFontIsTheTold) {
+TEST_F(ItemListColoursTest, AnAlarmIsInTheValueColumnAloneInTheBoldFont) {
     speed->flags = ADXValue::kAlarmHigh;
     ShowRows({speed});
-    Arrive({150, 0});
-    Ask(0, 1);
+    Arrive({100, 0});
+    EXPECT_EQ("---", BoldCells(0));
+    Arrive({101, 0});
+    EXPECT_EQ("-b-", BoldCells(0));
+    EXPECT_EQ(kOwn, ColourOf(0, 0));
+    EXPECT_EQ(kOwn, ColourOf(0, 2));
+    EXPECT_EQ(kRed, ColourOf(0, 1));
     const LOGFONTA font = Font();
     EXPECT_EQ(14, font.lfHeight);
     EXPECT_EQ(600, font.lfWeight);
@@ -149,27 +133,6 @@ TEST_F(ItemListColoursTest, TheScreenShowsTheColours) {
     Arrive({10, 0});
     EXPECT_EQ("---1-", Ink(1, 1));
     EXPECT_EQ("-1---", Ink(2, 1));
-}
-
-TEST_F(ItemListColoursTest, TheScreenShowsWhatIsBoldAndWhatIsNot) {
-    speed->SetTitle("Engine", 6);
-    fan->flags = ADXBitmask::kAlarmOnSet;
-    fan->alarmonsetcolor = kOwn;  // so that only the weight differs
-    AddRow(speed);
-    AddHeading("Engine", 1)->color = kOwn;
-    AddRow(speed);
-    AddRow(fan);
-    ShowRows({speed});
-    Arrive({50, 1});
-    const auto title = Picture(0, 2), value = Picture(0, 1);
-    EXPECT_NE(title, Picture(1, 2));
-    EXPECT_EQ(title, Picture(2, 2)) << "below a heading";
-    EXPECT_EQ(value, Picture(2, 1));
-    EXPECT_EQ(title, Picture(4, 2)) << "below an alarm";
-    EXPECT_EQ(value, Picture(4, 1));
-    const auto alarm = Picture(3, 1);
-    fan->flags = 0;
-    EXPECT_NE(alarm, Picture(3, 1));
 }
 
 TEST_F(ItemListColoursTest, AThousandPaintsLeaveNothingBehind) {

@@ -17,84 +17,22 @@ TEST_F(ItemListRowsTest, EveryRowShowsItsValueAndItsTitle) {
     EXPECT_EQ((Strings{"60.0 | Speed", "rests | Fan"}), Table());
 }
 
-TEST_F(ItemListRowsTest, BeforeTheFirstPacketValuesAreThoseOfTheWordZero) {
-    speed->SetEquation("X+7", 3);
-    ShowRows({speed, fan});
-    EXPECT_EQ((Strings{"7.0 | Speed", "rests | Fan"}), Table());
-}
-
-TEST_F(ItemListRowsTest, AHeadingShowsItsTitleAlone) {
-    AddHeading("Engine", 1);
-    ADXLVENTRY odd;
-    odd.entrytype = ADXLVENTRY::kHeadingRow;
-    odd.item = speed;
-    AddEntry(odd);
-    Show();
-    Arrive({50, 1});
-    EXPECT_EQ((Strings{" | Engine", " | "}), Table());
-    EXPECT_EQ("", Cell(0, kEmptyColumn));
-}
-
 TEST_F(ItemListRowsTest, AnEntryWithoutItsItemHasNoRow) {
     AddRow(speed);
     AddRow(nullptr);
     AddHeading("Faults", 0);
     AddRow(fan);
-    ADXLVENTRY unknown;
-    unknown.entrytype = 5;
-    AddEntry(unknown);
+    ADXLVENTRY odd;
+    odd.entrytype = 5;
+    AddEntry(odd);
+    odd.entrytype = ADXLVENTRY::kHeadingRow;
+    odd.item = speed;
+    AddEntry(odd);
     Show();
-    EXPECT_EQ((Strings{"0.0 | Speed", " | Faults", "rests | Fan", " | "}), Table());
+    EXPECT_EQ((Strings{"0.0 | Speed", " | Faults", "rests | Fan", " | ", " | "}), Table());
+    EXPECT_EQ("", Cell(1, kEmptyColumn));
     EXPECT_EQ(list->GetEntry(3), EntryOfRow(List(), 2));
-    EXPECT_EQ(nullptr, EntryOfRow(List(), 4));
-}
-
-TEST_F(ItemListRowsTest, ItemsOfAnotherCommandKeepTheirLastValue) {
-    speed->parentcmdidhash = fan->parentcmdidhash = kOther;
-    fan->flags = ADXBitmask::kAlarmOnSet;
-    ShowRows({speed, fan});
-    Arrive({50, 0}, kOther);
-    Arrive({60, 1}, kCommand);
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ((Strings{"50.0 | Speed", "rests | Fan"}), Table());
-        // The colours are of the newest packet, but take nothing from it.
-        RedrawList();
-    }
-    Arrive({70, 1}, kOther);
-    EXPECT_EQ((Strings{"70.0 | Speed", "runs | Fan"}), Table());
-}
-
-TEST_F(ItemListRowsTest, ItemsOfNoCommandAreReadFromAnyPacket) {
-    ShowRows({speed});
-    const std::uint8_t packet = 33;
-    session.StoreLastPacket(LastPacket::Of(PacketView(&packet, 1), kOther));
-    EXPECT_EQ("33.0", Cell(0, 1)) << "though nothing has updated its word";
-}
-
-TEST_F(ItemListRowsTest, AValueWithoutATextHasNotThatOfTheRowBefore) {
-    auto* const odd = AddTitled<ADXValue>(session.definition, "ODD", "Odd");
-    odd->SetEquation("X", 1);
-    odd->outputtype = 9;
-    ShowRows({speed, odd});
-    Arrive({50, 1});
-    EXPECT_EQ((Strings{"50.0 | Speed", " | Odd"}), Table());
-}
-
-TEST_F(ItemListRowsTest, LongTextsAreCut) {
-    const std::string text(300, 'z');
-    speed->SetTitle(text.c_str(), 300);
-    speed->digcount = 200;
-    fan->SetTrueString(text.c_str(), 300);
-    AddRow(speed);
-    AddRow(fan);
-    AddHeading(text, 1);
-    Show();
-    Arrive({50, 1});
-    EXPECT_EQ(text.substr(0, 255), Cell(0, 2));
-    EXPECT_EQ("50." + std::string(36, '0'), Cell(0, 1));
-    EXPECT_EQ(text.substr(0, 39), Cell(1, 1));
-    EXPECT_EQ(text, Cell(2, 2));
-    RedrawList();
+    EXPECT_EQ(nullptr, EntryOfRow(List(), 5));
 }
 
 TEST_F(ItemListRowsTest, AnotherListHasItsOwnRows) {

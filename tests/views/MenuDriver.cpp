@@ -1,5 +1,7 @@
 #include "tests/views/MenuDriver.h"
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 
 namespace corvex::test {
@@ -61,6 +63,17 @@ void MenuDriver::Run() {
     for (int i = 0; i < 3; ++i)
         ::PostMessageA(window, WM_KEYDOWN, VK_ESCAPE, 1);
     MenuCloses();
+}
+
+void WorkMenu(const std::function<void()>& ask, const std::vector<WPARAM>& keys,
+              const std::function<void(HMENU)>& look) {
+    bool came = false;
+    for (int i = 0; i < 3 && !came; ++i) {
+        MenuDriver driver(keys, look);
+        ask();
+        came = driver.Came();
+    }
+    EXPECT_TRUE(came);
 }
 
 bool MenuCloses() {

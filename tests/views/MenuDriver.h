@@ -33,6 +33,11 @@ private:
     std::thread thread_;
 };
 
+// Asks for a menu until one has come and has been worked so. The tests of other programs share the desktop, and a
+// window of theirs that comes to the front may end a menu before it is seen: three times at most.
+void WorkMenu(const std::function<void()>& ask, const std::vector<WPARAM>& keys,
+              const std::function<void(HMENU)>& look = {});
+
 // Waits until no popup menu of this process is open, 10 seconds at most. Not on the thread that shows it.
 bool MenuCloses();
 

@@ -27,19 +27,22 @@ protected:
         CreateMonitorPage(session);
     }
 
-    static void AddEntry(ADXMonitor* monitor, ADXObject* item, std::uint32_t colour = 0x0000FF) {
-        const ADXMONSERIES entry{.linecolor = colour, .axiscolor = 0x336699, .linewidth = 3, .item = item};
-        monitor->AddEntry(&entry);
-    }
     MonitorPage& State() const { return *static_cast<MonitorPage*>(session.monitorState); }
     const MonitorChart& Chart(std::size_t index = 0) const { return State().Charts().at(index); }
     DataChartSeries* Series(std::uint32_t index, std::size_t chart = 0) const {
         return reinterpret_cast<DataChartSeries*>(::SendMessageA(Chart(chart).window, DCM_GETSERIES, index, 0));
     }
     LRESULT Ask(UINT message) const { return ::SendMessageA(Chart().window, message, 0, 0); }
-    void ShowSpeed() {
-        AddEntry(engine, speed);
+    // The page with these on the first chart.
+    void Fill(const std::vector<ADXObject*>& items) {
+        for (ADXObject* const item : items) {
+            const ADXMONSERIES entry{.linecolor = 0x112233, .axiscolor = 0x336699, .linewidth = 3, .item = item};
+            engine->AddEntry(&entry);
+        }
         RefreshMonitorPage(session);
+    }
+    void ShowSpeed() {
+        Fill({speed});
         TabSheet::selectPage(sheet, 1);
         ShowFrame();
         ::UpdateWindow(frame);
@@ -59,14 +62,9 @@ protected:
     Strings PressRow(int row) {
         Strings rows;
         std::vector<WPARAM> keys(static_cast<std::size_t>(row) + 1, VK_DOWN);
-        keys.push_back(VK_RETURN);
-        bool came = false;
-        for (int i = 0; i < 3 && !came; ++i) {
-            MenuDriver driver(row < 0 ? std::vector<WPARAM>{} : keys, [&](HMENU menu) { rows = RowsOf(menu); });
-            ::SendMessageA(Chart().window, WM_CONTEXTMENU, 0, MAKELPARAM(40, 60));
-            came = driver.Came();
-        }
-        EXPECT_TRUE(came);
+        if (row >= 0) keys.push_back(VK_RETURN);
+        WorkMenu([this] { ::SendMessageA(Chart().window, WM_CONTEXTMENU, 0, MAKELPARAM(40, 60)); }, keys,
+                 [&](HMENU menu) { rows = RowsOf(menu); });
         return rows;
     }
 
@@ -74,23 +72,15 @@ protected:
     ADXMonitor* engine = nullptr;
 };
 
-TEST_F(MonitorPageTest, IsATabOfTheSheetWithAChartForEachMonitor) {
-    AddTitled<ADXMonitor>(session.definition, "FUEL", std::string(160, 'f'));
-    RefreshMonitorPage(session);
-    ASSERT_EQ(2, TabSheet::pageCount(sheet));
-    EXPECT_EQ("Monitors", Title(1));
-    EXPECT_EQ(Page(1), State().Window());
-    EXPECT_EQ(session.monitorPage, Page(1));
-    ASSERT_EQ(2U, State().Charts().size());
-    EXPECT_EQ(9000, ::GetDlgCtrlID(Chart(0).window));
-    EXPECT_EQ(9001, ::GetDlgCtrlID(Chart(1).window));
-    EXPECT_TRUE(::IsWindow(Chart(1).window));
-}
-
-TEST_F(MonitorPageTest, StacksTheChartsOverTheWholeWidth) {
-    AddTitled<ADXMonitor>(session.definition, "TWO", "Two");
+TEST_F(MonitorPageTest, StacksAChartForEachMonitorOverTheWholeWidth) {
+    AddTitled<ADXMonitor>(session.definition, "TWO", std::string(160, 'f'));
     AddTitled<ADXMonitor>(session.definition, "THREE", "Three");
     RefreshMonitorPage(session);
+    EXPECT_EQ(Page(1), State().Window());
+    EXPECT_EQ(session.monitorPage, Page(1));
+    ASSERT_EQ(3U, State().Charts().size());
+    EXPECT_EQ(9000, ::GetDlgCtrlID(Chart(0).window));
+    EXPECT_EQ(9001, ::GetDlgCtrlID(Chart(1).window));
     for (const auto& [width, height] : {std::pair{700, 420}, std::pair{1600, 801}}) {
         Resize(width, height);
         const RECT client = ClientOf(Page(1));
@@ -100,6 +90,9 @@ TEST_F(MonitorPageTest, StacksTheChartsOverTheWholeWidth) {
             EXPECT_EQ((RECT{0, top, client.right, top + share}), PlaceOf(Chart(i).window));
         }
     }
+    SetMonitorsTime(session, 12.5);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(12.5F, Chart(i).timeAxis->marker) << "the cursor of a playback";
 }
 
 TEST_F(MonitorPageTest, TheTimeAxisShowsTwentySecondsAndScrolls) {
@@ -114,11 +107,7 @@ TEST_F(MonitorPageTest, TheTimeAxisShowsTwentySecondsAndScrolls) {
 }
 
 TEST_F(MonitorPageTest, EachValueHasALineAndAnAxisOfItsOwnOnAlternateSides) {
-    AddEntry(engine, speed, 0x112233);
-    AddEntry(engine, AddTitled<ADXBitmask>(session.definition, "FAN", "Fan"));
-    AddEntry(engine, load);
-    AddEntry(engine, speed);
-    RefreshMonitorPage(session);
+    Fill({speed, AddTitled<ADXBitmask>(session.definition, "FAN", "Fan"), load, speed});
     EXPECT_EQ(3, Ask(DCM_GETSERIESCOUNT)) << "a bitmask is no value";
     EXPECT_EQ(4, Ask(DCM_GETAXISCOUNT));
     const DataChartSeries& first = *Series(0);
@@ -138,8 +127,7 @@ TEST_F(MonitorPageTest, EachValueHasALineAndAnAxisOfItsOwnOnAlternateSides) {
 
 TEST_F(MonitorPageTest, SamplesAreWantedWhileThereIsASeriesWhateverTabIsInFront) {
     EXPECT_FALSE(Wants(SampleViewKind::kMonitors));
-    AddEntry(engine, speed);
-    RefreshMonitorPage(session);
+    Fill({speed});
     EXPECT_NE(0U, session.views.Wanted() & BitOf(SampleViewKind::kMonitors));
     Publish(1.5, {77, 5});
     ASSERT_EQ(1U, Series(0)->Count());
@@ -149,30 +137,22 @@ TEST_F(MonitorPageTest, SamplesAreWantedWhileThereIsASeriesWhateverTabIsInFront)
     EXPECT_EQ(77.0F, y);
 }
 
-TEST_F(MonitorPageTest, AnotherCommandsReplyLeavesAGap) {
+TEST_F(MonitorPageTest, AnotherCommandsReplyLeavesAGapAndATriggerAddsThePresentValue) {
     speed->parentcmdidhash = kCommand;
-    AddEntry(engine, speed);
-    AddEntry(engine, load);
-    RefreshMonitorPage(session);
+    Fill({speed, load});
     Publish(1, {10, 20}, kOther);
     Publish(2, {11, 21});
     EXPECT_EQ(1U, Series(0)->Count());
     EXPECT_EQ(2U, Series(1)->Count());
-}
-
-TEST_F(MonitorPageTest, ATriggerAddsThePresentValue) {
-    AddEntry(engine, speed);
-    RefreshMonitorPage(session);
-    Publish(1, {10, 20});
-    session.PublishSample(2.0, nullptr, kCommand, BitOf(SampleViewKind::kMonitors));
+    session.PublishSample(3.0, nullptr, kCommand, BitOf(SampleViewKind::kMonitors));
     ASSERT_EQ(2U, Series(0)->Count());
     float y = 0;
     Series(0)->getY(&y, 1);
-    EXPECT_EQ(10.0F, y) << "of the last raw word";
+    EXPECT_EQ(11.0F, y) << "of the last raw word";
 }
 
 TEST_F(MonitorPageTest, AChartIsPaintedOncePerSample) {
-    AddEntry(engine, load);
+    Fill({load});
     ShowSpeed();
     const WindowSpy spy(Chart().window);
     Publish(0, {10, 20});
@@ -216,7 +196,7 @@ TEST_F(MonitorPageTest, WhileTheThumbIsHeldSamplesMoveNothing) {
     EXPECT_GT(time.Minimum(), 200.0F) << "it catches up";
 }
 
-TEST_F(MonitorPageTest, ClearingKeepsTheWidthAndBeginsAtZero) {
+TEST_F(MonitorPageTest, ClearingKeepsTheWidthAndBeginsAtZeroAndARefreshBeginsAnew) {
     ShowSpeed();
     Publish(1, {10, 20});
     Publish(100, {10, 20});
@@ -227,27 +207,17 @@ TEST_F(MonitorPageTest, ClearingKeepsTheWidthAndBeginsAtZero) {
     EXPECT_EQ(40.0F, Chart().timeAxis->Maximum());
     EXPECT_EQ(0.0F, Chart().timeAxis->LowLimit());
     EXPECT_EQ(40.0F, Chart().timeAxis->HighLimit());
+    Publish(1, {10, 20});
+    const HWND chart = Chart().window;
+    RefreshMonitorPage(session);
+    EXPECT_FALSE(::IsWindow(chart)) << "the charts are made anew";
+    EXPECT_EQ(0U, Series(0)->Count());
 }
 
-TEST_F(MonitorPageTest, ThePlaybackCursorMovesOnEveryChart) {
-    AddTitled<ADXMonitor>(session.definition, "TWO", "Two");
-    RefreshMonitorPage(session);
-    SetMonitorsTime(session, 12.5);
-    EXPECT_EQ(12.5F, Chart(0).timeAxis->marker);
-    EXPECT_EQ(12.5F, Chart(1).timeAxis->marker);
-}
-
-TEST_F(MonitorPageTest, TheMenuOffersEveryValueAndChecksWhatIsShown) {
-    AddEntry(engine, load);
-    RefreshMonitorPage(session);
+TEST_F(MonitorPageTest, AValueChosenFromAllIsAddedInTheNextColour) {
+    Fill(std::vector<ADXObject*>(10, load));
     EXPECT_EQ((Strings{"1 Speed", "2* Load"}), PressRow(-1));
     EXPECT_EQ(0U, session.monitorsChanged);
-}
-
-TEST_F(MonitorPageTest, AChosenValueIsAddedInTheNextColour) {
-    for (int i = 0; i < 10; ++i)
-        AddEntry(engine, load);
-    RefreshMonitorPage(session);
     PressRow(0);
     ASSERT_EQ(11U, engine->GetEntryCount());
     const ADXMONSERIES& entry = *engine->GetEntry(10);
@@ -264,9 +234,7 @@ TEST_F(MonitorPageTest, AChosenValueIsAddedInTheNextColour) {
 }
 
 TEST_F(MonitorPageTest, ACheckedValueIsRemovedWithItsAxis) {
-    AddEntry(engine, speed);
-    AddEntry(engine, load);
-    RefreshMonitorPage(session);
+    Fill({speed, load});
     Publish(1, {10, 20});
     const DataChartAxis* const stays = Series(1)->YAxis();
     PressRow(0);
@@ -291,16 +259,6 @@ TEST_F(MonitorPageTest, ALoadWhileTheMenuIsOpenDropsTheChoice) {
     EXPECT_TRUE(driver.Came());
     EXPECT_EQ(0U, session.monitorsChanged);
     EXPECT_TRUE(State().Charts().empty());
-}
-
-TEST_F(MonitorPageTest, RefreshMakesTheChartsAnew) {
-    AddEntry(engine, speed);
-    RefreshMonitorPage(session);
-    Publish(1, {10, 20});
-    const HWND chart = Chart().window;
-    RefreshMonitorPage(session);
-    EXPECT_FALSE(::IsWindow(chart));
-    EXPECT_EQ(0U, Series(0)->Count());
 }
 
 TEST_F(MonitorPageTest, ItsEndIsKnown) {

@@ -98,36 +98,6 @@ TEST_F(OddDefinitionTest, NumbersOfEveryKindAreSurvivedInEverySize) {
     EXPECT_EQ(before, AllGdiObjects());
 }
 
-// The system allows no window that is wider or higher than 32767 pixels.
-TEST_F(OddDefinitionTest, AGaugeFarLargerThanThePageShowsThePartInIt) {
-    ShowBoth();
-    TabSheet::selectPage(sheet, 1);
-    for (const std::uint32_t type : {kAnalogGaugeType, kDigitalReadoutType, kStatusGaugeType}) {
-        dashboard->SetEntryCount(0);
-        AddEntry(type, type == kStatusGaugeType ? static_cast<ADXObject*>(fan) : speed);
-        dashboard->GetEntry(0)->top = dashboard->GetEntry(0)->left = 50;
-        dashboard->GetEntry(0)->bottom = dashboard->GetEntry(0)->right = 65535;
-        RefreshDashPage(session);
-        SetPixelOf(Gauge(0), 100, 100, 0x123456);
-        Sample({50, 0, 1});
-        EXPECT_EQ((SIZE{32767, 32767}), SizeOf(Gauge(0)));
-        EXPECT_NE(0x123456U, PixelOf(Gauge(0), 100, 100)) << type;
-    }
-}
-
-TEST_F(OddDefinitionTest, AGaugeTurnedInsideOutShowsNothing) {
-    AddEntry(kDigitalReadoutType, speed);
-    ADXDGENTRY& entry = *dashboard->GetEntry(0);
-    entry.top = entry.left = 60;
-    entry.bottom = entry.right = 40;
-    ShowBoth();
-    TabSheet::selectPage(sheet, 1);
-    Sample({50, 0, 1});
-    EXPECT_EQ(50.0F, Digits(Gauge(0)));
-    const RECT client = ClientOf(Gauge(0));
-    EXPECT_TRUE(::IsRectEmpty(&client));
-}
-
 TEST_F(OddDefinitionTest, LongTextsWithEveryCharacterAreDataAlone) {
     std::string text;
     while (text.size() < 10000)

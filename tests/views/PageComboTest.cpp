@@ -18,73 +18,49 @@ protected:
     ~PageComboTest() override { ::DestroyWindow(combo); }
 
     ADXObject* Selected() const { return SelectedObject(combo, definition, kTypeDashboard); }
-    void Select(int row) const { ::SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0); }
+    ADXObject* AddDashboard(const char* id, const std::string& title) {
+        return AddTitled<ADXDashboard>(definition, id, title);
+    }
 
     ADXDefinition definition;
     HWND combo;
 };
 
-TEST_F(PageComboTest, OffersTheTitlesOfOneTypeInTheOrderOfTheDefinition) {
-    AddTitled<ADXDashboard>(definition, "B", "Zebra");
+TEST_F(PageComboTest, OffersTheTitlesOfOneTypeCutAt256CharactersAndSelectsTheFirst) {
+    const std::string longest(256, 'a');
+    ADXObject* const first = AddDashboard("B", "Zebra");
     AddTitled<ADXListView>(definition, "L", "A list");
-    AddTitled<ADXDashboard>(definition, "A", "Antelope");
+    ADXObject* const second = AddDashboard("A", "Antelope");
+    AddDashboard("C", longest);
+    AddDashboard("D", longest + "c");
+    Add<ADXDashboard>(definition, "E");
     FillPageCombo(combo, definition, kTypeDashboard);
-    EXPECT_EQ((Strings{"Zebra", "Antelope"}), Rows(combo));
-}
-
-TEST_F(PageComboTest, FillingAgainLeavesNothingOfBefore) {
-    AddTitled<ADXDashboard>(definition, "A", "Antelope");
-    FillPageCombo(combo, definition, kTypeDashboard);
-    definition.Clear();
-    AddTitled<ADXDashboard>(definition, "B", "Badger");
-    FillPageCombo(combo, definition, kTypeDashboard);
-    EXPECT_EQ(Strings{"Badger"}, Rows(combo));
-}
-
-TEST_F(PageComboTest, SelectsTheFirstRowWhoseDataIsTheObject) {
-    ADXObject* const first = AddTitled<ADXDashboard>(definition, "A", "Antelope");
-    ADXObject* const second = AddTitled<ADXDashboard>(definition, "B", "Badger");
-    FillPageCombo(combo, definition, kTypeDashboard);
+    EXPECT_EQ((Strings{"Zebra", "Antelope", longest, longest, ""}), Rows(combo));
     EXPECT_EQ(first, Selected());
-    Select(1);
+    ::SendMessageA(combo, CB_SETCURSEL, 1, 0);
     EXPECT_EQ(second, Selected());
     EXPECT_EQ(reinterpret_cast<LRESULT>(second), ::SendMessageA(combo, CB_GETITEMDATA, 1, 0));
 }
 
-TEST_F(PageComboTest, CutsATitleAt256Characters) {
-    AddTitled<ADXDashboard>(definition, "A", std::string(256, 'a'));
-    AddTitled<ADXDashboard>(definition, "B", std::string(256, 'b') + "c");
-    FillPageCombo(combo, definition, kTypeDashboard);
-    EXPECT_EQ(std::string(256, 'a'), RowText(combo, 0));
-    EXPECT_EQ(std::string(256, 'b'), RowText(combo, 1));
-}
-
-TEST_F(PageComboTest, AnObjectWithoutATitleHasARowToo) {
-    ADXObject* const object = Add<ADXDashboard>(definition, "A");
-    FillPageCombo(combo, definition, kTypeDashboard);
-    EXPECT_EQ(Strings{""}, Rows(combo));
-    EXPECT_EQ(object, Selected());
-}
-
-TEST_F(PageComboTest, SelectsNothingWhereThereIsNothing) {
-    FillPageCombo(combo, definition, kTypeDashboard);
-    EXPECT_EQ(0, ::SendMessageA(combo, CB_GETCOUNT, 0, 0));
-    EXPECT_EQ(nullptr, Selected());
+TEST_F(PageComboTest, NeverAnswersAnObjectThatIsGoneAndFillingAgainLeavesNothingOfBefore) {
     EXPECT_EQ(nullptr, SelectedObject(nullptr, definition, kTypeDashboard));
-}
-
-TEST_F(PageComboTest, NeverAnswersAnObjectThatIsGone) {
-    AddTitled<ADXDashboard>(definition, "A", "Antelope");
+    FillPageCombo(combo, definition, kTypeDashboard);
+    EXPECT_EQ(Strings{}, Rows(combo));
+    EXPECT_EQ(nullptr, Selected());
+    AddDashboard("A", "Antelope");
     FillPageCombo(combo, definition, kTypeDashboard);
     definition.Clear();
     EXPECT_EQ(nullptr, Selected());
+    ADXObject* const badger = AddDashboard("B", "Badger");
+    FillPageCombo(combo, definition, kTypeDashboard);
+    EXPECT_EQ(Strings{"Badger"}, Rows(combo));
+    EXPECT_EQ(badger, Selected());
 }
 
 TEST_F(PageComboTest, NeverAnswersAnObjectOfAnotherRow) {
-    AddTitled<ADXDashboard>(definition, "A", "Antelope");
+    AddDashboard("A", "Antelope");
     FillPageCombo(combo, definition, kTypeDashboard);
-    auto newcomer = std::make_unique<ADXDashboard>();
-    definition.InsertAt(std::move(newcomer), 0);
+    definition.InsertAt(std::make_unique<ADXDashboard>(), 0);
     EXPECT_EQ(nullptr, Selected());
 }
 

@@ -19,13 +19,6 @@ namespace corvex::test {
 
 using Strings = std::vector<std::string>;
 
-template <class T>
-T* AddTitled(ADXDefinition& definition, const char* id, const std::string& title) {
-    T* object = Add<T>(definition, id);
-    object->SetTitle(title.c_str(), static_cast<std::uint32_t>(title.size()));
-    return object;
-}
-
 inline std::string RowText(HWND combo, int row) {
     const LRESULT length = ::SendMessageA(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(row), 0);
     if (length == CB_ERR) return "no such row";

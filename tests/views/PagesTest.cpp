@@ -59,37 +59,6 @@ TEST_F(PagesTest, HaveRoomForTheirControlsInSmallAndLargeWindows) {
     }
 }
 
-TEST_F(PagesTest, TakeAnyOtherSizeToo) {
-    LoadExample();
-    for (const auto& [width, height] : {std::pair{0, 0}, std::pair{1, 1}, std::pair{60, 30}, std::pair{3000, 2000}}) {
-        Resize(width, height);
-        for (int i = 0; i < 5; ++i)
-            EXPECT_TRUE(TabSheet::selectPage(sheet, i));
-    }
-}
-
-TEST_F(PagesTest, DefinitionsComeAndGo) {
-    for (int round = 0; round < 3; ++round) {
-        LoadExample();
-        EXPECT_NE(nullptr, session.currentDashboard);
-        EXPECT_NE(nullptr, session.currentListView);
-        EXPECT_NE(nullptr, session.currentHistogram);
-        session.definition.Clear();
-        RefreshPages(session);
-        EXPECT_EQ(nullptr, session.currentDashboard);
-        EXPECT_EQ(nullptr, session.currentListView);
-        EXPECT_EQ(nullptr, session.currentHistogram);
-    }
-}
-
-TEST_F(PagesTest, SamplesFindNoneOfThemAfterTheirEnd) {
-    ShowFrame();
-    TabSheet::selectPage(sheet, 1);
-    ASSERT_TRUE(Wants(SampleViewKind::kDash));
-    EndFrame();
-    EXPECT_EQ(0U, session.views.Wanted());
-}
-
 TEST(PagesWithoutSheetTest, CreatingThemWithoutASheetLeavesNothing) {
     SessionState session;
     CreatePages(session);

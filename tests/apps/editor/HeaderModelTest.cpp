@@ -15,6 +15,7 @@ namespace corvex {
 namespace {
 
 using test::Add;
+using test::AddTitled;
 using test::Length;
 
 class HeaderModelTest : public ::testing::Test {
@@ -26,15 +27,10 @@ protected:
         definition_.baud = 160;
         definition_.flags = 0x81;
         value_ = Add<ADXValue>(definition_, "RPM");
-        send_ = Titled(Add<ADXCSendCommand>(definition_, "SEND"), "Ask");
-        macro_ = Titled(Add<ADXMacro>(definition_, "LOOP"), "Loop");
+        send_ = AddTitled<ADXCSendCommand>(definition_, "SEND", "Ask");
+        macro_ = AddTitled<ADXMacro>(definition_, "LOOP", "Loop");
         trigger_ = Add<ADXCTrigger>(definition_, "BELL");
         definition_.monitorcmd = macro_;
-    }
-    template <class T>
-    static T* Titled(T* object, const char* title) {
-        object->SetTitle(title, Length(title));
-        return object;
     }
     static std::vector<std::string> Labels(const HeaderModel& model, HeaderCommand command) {
         std::vector<std::string> labels;
@@ -72,7 +68,7 @@ TEST_F(HeaderModelTest, ShowsWhatTheDefinitionHoldsAndLeavesItByteForByte) {
 }
 
 TEST_F(HeaderModelTest, OffersNoneAndAllCommandsByTitleAndId) {
-    Titled(Add<ADXCTrigger>(definition_, ""), "Nameless");
+    AddTitled<ADXCTrigger>(definition_, "", "Nameless");
     Add<ADXCTrigger>(definition_, "");
     const HeaderModel model(definition_);
     const std::vector<std::string> expected = {"(none)", "Ask (SEND)", "Loop (LOOP)", "BELL", "Nameless", "(no title)"};

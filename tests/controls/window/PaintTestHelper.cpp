@@ -78,10 +78,6 @@ COLORREF PixelOf(HWND window, int x, int y) {
     return ::GetPixel(ClientDc(window).Get(), x, y);
 }
 
-void SetPixelOf(HWND window, int x, int y, COLORREF colour) {
-    ::SetPixel(ClientDc(window).Get(), x, y, colour);
-}
-
 Colours ColoursOf(HWND window) {
     return TestBitmap(window).ColoursIn(ClientOf(window));
 }

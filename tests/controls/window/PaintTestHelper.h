@@ -42,7 +42,6 @@ std::size_t AllGdiObjects();
 
 // Of a window on show.
 COLORREF PixelOf(HWND window, int x, int y);
-void SetPixelOf(HWND window, int x, int y, COLORREF colour);
 Colours ColoursOf(HWND window);
 
 // For people to look at: writes the window with all in it as NAME.bmp into the folder that the environment variable

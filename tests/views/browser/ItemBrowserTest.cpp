@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -21,25 +22,23 @@ namespace corvex {
 namespace {
 
 using test::Add;
+using test::AddTitled;
 using test::DialogPerson;
 
 constexpr int kList = 1001;
 constexpr test::DialogLook kBrowser = {"ADX Item Browser", kList};
 
-std::string RowText(HWND list, int row) {
+std::vector<std::string> Rows(HWND list) {
     char text[300] = {};
     LVITEMA item{};
     item.pszText = text;
     item.cchTextMax = sizeof text;
-    ::SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-    return text;
-}
-
-std::vector<std::string> Rows(HWND list) {
     std::vector<std::string> rows;
-    const auto count = static_cast<int>(::SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
-    for (int row = 0; row < count; ++row)
-        rows.push_back(RowText(list, row));
+    const auto count = static_cast<WPARAM>(::SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+    for (WPARAM row = 0; row < count; ++row) {
+        ::SendMessageA(list, LVM_GETITEMTEXTA, row, reinterpret_cast<LPARAM>(&item));
+        rows.emplace_back(text);
+    }
     return rows;
 }
 
@@ -69,16 +68,11 @@ POINT MiddleOfRow(HWND list, int row) {
 class ItemBrowserTest : public ::testing::Test {
 protected:
     ItemBrowserTest() {
-        rpm_ = Titled(Add<ADXValue>(definition_, "RPM"), "Engine speed");
-        loop_ = Titled(Add<ADXMacro>(definition_, "LOOP"), "Loop");
-        fan_ = Titled(Add<ADXBitmask>(definition_, "FAN"), "Fan");
+        rpm_ = AddTitled<ADXValue>(definition_, "RPM", "Engine speed");
+        loop_ = AddTitled<ADXMacro>(definition_, "LOOP", "Loop");
+        fan_ = AddTitled<ADXBitmask>(definition_, "FAN", "Fan");
         untitled_ = Add<ADXValue>(definition_, "NONAME");
-        tps_ = Titled(Add<ADXValue>(definition_, "TPS"), "Throttle");
-    }
-    template <class T>
-    static T* Titled(T* object, const char* title) {
-        object->SetTitle(title, test::Length(title));
-        return object;
+        tps_ = AddTitled<ADXValue>(definition_, "TPS", "Throttle");
     }
     bool Browse(std::uint32_t mask, std::uint32_t options, std::function<void(HWND dialog, HWND list)> acts) {
         const DialogPerson person(kBrowser,
@@ -129,38 +123,25 @@ TEST_F(ItemBrowserTest, HasOneWideColumnFullRowsAndGridLines) {
     });
 }
 
-TEST_F(ItemBrowserTest, GivesAllThatIsSelectedInTheOrderOfTheList) {
-    EXPECT_TRUE(Browse(kTypeAny, 0, [](HWND dialog, HWND list) {
-        Select(list, 4);
-        Select(list, 1);
-        DialogPerson::Press(dialog, IDOK);
-    }));
-    EXPECT_EQ(Items(), (std::vector<ADXObject*>{loop_, tps_}));
-}
-
-TEST_F(ItemBrowserTest, GivesOneWhenAskedForOne) {
-    EXPECT_TRUE(Browse(kTypeAny, kBrowseSingle, [](HWND dialog, HWND list) {
-        Select(list, 1);
-        Select(list, 2);
-        EXPECT_EQ(::SendMessageA(list, LVM_GETSELECTEDCOUNT, 0, 0), 1);
-        DialogPerson::Press(dialog, IDOK);
-    }));
-    EXPECT_EQ(Items(), std::vector<ADXObject*>{fan_});
-}
-
-TEST_F(ItemBrowserTest, OnlyTheLowestBitOfTheOptionsCounts) {
-    EXPECT_TRUE(Browse(kTypeAny, 0xFFFFFFFE, [](HWND dialog, HWND list) {
-        Select(list, 0);
-        Select(list, 3);
-        DialogPerson::Press(dialog, IDOK);
-    }));
-    EXPECT_EQ(Items(), (std::vector<ADXObject*>{rpm_, untitled_}));
-}
-
-TEST_F(ItemBrowserTest, GivesAnEmptyArrayWhenNothingIsSelected) {
-    EXPECT_TRUE(Browse(kTypeAny, 0, [](HWND dialog, HWND) { DialogPerson::Press(dialog, IDOK); }));
-    EXPECT_EQ(count_, 0U);
-    EXPECT_NE(items_, nullptr);
+// Of the options only the lowest bit counts: one alone may be selected.
+TEST_F(ItemBrowserTest, GivesWhatIsSelectedInTheOrderOfTheList) {
+    const struct {
+        std::uint32_t options;
+        std::vector<int> rows;
+        std::vector<ADXObject*> items;
+    } cases[] = {{0, {4, 1}, {loop_, tps_}},
+                 {kBrowseSingle, {1, 2}, {fan_}},
+                 {0xFFFFFFFE, {0, 3}, {rpm_, untitled_}},
+                 {0, {}, {}}};
+    for (const auto& expected : cases) {
+        EXPECT_TRUE(Browse(kTypeAny, expected.options, [&](HWND dialog, HWND list) {
+            for (const int row : expected.rows)
+                Select(list, row);
+            DialogPerson::Press(dialog, IDOK);
+        }));
+        EXPECT_EQ(Items(), expected.items);
+        EXPECT_NE(items_, nullptr) << "an array even of nothing";
+    }
 }
 
 TEST_F(ItemBrowserTest, CancelLeavesTheResultsAlone) {
@@ -174,12 +155,7 @@ TEST_F(ItemBrowserTest, CancelLeavesTheResultsAlone) {
     EXPECT_EQ(count_, 99U);
 }
 
-TEST_F(ItemBrowserTest, ADoubleClickOnARowIsOk) {
-    EXPECT_TRUE(Browse(kTypeAny, 0, [](HWND, HWND list) { DoubleClick(list, MiddleOfRow(list, 2)); }));
-    EXPECT_EQ(Items(), std::vector<ADXObject*>{fan_});
-}
-
-TEST_F(ItemBrowserTest, ADoubleClickBesideTheRowsIsNone) {
+TEST_F(ItemBrowserTest, ADoubleClickOnARowIsOkAndBesideTheRowsNothing) {
     EXPECT_FALSE(Browse(kTypeMacro, 0, [](HWND dialog, HWND list) {
         RECT area{};
         ::GetClientRect(list, &area);
@@ -187,35 +163,32 @@ TEST_F(ItemBrowserTest, ADoubleClickBesideTheRowsIsNone) {
         DialogPerson::Press(dialog, IDCANCEL);
     }));
     EXPECT_EQ(count_, 99U);
+    EXPECT_TRUE(Browse(kTypeAny, 0, [](HWND, HWND list) { DoubleClick(list, MiddleOfRow(list, 2)); }));
+    EXPECT_EQ(Items(), std::vector<ADXObject*>{fan_});
 }
 
 TEST_F(ItemBrowserTest, OpensCentredAtItsSmallestSize) {
     parent_ = ::CreateWindowExA(0, "Static", "", WS_POPUP | WS_VISIBLE, 301, 101, 400, 351, nullptr, nullptr, nullptr,
                                 nullptr);
-    RECT place{}, smaller{}, larger{};
-    MINMAXINFO limits{};
-    BOOL parentEnabled = TRUE;
     Browse(kTypeAny, 0, [&](HWND dialog, HWND) {
-        ::GetWindowRect(dialog, &place);
-        parentEnabled = ::IsWindowEnabled(parent_);
-        ::SendMessageA(dialog, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
-        ::SetWindowPos(dialog, nullptr, 0, 0, 90, 90, SWP_NOMOVE | SWP_NOZORDER);
-        ::GetWindowRect(dialog, &smaller);
-        ::SetWindowPos(dialog, nullptr, 0, 0, 390, 410, SWP_NOMOVE | SWP_NOZORDER);
-        ::GetWindowRect(dialog, &larger);
+        const auto place = [dialog] {
+            RECT area{};
+            ::GetWindowRect(dialog, &area);
+            return std::array{area.left, area.top, area.right - area.left, area.bottom - area.top};
+        };
+        const auto resize = [dialog](int width, int height) {
+            ::SetWindowPos(dialog, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+        };
+        const std::array<LONG, 4> smallest{401, 126, 200, 300};
+        EXPECT_EQ(place(), smallest);
+        EXPECT_FALSE(::IsWindowEnabled(parent_));
+        resize(90, 90);
+        EXPECT_EQ(place(), smallest);
+        resize(390, 410);
+        EXPECT_EQ(place()[2], 390);
         DialogPerson::Press(dialog, IDCANCEL);
     });
     ::DestroyWindow(parent_);
-    EXPECT_EQ(place.right - place.left, 200);
-    EXPECT_EQ(place.bottom - place.top, 300);
-    EXPECT_EQ(place.left, 401);
-    EXPECT_EQ(place.top, 126);
-    EXPECT_FALSE(parentEnabled);
-    EXPECT_EQ(limits.ptMinTrackSize.x, 200);
-    EXPECT_EQ(limits.ptMinTrackSize.y, 300);
-    EXPECT_EQ(smaller.right - smaller.left, 200);
-    EXPECT_EQ(smaller.bottom - smaller.top, 300);
-    EXPECT_EQ(larger.right - larger.left, 390);
 }
 
 TEST_F(ItemBrowserTest, ItsControlsStayInsideAndApartAtAnySize) {
