@@ -126,7 +126,7 @@ TEST(AnalogGaugeModelTest, TenColoursGoByIndexAndNoOther) {
     EXPECT_EQ(model.Colour(9), 0x010203u * 9);
 }
 
-TEST(AnalogGaugeModelTest, BandsAreAddedReplacedAndPutInFront) {
+TEST(AnalogGaugeModelTest, BandsAreAddedReplacedPutInFrontAndCopiedOutWhole) {
     AnalogGaugeModel model;
     const GaugeAlarmBand one{1.0f, 2.0f, 0x0000FF}, two{2.0f, 3.0f, 0}, three{3.0f, 4.0f, 0};
     const struct {
@@ -144,20 +144,13 @@ TEST(AnalogGaugeModelTest, BandsAreAddedReplacedAndPutInFront) {
             lows.push_back(band.low);
         EXPECT_EQ(lows, step.lows);
     }
-}
-
-TEST(AnalogGaugeModelTest, BandIsCopiedOutWhole) {
-    AnalogGaugeModel model;
-    const GaugeAlarmBand band{1.5f, 2.5f, 0x0000FF};
     GaugeAlarmBand out{};
-    EXPECT_FALSE(model.GetAlarm(0, &out));
-    model.SetAlarm(0, &band);
-    EXPECT_TRUE(model.GetAlarm(0, nullptr));
-    ASSERT_TRUE(model.GetAlarm(0, &out));
-    EXPECT_EQ(out.low, 1.5f);
-    EXPECT_EQ(out.high, 2.5f);
-    EXPECT_EQ(out.colour, 0x0000FFu);
-    EXPECT_FALSE(model.GetAlarm(1, &out));
+    EXPECT_TRUE(model.GetAlarm(3, nullptr));
+    ASSERT_TRUE(model.GetAlarm(3, &out));
+    EXPECT_EQ(out.low, one.low);
+    EXPECT_EQ(out.high, one.high);
+    EXPECT_EQ(out.colour, one.colour);
+    EXPECT_FALSE(model.GetAlarm(4, &out));
     model.ClearAlarms();
     EXPECT_FALSE(model.GetAlarm(0, &out));
 }

@@ -37,6 +37,13 @@ protected:
         gauge_.Repaint();
         return ShowsModel();
     }
+    // The message changes the model so, and paints nothing.
+    template <class Change>
+    void Tell(UINT message, WPARAM wParam, LPARAM lParam, const Change& change) {
+        EXPECT_EQ(PaintsOf(message, wParam, lParam), 0) << message;
+        change();
+        EXPECT_TRUE(ShowsModelWhenPainted()) << message;
+    }
 
     const bool registered_ = AnalogGauge::Register(::GetModuleHandleA(nullptr));
     ShownControl gauge_{"QZANALOGGAUGE", kSide, kSide};
@@ -58,31 +65,26 @@ TEST_F(AnalogGaugeTest, FlagsAreAddedAndClearedAndRepaintWhenAsked) {
         std::uint32_t flags;
     } steps[] = {{1524, 0x80, 0xDF}, {1526, 0x14, 0xCB}, {1524, 0, 0}, {1524, 0x04, 0x04}};
     for (const auto& step : steps) {
-        EXPECT_EQ(PaintsOf(step.message, step.bits, 0), 0);
-        model_.flags = step.flags;
-        EXPECT_TRUE(ShowsModelWhenPainted()) << step.flags;
+        Tell(step.message, step.bits, 0, [&] { model_.flags = step.flags; });
         EXPECT_EQ(PaintsOf(step.message, step.bits, 1), 1);
     }
 }
 
 TEST_F(AnalogGaugeTest, ColoursAreSetByIndexWithoutARepaint) {
     for (std::uint32_t i = 0; i < 10; ++i) {
-        model_.SetColour(i, 0x203040 + 0x101010 * i);
-        EXPECT_EQ(PaintsOf(1527, i, static_cast<LPARAM>(model_.Colour(i))), 0);
-        EXPECT_EQ(Send(1528, i), static_cast<LRESULT>(model_.Colour(i))) << i;
+        const std::uint32_t colour = 0x203040 + 0x101010 * i;
+        Tell(1527, i, static_cast<LPARAM>(colour), [&] { model_.SetColour(i, colour); });
+        EXPECT_EQ(Send(1528, i), static_cast<LRESULT>(colour)) << i;
     }
-    EXPECT_EQ(PaintsOf(1527, ~WPARAM{0}, 0xABCDEF), 0);
+    Tell(1527, ~WPARAM{0}, 0xABCDEF, [] {});
     EXPECT_EQ(Send(1528, ~WPARAM{0}), 0);
-    EXPECT_TRUE(ShowsModelWhenPainted());
 }
 
 TEST_F(AnalogGaugeTest, RangeLeavesTheValueUntilTheNextOneAndSweepTurnsTheScale) {
     SetBoth({120.0f});
     const float low = -20.0f, high = 60.0f;
-    EXPECT_EQ(PaintsOf(1529, W(&low), L(&high)), 0);
-    EXPECT_EQ(PaintsOf(1534, W(&low), L(&high)), 0);
-    model_.scale = {low, high, low, high};
-    EXPECT_TRUE(ShowsModelWhenPainted());
+    Tell(1529, W(&low), L(&high), [&] { model_.scale.rangeMinimum = low, model_.scale.rangeMaximum = high; });
+    Tell(1534, W(&low), L(&high), [&] { model_.scale = {low, high, low, high}; });
     EXPECT_EQ(Send(1533), 120);
     SetBoth({120.0f});
     EXPECT_EQ(Send(1533), 60);
@@ -99,14 +101,12 @@ TEST_F(AnalogGaugeTest, ValueRepaintsAtOnceOnlyWhenAsked) {
     EXPECT_TRUE(ShowsModel());
 }
 
-TEST_F(AnalogGaugeTest, ExtremesAreForgottenApart) {
-    SetBoth({30.0f, 90.0f, 60.0f});
-    EXPECT_EQ(PaintsOf(1537), 0);
-    model_.ResetLowest();
-    EXPECT_TRUE(ShowsModelWhenPainted());
-    EXPECT_EQ(PaintsOf(1538), 0);
-    model_.ResetHighest();
-    EXPECT_TRUE(ShowsModelWhenPainted());
+TEST_F(AnalogGaugeTest, ExtremesAreForgottenApartAndDigitsTravelInTheSecondParameter) {
+    SetBoth({30.0f, 90.0f, 60.5f});
+    Tell(1537, 0, 0, [this] { model_.ResetLowest(); });
+    Tell(1538, 0, 0, [this] { model_.ResetHighest(); });
+    for (const std::uint32_t digits : {1U, 0x7FFFFFFFU})
+        Tell(1543, 5, static_cast<LPARAM>(digits), [&] { model_.digits = digits; });
 }
 
 TEST_F(AnalogGaugeTest, DoubleClickForgetsBothAndTheNextSampleRefillsThemBeforeItsPaint) {
@@ -123,25 +123,13 @@ TEST_F(AnalogGaugeTest, DoubleClickForgetsBothAndTheNextSampleRefillsThemBeforeI
 }
 
 TEST_F(AnalogGaugeTest, TitleAndUnitsAreKeptApartAndDrawn) {
+    Tell(1539, W("Coolant"), 7, [this] { model_.title.Set("Coolant", 7); });
+    Tell(1541, W("deg C"), 5, [this] { model_.units.Set("deg C", 5); });
     char text[16];
-    EXPECT_EQ(PaintsOf(1539, W("Coolant"), 7), 0);
-    EXPECT_EQ(PaintsOf(1541, W("deg C"), 5), 0);
     EXPECT_EQ(Send(1540, W(text), sizeof text), 0);
     EXPECT_STREQ(text, "Coolant");
     EXPECT_EQ(Send(1542, W(text), 4), 0);
     EXPECT_STREQ(text, "deg");
-    model_.title.Set("Coolant", 7);
-    model_.units.Set("deg C", 5);
-    EXPECT_TRUE(ShowsModelWhenPainted());
-}
-
-TEST_F(AnalogGaugeTest, DigitsTravelInTheSecondParameter) {
-    SetBoth({12.5f});
-    for (const std::uint32_t digits : {1U, 0x7FFFFFFFU}) {
-        EXPECT_EQ(PaintsOf(1543, 5, static_cast<LPARAM>(digits)), 0);
-        model_.digits = digits;
-        EXPECT_TRUE(ShowsModelWhenPainted());
-    }
 }
 
 TEST_F(AnalogGaugeTest, BandsAreAddedReplacedPutInFrontReadAndCleared) {
@@ -163,7 +151,8 @@ TEST_F(AnalogGaugeTest, BandsAreAddedReplacedPutInFrontReadAndCleared) {
     EXPECT_EQ(Send(1545, 0, 0), 0);
 }
 
-TEST_F(AnalogGaugeTest, NullPointersChangeNothing) {
+TEST_F(AnalogGaugeTest, NullPointersAndASizeChangeNothing) {
+    EXPECT_EQ(PaintsOf(WM_SIZE, SIZE_RESTORED, MAKELPARAM(300, 300)), 0);
     const float value = 5.0f;
     EXPECT_EQ(PaintsOf(1532, 0, 1), 0);
     for (const UINT pair : {1529u, 1534u}) {
@@ -173,20 +162,6 @@ TEST_F(AnalogGaugeTest, NullPointersChangeNothing) {
     for (const UINT text : {1539u, 1540u, 1541u, 1542u})
         EXPECT_EQ(Send(text, 0, 10), 0) << text;
     EXPECT_TRUE(ShowsModelWhenPainted());
-}
-
-TEST_F(AnalogGaugeTest, SizeAloneBringsNoPaint) {
-    EXPECT_EQ(PaintsOf(WM_SIZE, SIZE_RESTORED, MAKELPARAM(300, 300)), 0);
-}
-
-TEST_F(AnalogGaugeTest, ShowsItsModelInEverySize) {
-    for (const SIZE& size : {SIZE{300, 300}, SIZE{500, 200}, SIZE{60, 300}}) {
-        gauge_.Resize(size.cx, size.cy);
-        gauge_.Repaint();
-        const TestBitmap expected(size.cx, size.cy, 0);
-        PaintAnalogGauge(expected.Dc(), RECT{0, 0, size.cx, size.cy}, model_);
-        EXPECT_EQ(TestBitmap(gauge_.Window()).Pixels(), expected.Pixels()) << size.cx << " by " << size.cy;
-    }
 }
 
 }  // namespace

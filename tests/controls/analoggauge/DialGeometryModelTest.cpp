@@ -28,10 +28,7 @@ TEST(DialGeometryModelTest, ScaleRunsClockwiseFromTheLowerLeftToTheLowerRight) {
     EXPECT_EQ(DialAngle({-40.0f, 60.0f, 0.0f, 360.0f}, -40.0f), -270.0f);
     EXPECT_EQ(DialAngle({-40.0f, 60.0f, 0.0f, 360.0f}, 10.0f), -90.0f);
     EXPECT_EQ(DialAngle({150.0f, 0.0f, 40.0f, 300.0f}, 0.0f), 30.0f);
-}
-
-TEST(DialGeometryModelTest, AngleGoesOnBeyondTheRange) {
-    EXPECT_EQ(DialAngle(kDefault, 300.0f), 290.0f);
+    EXPECT_EQ(DialAngle(kDefault, 300.0f), 290.0f) << "and on beyond its range";
     EXPECT_EQ(DialAngle(kDefault, -150.0f), -490.0f);
 }
 
@@ -109,14 +106,8 @@ TEST(DialGeometryModelTest, LabelsLeanInwardAndCentreNearTheVertical) {
         {-230, 24}, {30, 26},   {-270, 30}, {0, 2},   {-180, 24},  {180, 0}};
     for (const auto& [angle, alignment] : cases)
         EXPECT_EQ(LabelAlignment(angle), alignment) << angle;
-}
-
-TEST(DialGeometryModelTest, EverySectorAgreesWithTheReference) {
     for (int degree = -720; degree <= 720; ++degree)
         EXPECT_EQ(LabelAlignment(degree + 0.5), ReferenceAlignment(degree + 0.5)) << degree;
-}
-
-TEST(DialGeometryModelTest, NoAngleIsLeftAndTop) {
     EXPECT_EQ(LabelAlignment(static_cast<double>(kNan)), 0u);
     EXPECT_EQ(LabelAlignment(static_cast<double>(kInfinity)), 0u);
 }

@@ -13,32 +13,9 @@ namespace {
 constexpr std::uint32_t kNormal = 0xFF6464, kHigh = 0x0000FF, kLow = 0x00FF00;
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN(), kInfinity = std::numeric_limits<float>::infinity();
 
-std::string Printed(float value, std::int32_t floating, std::uint32_t decimals) {
-    DigitalReadoutModel model;
-    model.SetFormat(floating, decimals);
-    model.SetValue(value);
-    return model.Text();
-}
-
 std::uint32_t ColourOf(DigitalReadoutModel& model, float value) {
     model.SetValue(value);
     return model.ColourInForce();
-}
-
-TEST(DigitalReadoutModelTest, BeginsEmptyWithItsDefaults) {
-    const DigitalReadoutModel model;
-    EXPECT_STREQ(model.Title(), "");
-    EXPECT_STREQ(model.Units(), "");
-    EXPECT_STREQ(model.Text(), "");
-    EXPECT_EQ(model.DigitsHeight(), 34);
-    EXPECT_EQ(model.ColourInForce(), kNormal);
-    EXPECT_TRUE(model.HasFrame());
-    EXPECT_EQ(model.LowLimit(), -1.0f);
-    EXPECT_EQ(model.HighLimit(), 256.0f);
-    EXPECT_EQ(model.UserWord(), 0u);
-    const std::uint32_t colours[] = {0, 0, 0, kNormal, kHigh, kLow, 0xFFFFFF};
-    for (std::uint32_t i = 0; i < 7; ++i)
-        EXPECT_EQ(model.Colour(i), colours[i]) << i;
 }
 
 using Words = std::vector<std::uint32_t>;
@@ -67,8 +44,18 @@ DigitalReadoutInfo SampleInfo() {
     return info;
 }
 
-TEST(DigitalReadoutModelTest, TellsItsDefaultsInARecord) {
+TEST(DigitalReadoutModelTest, BeginsEmptyWithItsDefaultsAndTellsThemInARecord) {
     const DigitalReadoutModel model;
+    EXPECT_STREQ(model.Title(), "");
+    EXPECT_STREQ(model.Units(), "");
+    EXPECT_STREQ(model.Text(), "");
+    EXPECT_EQ(model.DigitsHeight(), 34);
+    EXPECT_EQ(model.ColourInForce(), kNormal);
+    EXPECT_TRUE(model.HasFrame());
+    EXPECT_EQ(model.HighLimit(), 256.0f);
+    const std::uint32_t colours[] = {0, 0, 0, kNormal, kHigh, kLow, 0xFFFFFF};
+    for (std::uint32_t i = 0; i < 7; ++i)
+        EXPECT_EQ(model.Colour(i), colours[i]) << i;
     const DigitalReadoutInfo info = model.Info();
     EXPECT_EQ(WordsOf(info), (Words{0x21, kNormal, kHigh, kLow, 0xFFFFFF, 0, 2, 0, 0, 0}));
     EXPECT_EQ(info.lowLimit[0], -1.0f);
@@ -151,21 +138,12 @@ TEST(DigitalReadoutModelTest, EnabledLimitsColourValuesThatReachThemTheHighOneFi
         float low, high;
         std::uint32_t lowOn, highOn;
         std::vector<std::pair<float, std::uint32_t>> colours;
-    } cases[] = {{10.0f,
-                  20.0f,
-                  8,
-                  4,
-                  {{9.0f, kLow},
-                   {10.0f, kLow},
-                   {std::nextafter(10.0f, 11.0f), kNormal},
-                   {std::nextafter(20.0f, 19.0f), kNormal},
-                   {20.0f, kHigh},
-                   {21.0f, kHigh},
-                   {kNan, kHigh}}},
-                 {20.0f, 10.0f, 1, 1, {{15.0f, kHigh}, {5.0f, kLow}, {25.0f, kHigh}}},
-                 {-1.0f, 256.0f, 0, 0, {{-5.0f, kNormal}, {1000.0f, kNormal}, {kNan, kNormal}}},
-                 {-1.0f, 256.0f, 1, 0, {{-1.0f, kLow}, {1000.0f, kNormal}, {kNan, kLow}}},
-                 {-1.0f, 256.0f, 0, 1, {{-5.0f, kNormal}, {256.0f, kHigh}, {255.0f, kNormal}}}};
+    } cases[] = {{10, 20, 8, 4, {{9, kLow}, {10, kLow}, {std::nextafter(10.0f, 11.0f), kNormal}}},
+                 {10, 20, 8, 4, {{std::nextafter(20.0f, 19.0f), kNormal}, {20, kHigh}, {21, kHigh}, {kNan, kHigh}}},
+                 {20, 10, 1, 1, {{15, kHigh}, {5, kLow}, {25, kHigh}}},
+                 {-1, 256, 0, 0, {{-5, kNormal}, {1000, kNormal}, {kNan, kNormal}}},
+                 {-1, 256, 1, 0, {{-1, kLow}, {1000, kNormal}, {kNan, kLow}}},
+                 {-1, 256, 0, 1, {{-5, kNormal}, {256, kHigh}, {255, kNormal}}}};
     for (const auto& limits : cases) {
         DigitalReadoutModel model;
         model.SetLowLimit(limits.low);
@@ -205,9 +183,12 @@ TEST(DigitalReadoutModelTest, PrintsFloatsAndTruncatedWholeNumbers) {
                  {1234.9f, 0, 1, "1234"},   {-7.0f, 0, 3, "-007"},
                  {0.0f, 0, 0, ""},          {-3e9f, 0, 1, "-2147483648"},
                  {7.0f, 0, 0x80000000, "7"}};
-    for (const auto& c : cases)
-        EXPECT_EQ(Printed(c.value, c.floating, c.decimals), c.text)
-            << c.value << " " << c.floating << " " << c.decimals;
+    for (const auto& c : cases) {
+        DigitalReadoutModel model;
+        model.SetFormat(c.floating, c.decimals);
+        model.SetValue(c.value);
+        EXPECT_EQ(model.Text(), c.text) << c.value << " " << c.floating << " " << c.decimals;
+    }
     DigitalReadoutModel model;
     DigitalReadoutInfo info = model.Info();
     info.decimals = 0xFFFFFFFF;
@@ -268,23 +249,20 @@ TEST(DigitalReadoutModelTest, DigitsShrinkWithTheLengthOfTheirText) {
 TEST(DigitalReadoutModelTest, FirstTextOfOneCharacterKeepsTheHeightOfTheBeginning) {
     DigitalReadoutModel model;
     model.SetFormat(0, 1);
-    model.SetValue(5.0f);
-    EXPECT_EQ(model.DigitsHeight(), 34);
-    model.SetValue(12345.0f);
-    EXPECT_EQ(model.DigitsHeight(), 40);
-    model.SetValue(5.0f);
-    EXPECT_EQ(model.DigitsHeight(), 50);
+    for (const auto& [value, height] : {std::pair{5.0f, 34}, {12345.0f, 40}, {5.0f, 50}}) {
+        model.SetValue(value);
+        EXPECT_EQ(model.DigitsHeight(), height);
+    }
 }
 
 TEST(DigitalReadoutModelTest, FixedSizeStaysUntilItIsAutomaticAgain) {
     DigitalReadoutModel model;
-    model.SetAutomaticSize(false);
-    model.SetValue(1.0f);
-    EXPECT_EQ(model.DigitsHeight(), 34);
-    model.SetAutomaticSize(true);
-    EXPECT_EQ(model.DigitsHeight(), 34);
-    model.SetValue(1.0f);
-    EXPECT_EQ(model.DigitsHeight(), 44);
+    for (const bool isAutomatic : {false, true}) {
+        model.SetAutomaticSize(isAutomatic);
+        EXPECT_EQ(model.DigitsHeight(), 34) << "until the next value";
+        model.SetValue(1.0f);
+        EXPECT_EQ(model.DigitsHeight(), isAutomatic ? 44 : 34);
+    }
 }
 
 TEST(DigitalReadoutModelTest, UserWordAnswersTheOldOne) {

@@ -1,98 +1,135 @@
+#include <gtest/gtest.h>
+
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "controls/digitalreadout/DigitalReadout.h"
-#include "tests/controls/digitalreadout/DigitalReadoutFixture.h"
+#include "controls/digitalreadout/DigitalReadoutWindow.h"
+#include "tests/controls/window/ShownControl.h"
 
 namespace corvex {
 namespace {
 
-constexpr std::uint32_t kHigh = 0x0000FF, kLow = 0x00FF00;
+// A readout on show.
+class DigitalReadoutTest : public ::testing::Test {
+protected:
+    DigitalReadoutTest() { record = Model().Info(); }
 
-using DigitalReadoutTest = DigitalReadoutFixture;
+    DigitalReadoutModel& Model() const { return Object().Model(); }
+    DigitalReadoutWindow& Object() const { return *ControlOf<DigitalReadoutWindow>(window); }
 
-// Every function, called so that one with a result of its own would not give 0.
-void ExpectNothing(HWND window) {
-    DigitalReadoutInfo info{};
-    info.userWord = 5;
-    EXPECT_EQ(DigitalReadoutSetInfo(window, &info), 0u);
-    EXPECT_EQ(DigitalReadoutGetInfo(window, &info), 0u);
-    EXPECT_EQ(info.userWord, 5u);
-    EXPECT_FALSE(DigitalReadoutSetColor(window, 3, 1));
-    EXPECT_EQ(DigitalReadoutGetColor(window, 3), -1);
-    EXPECT_EQ(DigitalReadoutSetValue(window, 2.0f), 0.0f);
-    EXPECT_EQ(DigitalReadoutSetValue(window, 3.0f), 0.0f);
-    EXPECT_EQ(DigitalReadoutSetValueInt(window, 4), 0);
-    EXPECT_EQ(DigitalReadoutSetHighLimit(window, 1.0f), 0.0f);
-    EXPECT_EQ(DigitalReadoutSetHighLimitInt(window, 1), 0.0f);
-    EXPECT_EQ(DigitalReadoutGetHighLimit(window), 0.0f);
-    EXPECT_EQ(DigitalReadoutSetLowLimit(window, 1.0f), 0.0f);
-    EXPECT_EQ(DigitalReadoutSetLowLimitInt(window, 1), 0.0f);
-    EXPECT_EQ(DigitalReadoutGetLowLimit(window), 0.0f);
-    EXPECT_FALSE(DigitalReadoutEnableHighLimit(window, 1));
-    EXPECT_FALSE(DigitalReadoutEnableLowLimit(window, 1));
-    EXPECT_FALSE(DigitalReadoutSetFormat(window, 0, 1));
-    EXPECT_EQ(DigitalReadoutSetTitle(window, "x"), 0u);
-    EXPECT_EQ(DigitalReadoutSetUnits(window, "x"), 0u);
-    EXPECT_EQ(DigitalReadoutSetUserWord(window, 6), 0u);
-    EXPECT_EQ(DigitalReadoutGetUserWord(window), 0u);
-}
+    // What goes in and comes out by a pointer.
+    static inline DigitalReadoutInfo record;
+
+    const bool registered = DigitalReadout::Register(::GetModuleHandleA(nullptr));
+    ShownControl gauge{"QZDIGITALGAUGEREADOUT", 120, 90};
+    const HWND window = gauge.Window();
+
+    // Every function, in an order in which each has a result of its own: that, the one of a window that is no readout,
+    // and whether it repaints.
+    struct Call {
+        const char* name;
+        std::function<double(HWND)> make;
+        double result, absent;
+        int paints;
+    };
+    static inline const std::vector<Call> kCalls = {
+        {"SetInfo", [](HWND w) { return DigitalReadoutSetInfo(w, &record); }, 1, 0, 0},
+        {"GetInfo", [](HWND w) { return DigitalReadoutGetInfo(w, &record); }, 1, 0, 0},
+        {"SetColor", [](HWND w) { return DigitalReadoutSetColor(w, 3, 9); }, 1, 0, 1},
+        {"GetColor", [](HWND w) { return DigitalReadoutGetColor(w, 3); }, 9, -1, 0},
+        {"SetValue", [](HWND w) { return DigitalReadoutSetValue(w, 2.5f); }, 0, 0, 1},
+        {"SetValue unchanged", [](HWND w) { return DigitalReadoutSetValue(w, 2.5f); }, 2.5, 0, 0},
+        {"SetValueInt", [](HWND w) { return DigitalReadoutSetValueInt(w, 3); }, 2, 0, 1},
+        {"SetValueInt unchanged", [](HWND w) { return DigitalReadoutSetValueInt(w, 3); }, 3, 0, 0},
+        {"SetHighLimit", [](HWND w) { return DigitalReadoutSetHighLimit(w, 100.0f); }, 256, 0, 1},
+        {"SetHighLimitInt", [](HWND w) { return DigitalReadoutSetHighLimitInt(w, 120); }, 100, 0, 1},
+        {"GetHighLimit", [](HWND w) { return DigitalReadoutGetHighLimit(w); }, 120, 0, 0},
+        {"SetLowLimit", [](HWND w) { return DigitalReadoutSetLowLimit(w, 5.0f); }, -1, 0, 1},
+        {"SetLowLimitInt", [](HWND w) { return DigitalReadoutSetLowLimitInt(w, 6); }, 5, 0, 1},
+        {"GetLowLimit", [](HWND w) { return DigitalReadoutGetLowLimit(w); }, 6, 0, 0},
+        {"EnableHighLimit", [](HWND w) { return DigitalReadoutEnableHighLimit(w, 4); }, 1, 0, 0},
+        {"EnableLowLimit", [](HWND w) { return DigitalReadoutEnableLowLimit(w, 8); }, 1, 0, 0},
+        {"SetFormat", [](HWND w) { return DigitalReadoutSetFormat(w, 0, 1); }, 1, 0, 1},
+        {"SetTitle", [](HWND w) { return DigitalReadoutSetTitle(w, "Speed"); }, 5, 0, 1},
+        {"SetUnits", [](HWND w) { return DigitalReadoutSetUnits(w, "km/h"); }, 4, 0, 1},
+        {"SetUserWord", [](HWND w) { return DigitalReadoutSetUserWord(w, 7); }, 0, 0, 0},
+        {"GetUserWord", [](HWND w) { return DigitalReadoutGetUserWord(w); }, 7, 0, 0},
+    };
+    void ExpectCallsCame() const {
+        EXPECT_STREQ(Model().Title(), "Speed");
+        EXPECT_STREQ(Model().Units(), "km/h");
+        EXPECT_STREQ(Model().Text(), "3");
+        EXPECT_EQ(Model().Info().highLimitEnabled, 4u);
+        EXPECT_EQ(Model().Info().lowLimitEnabled, 8u);
+    }
+};
 
 TEST_F(DigitalReadoutTest, HandleWithoutAReadoutGivesNothing) {
-    ExpectNothing(nullptr);
+    const HWND other = gauge.Parent().Window(), none = reinterpret_cast<HWND>(static_cast<UINT_PTR>(0x7FFE));
     gauge.Parent().heard.clear();
-    ExpectNothing(gauge.Parent().Window());
-    EXPECT_TRUE(gauge.Parent().heard.empty()) << "not even asked";
-    ExpectNothing(reinterpret_cast<HWND>(static_cast<UINT_PTR>(0x7FFE)));
-    ::DestroyWindow(window);
-    ExpectNothing(window);
-}
-
-TEST_F(DigitalReadoutTest, OnlyWhatIsToldToRepaintDoesSoAndOnce) {
-    DigitalReadoutInfo info = Model().Info();
-    const struct {
-        const char* name;
-        int paints;
-        std::function<void()> call;
-    } kCalls[] = {
-        {"SetInfo", 0, [&] { DigitalReadoutSetInfo(window, &info); }},
-        {"GetInfo", 0, [&] { DigitalReadoutGetInfo(window, &info); }},
-        {"SetColor", 1, [&] { DigitalReadoutSetColor(window, 3, 1); }},
-        {"GetColor", 0, [&] { DigitalReadoutGetColor(window, 3); }},
-        {"SetValue", 1, [&] { DigitalReadoutSetValue(window, 2.5f); }},
-        {"SetValue unchanged", 0, [&] { DigitalReadoutSetValue(window, 2.5f); }},
-        {"SetValueInt of another whole number", 1, [&] { DigitalReadoutSetValueInt(window, 3); }},
-        {"SetValueInt unchanged", 0, [&] { DigitalReadoutSetValueInt(window, 3); }},
-        {"SetHighLimit", 1, [&] { DigitalReadoutSetHighLimit(window, 256.0f); }},
-        {"SetHighLimitInt", 1, [&] { DigitalReadoutSetHighLimitInt(window, 256); }},
-        {"GetHighLimit", 0, [&] { DigitalReadoutGetHighLimit(window); }},
-        {"SetLowLimit", 1, [&] { DigitalReadoutSetLowLimit(window, -1.0f); }},
-        {"SetLowLimitInt", 1, [&] { DigitalReadoutSetLowLimitInt(window, -1); }},
-        {"GetLowLimit", 0, [&] { DigitalReadoutGetLowLimit(window); }},
-        {"EnableHighLimit", 0, [&] { DigitalReadoutEnableHighLimit(window, 1); }},
-        {"EnableLowLimit", 0, [&] { DigitalReadoutEnableLowLimit(window, 1); }},
-        {"SetFormat", 1, [&] { DigitalReadoutSetFormat(window, -1, 0xFFFFFFFF); }},
-        {"SetTitle", 1, [&] { DigitalReadoutSetTitle(window, ""); }},
-        {"SetUnits", 1, [&] { DigitalReadoutSetUnits(window, ""); }},
-        {"SetUserWord", 0, [&] { DigitalReadoutSetUserWord(window, 6); }},
-        {"GetUserWord", 0, [&] { DigitalReadoutGetUserWord(window); }},
-    };
-    for (const auto& call : kCalls) {
-        EXPECT_EQ(gauge.PaintsIn(call.call), call.paints) << call.name;
-        EXPECT_FALSE(::GetUpdateRect(window, nullptr, FALSE)) << call.name;
+    record.userWord = 5;
+    for (const HWND odd : {HWND{}, other, none, window}) {
+        if (odd == window) ::DestroyWindow(window);
+        for (const Call& call : kCalls)
+            EXPECT_EQ(call.make(odd), call.absent) << call.name;
+        EXPECT_EQ(record.userWord, 5u);
+        if (odd == other) {
+            EXPECT_TRUE(gauge.Parent().heard.empty()) << "not even asked";
+        }
     }
 }
 
+TEST_F(DigitalReadoutTest, OnlyWhatIsToldToRepaintDoesSoAndOnce) {
+    for (const Call& call : kCalls) {
+        EXPECT_EQ(gauge.PaintsIn([&] { EXPECT_EQ(call.make(window), call.result) << call.name; }), call.paints)
+            << call.name;
+        EXPECT_FALSE(::GetUpdateRect(window, nullptr, FALSE)) << call.name;
+    }
+    ExpectCallsCame();
+}
+
+TEST_F(DigitalReadoutTest, EveryFunctionWorksFromAnotherThreadAndOnTheOwners) {
+    gauge.Spy().Forget();
+    EXPECT_TRUE(WhilePumping([&] {
+        for (const Call& call : kCalls)
+            EXPECT_EQ(call.make(window), call.result) << call.name;
+    }));
+    ExpectCallsCame();
+    std::vector<DWORD> threads;
+    for (const HeardMessage& heard : gauge.Spy().Heard()) {
+        if (heard.message >= WM_APP && heard.message < 0xC000) threads.push_back(heard.thread);
+    }
+    EXPECT_EQ(threads, std::vector<DWORD>(kCalls.size(), ::GetCurrentThreadId()));
+}
+
+TEST_F(DigitalReadoutTest, WindowMayGoWhileAWorkerSetsValues) {
+    std::atomic<bool> gone{false};
+    float last = -1.0f;
+    int turns = 0;
+    gauge.Spy().SetHandler([&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message != WM_PAINT || ++turns != 20) return std::nullopt;
+        ::DestroyWindow(window);
+        gone = true;
+        return 0;
+    });
+    EXPECT_TRUE(WhilePumping([&] {
+        for (int i = 1; !gone || i % 2 != 0; ++i)
+            DigitalReadoutSetValue(window, static_cast<float>(i));
+        last = DigitalReadoutSetValue(window, 4.0f);
+    }));
+    EXPECT_EQ(last, 0.0f);
+}
+
 TEST_F(DigitalReadoutTest, UnchangedValuePaintsNothingEvenWithALimitEnabledMeanwhile) {
+    EXPECT_EQ(gauge.PaintsIn([&] { DigitalReadoutSetValue(window, 0.0f); }), 0) << "nor does a first value of zero";
+    EXPECT_STREQ(Model().Text(), "0.00");
     DigitalReadoutSetValue(window, 300.0f);
     DigitalReadoutEnableHighLimit(window, 1);
     EXPECT_EQ(gauge.PaintsIn([&] { DigitalReadoutSetValue(window, 300.0f); }), 0);
-    EXPECT_EQ(Model().ColourInForce(), kHigh);
-    EXPECT_FALSE(gauge.Shows(kHigh));
-}
-
-TEST_F(DigitalReadoutTest, FirstValueOfZeroIsNoChange) {
-    EXPECT_EQ(gauge.PaintsIn([&] { DigitalReadoutSetValue(window, 0.0f); }), 0);
-    EXPECT_STREQ(Model().Text(), "0.00");
+    EXPECT_EQ(Model().ColourInForce(), 0x0000FFu);
+    EXPECT_FALSE(gauge.Shows(0x0000FFu));
 }
 
 TEST_F(DigitalReadoutTest, SetValueIntComparesWholeNumbers) {
@@ -100,54 +137,66 @@ TEST_F(DigitalReadoutTest, SetValueIntComparesWholeNumbers) {
     EXPECT_EQ(gauge.PaintsIn([&] { EXPECT_EQ(DigitalReadoutSetValueInt(window, 7), 7); }), 0);
     EXPECT_STREQ(Model().Text(), "7.00");
     EXPECT_EQ(gauge.PaintsIn([&] { EXPECT_EQ(DigitalReadoutSetValueInt(window, -7), 7); }), 1);
-    DigitalReadoutSetValue(window, -7.75f);
-    EXPECT_EQ(DigitalReadoutSetValueInt(window, 1), -7);
     DigitalReadoutSetValue(window, 1e30f);
     EXPECT_EQ(DigitalReadoutSetValueInt(window, 1), INT32_MIN);
 }
 
-TEST_F(DigitalReadoutTest, LimitsRecolourTheValueAtOnceAndAnEnabledOneWithTheNextValue) {
-    DigitalReadoutSetValue(window, 100.0f);
-    DigitalReadoutEnableHighLimit(window, 4);
-    DigitalReadoutEnableLowLimit(window, 8);
-    DigitalReadoutSetHighLimit(window, 100.0f);
-    EXPECT_EQ(DigitalReadoutGetHighLimit(window), 100.0f);
-    EXPECT_TRUE(gauge.Shows(kHigh));
-    EXPECT_EQ(DigitalReadoutSetHighLimitInt(window, 200), 100.0f);
-    EXPECT_EQ(DigitalReadoutSetLowLimitInt(window, 100), -1.0f);
-    EXPECT_EQ(DigitalReadoutGetLowLimit(window), 100.0f);
-    EXPECT_TRUE(gauge.Shows(kLow));
-    DigitalReadoutEnableLowLimit(window, 0);
-    DigitalReadoutSetValue(window, 99.0f);
-    EXPECT_FALSE(gauge.Shows(kLow));
-}
-
-TEST_F(DigitalReadoutTest, TextsOfNoLengthAndNoInfoAreSurvived) {
-    EXPECT_EQ(DigitalReadoutSetTitle(window, std::string(1000, 'x').c_str()), 79u);
+TEST_F(DigitalReadoutTest, MissingTextsAndRecordsAreSurvived) {
     EXPECT_EQ(DigitalReadoutSetUnits(window, nullptr), 0u);
     EXPECT_EQ(DigitalReadoutSetInfo(window, nullptr), 0u);
     EXPECT_EQ(DigitalReadoutGetInfo(window, nullptr), 0u);
 }
 
-TEST_F(DigitalReadoutTest, ColoursAreSetAndReadByIndex) {
-    for (std::uint32_t i = 0; i < 7; ++i) {
-        EXPECT_EQ(DigitalReadoutGetColor(window, i), static_cast<std::int32_t>(Model().Colour(i))) << i;
-        EXPECT_TRUE(DigitalReadoutSetColor(window, i, 0x0A0B00 + i));
-        EXPECT_EQ(DigitalReadoutGetColor(window, i), static_cast<std::int32_t>(0x0A0B00 + i));
-    }
-    DigitalReadoutSetColor(window, 7, 1);
-    EXPECT_EQ(DigitalReadoutGetColor(window, 7), 0);
-    EXPECT_EQ(DigitalReadoutGetColor(window, 0xFFFFFFFF), 0);
+TEST_F(DigitalReadoutTest, SizeRepaintsAtOnceAndWhole) {
+    gauge.Mark();
+    EXPECT_EQ(gauge.PaintsIn([&] { EXPECT_EQ(gauge.Send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(120, 90)), 0); }), 1);
+    EXPECT_FALSE(gauge.HasMark());
 }
 
-TEST_F(DigitalReadoutTest, ColourOfTheDigitsShowsWithTheNextValue) {
+HFONT AnyFont() {
+    return MakeTestFont().Release();
+}
+
+bool Exists(HFONT font) {
+    return ::GetObjectType(font) == OBJ_FONT;
+}
+
+TEST_F(DigitalReadoutTest, SuppliedFontEndsTheAutomaticSizeUntilItIsTakenAway) {
+    void (DigitalReadoutWindow::*const setters[])(HFONT) = {
+        &DigitalReadoutWindow::SetTitleFont, &DigitalReadoutWindow::SetDigitsFont, &DigitalReadoutWindow::SetUnitsFont};
+    for (const auto set : setters) {
+        DigitalReadoutSetValue(window, 1.0f);  // four characters
+        (Object().*set)(AnyFont());
+        DigitalReadoutSetValue(window, 1000000.0f);
+        EXPECT_EQ(Model().DigitsHeight(), 44);
+        (Object().*set)(nullptr);
+        EXPECT_EQ(Model().DigitsHeight(), 44);
+        DigitalReadoutSetValue(window, 1000000.0f);
+        EXPECT_EQ(Model().DigitsHeight(), 24);
+    }
+}
+
+TEST_F(DigitalReadoutTest, SuppliedFontIsOwnedUntilTheNextPaint) {
+    const std::size_t before = LiveGdiObjects();
+    const HFONT first = AnyFont(), second = AnyFont(), title = AnyFont(), painted = AnyFont(), units = AnyFont();
+    Object().SetDigitsFont(first);
+    Object().SetDigitsFont(first);
+    EXPECT_TRUE(Exists(first));
+    Object().SetDigitsFont(second);
+    EXPECT_FALSE(Exists(first));
+    Object().SetTitleFont(title);
+    Object().SetUnitsFont(nullptr);
+    EXPECT_FALSE(Exists(second) || Exists(title));
+    Object().SetDigitsFont(painted);
+    EXPECT_TRUE(Exists(painted));
+    gauge.Repaint();
+    EXPECT_FALSE(Exists(painted));
     DigitalReadoutSetValue(window, 1.0f);
-    DigitalReadoutSetColor(window, 3, 0x0000AA);
-    EXPECT_FALSE(gauge.Shows(0x0000AAu));
-    DigitalReadoutSetColor(window, 6, 0x00AAAA);
-    EXPECT_TRUE(gauge.Shows(0x00AAAAu));
-    DigitalReadoutSetValue(window, 2.0f);
-    EXPECT_TRUE(gauge.Shows(0x0000AAu));
+    EXPECT_EQ(Model().DigitsHeight(), 34) << "the size stays fixed all the same";
+    Object().SetUnitsFont(units);
+    ::DestroyWindow(window);
+    EXPECT_FALSE(Exists(units));
+    EXPECT_EQ(LiveGdiObjects(), before);
 }
 
 }  // namespace

@@ -20,9 +20,6 @@ protected:
     void SetText(TextMessages which, const char* text, LPARAM length) {
         EXPECT_EQ(gauge.Send(which.set, W(text), length), 0);
     }
-    void SetText(TextMessages which, const std::string& text) {
-        SetText(which, text.c_str(), static_cast<LPARAM>(text.size()));
-    }
     std::string Text(TextMessages which, LPARAM size = 64) {
         char buffer[65] = {};
         std::memset(buffer, '?', 64);
@@ -80,44 +77,24 @@ TEST_F(StatusGaugeTest, FlagsAreAddedClearedAndAllClearedByNone) {
     }
 }
 
-TEST_F(StatusGaugeTest, TextsAreCopiedInAndOutWithoutAPaint) {
-    std::string source = "Ventilator";
-    EXPECT_EQ(gauge.PaintsIn([&] {
-        SetText(kTitle, source);
-        SetText(kTrue, "running");
-        SetText(kFalse, "at rest");
-    }),
-              0);
-    source = "xxxxxxxxxx";
-    EXPECT_EQ(Text(kTitle), "Ventilator");
-    EXPECT_EQ(Text(kTitle, 5), "Vent");
-    EXPECT_EQ(Text(kTitle, 0), std::string(64, '?'));
-    EXPECT_EQ(Text(kTrue), "running");
-    EXPECT_EQ(Text(kTrue, 4), "run");
-    EXPECT_EQ(Text(kFalse), "at rest");
-    EXPECT_EQ(Text(kFalse, 3), "at");
-    EXPECT_EQ(gauge.Send(kTitle.get, 0, 64), 0);
-}
-
-TEST_F(StatusGaugeTest, TheLengthThatIsToldCounts) {
-    for (const TextMessages which : {kTrue, kFalse, kTitle}) {
-        for (const LPARAM length : {4, 1000, 3, 0}) {
-            SetText(kTitle, "Fan");
-            SetText(which, "text", length);
-            EXPECT_EQ(Text(which), length >= 4 ? "text" : "") << which.set << " " << length;
-        }
-        SetText(which, "text");
-        SetText(which, nullptr, 4);
-        EXPECT_EQ(Text(which), "");
+TEST_F(StatusGaugeTest, TextsAreCopiedInAndOutByTheLengthsToldWithoutAPaint) {
+    const struct {
+        TextMessages messages;
+        const char *text, *cut;
+    } texts[] = {{kTitle, "Ventilator", "Vent"}, {kTrue, "running", "runn"}, {kFalse, "at rest", "at r"}};
+    SetText(kFalse, "OFF", 3);
+    EXPECT_EQ(Text(kFalse), "") << "told only where there is a title";
+    for (const auto& [messages, text, cut] : texts) {
+        std::string source = text;
+        EXPECT_EQ(gauge.PaintsIn([&] { SetText(messages, source.c_str(), 10); }), 0);
+        source.assign(source.size(), 'x');
+        EXPECT_EQ(Text(messages), text);
+        EXPECT_EQ(Text(messages, 5), cut);
     }
-}
-
-// With an empty title, which is there, the false text is told; with an absent one it isn't.
-TEST_F(StatusGaugeTest, FalseTextIsToldOnlyWhereThereIsATitle) {
-    SetText(kFalse, "OFF");
-    EXPECT_EQ(Text(kFalse), "");
-    SetText(kTitle, "Fan", 1);
-    EXPECT_EQ(Text(kFalse), "OFF");
+    EXPECT_EQ(Text(kTitle, 0), std::string(64, '?'));
+    EXPECT_EQ(gauge.Send(kTitle.get, 0, 64), 0);
+    SetText(kTrue, "text", 3);
+    EXPECT_EQ(Text(kTrue), "") << "longer than was told";
 }
 
 TEST_F(StatusGaugeTest, StandardMessagesItAnswersItself) {
