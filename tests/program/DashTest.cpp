@@ -1,12 +1,7 @@
 #include "tests/program/ViewsProgramTest.h"
-#include "tests/program/driver/PopupMenu.h"
 
 namespace corvex::test {
 namespace {
-
-using Rows = std::vector<std::string>;
-
-constexpr int kValues = 0, kBitmasks = 1;  // submenus
 
 class DashOnShow : public ViewsProgramTest {
 protected:
@@ -26,13 +21,6 @@ protected:
         ExpectDial(0, "Speed", speeds);
         ExpectReadout(2, "Load", load);
         ExpectLamp(3, "Fan", fan);
-    }
-    void Choose(int gauge, int submenu, int row) {
-        OpenPopup(Dash().Gauge(gauge));
-        EXPECT_TRUE(ChooseRow(Window().Handle(), submenu, row));
-    }
-    void ExpectTitle(int gauge, const std::string& title) {
-        EXPECT_TRUE(Eventually([&] { return Dash().Title(gauge) == title; })) << Dash().Title(gauge);
     }
 };
 
@@ -56,34 +44,6 @@ TEST_F(DashOnShow, ShowsWhatTheEngineSendsAndTheDriveThatWasRecorded) {
     Window().Send(kPlay);
     ExpectOutput("Playback stopped");
     ExpectShown({0.0F, 120.0F, 7.0F, 120.0F}, 50.5F, true);
-}
-
-TEST_F(DashOnShow, BindsItsGaugesByTheirMenuAndAsksBeforeThatIsDropped) {
-    StartWith(WithFourGauges());
-    Window().ShowTab(kDashTab);
-    Scan({Poll({10, 20, 1})});
-    ExpectNeedle(0, 10);
-    const HWND dial = Dash().Gauge(0);
-    Choose(0, kValues, 3);
-    ExpectTitle(0, "Any");
-    ExpectNeedle(0, 10);
-    EXPECT_EQ(Dash().Gauge(0), dial);
-    Choose(4, kBitmasks, 0);
-    ExpectTitle(4, "Fan");
-    ExpectLamp(4, "Fan", true);
-    StopScan();
-    const std::string before = folder.Files().Content("own.adx");
-    Window().Close();
-    CancelDialog(program->Id(), "Corvex");
-    ExpectTitle(0, "Any");
-    EXPECT_EQ(folder.Files().Content("own.adx"), before);
-    Window().Send(kExit);
-    PressButton(WaitForDialog(program->Id(), "Corvex"), IDYES);
-    EXPECT_EQ(program->WaitForExit(kLongestEnd), std::optional<DWORD>(0));
-    const std::string after = folder.Files().Content("own.adx");
-    for (const auto& [type, item] : {std::pair{"0", "ANY"}, {"3", "ANY"}, {"1", "LOAD"}, {"2", "FAN"}})
-        EXPECT_NE(after.find(std::string("gaugetype=\"") + type + "\" itemidhash=\"" + AdxHash(item)),
-                  std::string::npos);
 }
 
 }  // namespace

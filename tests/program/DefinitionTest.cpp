@@ -21,26 +21,6 @@ TEST_F(DefinitionFile, IsLoadedByTheOpenDialogAndTheNextTimeByItself) {
     EXPECT_EQ(Window().OutputLines(), std::vector<std::string>{"Loaded " + path});
 }
 
-TEST_F(DefinitionFile, ImportedDuringAScanEndsItAndIsSavedBeforeItIsEdited) {
-    Settle();
-    Start();
-    Connect();
-    Window().Send(kImportDefinition);
-    ChooseFile(program->Id(), "Select file to import...", folder.TakeExample("kestrel-legacy.ads"));
-    ExpectLeft("ALDL: Not Connected");
-    // Once it is done there is no name any more, which the title shows when it is next written.
-    EXPECT_TRUE(Eventually([&] {
-        Window().Send(kSpeed100);
-        return Window().Title() == TitleOf("");
-    }));
-    Window().Send(kEditDefinition);
-    ChooseFile(program->Id(), "Choose file to save to...", folder.Name("new.adx"));
-    CancelDialog(program->Id(), kEditorTitle);
-    EXPECT_GT(folder.Size("new.adx"), 1000U);
-    CloseProgram();
-    EXPECT_EQ(folder.Settings().at("lastadxpath"), folder.Name("new.adx"));
-}
-
 TEST_F(DefinitionFile, IsEditedDuringAScanAndLoadedWhenThatHasEnded) {
     Settle();
     Start();

@@ -55,23 +55,6 @@ TEST_F(Keys, BackQuoteScansAndCtrlAltSpaceRecordsWhileTheOutputTextHasTheFocus) 
     ExpectLeft("ALDL: Not Connected");
 }
 
-TEST_F(Keys, SpacePlaysAndPausesAndWithCtrlStops) {
-    StartWithLog();
-    Press(VK_SPACE);
-    ExpectLeft("Log Playing");
-    Press(VK_SPACE);
-    ExpectLeft("Log Paused");
-    // The thread of the playback before may not be quite gone, and then nothing happens.
-    const auto playsOn = [this] {
-        Press(VK_SPACE);
-        return Eventually([this] { return Window().OutputLines().back() == "Playback unpaused"; }) &&
-               Window().Bar().pause;
-    };
-    EXPECT_TRUE(Eventually(playsOn));
-    Press(VK_SPACE, kCtrl);
-    ExpectLeft("ALDL: Not Connected");
-}
-
 TEST_F(Keys, BracketsJumpAgainstWhatTheMenuSaysAndTheMouseDragsTheLogAlong) {
     StartWithLog();
     Press(VK_SPACE);
@@ -92,39 +75,6 @@ TEST_F(Keys, BracketsJumpAgainstWhatTheMenuSaysAndTheMouseDragsTheLogAlong) {
     };
     EXPECT_TRUE(isDragged() || isDragged() || isDragged());
     ExpectSlider(2);
-}
-
-TEST_F(Keys, CtrlAndADigitSetTheSpeed) {
-    Settle();
-    Start();
-    for (const auto& [digit, percent] :
-         {std::pair{'3', "25"}, {'4', "50"}, {'6', "200"}, {'7', "400"}, {'5', "100"}, {'0', "100"}, {'3', "25"}}) {
-        Press(static_cast<WORD>(digit), kCtrl);
-        const std::string ending = std::string("(Speed: ").append(percent).append("%)");
-        EXPECT_TRUE(Eventually([&] { return Window().Title().ends_with(ending); })) << Window().Title();
-    }
-}
-
-TEST_F(Keys, CtrlAndALetterAreForFiles) {
-    Settle();
-    Start();
-    ExpectOutput("Loaded ");
-    const struct {
-        WORD key;
-        unsigned modifiers;
-        const char* title;
-    } dialogs[] = {{'L', kCtrl, "Select ADX..."},
-                   {'S', kCtrl | kShift, "Choose file to save to..."},
-                   {'L', kCtrl | kAlt, "Select datalog..."},
-                   {'N', kCtrl, kEditorTitle},
-                   {VK_F2, kCtrl, kEditorTitle}};
-    for (const auto& dialog : dialogs) {
-        Press(dialog.key, dialog.modifiers);
-        CancelDialog(program->Id(), dialog.title);
-    }
-    folder.Files().Put("harrier-8192.adx", "");
-    Press('S', kCtrl);
-    EXPECT_TRUE(Eventually([&] { return folder.Size("harrier-8192.adx") > 10000; }));
 }
 
 }  // namespace

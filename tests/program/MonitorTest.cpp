@@ -54,18 +54,5 @@ TEST_F(MonitorsOnShow, DrawsTheScanAndKeepsWhatTheMenuAdds) {
         EXPECT_NE(saved.find("itemidhash=\"" + AdxHash(item), monitor), std::string::npos) << item;
 }
 
-TEST_F(MonitorsOnShow, DrawsALogAndBeginsAnewWithTheNext) {
-    std::vector<LoggedReply> log;
-    for (std::uint32_t i = 0; i < 20; ++i)
-        log.push_back(Poll({static_cast<std::uint8_t>(10 * i), 60}, 50 * i));
-    StartWith(WithOneMonitor(), log);
-    Window().ShowTab(kMonitorTab);
-    for (int i = 0; i < 2; ++i) {
-        Window().Send(kPlay);
-        ExpectLine(kBlue);
-        ExpectOutput("Playback stopped");
-    }
-}
-
 }  // namespace
 }  // namespace corvex::test

@@ -46,28 +46,5 @@ TEST_F(Start, IsRefusedWithoutTheEditorOrItsEntry) {
     }
 }
 
-TEST_F(Start, TakesTheDigitOfThePortThatWasPreferredBefore) {
-    constexpr int kOk = 1000;
-    Settle();
-    ProgramTest::Start();
-    Window().Send(kPreferences);
-    HWND preferences = nullptr, digit = nullptr;
-    ASSERT_TRUE(Eventually([&] {
-        preferences = FindTopWindow(program->Id(), "QZPROPTREECONTAINER", "Preferences");
-        for (HWND window : AllBelow(preferences)) {
-            if (ClassOf(window) == "Edit" && ::IsWindowVisible(window)) digit = window;
-        }
-        return preferences != nullptr && digit != nullptr;
-    }));
-    EXPECT_EQ(TextOf(digit), TestPort().substr(3));
-    Ask(digit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("9"));
-    PressButton(preferences, kOk);
-    CloseProgram();
-    EXPECT_EQ(folder.Settings().at("comport"), "COM9");
-    ProgramTest::Start();
-    Window().Send(kScan);
-    ExpectOutput("Unable to open port (COM9)!");
-}
-
 }  // namespace
 }  // namespace corvex::test

@@ -40,24 +40,15 @@ LoggedReply ViewsProgramTest::Poll(std::vector<std::uint8_t> bytes, std::uint32_
     return {"POLL", bytes, time};
 }
 
-void ViewsProgramTest::StartWith(const std::string& definition, const std::vector<LoggedReply>& log) {
-    std::map<std::string, std::string> settings{{"lastadxpath", folder.Files().Put("own.adx", definition)}};
-    if (!log.empty()) {
-        folder.Files().Put("drive.xdl", MakeLog(log));
-        settings["lastxdlpath"] = folder.Name("drive.xdl");
-    }
-    Settle(settings);
+void ViewsProgramTest::StartWith(const std::string& definition) {
+    Settle({{"lastadxpath", folder.Files().Put("own.adx", definition)}});
     Start();
     ExpectOutput("Loaded " + folder.Name("own.adx"));
 }
 
-void ViewsProgramTest::Serve(const std::vector<LoggedReply>& replies) {
+void ViewsProgramTest::Scan(const std::vector<LoggedReply>& replies) {
     folder.Files().Put("served.xdl", MakeLog(replies));
     engines.Start({"--pace", "--replay", HostPath(folder.Name("served.xdl")), HostPath(folder.Name("own.adx"))});
-}
-
-void ViewsProgramTest::Scan(const std::vector<LoggedReply>& replies) {
-    Serve(replies);
     Window().Send(kScan);
     ExpectLeft("ALDL: Connected");
 }
@@ -65,12 +56,6 @@ void ViewsProgramTest::Scan(const std::vector<LoggedReply>& replies) {
 void ViewsProgramTest::StopScan() {
     Window().Send(kScan);
     ExpectLeft("ALDL: Not Connected");
-}
-
-void ViewsProgramTest::Load(const std::string& path) {
-    Window().Send(kLoadDefinition);
-    ChooseFile(program->Id(), "Select ADX...", path);
-    ExpectLoadedLast(path);
 }
 
 const Eyes& ViewsProgramTest::Look() {
@@ -108,11 +93,6 @@ void ViewsProgramTest::ExpectLamp(int gauge, const std::string& title, bool isOn
     ExpectLook(
         gauge, [&](HWND size) { return LampPicture(size, title, isOn); },
         "a lamp of " + title + (isOn ? " that is on" : " that is off"));
-}
-
-void ViewsProgramTest::ExpectRows(const std::vector<std::string>& rows) {
-    EXPECT_TRUE(Eventually([&] { return Lists().Rows() == rows; }));
-    EXPECT_EQ(Lists().Rows(), rows);
 }
 
 }  // namespace corvex::test

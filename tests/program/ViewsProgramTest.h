@@ -10,7 +10,6 @@
 #include "tests/program/ProgramTest.h"
 #include "tests/program/driver/DashView.h"
 #include "tests/program/driver/Eyes.h"
-#include "tests/program/driver/ListPageView.h"
 #include "tests/support/AdxText.h"
 #include "tools/driver/LogFiles.h"
 
@@ -18,7 +17,7 @@ namespace corvex::test {
 
 class ViewsProgramTest : public ProgramTest {
 protected:
-    static constexpr int kDashTab = 1, kListTab = 2;
+    static constexpr int kDashTab = 1;
 
     // Before the program.
     void TearDown() override;
@@ -32,17 +31,14 @@ protected:
     static std::string Lit();
     // A reply of POLL with these bytes first.
     static LoggedReply Poll(std::vector<std::uint8_t> bytes, std::uint32_t time = 0);
-    // Starts the program with it, as own.adx, and with a log to be played when there are replies for one.
-    void StartWith(const std::string& definition, const std::vector<LoggedReply>& log = {});
-    // An engine of own.adx that answers with these in turn, over and over, in the line's time.
-    void Serve(const std::vector<LoggedReply>& replies);
-    // The same, and a scan that has got through to it.
+    // Starts the program with it, as own.adx.
+    void StartWith(const std::string& definition);
+    // An engine of own.adx that answers with these in turn, over and over, in the line's time, and a scan that has got
+    // through to it.
     void Scan(const std::vector<LoggedReply>& replies);
     void StopScan();
-    void Load(const std::string& path);
 
     DashView Dash() { return DashView(Window()); }
-    ListPageView Lists() { return ListPageView(Window()); }
     const Eyes& Look();
 
     // Sooner or later the gauge looks as `wanted` draws it in the size of its window.
@@ -51,7 +47,6 @@ protected:
     void ExpectDial(int gauge, const std::string& title, const std::vector<float>& shown);
     void ExpectReadout(int gauge, const std::string& title, float value);
     void ExpectLamp(int gauge, const std::string& title, bool isOn);
-    void ExpectRows(const std::vector<std::string>& rows);
 
 private:
     std::optional<Eyes> eyes_;

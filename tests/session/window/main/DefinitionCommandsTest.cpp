@@ -170,6 +170,19 @@ TEST_F(DefinitionCommandsTest, APlaybackBegunWhileALoadWaitsEndsToo) {
     EXPECT_FALSE(session.log.IsPlaying());
 }
 
+TEST_F(DefinitionCommandsTest, ALoadLeavesAPausedLogWhereItStands) {
+    StartWithDefinition();
+    ASSERT_NO_FATAL_FAILURE(Play());
+    Command(IDM_PAUSE);
+    ASSERT_TRUE(Rests(kLogReady));
+    const std::string other = PutDefinition("other.adx");
+    Load(other);
+    ASSERT_TRUE(LoadsWithin(other));
+    EXPECT_EQ(kLogReady, session.log.State());
+    Command(IDM_PLAY);
+    EXPECT_TRUE(Pumps([&] { return session.log.State() == kLogPlaying; }));
+}
+
 TEST_F(DefinitionCommandsTest, ARecordingBegunWhileALoadWaitsIsOfferedForSavingToo) {
     ASSERT_NO_FATAL_FAILURE(StartConnected());
     const std::string other = PutDefinition("other.adx");
