@@ -74,6 +74,7 @@ TEST_F(DataChartModelTest, AxesStackFromThePlotOutward) {
     EXPECT_EQ(top.thickness, 8 + 16 + 3);
     EXPECT_EQ(first.offset, 0);
     EXPECT_EQ(second.offset, 64);
+    EXPECT_EQ(Show(background.axes[2].line), "47,252 to 47,30") << "beyond the first";
     EXPECT_EQ(Show(background.plot), "113,30 351,252");
     EXPECT_EQ(Show(first.plot), Show(background.plot));
     EXPECT_EQ(background.axes.size(), 5u);
@@ -119,14 +120,6 @@ TEST_F(DataChartModelTest, LinesTicksAndTextsLieAsTold) {
         EXPECT_EQ(figure.textColour, 0x112233u);
         EXPECT_EQ(figure.lineColour, 0x445566u);
     }
-}
-
-TEST_F(DataChartModelTest, ASecondAxisLiesBeyondTheFirst) {
-    AddAxis(AxisPosition::kBottom);
-    AddAxis(AxisPosition::kBottom);
-    const ChartBackground background = LayOut();
-    EXPECT_EQ(Show(background.plot), "3,3 397,243");
-    EXPECT_EQ(Show(background.axes[1].line), "3,271 to 397,271");
 }
 
 TEST_F(DataChartModelTest, ABandIsCutToEightBits) {

@@ -58,9 +58,8 @@ TEST_F(DataChartPaintTest, TheBackgroundIsGroundTitleAxesAndPlotInThisOrder) {
         EXPECT_TRUE(figures[2].ends_with("font Arial 14 400 2 32 colour 222222 transparent: Time")) << figures[2];
         EXPECT_TRUE(figures[3].ends_with("pen 0 1 111111")) << figures[3];
         const ChartArea& plot = layout.plot;
-        EXPECT_EQ(figures.back(), "rectangle " + std::to_string(plot.left) + "," + std::to_string(plot.top) + "," +
-                                      std::to_string(plot.right) + "," + std::to_string(plot.bottom) +
-                                      " pen 0 1 000000 brush f0f0f0");
+        EXPECT_EQ(figures.back(), Printed("rectangle %d,%d,%d,%d pen 0 1 000000 brush f0f0f0", plot.left, plot.top,
+                                          plot.right, plot.bottom));
         const Figures texts = FiguresOfKind(figures, "text");
         const auto count =
             static_cast<std::size_t>(std::count_if(texts.begin(), texts.end(), [](const std::string& line) {
@@ -77,17 +76,19 @@ TEST_F(DataChartPaintTest, SeriesAreDrawnBeforeMarkers) {
     LayOut(400, 300);
     time_.flags = kAxisMarker;
     time_.marker = 50;
-    const auto at = [this](float x) {
-        return std::to_string(time_.PixelOf(x)) + "," + std::to_string(speed_.PixelOf(x));
-    };
-    const std::string marker = std::to_string(time_.PixelOf(50));
     const ChartArea& plot = layout_.plot;
-    const std::string clip =
-        Printed("clip %d,%d,%d,%d line ", plot.left + 1, plot.top + 1, plot.right - 1, plot.bottom - 1);
-    EXPECT_EQ(Drawn(), (Figures{clip + at(0) + " to " + at(100) + " pen 0 2 0000ff",
-                                clip + at(100) + " to " + at(200) + " pen 0 2 0000ff",
-                                clip + marker + "," + std::to_string(plot.bottom) + " to " + marker + "," +
-                                    std::to_string(plot.top) + " pen 0 0 000000"}));
+    const auto line = [&](float from, float to, const char* pen) {
+        return Printed("clip %d,%d,%d,%d line %d,%d to %d,%d pen %s", plot.left + 1, plot.top + 1, plot.right - 1,
+                       plot.bottom - 1, time_.PixelOf(from), speed_.PixelOf(from), time_.PixelOf(to),
+                       speed_.PixelOf(to), pen);
+    };
+    const Figures drawn = Drawn();
+    ASSERT_EQ(drawn.size(), 3u);
+    EXPECT_EQ(drawn[0], line(0, 100, "0 2 0000ff"));
+    EXPECT_EQ(drawn[1], line(100, 200, "0 2 0000ff"));
+    const int marker = time_.PixelOf(50);
+    EXPECT_TRUE(
+        drawn[2].ends_with(Printed("line %d,%d to %d,%d pen 0 0 000000", marker, plot.bottom, marker, plot.top)));
 }
 
 // In pixels: nothing leaves the plot, and a marker inverts what it crosses.

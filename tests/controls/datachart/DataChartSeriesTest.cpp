@@ -77,18 +77,21 @@ TEST_F(DataChartSeriesTest, AnAxisOnTheWrongSideIsNotTaken) {
     EXPECT_EQ(series.YAxis(), &y);
 }
 
-TEST_F(DataChartSeriesTest, TheLineComesFromTheFirstSampleWhereverItLies) {
-    Add({0, 1, 2, 60, 70});
-    x.setRange(50, 150);
-    EXPECT_EQ(Walked(), (Points{{-50, 99, true}, {10, 99, false}, {20, 99, false}}));
-}
-
-TEST_F(DataChartSeriesTest, TheFirstSampleBeyondEndsIt) {
-    Add({0, 10, 120, 20});
-    EXPECT_EQ(Walked(), (Points{{0, 99, true}, {10, 99, false}}));
-    series.Clear();
-    Add({120, 10});
-    EXPECT_EQ(Walked(), (Points{{120, 99, true}, {10, 99, false}})) << "but for the first of all";
+TEST_F(DataChartSeriesTest, TheLineComesFromTheFirstSampleWhereverItLiesAndEndsBeforeOneBeyond) {
+    const struct {
+        std::vector<float> xs;
+        float low;
+        Points points;
+    } cases[] = {{{0, 1, 2, 60, 70}, 50, {{-50, 99, true}, {10, 99, false}, {20, 99, false}}},
+                 {{0, 10, 120, 20}, 0, {{0, 99, true}, {10, 99, false}}},
+                 {{120, 10}, 0, {{120, 99, true}, {10, 99, false}}}};
+    for (const auto& line : cases) {
+        series.Clear();
+        for (const float value : line.xs)
+            series.addSample(value, 1);
+        x.setRange(line.low, line.low + 100);
+        EXPECT_EQ(Walked(), line.points);
+    }
 }
 
 // As the rule is told, without the search.

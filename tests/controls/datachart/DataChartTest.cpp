@@ -149,19 +149,5 @@ TEST_F(DataChartTest, TakesKeysAndNoMouse) {
         EXPECT_EQ(gauge.PaintsIn([&] { EXPECT_EQ(Send(message), 0); }), 0);
 }
 
-TEST_F(DataChartTest, ThousandPaintsAndItsEndLeaveNothingBehind) {
-    const std::size_t without = LiveGdiObjects();
-    Fill();
-    time->flags = kAxisAutoScroll | kAxisMarker;
-    Draw(0, 1);
-    const std::size_t before = LiveGdiObjects(), all = AllGdiObjects();
-    for (int i = 1; i < 1000; ++i)
-        Draw(static_cast<float>(i), 5);
-    EXPECT_EQ(LiveGdiObjects(), before);
-    EXPECT_EQ(AllGdiObjects(), all);
-    ::DestroyWindow(window);
-    EXPECT_LT(LiveGdiObjects(), without);
-}
-
 }  // namespace
 }  // namespace corvex

@@ -20,27 +20,20 @@ TEST(AdoptedFontTest, BeginsWithTheSystemsFontInWeight500) {
     EXPECT_STREQ(own.lfFaceName, stock.lfFaceName);
 }
 
-TEST(AdoptedFontTest, DeletesTheAdoptedOneWhenItGoesBack) {
+TEST(AdoptedFontTest, DeletesTheAdoptedOneWhenAnotherComesOrItGoesBackButNotWhenItComesTwice) {
     AdoptedFont font;
-    const HFONT own = font.InUse(), other = MakeTestFont().Release();
-    font.Adopt(other);
-    EXPECT_EQ(font.InUse(), other);
-    font.Adopt(nullptr);
-    EXPECT_EQ(font.InUse(), own);
-    EXPECT_FALSE(Lives(other));
-    EXPECT_TRUE(Lives(own));
-}
-
-TEST(AdoptedFontTest, DeletesTheAdoptedOneWhenAnotherComesButNotWhenItComesTwice) {
-    AdoptedFont font;
-    const HFONT first = MakeTestFont().Release(), second = MakeTestFont().Release();
+    const HFONT own = font.InUse(), first = MakeTestFont().Release(), second = MakeTestFont().Release();
     font.Adopt(first);
     font.Adopt(first);
+    EXPECT_EQ(font.InUse(), first);
     EXPECT_TRUE(Lives(first));
     font.Adopt(second);
-    EXPECT_FALSE(Lives(first));
-    EXPECT_TRUE(Lives(second));
     EXPECT_EQ(font.InUse(), second);
+    EXPECT_FALSE(Lives(first));
+    font.Adopt(nullptr);
+    EXPECT_EQ(font.InUse(), own);
+    EXPECT_FALSE(Lives(second));
+    EXPECT_TRUE(Lives(own));
 }
 
 TEST(AdoptedFontTest, MayBeGivenItsOwnFontBack) {

@@ -253,18 +253,5 @@ TEST_F(TabSheetTest, AnAncestorOrNothingIsNoPage) {
     EXPECT_EQ(TabSheet::pageCount(sheet_), 0);
 }
 
-TEST_F(TabSheetTest, TwoSheetsKnowNothingOfEachOther) {
-    TestWindow& a = AddPage("A");
-    const HWND other = MakeSheet(WS_CHILD);
-    EXPECT_FALSE(TabSheet::addWindowPage(other, a.Window(), "A", -1));
-    TestWindow b;
-    ASSERT_TRUE(TabSheet::addWindowPage(other, b.Window(), "B", -1));
-    EXPECT_EQ(Titles(), Strings{"A"});
-    ::DestroyWindow(other);
-    EXPECT_FALSE(b.Alive());
-    EXPECT_EQ(Titles(), Strings{"A"});
-    EXPECT_TRUE(HasShownStyle(a.Window()));
-}
-
 }  // namespace
 }  // namespace corvex

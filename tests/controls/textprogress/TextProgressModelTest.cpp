@@ -59,26 +59,23 @@ TEST(TextProgressModelTest, LengthIsTheShareOfThePosition) {
             << c.position << " of " << c.minimum << " to " << c.maximum;
 }
 
-TEST(TextProgressModelTest, BarGrowsFromTheLeft) {
-    EXPECT_EQ(Words(At(25).Bar(80, 20)), "0,0,20,20");
-    EXPECT_EQ(Words(At(25).Rest(80, 20)), "20,0,80,20");
-}
-
-TEST(TextProgressModelTest, VerticalBarGrowsFromTheBottom) {
-    TextProgressModel model = At(25);
-    model.vertical = true;
-    EXPECT_EQ(Words(model.Bar(20, 80)), "0,60,20,80");
-    EXPECT_EQ(Words(model.Rest(20, 80)), "0,0,20,60");
-}
-
-TEST(TextProgressModelTest, BarBeyondTheWindowFillsItAndOneBelowZeroIsNone) {
-    for (const bool vertical : {false, true}) {
-        TextProgressModel full = At(kMost), none = At(kLeast);
-        full.vertical = none.vertical = vertical;
-        EXPECT_EQ(Words(full.Bar(80, 20)), "0,0,80,20");
-        EXPECT_TRUE(full.Rest(80, 20).Empty());
-        EXPECT_TRUE(none.Bar(80, 20).Empty());
-        EXPECT_EQ(Words(none.Rest(80, 20)), "0,0,80,20");
+TEST(TextProgressModelTest, BarGrowsFromTheLeftOrTheBottomAndNeverBeyondTheWindow) {
+    const struct {
+        std::int32_t position;
+        bool vertical;
+        const char *bar, *rest;
+    } cases[] = {{25, false, "0,0,20,80", "20,0,80,80"}, {25, true, "0,60,80,80", "0,0,80,60"},
+                 {kMost, false, "0,0,80,80", nullptr},   {kMost, true, "0,0,80,80", nullptr},
+                 {kLeast, false, nullptr, "0,0,80,80"},  {kLeast, true, nullptr, "0,0,80,80"}};
+    for (const auto& c : cases) {
+        TextProgressModel model = At(c.position);
+        model.vertical = c.vertical;
+        for (const auto& [part, words] : {std::pair{model.Bar(80, 80), c.bar}, {model.Rest(80, 80), c.rest}}) {
+            EXPECT_EQ(part.Empty(), words == nullptr) << c.position;
+            if (words != nullptr) {
+                EXPECT_EQ(Words(part), words) << c.position;
+            }
+        }
     }
 }
 

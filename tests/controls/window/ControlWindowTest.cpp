@@ -82,9 +82,7 @@ protected:
     ControlWindowTest() {
         ControlClass windowClass{};
         windowClass.name = kProbeClass;
-        windowClass.style = CS_DBLCLKS;
-        windowClass.background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
-        registered_ = RegisterControl<Probe>(instance_, windowClass);
+        EXPECT_TRUE(RegisterControl<Probe>(instance_, windowClass));
     }
 
     HWND Create(const char* name = kProbeClass) {
@@ -92,24 +90,8 @@ protected:
     }
 
     const HINSTANCE instance_ = ::GetModuleHandleA(nullptr);
-    bool registered_ = false;
     Wishes wishes_;
 };
-
-TEST_F(ControlWindowTest, RegistersTheClassAsToldWithTheArrow) {
-    ASSERT_TRUE(registered_);
-    WNDCLASSA windowClass{};
-    ASSERT_TRUE(::GetClassInfoA(instance_, kProbeClass, &windowClass));
-    EXPECT_EQ(windowClass.style, static_cast<UINT>(CS_DBLCLKS));
-    EXPECT_EQ(windowClass.hCursor, ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
-    EXPECT_EQ(windowClass.hbrBackground, reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1)));
-}
-
-TEST_F(ControlWindowTest, RegisteringAgainIsNoFailure) {
-    ControlClass windowClass{};
-    windowClass.name = kProbeClass;
-    EXPECT_TRUE(RegisterControl<Probe>(instance_, windowClass));
-}
 
 TEST_F(ControlWindowTest, ObjectLivesAsLongAsItsWindow) {
     const HWND window = Create();
@@ -142,19 +124,14 @@ TEST_F(ControlWindowTest, TwoWindowsKnowNothingOfEachOther) {
     ::DestroyWindow(second);
 }
 
-TEST_F(ControlWindowTest, WindowDestroyedFromInsideItsHandlerKeepsTheObjectUntilItReturns) {
-    const HWND window = Create();
-    EXPECT_EQ(::SendMessageA(window, PM_DESTROY, 0, 0), 1);
-    EXPECT_FALSE(::IsWindow(window));
-    EXPECT_FALSE(wishes_.deletedWithinHandler);
-    EXPECT_EQ(wishes_.alive, 0);
-}
-
-TEST_F(ControlWindowTest, ObjectWaitsForTheOutermostHandler) {
-    const HWND window = Create();
-    EXPECT_EQ(::SendMessageA(window, PM_NESTED, 0, 0), 2);
-    EXPECT_FALSE(wishes_.deletedWithinHandler);
-    EXPECT_EQ(wishes_.alive, 0);
+TEST_F(ControlWindowTest, WindowDestroyedFromInsideAHandlerKeepsTheObjectUntilTheOutermostReturns) {
+    for (const auto& [message, handlers] : {std::pair{PM_DESTROY, 1}, {PM_NESTED, 2}}) {
+        const HWND window = Create();
+        EXPECT_EQ(::SendMessageA(window, message, 0, 0), handlers);
+        EXPECT_FALSE(::IsWindow(window));
+        EXPECT_FALSE(wishes_.deletedWithinHandler);
+        EXPECT_EQ(wishes_.alive, 0);
+    }
 }
 
 TEST_F(ControlWindowTest, HoldKeepsTheObjectOfAWindowThatGoes) {
@@ -194,17 +171,20 @@ TEST_F(ControlWindowTest, WindowWithoutMemoryForItsObjectIsNotMade) {
     EXPECT_EQ(Create(windowClass.name), nullptr);
 }
 
-TEST_F(ControlWindowTest, ObjectIsFoundInWindowsOfItsOwnClassAlone) {
+TEST_F(ControlWindowTest, ObjectIsFoundAndDoesWorkInWindowsOfItsOwnClassAlone) {
     ControlClass windowClass{};
     windowClass.name = kOtherClass;
     ASSERT_TRUE(RegisterControl<OtherProbe>(instance_, windowClass));
     const HWND other = Create(kOtherClass), button = Create("BUTTON");
-    EXPECT_EQ(ControlOf<Probe>(other), nullptr);
     EXPECT_NE(ControlOf<OtherProbe>(other), nullptr);
-    EXPECT_EQ(ControlOf<Probe>(button), nullptr);
-    EXPECT_EQ(ControlOf<Probe>(nullptr), nullptr);
-    ::DestroyWindow(other);
-    ::DestroyWindow(button);
+    for (const HWND odd : {other, button, HWND{}}) {
+        EXPECT_EQ(ControlOf<Probe>(odd), nullptr);
+        EXPECT_FALSE(CallOnOwner<Probe>(odd, [](Probe&) { FAIL(); }));
+        ::DestroyWindow(odd);
+    }
+    const HWND window = Create();
+    EXPECT_EQ(::SendMessageA(window, kMessageCarriedCall, 0, 0), 0);
+    ::DestroyWindow(window);
 }
 
 TEST_F(ControlWindowTest, WorkIsDoneOnTheWindowsThreadAndWaitedFor) {
@@ -226,15 +206,6 @@ TEST_F(ControlWindowTest, WorkIsDoneOnTheWindowsThreadAndWaitedFor) {
     EXPECT_TRUE(CallOnOwner<Probe>(window, [](Probe& probe) { ::DestroyWindow(probe.Window()); }));
     EXPECT_FALSE(CallOnOwner<Probe>(window, [](Probe&) { FAIL(); })) << "it is gone";
     EXPECT_EQ(wishes_.alive, 0);
-}
-
-TEST_F(ControlWindowTest, NoWorkIsDoneWithAnythingElse) {
-    const HWND window = Create(), button = Create("BUTTON");
-    EXPECT_FALSE(CallOnOwner<Probe>(button, [](Probe&) { FAIL(); }));
-    EXPECT_FALSE(CallOnOwner<OtherProbe>(window, [](OtherProbe&) { FAIL(); }));
-    EXPECT_EQ(::SendMessageA(window, kMessageCarriedCall, 0, 0), 0);
-    ::DestroyWindow(window);
-    ::DestroyWindow(button);
 }
 
 }  // namespace
