@@ -27,21 +27,13 @@ protected:
     MainThread mainThread;
 };
 
-TEST_F(DashItemMenuTest, AnAnalogGaugeIsOfferedValuesAlone) {
-    ShowOne(0, load);
+TEST_F(DashItemMenuTest, OffersValuesAndBesideADialBitmasksTooWithLongTitlesCut) {
+    ShowAll({{0, load}, {1, speed}, {2, lamp}});
     EXPECT_EQ((Strings{"1 Values", "10 Speed", "11* Load"}), RowsOn(Gauge(0)));
-}
-
-TEST_F(DashItemMenuTest, TheOthersAreOfferedBitmasksToo) {
-    ShowAll({{1, speed}, {2, lamp}});
-    EXPECT_EQ((Strings{"1 Values", "10* Speed", "11 Load", "2 Bitmasks", "12 Fan", "13 Lamp"}), RowsOn(Gauge(0)));
-    EXPECT_EQ((Strings{"1 Values", "10 Speed", "11 Load", "2 Bitmasks", "12 Fan", "13* Lamp"}), RowsOn(Gauge(1)));
-}
-
-TEST_F(DashItemMenuTest, LongTitlesAreCut) {
+    EXPECT_EQ((Strings{"1 Values", "10* Speed", "11 Load", "2 Bitmasks", "12 Fan", "13 Lamp"}), RowsOn(Gauge(1)));
+    EXPECT_EQ((Strings{"1 Values", "10 Speed", "11 Load", "2 Bitmasks", "12 Fan", "13* Lamp"}), RowsOn(Gauge(2)));
     speed->SetTitle(std::string(300, 'y').c_str(), 300);
-    ShowOne(0, nullptr);
-    EXPECT_EQ((Strings{"1 Values", "10 " + std::string(255, 'y'), "11 Load"}), RowsOn(Gauge(0)));
+    EXPECT_EQ("10 " + std::string(255, 'y'), RowsOn(Gauge(0))[1]);
 }
 
 TEST_F(DashItemMenuTest, NothingChosenChangesNothing) {
@@ -160,20 +152,14 @@ TEST_F(DashItemMenuTest, ALoadWhileItIsOpenDropsTheChoice) {
     EXPECT_EQ(0U, session.dashChanged);
 }
 
-TEST_F(DashItemMenuTest, SoDoesTheChoiceOfAnotherDashboard) {
+TEST_F(DashItemMenuTest, SoDoTheChoiceOfAnotherDashboardAndThePagesEnd) {
     auto* const second = AddTitled<ADXDashboard>(session.definition, "TWO", "Two");
     AddEntry(0, load, second);
     ShowOne(0, load);
     PressAfter(Gauge(0), [&] { Choose(DashWindow(), IDC_DASH_COMBO, 1); });
+    PressAfter(Gauge(0), [&] { EndFrame(); });
     EXPECT_EQ(load, dashboard->GetEntry(0)->item);
     EXPECT_EQ(load, second->GetEntry(0)->item);
-}
-
-TEST_F(DashItemMenuTest, ThePagesEndWhileItIsOpenIsSurvived) {
-    ShowOne(0, load);
-    PressAfter(Gauge(0), [&] { EndFrame(); });
-    EXPECT_EQ(nullptr, session.dashPage);
-    EXPECT_EQ(load, dashboard->GetEntry(0)->item);
 }
 
 TEST_F(DashItemMenuTest, ItClosesWhenItsDashboardGoes) {
@@ -183,6 +169,8 @@ TEST_F(DashItemMenuTest, ItClosesWhenItsDashboardGoes) {
     ExpectItCloses(Gauge(0), [&] { Choose(DashWindow(), IDC_DASH_COMBO, 1); });
     Choose(DashWindow(), IDC_DASH_COMBO, 0);
     ExpectItCloses(Gauge(0), [&] { EndFrame(); });
+    EXPECT_EQ(nullptr, session.dashPage);
+    EXPECT_EQ(load, dashboard->GetEntry(0)->item);
 }
 
 TEST_F(DashItemMenuTest, SamplesGoOnWhileItIsOpen) {

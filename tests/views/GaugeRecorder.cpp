@@ -1,19 +1,16 @@
 #include "tests/views/GaugeRecorder.h"
 
-#include <cstdio>
-
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/statusgauge/StatusGauge.h"
 #include "tests/controls/window/ControlTestHelper.h"
+#include "tests/controls/window/FigureRecorder.h"
 
 namespace corvex::test {
 
 namespace {
 
 std::string Number(float value) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%g", static_cast<double>(value));
-    return text;
+    return Printed("%g", static_cast<double>(value));
 }
 
 template <class Word>
@@ -27,62 +24,44 @@ std::string TextIn(WPARAM pointer, LPARAM length) {
     return static_cast<LPARAM>(text.size()) == length ? text : "of another length: " + text;
 }
 
-std::string Redraw(LPARAM redraw) {
-    return redraw != 0 ? " redraw" : "";
-}
-
 std::string BandIn(WPARAM index, LPARAM pointer) {
     const auto& band = *reinterpret_cast<const GaugeAlarmBand*>(pointer);
-    char colour[16];
-    std::snprintf(colour, sizeof colour, "%06x", band.colour);
-    return "alarm " + std::to_string(index) + " " + Number(band.low) + " " + Number(band.high) + " " + colour;
+    return std::to_string(index) + " " + Number(band.low) + " " + Number(band.high) + Printed(" %06x", band.colour);
 }
 
-// Empty for any other message, as below.
-std::string AnalogWords(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case AGM_SETTITLE:
-            return "title " + TextIn(wParam, lParam);
-        case AGM_SETUNITS:
-            return "units " + TextIn(wParam, lParam);
-        case AGM_SETVALUE:
-            return "value " + NumberAt(wParam) + Redraw(lParam);
-        case AGM_SETDIGITS:
-            return "digits " + std::to_string(lParam);
-        case AGM_SETRANGE:
-            return "range " + NumberAt(wParam) + " " + NumberAt(lParam);
-        case AGM_CLEARALARMS:
-            return "no alarms";
-        case AGM_SETALARM:
-            return BandIn(wParam, lParam);
-        default:
-            return {};
-    }
-}
-
-std::string StatusWords(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case SGM_SETTITLE:
-            return "title " + TextIn(wParam, lParam);
-        case SGM_SETTRUETEXT:
-            return "true " + TextIn(wParam, lParam);
-        case SGM_SETFALSETEXT:
-            return "false " + TextIn(wParam, lParam);
-        case SGM_SETSTATE:
-            return "state " + std::to_string(wParam) + Redraw(lParam);
-        default:
-            return {};
-    }
-}
+// A message of the gauges of a class, and the words for what it brings.
+struct Told {
+    const char* gauge;
+    UINT message;
+    const char* word;
+    std::string (*rest)(WPARAM, LPARAM) = [](WPARAM, LPARAM) { return std::string(); };
+};
+const Told kTold[] = {
+    {kAnalogGaugeClass, AGM_SETTITLE, "title ", &TextIn},
+    {kAnalogGaugeClass, AGM_SETUNITS, "units ", &TextIn},
+    {kAnalogGaugeClass, AGM_SETVALUE, "value ",
+     [](WPARAM value, LPARAM redraw) { return NumberAt(value) + (redraw != 0 ? " redraw" : ""); }},
+    {kAnalogGaugeClass, AGM_SETDIGITS, "digits ", [](WPARAM, LPARAM digits) { return std::to_string(digits); }},
+    {kAnalogGaugeClass, AGM_SETRANGE, "range ",
+     [](WPARAM low, LPARAM high) { return NumberAt(low) + " " + NumberAt(high); }},
+    {kAnalogGaugeClass, AGM_CLEARALARMS, "no alarms"},
+    {kAnalogGaugeClass, AGM_SETALARM, "alarm ", &BandIn},
+    {kStatusGaugeClass, SGM_SETTITLE, "title ", &TextIn},
+    {kStatusGaugeClass, SGM_SETTRUETEXT, "true ", &TextIn},
+    {kStatusGaugeClass, SGM_SETFALSETEXT, "false ", &TextIn},
+    {kStatusGaugeClass, SGM_SETSTATE, "state ",
+     [](WPARAM state, LPARAM redraw) { return std::to_string(state) + (redraw != 0 ? " redraw" : ""); }},
+};
 
 }  // namespace
 
 GaugeRecorder::GaugeRecorder(HWND gauge) : spy_(gauge) {
-    const auto words = ClassNameOf(gauge) == kAnalogGaugeClass ? &AnalogWords : &StatusWords;
-    spy_.SetHandler([this, words](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
+    const std::string name = ClassNameOf(gauge);
+    spy_.SetHandler([this, name](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
         if (message == WM_PAINT && onPaint) onPaint();
-        const std::string line = words(message, wParam, lParam);
-        if (!line.empty()) lines.push_back(line);
+        for (const Told& told : kTold) {
+            if (name == told.gauge && message == told.message) lines.push_back(told.word + told.rest(wParam, lParam));
+        }
         return std::nullopt;
     });
 }

@@ -160,7 +160,7 @@ TEST_F(DocumentModelTest, WhatWouldNotReadBackIsNotSavedAndLeavesTheFileAlone) {
     EXPECT_EQ(folder.FileCount(), 1U);
 }
 
-TEST_F(DocumentModelTest, AnUnsavableHeaderIsFoundEvenWithoutItsModel) {
+TEST_F(DocumentModelTest, AnUnsavableHeaderIsFoundEvenWithoutItsModelAndAFolderThatIsNotThere) {
     for (const char* text : {"a < b", "a &amp; b", "<b>bold</b>", "   "}) {
         DocumentModel document;
         document.Definition().SetAuthor(text, test::Length(text));
@@ -168,9 +168,6 @@ TEST_F(DocumentModelTest, AnUnsavableHeaderIsFoundEvenWithoutItsModel) {
         EXPECT_FALSE(document.Save(folder.Name("out.adx"), error)) << text;
         EXPECT_FALSE(folder.Has("out.adx")) << text;
     }
-}
-
-TEST_F(DocumentModelTest, AFolderThatIsNotThereIsAnError) {
     EXPECT_FALSE(document.Save(folder.Name("no/such/folder/x.adx"), error));
     EXPECT_EQ(error, "The file could not be written.");
 }

@@ -132,8 +132,7 @@ TEST_F(HeaderDialogTest, NamesTheFieldThatIsWrongGoesThereAndSavesOnceItIsMended
     const struct {
         int control;
         const char *wrong, *begin, *right;
-    } fields[] = {{IDC_BAUD, "fast", "Baud rate: ", "8192"},
-                  {IDC_BAUD, "1000001", "Baud rate: ", "10400"},
+    } fields[] = {{IDC_BAUD, "fast", "Baud rate: ", "10400"},
                   {IDC_AUTHOR, "A <b>", "Author: ", "A"},
                   {IDC_VERSION, "12345678901234567890", "Version: 20 characters", "1"},
                   {IDC_DESCRIPTION, "this & that", "Description: ", "this"}};

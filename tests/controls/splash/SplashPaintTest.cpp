@@ -17,16 +17,12 @@ SplashText Item(int id, const char* text, RECT place, COLORREF colour, OwnedFont
     return item;
 }
 
-Figures Painted(const SplashTexts& texts) {
-    return FiguresOf([&](HDC dc) { PaintSplashTexts(dc, texts); });
-}
-
 TEST(SplashPaintTest, DrawsEachTextWhereItIsToBeginInItsColourAndFont) {
     SplashTexts texts;
     texts.Set(Item(1, "Build 1.0", {260, 111, 400, 130}, 0x0000FF));
     texts.Set(Item(2, "A&B", {5, 6, 100, 20}, 0x00FF00,
                    OwnedFont(::CreateFontA(21, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, "Arial"))));
-    const Figures painted = Painted(texts);
+    const Figures painted = FiguresOf([&](HDC dc) { PaintSplashTexts(dc, texts); });
     ASSERT_EQ(painted.size(), 2u);
     EXPECT_TRUE(painted[0].starts_with("text 260,111 align 0 font Arial 13 600 ")) << painted[0];
     EXPECT_TRUE(painted[0].ends_with(" colour 0000ff transparent: Build 1.0")) << painted[0];
@@ -43,16 +39,6 @@ TEST(SplashPaintTest, TextIsMeasuredSoThatARectangleTooSmallCutsNothing) {
     };
     EXPECT_EQ(coloursBeyond({1, 0, 2, 1}), coloursBeyond({1, 0, 100, 30}));
     EXPECT_GT(coloursBeyond({1, 0, 2, 1}).size(), 1u);
-}
-
-TEST(SplashPaintTest, LeavesNoObjectBehind) {
-    const TestBitmap bitmap(100, 30, 0);
-    SplashTexts texts;
-    texts.Set(Item(1, "a", {0, 0, 50, 20}, 0));
-    const std::size_t before = LiveGdiObjects();
-    for (int i = 0; i < 1000; ++i)
-        PaintSplashTexts(bitmap.Dc(), texts);
-    EXPECT_EQ(LiveGdiObjects(), before);
 }
 
 }  // namespace

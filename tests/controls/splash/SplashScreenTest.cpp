@@ -31,6 +31,9 @@ TEST_F(SplashScreenTest, IsAHiddenPopUpOfTheBitmapsSize) {
     EXPECT_EQ(StyleOfWindow(splash.Window()) & (WS_POPUP | WS_CAPTION | WS_CHILD | WS_THICKFRAME),
               static_cast<DWORD>(WS_POPUP));
     EXPECT_EQ(ClassNameOf(splash.Window()), "QZSPLASHT");
+    const HWND window = splash.Window();
+    EXPECT_FALSE(Create()) << "a second one";
+    EXPECT_EQ(splash.Window(), window);
 }
 
 TEST_F(SplashScreenTest, StaysOnTopWithBitOneOfTheFlagsAlone) {
@@ -84,16 +87,10 @@ TEST_F(SplashScreenTest, HidesWhenItsTimeIsUpOrItIsToldAndItsTimerGoesWithIt) {
     splash.show(60000);
     splash.hide();
     expectHidden();
-}
-
-TEST_F(SplashScreenTest, NoTimeMeansUntilHidden) {
-    ASSERT_TRUE(Create());
     splash.show(60000);
     splash.show(0);
-    EXPECT_TRUE(splash.IsVisible());
+    EXPECT_TRUE(splash.IsVisible()) << "until it is hidden";
     EXPECT_FALSE(::KillTimer(splash.Window(), 0));
-    splash.show(60000);
-    EXPECT_TRUE(::KillTimer(splash.Window(), 0));
 }
 
 TEST_F(SplashScreenTest, TextIsShownAtOnceAndMayChange) {
@@ -139,13 +136,6 @@ TEST_F(SplashScreenTest, EndUnregistersAnotherName) {
     ASSERT_NE(::RegisterClassA(&windowClass), 0);
     { SplashScreen().create(nullptr, instance, kBitmap, 0, 0); }
     EXPECT_FALSE(::GetClassInfoA(instance, "QZSPLASH", &windowClass));
-}
-
-TEST_F(SplashScreenTest, ASecondWindowIsRefused) {
-    ASSERT_TRUE(Create());
-    const HWND window = splash.Window();
-    EXPECT_FALSE(Create());
-    EXPECT_EQ(splash.Window(), window);
 }
 
 TEST_F(SplashScreenTest, ThousandPaintsAndTheEndLeaveNothingButTheClass) {
