@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 #include "controls/datachart/DataChartAxis.h"
 #include "controls/datachart/DataChartModel.h"
@@ -22,11 +23,6 @@ protected:
         axis.CalculateTicks();
         return axis.Ticks();
     }
-    std::string FirstLabel(float min, float max) {
-        const auto ticks = TicksOf(min, max);
-        return ticks.empty() ? "none" : axis.LabelOf(ticks.front(), nullptr);
-    }
-
     DataChartModel chart;
     DataChartAxis& axis = *chart.AddAxis();
 };
@@ -74,29 +70,32 @@ TEST_F(DataChartAxisTest, AValueLiesOnThePixelOfItsShareOfThePlot) {
     }
 }
 
-TEST_F(DataChartAxisTest, TicksAreMultiplesOfOneTwoOrFive) {
-    EXPECT_EQ(TicksOf(0, 10), (Ticks{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
-    EXPECT_EQ(TicksOf(0, 10, AxisPosition::kBottom), (Ticks{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
-    EXPECT_EQ(TicksOf(0, 11), (Ticks{0, 2, 4, 6, 8, 10}));
-    EXPECT_EQ(TicksOf(0, 30), (Ticks{0, 5, 10, 15, 20, 25}));
-    EXPECT_EQ(TicksOf(0, 60), (Ticks{0, 10, 20, 30, 40, 50}));
-    EXPECT_EQ(TicksOf(0, 255), (Ticks{0, 50, 100, 150, 200, 250}));
-}
-
-TEST_F(DataChartAxisTest, TheFirstTickIsTheLowestThatIsNotBelowTheMinimum) {
-    EXPECT_EQ(TicksOf(3, 13).front(), 3.0f);
-    EXPECT_EQ(TicksOf(3.5f, 13.5f).front(), 4.0f);
-    EXPECT_EQ(TicksOf(-3, 7).front(), -3.0f) << "one at exactly the minimum is drawn";
-    EXPECT_EQ(TicksOf(-3.5f, 6.5f).front(), -3.0f);
-    EXPECT_EQ(TicksOf(-13, -3).back(), -4.0f) << "one at exactly the maximum is not";
+TEST_F(DataChartAxisTest, TicksAreMultiplesOfOneTwoOrFiveFromTheMinimumAndBelowTheMaximum) {
+    const struct {
+        float min, max;
+        Ticks ticks;
+    } cases[] = {{0, 10, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
+                 {0, 11, {0, 2, 4, 6, 8, 10}},
+                 {0, 30, {0, 5, 10, 15, 20, 25}},
+                 {0, 60, {0, 10, 20, 30, 40, 50}},
+                 {0, 255, {0, 50, 100, 150, 200, 250}},
+                 {3.5f, 13.5f, {4, 5, 6, 7, 8, 9, 10, 11, 12, 13}},
+                 {-3, 7, {-3, -2, -1, 0, 1, 2, 3, 4, 5, 6}},
+                 {-3.5f, 6.5f, {-3, -2, -1, 0, 1, 2, 3, 4, 5, 6}},
+                 {-13, -3, {-13, -12, -11, -10, -9, -8, -7, -6, -5, -4}}};
+    for (const auto& expected : cases) {
+        for (const AxisPosition position : {AxisPosition::kLeft, AxisPosition::kBottom})
+            EXPECT_EQ(TicksOf(expected.min, expected.max, position), expected.ticks) << expected.min;
+    }
 }
 
 TEST_F(DataChartAxisTest, DecimalsFollowTheStep) {
-    EXPECT_EQ(FirstLabel(0, 10), "0");
-    EXPECT_EQ(FirstLabel(0.5f, 1.5f), "0.5");
-    EXPECT_EQ(FirstLabel(0.0f, 0.2f), "0.00");
-    EXPECT_EQ(FirstLabel(0.0f, 0.6f), "0.0") << "ten times a hundredth";
-    EXPECT_EQ(FirstLabel(0.0f, 6.0f), "0") << "ten times a tenth";
+    for (const auto& [min, max, label] : {std::tuple{0.0f, 10.0f, "0"},
+                                          {0.5f, 1.5f, "0.5"},
+                                          {0.0f, 0.2f, "0.00"},
+                                          {0.0f, 0.6f, "0.0"},  // ten times a hundredth
+                                          {0.0f, 6.0f, "0"}})   // ten times a tenth
+        EXPECT_EQ(axis.LabelOf(TicksOf(min, max).at(0), nullptr), label) << min << ".." << max;
 }
 
 TEST_F(DataChartAxisTest, APlotOfFewPixelsHasOneInterval) {
@@ -128,19 +127,21 @@ TEST_F(DataChartAxisTest, NoRangeIsWalkedForEver) {
 }
 
 TEST_F(DataChartAxisTest, TheLongerLimitIsMeasuredAndTheMinimumAtATie) {
-    const auto longest = [this](float min, float max) {
+    for (const auto& [min, max, longest] : {std::tuple{0.0f, 99.0f, "99.00"},
+                                            {-5.0f, 99.0f, "-5.00"},  // two characters before the point, like 99
+                                            {-5.0f, 100.0f, "100.00"},
+                                            {0.0f, 0.5f, "0.00"},  // below 1 is one digit
+                                            {1.0f, 1000.0f, "1000.00"},
+                                            {0.0f, kInfinity, "inf"}}) {
         axis.setRange(min, max);
-        return axis.LongestLimit();
-    };
-    EXPECT_EQ(longest(0, 99), "99.00");
-    EXPECT_EQ(longest(-5, 99), "-5.00") << "two characters before the point, like 99";
-    EXPECT_EQ(longest(-5, 100), "100.00");
-    EXPECT_EQ(longest(0, 0.5f), "0.00") << "below 1 is one digit";
-    EXPECT_EQ(longest(1, 1000), "1000.00");
-    EXPECT_EQ(longest(0, kInfinity), "inf");
+        EXPECT_EQ(axis.LongestLimit(), longest);
+    }
 }
 
 TEST_F(DataChartAxisTest, ASampleBeyondTheRangeMovesItByTheOvershootAndTheMargin) {
+    axis.Follow(1000);
+    EXPECT_EQ(axis.Maximum(), 255.0f) << "without the flag nothing moves it";
+    EXPECT_FALSE(chart.IsLayoutDue());
     axis.flags = kAxisAutoScroll;
     axis.setRange(0, 20);
     axis.setLimits(0, 20);
@@ -160,12 +161,6 @@ TEST_F(DataChartAxisTest, ASampleBeyondTheRangeMovesItByTheOvershootAndTheMargin
     EXPECT_EQ(axis.Minimum(), 977.0f);
     EXPECT_EQ(axis.LowLimit(), 977.0f) << "as told, though the range was lower before";
     EXPECT_EQ(axis.HighLimit(), 1003.0f);
-}
-
-TEST_F(DataChartAxisTest, WithoutTheFlagNothingMovesIt) {
-    axis.Follow(1000);
-    EXPECT_EQ(axis.Maximum(), 255.0f);
-    EXPECT_FALSE(chart.IsLayoutDue());
 }
 
 TEST_F(DataChartAxisTest, LabelsComeFromTheFormatterWhenItIsWanted) {

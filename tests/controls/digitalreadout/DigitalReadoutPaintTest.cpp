@@ -74,18 +74,5 @@ TEST(DigitalReadoutPaintTest, FrameIsDrawnForItsFlagAlone) {
     }
 }
 
-TEST(DigitalReadoutPaintTest, DigitsStandInTheMiddleInEverySize) {
-    for (const std::uint32_t length : {2u, 4u, 7u, 10u, 12u}) {
-        DigitalReadoutModel model;
-        model.SetFormat(0, length);
-        model.SetValue(1.0f);
-        const std::string text = std::string(length - 1, '0') + "1";
-        const int height = DigitsHeightFor(length), extent = TextHeight(text, height, 400, 150);
-        const Figures texts = FiguresOfKind(Painted(model, 400, 150), "text");
-        ASSERT_FALSE(texts.empty());
-        EXPECT_EQ(texts[0], Line(50 - extent / 2, height, kNormal, text));
-    }
-}
-
 }  // namespace
 }  // namespace corvex

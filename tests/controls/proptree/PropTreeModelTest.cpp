@@ -1,25 +1,22 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "controls/proptree/PropTreeModel.h"
 
 namespace corvex {
 namespace {
 
-TEST(PropTreeModelTest, TheTreeLeavesTheWidestPageItsRoom) {
+TEST(PropTreeModelTest, TheTreeLeavesTheWidestPageItsRoomEvenAllOfIt) {
     PropTreeModel model(150, 100);
     EXPECT_EQ(model.Tree({500, 300}), (PropBox{0, 0, 500, 300}));
     model.AddPage({200, 50});
     model.AddPage({120, 80});
-    EXPECT_EQ(model.Tree({500, 300}), (PropBox{0, 0, 300, 300}));
-    EXPECT_EQ(model.PageX({500, 300}), 302);
-}
-
-TEST(PropTreeModelTest, AWindowNarrowerThanThePageHasNoTree) {
-    PropTreeModel model(150, 100);
-    model.AddPage({200, 50});
-    EXPECT_EQ(model.Tree({120, 40}), (PropBox{0, 0, 0, 40}));
-    EXPECT_EQ(model.Tree({0, 0}), (PropBox{0, 0, 0, 0}));
-    EXPECT_EQ(model.PageX({0, 0}), 2);
+    for (const auto& [client, width, x] :
+         {std::tuple{PropSize{500, 300}, 300, 302}, {{120, 40}, 0, 2}, {{0, 0}, 0, 2}}) {
+        EXPECT_EQ(model.Tree(client), (PropBox{0, 0, width, client.height}));
+        EXPECT_EQ(model.PageX(client), x);
+    }
 }
 
 TEST(PropTreeModelTest, OkSitsInTheCornerAndCancelToItsLeft) {

@@ -86,18 +86,6 @@ TEST(StatusGaugePaintTest, TitleIsDrawnWhenItIsThereAndShorterThan100Characters)
     }
 }
 
-TEST(StatusGaugePaintTest, TileIsWhiteWithABlackFrameAndTheWordStandsOnItsFill) {
-    const TestBitmap bitmap(300, 300, 0x123456);
-    PaintStatusGauge(bitmap.Dc(), RECT{0, 0, 300, 300}, Fan(1));
-    EXPECT_FALSE(bitmap.ColoursIn({0, 0, 300, 300}).contains(0x123456));
-    EXPECT_EQ(bitmap.At(0, 0), 0u);
-    EXPECT_EQ(bitmap.At(299, 150), 0u);
-    EXPECT_EQ(bitmap.At(150, 299), 0u);
-    EXPECT_EQ(bitmap.At(4, 4), 0xFFFFFFu);
-    EXPECT_EQ(bitmap.At(150, 152), 0x00FF00u);  // above the letters
-    EXPECT_EQ(bitmap.At(150, 148), 0xFFFFFFu);
-}
-
 TEST(StatusGaugePaintTest, RoundTileKeepsItsProportionsOnAGroundOfTheSystems) {
     StatusGaugeModel model = Fan(1);
     model.AddFlags(0x80);

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "controls/tabsheet/TabSheetModel.h"
 
 namespace corvex {
@@ -26,21 +28,14 @@ TEST(TabSheetModelTest, CaptionButtonsAndClientAreNeverLocked) {
 }
 
 TEST(TabSheetModelTest, TabsBeyondTheListAreAppended) {
-    EXPECT_EQ(TabPlace(-1, 3), 3);
-    EXPECT_EQ(TabPlace(-7, 3), 3);
-    EXPECT_EQ(TabPlace(4, 3), 3);
-    EXPECT_EQ(TabPlace(3, 3), 3);
-    EXPECT_EQ(TabPlace(0, 3), 0);
-    EXPECT_EQ(TabPlace(2, 3), 2);
-    EXPECT_EQ(TabPlace(0, 0), 0);
+    for (const auto& [wanted, count, place] :
+         {std::tuple{-1, 3, 3}, {-7, 3, 3}, {4, 3, 3}, {3, 3, 3}, {0, 3, 0}, {2, 3, 2}, {0, 0, 0}})
+        EXPECT_EQ(TabPlace(wanted, count), place) << wanted;
 }
 
 TEST(TabSheetModelTest, TheTabThatMovesUpIsShownNext) {
-    EXPECT_EQ(TabAfterRemoval(0, 2), 0);
-    EXPECT_EQ(TabAfterRemoval(1, 2), 1);
-    EXPECT_EQ(TabAfterRemoval(2, 2), 1);
-    EXPECT_EQ(TabAfterRemoval(-1, 2), 0);
-    EXPECT_EQ(TabAfterRemoval(0, 0), -1);
+    for (const auto& [gone, left, next] : {std::tuple{0, 2, 0}, {1, 2, 1}, {2, 2, 1}, {-1, 2, 0}, {0, 0, -1}})
+        EXPECT_EQ(TabAfterRemoval(gone, left), next) << gone;
 }
 
 TEST(TabSheetModelTest, EdgesThatHaveCrossedLeaveNoSize) {

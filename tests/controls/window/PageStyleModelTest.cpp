@@ -5,15 +5,10 @@
 namespace corvex {
 namespace {
 
-TEST(PageStyleModelTest, APageLosesPopUpCaptionAndThickFrame) {
-    EXPECT_EQ(PageStyle(0x80000000u), 0x40000000u);
-    EXPECT_EQ(PageStyle(0x00C00000u), 0x40000000u);
-    EXPECT_EQ(PageStyle(0x00040000u), 0x40000000u);
-}
-
-TEST(PageStyleModelTest, APageKeepsEveryOtherBit) {
+TEST(PageStyleModelTest, APageLosesPopUpCaptionAndThickFrameAndKeepsEveryOtherBit) {
+    for (const std::uint32_t style : {0x80000000u, 0x00C00000u, 0x00040000u, 0u})
+        EXPECT_EQ(PageStyle(style), 0x40000000u);
     EXPECT_EQ(PageStyle(0xFFFFFFFFu), 0x7F3BFFFFu);
-    EXPECT_EQ(PageStyle(0u), 0x40000000u);
     EXPECT_EQ(PageStyle(0x10080004u), 0x50080004u);
 }
 
