@@ -177,21 +177,5 @@ TEST(AnalogGaugePaintTest, SurvivesWhatIsNoNumber) {
     }
 }
 
-TEST(AnalogGaugePaintTest, BandTurnedRoundGoesTheLongWay) {
-    const auto rim = [](float low, float high) {
-        AnalogGaugeModel model;
-        const GaugeAlarmBand band{low, high, 0x0000FF};
-        model.flags = AGF_ALARMS;
-        model.SetAlarm(0, &band);
-        const TestBitmap bitmap(180, 180, 0);
-        PaintAnalogGauge(bitmap.Dc(), RECT{0, 0, 180, 180}, model);
-        const bool top = bitmap.ColoursIn({80, 0, 85, 5}).contains(0x0000FF);
-        const bool bottom = bitmap.ColoursIn({95, 174, 100, 180}).contains(0x0000FF);
-        return std::pair(top, bottom);
-    };
-    EXPECT_EQ(rim(30.0f, 120.0f), std::pair(true, false));
-    EXPECT_EQ(rim(120.0f, 30.0f), std::pair(false, true));
-}
-
 }  // namespace
 }  // namespace corvex

@@ -154,25 +154,6 @@ TEST_P(FlashTextControlTest, FlashFromAnotherThreadIsCarriedToTheOwner) {
     EXPECT_EQ(own, 1);
 }
 
-TEST_P(FlashTextControlTest, WorkerMayChangeItWhileTheOwnerReadsIt) {
-    const std::string first(200, 'a'), second(100, 'b'), flashed(50, 'c');
-    std::string odd;
-    control.Spy().SetHandler([&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-        if (message != WM_PAINT) return std::nullopt;
-        const std::string text = Text();
-        if (text != first && text != second && text != flashed && text != "Ready") odd = text;
-        return std::nullopt;
-    });
-    EXPECT_TRUE(WhilePumping([&] {
-        for (int i = 0; i < 200; ++i) {
-            kind.setAll(window, (i % 2 == 0 ? first : second).c_str(), kRed, kWhite);
-            kind.flash(window, flashed.c_str(), kYellow, kBlue, 1);
-        }
-    }));
-    EXPECT_EQ(odd, "");
-    EXPECT_TRUE(Pumps([&] { return Text() == second; }));
-}
-
 TEST_P(FlashTextControlTest, WindowMayGoDuringAFlashWhichNoOtherShows) {
     control.Parent().heard.clear();
     kind.flash(control.Parent().Window(), "WWW", kYellow, kBlue, 1);
