@@ -222,21 +222,16 @@ TEST_F(HeaderModelTest, ABaudRateIsAWholeNumberInRange) {
 }
 
 TEST_F(HeaderModelTest, RefusesCommandsThatTheHeaderCannotName) {
-    ADXObject* const nameless = Add<ADXCTrigger>(definition_, "");
-    ADXObject* const blank = Add<ADXCTrigger>(definition_, "  ");
-    ADXObject* const markup = Add<ADXCTrigger>(definition_, "A&B");
-    ADXObject* const longest = Add<ADXCTrigger>(definition_, "ABCDEFGHIJKLMNO");
-    ADXObject* const fits = Add<ADXCTrigger>(definition_, "NMLKJIHGFEDCBA");
-    ADXObject* const twin = Add<ADXCTrigger>(definition_, "LOOP");
-    const HeaderModel model(definition_);
     const struct {
         ADXObject* object;
         const char* words;
-    } cases[] = {{nameless, "has no id"},
-                 {blank, "has no id"},
-                 {markup, "the character & of its id"},
-                 {longest, "15 characters"},
-                 {twin, "another object has the same id"}};
+    } cases[] = {{Add<ADXCTrigger>(definition_, ""), "has no id"},
+                 {Add<ADXCTrigger>(definition_, "  "), "has no id"},
+                 {Add<ADXCTrigger>(definition_, "A&B"), "the character & of its id"},
+                 {Add<ADXCTrigger>(definition_, "ABCDEFGHIJKLMNO"), "15 characters"},
+                 {Add<ADXCTrigger>(definition_, "LOOP"), "another object has the same id"}};
+    ADXObject* const fits = Add<ADXCTrigger>(definition_, "NMLKJIHGFEDCBA");
+    const HeaderModel model(definition_);
     for (const auto& tried : cases) {
         HeaderFields fields = model.Fields();
         fields.command[2] = model.ChoiceOf(HeaderCommand::kDisconnect, tried.object);
@@ -246,10 +241,10 @@ TEST_F(HeaderModelTest, RefusesCommandsThatTheHeaderCannotName) {
     HeaderFields fields = model.Fields();
     fields.command[0] = model.ChoiceOf(HeaderCommand::kConnect, fits);
     EXPECT_FALSE(model.Validate(fields));
-    fields.command[0] = 99;
-    ExpectRefused(model, fields, HeaderField::kConnect, "Connect command: choose one");
-    fields.command[0] = static_cast<std::size_t>(-1);  // a combo box without a selection
-    ExpectRefused(model, fields, HeaderField::kConnect, "Connect command: choose one");
+    for (const std::size_t none : {std::size_t{99}, static_cast<std::size_t>(-1)}) {  // a combo box without a selection
+        fields.command[0] = none;
+        ExpectRefused(model, fields, HeaderField::kConnect, "Connect command: choose one");
+    }
 }
 
 }  // namespace
