@@ -20,7 +20,7 @@ bool GridEditor::Store(std::uint32_t cell, std::string_view text) {
         return false;
     }
     if (!found->SetText(text)) return false;
-    host_.PaintSoon(grid_.CellBox(RowOfCell(cell), ColumnOfCell(cell)));
+    host_.PaintSoon(grid_.SeenBox(RowOfCell(cell), ColumnOfCell(cell)));
     if (grid_.Has(kGridGrowToText) && !text.empty()) GrowToText(cell, text);
     host_.Tell(kGridTextStored, cell);
     return true;

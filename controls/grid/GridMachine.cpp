@@ -61,8 +61,9 @@ void GridMachine::SetSelection(std::uint32_t anchor, std::uint32_t cursor) {
 
 void GridMachine::SetOverlay(std::uint32_t corner, std::uint32_t opposite) {
     if (Find(corner) == nullptr || Find(opposite) == nullptr) return;
+    host_.PaintSoon(grid.SeenBox(grid.overlay));
     grid.overlay = {corner, opposite};
-    host_.Repaint();
+    host_.PaintNow(grid.SeenBox(grid.overlay));
 }
 
 GridCell* GridMachine::Find(std::uint32_t cell) {
@@ -72,7 +73,7 @@ GridCell* GridMachine::Find(std::uint32_t cell) {
 }
 
 void GridMachine::Changed(std::uint32_t cell) {
-    host_.PaintSoon(grid.CellBox(RowOfCell(cell), ColumnOfCell(cell)));
+    host_.PaintSoon(grid.SeenBox(RowOfCell(cell), ColumnOfCell(cell)));
 }
 
 void GridMachine::ClearChanged(bool redraws) {

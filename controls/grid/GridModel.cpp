@@ -64,15 +64,22 @@ int GridModel::columnAt(int x) const {
     return x < BodyLeft() || x < 0 ? 0 : columns.At(x - BodyLeft());
 }
 
-GridBox GridModel::CellBox(int row, int column) const {
+GridBox GridModel::Box(int row, int column, int enoughAcross, int enoughDown) const {
     GridBox box;
-    box.left = column == 0 ? 0 : BodyLeft() + columns.StartOf(column);
+    box.left = column == 0 ? 0 : BodyLeft() + columns.StartOf(column, enoughAcross);
     box.right = box.left + columns.Size(column);
     const bool isLast = columns.Size(column) != 0 && columns.Next(column, 1) == 0;
     if (Has(kGridStretchLastColumn) && isLast) box.right = std::max(box.right, clientWidth);
-    box.top = row == 0 ? titleHeight : BodyTop() + rows.StartOf(row);
+    box.top = row == 0 ? titleHeight : BodyTop() + rows.StartOf(row, enoughDown);
     box.bottom = box.top + rows.Size(row);
     return box;
+}
+
+GridBox GridModel::SeenBox(std::array<std::uint32_t, 2> corners) const {
+    const GridBox one = SeenBox(RowOfCell(corners[0]), ColumnOfCell(corners[0]));
+    const GridBox other = SeenBox(RowOfCell(corners[1]), ColumnOfCell(corners[1]));
+    return {std::min(one.left, other.left), std::min(one.top, other.top), std::max(one.right, other.right),
+            std::max(one.bottom, other.bottom)};
 }
 
 // The two directions differ by design: of columns the one behind the cut one counts as visible too.

@@ -70,7 +70,12 @@ public:
     // 0 in the header column and left of it, -1 behind the last column, even where that is stretched.
     int columnAt(int x) const;
     // Of any cell that there is, as if the client had no edge. One before the first on show lies where that does.
-    GridBox CellBox(int row, int column) const;
+    GridBox CellBox(int row, int column) const { return Box(row, column, INT_MAX, INT_MAX); }
+    // The same where it can be seen; anywhere outside of the client where it can't, at a cost that does not grow with
+    // the table.
+    GridBox SeenBox(int row, int column) const { return Box(row, column, clientWidth, clientHeight); }
+    // Of all cells between two opposite corners.
+    GridBox SeenBox(std::array<std::uint32_t, 2> corners) const;
     // The last visible row and column of each direction, and whether they are cut.
     void FindVisible();
     bool IsCursorVisible() const { return rows.IsCursorShown() && columns.IsCursorShown(); }
@@ -85,6 +90,8 @@ public:
     std::array<std::uint32_t, kGridColourCount> colours;
 
 private:
+    GridBox Box(int row, int column, int enoughAcross, int enoughDown) const;
+
     static constexpr int kFreshSize = 10;  // rows and columns of a new grid
 };
 
