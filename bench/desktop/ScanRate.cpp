@@ -22,10 +22,11 @@ struct Wanted {
     double share;  // percent of the line's limit, at least; 0 when none is set
 };
 
-constexpr std::array kPacedViews = {Wanted{View::kOutput, 99}, Wanted{View::kReadouts, 98},
-                                    Wanted{View::kFourAnalog, 0}, Wanted{View::kList, 0}, Wanted{View::kMonitors, 98}};
-constexpr std::array kUnpacedViews = {View::kReadouts, View::kFourAnalog, View::kList, View::kMonitors,
-                                      View::kHistogram};
+constexpr std::array kPacedViews = {Wanted{View::kOutput, 99},    Wanted{View::kReadouts, 98},
+                                    Wanted{View::kFourAnalog, 0}, Wanted{View::kList, 0},
+                                    Wanted{View::kMonitors, 98},  Wanted{View::kHistogram, 98}};
+constexpr std::array kUnpacedViews = {View::kOutput, View::kReadouts,  View::kFourAnalog,
+                                      View::kList,   View::kHistogram, View::kMonitors};
 
 void ReportPaced(const Wanted& wanted, const std::vector<double>& rates, const std::vector<double>& processor) {
     const double limit = kBaud / kBitsOfByte / (kRequest + kReply);
@@ -61,12 +62,13 @@ void PrintSustainedRate() {
             processor[view].push_back(figures.processor);
         }
     }
-    const double hidden = Median(rates[View::kHistogram]);
+    const double output = Median(rates[View::kOutput]);
     for (const View view : kUnpacedViews)
         std::printf(
-            "unpaced engine, %s: median %.0f replies a second of %d scans, ratio to hidden %.3f; of one processor %.0f "
+            "unpaced engine, %s: median %.0f replies a second of %d scans, ratio to the first %.3f; of one processor "
+            "%.0f "
             "%%\n",
-            NameOf(view), Median(rates[view]), kScanRuns, Median(rates[view]) / hidden,
+            NameOf(view), Median(rates[view]), kScanRuns, Median(rates[view]) / output,
             100.0 * Median(processor[view]));
 }
 

@@ -59,7 +59,7 @@ const char* NameOf(View view) {
         case View::kList:
             return "item list";
         case View::kHistogram:
-            return "dash and list hidden";
+            return "table of a histogram";
         case View::kMonitors:
             return "two monitors of seven series";
     }
