@@ -31,10 +31,25 @@ struct PictureTask {
     int row = 0;  // of what the Dash or Item Lists tab can show
 };
 
-void Prepare(const PictureTask& task) {
+// The example's drive, played to its end: tables and charts have something to show.
+const ProgramState kPlayed{"played",
+                           [](Operator& person) {
+                               person.Window().Send(kSpeed400);
+                               person.Play();
+                               person.Watch(30.0);  // of forty seconds
+                               person.WaitForPlaybackEnd();
+                           },
+                           true};
+
+void Prepare(const PictureTask& task, const ProgramState& state) {
     std::error_code none;
     std::filesystem::remove(task.folder + "\\Settings.dat", none);
-    std::ofstream(task.folder + "\\drive.xdl", std::ios::binary) << MakeEvenLog(600, 100);
+    std::ofstream log(task.folder + "\\drive.xdl", std::ios::binary);
+    if (&state == &kPlayed) {
+        log << std::ifstream(CORVEX_SOURCE_DIR "/examples/harrier-8192.xdl", std::ios::binary).rdbuf();
+    } else {
+        log << MakeEvenLog(600, 100);
+    }
     std::ofstream settings(task.folder + "\\Settings.dat");
     settings << "lastadxpath=" << task.folder << "\\harrier-8192.adx\nlastxdlpath=" << task.folder << "\\drive.xdl\n"
              << "winposx=" << (::GetSystemMetrics(SM_CXSCREEN) - task.width) / 2
@@ -62,7 +77,7 @@ void ShowTab(const CorvexWindow& window, const PictureTask& task) {
 }
 
 void Shoot(const ProgramState& state, const PictureTask& task) {
-    Prepare(task);
+    Prepare(task, state);
     Operator person(task.folder);
     const std::string name = state.name;
     person.WaitFor("splash or its end",
@@ -95,6 +110,7 @@ int Drive(int count, char** words) {
                            count > 7 ? std::atoi(words[7]) : 0,
                            count > 8 ? std::atoi(words[8]) : 0};
     const std::string wanted = words[4];
+    if (wanted == kPlayed.name) Shoot(kPlayed, task);
     for (const ProgramState& state : AllProgramStates()) {
         if (state.isShown && (wanted == "all" || wanted == state.name)) Shoot(state, task);
     }
