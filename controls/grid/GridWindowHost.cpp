@@ -33,7 +33,10 @@ void GridWindowHost::Repaint() {
 
 void GridWindowHost::PaintSoon(const GridBox& part) {
     const RECT box = AsRect(part);
-    ::InvalidateRect(window_, &box, FALSE);
+    RECT client{}, seen{};
+    ::GetClientRect(window_, &client);
+    // Of a large table most cells are out of view, and the call is dear.
+    if (::IntersectRect(&seen, &box, &client) != FALSE) ::InvalidateRect(window_, &seen, FALSE);
 }
 
 void GridWindowHost::PaintNow(const GridBox& part) {
