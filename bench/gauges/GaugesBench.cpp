@@ -1,5 +1,5 @@
 // What the gauges cost, from inside of their process.
-// Usage: bench_gauges [paint|reply|chart|grid]...
+// Usage: bench_gauges [paint|reply|chart|grid|histogram]...
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -8,17 +8,19 @@
 #include "bench/gauges/ChartCost.h"
 #include "bench/gauges/GaugePaintCost.h"
 #include "bench/gauges/GridCost.h"
+#include "bench/gauges/HistogramCost.h"
 #include "bench/gauges/ReplyToPaint.h"
 
 int main(int argc, char** argv) {
     std::vector<std::string> subjects(argv + 1, argv + argc);
-    if (subjects.empty()) subjects = {"paint", "reply", "chart", "grid"};
+    if (subjects.empty()) subjects = {"paint", "reply", "chart", "grid", "histogram"};
     try {
         for (const std::string& subject : subjects) {
             if (subject == "paint") corvex::bench::PrintGaugePaintCost();
             if (subject == "reply") corvex::bench::PrintReplyToPaint();
             if (subject == "chart") corvex::bench::PrintChartCost();
             if (subject == "grid") corvex::bench::PrintGridCost();
+            if (subject == "histogram") corvex::bench::PrintHistogramCost();
             std::fflush(stdout);
         }
         return 0;
