@@ -1,5 +1,5 @@
 // What the gauges cost, from inside of their process.
-// Usage: bench_gauges [paint|reply|chart|grid|histogram]...
+// Usage: bench_gauges [paint|reply|chart|grid|histogram|monitor]...
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -9,11 +9,12 @@
 #include "bench/gauges/GaugePaintCost.h"
 #include "bench/gauges/GridCost.h"
 #include "bench/gauges/HistogramCost.h"
+#include "bench/gauges/MonitorCost.h"
 #include "bench/gauges/ReplyToPaint.h"
 
 int main(int argc, char** argv) {
     std::vector<std::string> subjects(argv + 1, argv + argc);
-    if (subjects.empty()) subjects = {"paint", "reply", "chart", "grid", "histogram"};
+    if (subjects.empty()) subjects = {"paint", "reply", "chart", "grid", "histogram", "monitor"};
     try {
         for (const std::string& subject : subjects) {
             if (subject == "paint") corvex::bench::PrintGaugePaintCost();
@@ -21,6 +22,7 @@ int main(int argc, char** argv) {
             if (subject == "chart") corvex::bench::PrintChartCost();
             if (subject == "grid") corvex::bench::PrintGridCost();
             if (subject == "histogram") corvex::bench::PrintHistogramCost();
+            if (subject == "monitor") corvex::bench::PrintMonitorCost();
             std::fflush(stdout);
         }
         return 0;
