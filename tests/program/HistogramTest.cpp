@@ -43,7 +43,10 @@ TEST_F(HistogramsOnShow, AReplayedLogShowsWhatTheToolPrints) {
     std::vector<LoggedReply> log;
     for (std::uint32_t i = 0; i < 40; ++i)
         log.push_back(Poll({static_cast<std::uint8_t>(17 * i), static_cast<std::uint8_t>(41 * i)}, 20 * i));
-    StartWith(WithHistograms(), log);
+    folder.Files().Put("drive.xdl", MakeLog(log));
+    Settle(
+        {{"lastadxpath", folder.Files().Put("own.adx", WithHistograms())}, {"lastxdlpath", folder.Name("drive.xdl")}});
+    Start();
     Window().ShowTab(kHistogramTab);
     Window().Send(kPlay);
     ExpectOutput("Playback stopped");
@@ -71,7 +74,8 @@ TEST_F(HistogramsOnShow, FillsWithAScanAndGoesWithItsDefinition) {
     EXPECT_TRUE(Eventually([&] { return Copied().find("\n0,,,100,\n") != std::string::npos; })) << Copied();
     StopScan();
     folder.Files().Put("none.adx", Commands());
-    Load(folder.Name("none.adx"));
+    Window().Send(kLoadDefinition);
+    ChooseFile(program->Id(), "Select ADX...", folder.Name("none.adx"));
     EXPECT_TRUE(Eventually([&] { return Ask(Grid(), GRM_GETROWS) == 0; }));
     EXPECT_EQ("", TextOf(Grid()));
 }
