@@ -16,7 +16,7 @@ bool GridAxis::SetSize(int index, int pixels) {
 
 void GridAxis::Resize(int body) {
     sizes_.resize(static_cast<std::size_t>(body) + 1, freshSize_);
-    for (int* const place : {&first, &cursor, &anchor})
+    for (int* const place : {&first, &cursor, &anchor, &barMaximum})
         *place = std::max(1, std::min(*place, body));
 }
 

@@ -22,7 +22,7 @@ public:
     int Size(int index) const { return Has(index) ? sizes_[static_cast<std::size_t>(index)] : 0; }
     // Cut to 0 and 65535. False for an index out of range.
     bool SetSize(int index, int pixels);
-    // What survives keeps its size. Cursor, anchor and first are cut into the body, at least 1.
+    // What survives keeps its size. Cursor, anchor, first and the bar's end are cut into the body, at least 1.
     void Resize(int body);
 
     // The next one that is not hidden, forward or backward by the sign of the step; 0 when there is none.

@@ -56,7 +56,7 @@ void GridCell::SetAlign(std::uint32_t bits) {
 }
 
 GridCellStore::GridCellStore(int bodyRows, int bodyColumns) {
-    if (!Resize(bodyRows, bodyColumns)) Resize(0, 0);
+    if (!Resize(bodyRows, bodyColumns)) throw std::bad_alloc();
 }
 
 bool GridCellStore::Resize(int bodyRows, int bodyColumns) try {

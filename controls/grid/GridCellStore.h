@@ -50,7 +50,7 @@ private:
 // On one thread.
 class GridCellStore {
 public:
-    // Without memory for them there is no body.
+    // Throws std::bad_alloc.
     GridCellStore(int bodyRows, int bodyColumns);
 
     // Of the body. What lies in the old and in the new size keeps its cells, the others are fresh. False, and all

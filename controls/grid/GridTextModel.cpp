@@ -59,10 +59,10 @@ int CountLines(std::string_view text) {
 std::optional<GridFields> ParseGridFields(std::string_view text, int mostRows, int mostColumns) {
     if (text.empty()) return std::nullopt;
     const auto tabs = std::count(text.begin(), text.end(), '\t');
-    const auto lines = std::count(text.begin(), text.end(), '\n') + (text.ends_with('\n') ? 0 : 1);
+    const int lines = std::max(1, CountLines(text) - (text.ends_with('\n') ? 1 : 0));
     const auto columns = tabs / lines + 1;
     if (lines > mostRows || columns > mostColumns) return std::nullopt;
-    GridFields fields{static_cast<int>(lines), static_cast<int>(columns), {}};
+    GridFields fields{lines, static_cast<int>(columns), {}};
     for (auto i = lines * columns; i > 0; --i)
         fields.texts.emplace_back(TakeField(text).substr(0, kGridFieldLength));
     return fields;

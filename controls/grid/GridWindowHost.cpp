@@ -22,6 +22,12 @@ int BarOf(bool isVertical) {
 
 }  // namespace
 
+void GridWindowHost::Adopt(GridFont role, HFONT font) {
+    if (font == nullptr) return;
+    fonts.Adopt(role, font);
+    Repaint();
+}
+
 void GridWindowHost::Tell(std::uint32_t code, std::uint32_t value) {
     ::SendMessageA(::GetParent(window_), WM_COMMAND, MAKEWPARAM(controlId, code), static_cast<LPARAM>(value));
 }

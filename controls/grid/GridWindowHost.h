@@ -12,6 +12,8 @@ public:
 
     // What each shape of the pointer looks like; again whenever the system asks.
     void ShowPointer() const;
+    // Owns the font from now on, and repaints. Null is ignored.
+    void Adopt(GridFont role, HFONT font);
 
     void Tell(std::uint32_t code, std::uint32_t value) override;
     void Repaint() override;

@@ -181,6 +181,11 @@ TEST_F(GridMouseTest, AHeadingIsSizedByItsEdge) {
 }
 
 TEST_F(GridMouseTest, NoEdgeIsFoundWhereThereIsNone) {
+    grid.columns.SetSize(3, 12);
+    Down(156, 10);
+    Move(166, 10);
+    EXPECT_EQ(grid.columns.Size(3), 22) << "of two near edges that of the column under the pointer";
+    Up();
     grid.titleHeight = 30;
     Move(20, 25);
     EXPECT_EQ(host.pointer, GridPointer::kArrow) << "the title band";

@@ -1,6 +1,7 @@
 // Random keys, clicks, drags and messages, after each of which the grid must be what the plain reference is.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "tests/controls/grid/GridReference.h"
@@ -87,7 +88,7 @@ std::string Storm::Message() {
             plain_.SetCursor(row, column);
             break;
         case 2: {
-            const int pixels = Next(3) == 0 ? 0 : Next(90), direction = Next(2);
+            const int pixels = Next(3) == 0 ? 0 : Next(Next(4) == 0 ? 400 : 90), direction = Next(2);
             direction == 0 ? real_.SetRowHeight(row, pixels) : real_.SetColumnWidth(column, pixels);
             plain_.SetPixels(direction, direction == 0 ? row : column, pixels);
             break;
@@ -164,6 +165,55 @@ TEST_P(GridStormTest, TenThousandDoingsLeaveItAsThePlainOne) {
         const std::string doing = storm.Step();
         storm.Compare();
         if (HasFatalFailure()) FAIL() << "after " << i << ": " << doing;
+    }
+}
+
+// Whatever the parent does when it is told of something, the places stay in the grid that there is by then.
+TEST_P(GridStormTest, AParentThatMeddlesBreaksNothing) {
+    std::mt19937 random(GetParam());
+    const auto next = [&](unsigned below) { return static_cast<unsigned>(random()) % below; };
+    FakeGrid fake(330, 150, 12, 9);
+    GridMachine& grid = fake.machine;
+    const std::function<void()> doings[] = {
+        [&] { grid.SetSize(next(14), next(11)); },
+        [&] { grid.ClearAll(); },
+        [&] { grid.SetCursor(next(14), next(11)); },
+        [&] { grid.SetSelection(cellAddress(next(14), next(11)), cellAddress(next(14), next(11))); },
+        [&] { grid.SetOverlay(cellAddress(next(14), next(11)), cellAddress(next(14), next(11))); },
+        [&] { grid.editor.Store(cellAddress(next(14), next(11)), std::string(next(30), '7')); },
+        [&] { fake.host.SetFocus(next(2) == 0); },
+        [&] { grid.SetRowHeight(static_cast<int>(next(14)), static_cast<int>(next(200))); },
+        [&] { grid.SetColumnWidth(static_cast<int>(next(11)), static_cast<int>(next(200))); },
+        [&] { grid.SetTitle(std::string(next(400), '\n')); },
+        [&] { grid.OnSize(static_cast<int>(next(500)), static_cast<int>(next(300))); },
+        [&] { grid.SetStyle(1u << next(21), true); },
+        [&] { grid.ClearStyle(1u << next(21), true); },
+        [&] { grid.keys.OnCharacter(next(0x80)); },
+        [&] { grid.keys.OnDown(static_cast<GridKey>(next(0x80))); },
+        [&] { grid.mouse.OnDown(static_cast<int>(next(400)) - 20, static_cast<int>(next(200)) - 20); },
+        [&] { grid.mouse.OnMove(static_cast<int>(next(400)) - 20, static_cast<int>(next(200)) - 20); },
+        [&] { grid.mouse.OnTick(static_cast<int>(next(600)) - 99, static_cast<int>(next(400)) - 99); },
+        [&] { grid.mouse.OnDoubleClick(static_cast<int>(next(400)), static_cast<int>(next(200))); },
+        [&] { grid.mouse.EndGesture(); },
+        [&] { grid.view.OnScroll(next(2) == 0, static_cast<GridScroll>(next(9)), static_cast<int>(next(0x10000))); },
+    };
+    const auto doOne = [&] { doings[next(static_cast<unsigned>(std::size(doings)))](); };
+    int depth = 0;
+    fake.host.handler = [&](std::uint32_t) {
+        if (next(3) != 0 || depth == 3) return;
+        ++depth;
+        doOne();
+        --depth;
+    };
+    for (int i = 0; i < 10000; ++i) {
+        doOne();
+        for (const GridAxis* const axis : {&fake.grid.rows, &fake.grid.columns}) {
+            for (const int place : {axis->first, axis->cursor, axis->anchor})
+                ASSERT_TRUE(place >= 1 && place <= std::max(1, axis->Last())) << i;
+        }
+        ASSERT_EQ(fake.grid.cells.Rows(), fake.grid.rows.Last() + 1);
+        ASSERT_LE(fake.grid.edited.size(), 300u);
+        fake.host.notes.clear();
     }
 }
 

@@ -83,7 +83,7 @@ TEST_F(GridTest, AnswersEachMessage) {
         {GRM_SETROWHEIGHT, 2, 30, 0},
         {GRM_GETROWHEIGHT, 2, 0, 30},
         {GRM_GETROWHEIGHT, static_cast<WPARAM>(-1), 0, 0},
-        {GRM_RESERVED, 1, 1, 0},
+        {GRM_RESERVED, cellAddress(99, 99), 1, 0},
         {GRM_ISMODIFIED, 0, 0, 0},
         {GRM_SETMODIFIED, 1, 0, 0},
         {GRM_ISMODIFIED, 0, 0, 1},
@@ -107,14 +107,15 @@ TEST_F(GridTest, AnswersEachMessage) {
         {WM_CHAR, 0x7E, 0, 1},
         {WM_CHAR, 3, 0, 0},
     };
+    ::SetFocus(window);
     for (const auto& one : cases) {
-        shown.Parent().heard.clear();
+        Told();
         EXPECT_EQ(Send(one.message, one.wParam, one.lParam), one.result) << one.message << " " << one.wParam;
         const bool isRefused =
             static_cast<LPARAM>(one.wParam) == bad || one.message == GRM_SETSELECTION || one.message == GRM_SETOVERLAY;
-        if (isRefused) {
-            EXPECT_EQ(Told(), (std::vector<std::pair<UINT, LPARAM>>{{3, 0}})) << one.message;
-        }
+        const bool isTold = one.message == GRM_PUTCELL;
+        const std::vector<std::pair<UINT, LPARAM>> refused{{3, 0}}, told{{26, cell}}, none;
+        EXPECT_EQ(Told(), isRefused ? refused : isTold ? told : none) << one.message;
     }
 }
 
@@ -180,11 +181,13 @@ TEST_F(GridTest, PaintsTheSameThroughABitmapAndWithout) {
     EXPECT_EQ(TestBitmap(window).Pixels(), through);
     // A part as well as the whole.
     putCell(window, 3, 3, "other");
-    Send(GRM_SETOVERLAY, cellAddress(3, 3), cellAddress(4, 4));
-    const auto part = TestBitmap(window).Pixels();
-    shown.Repaint();
-    EXPECT_EQ(TestBitmap(window).Pixels(), part);
-    EXPECT_TRUE(shown.Shows(0x00FFFF));
+    for (const std::uint32_t corner : {cellAddress(4, 4), cellAddress(2, 3), 0u}) {
+        Send(GRM_SETOVERLAY, corner == 0 ? 0 : cellAddress(3, 3), corner);
+        const auto part = TestBitmap(window).Pixels();
+        shown.Repaint();
+        EXPECT_EQ(TestBitmap(window).Pixels(), part) << corner;
+        EXPECT_EQ(shown.Shows(0x00FFFF), corner != 0);
+    }
 }
 
 TEST_F(GridTest, BarsComeWithTheRowsAndColumnsThatDoNotFit) {
