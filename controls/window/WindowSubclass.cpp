@@ -1,10 +1,54 @@
 #include "controls/window/WindowSubclass.h"
 
+#include <algorithm>
 #include <exception>
+#include <mutex>
+#include <vector>
 
 namespace corvex {
 
 namespace {
+
+// Whose object stands before which window. A list of our own and no property of the window: that is asked for with
+// every message, and some versions of the system keep properties in another process.
+class Bindings {
+public:
+    WindowSubclass* Find(HWND window, const char* property) {
+        const std::lock_guard guard(lock_);
+        const auto found = Place(window, property);
+        return found == all_.end() ? nullptr : found->object;
+    }
+    void Add(HWND window, const char* property, WindowSubclass* object) {
+        const std::lock_guard guard(lock_);
+        // A thread that ended with its windows told nobody.
+        std::erase_if(all_, [](const Binding& one) { return ::IsWindow(one.window) == FALSE; });
+        all_.push_back({window, property, object});
+    }
+    void Remove(HWND window, const char* property) {
+        const std::lock_guard guard(lock_);
+        if (const auto found = Place(window, property); found != all_.end()) all_.erase(found);
+    }
+
+private:
+    struct Binding {
+        HWND window;
+        const char* property;  // by its place: one for each class
+        WindowSubclass* object;
+    };
+    std::vector<Binding>::iterator Place(HWND window, const char* property) {
+        return std::find_if(all_.begin(), all_.end(),
+                            [&](const Binding& one) { return one.window == window && one.property == property; });
+    }
+
+    std::mutex lock_;
+    std::vector<Binding> all_;
+};
+
+// Never destroyed, as a window may go after everything else.
+Bindings& AllBindings() {
+    static Bindings& all = *new Bindings;
+    return all;
+}
 
 // By the calls of the window's own character set: by the others it would be taken for a window of the other one.
 LONG_PTR ProcedureOf(HWND window) {
@@ -29,14 +73,14 @@ LRESULT WindowSubclass::Former(UINT message, WPARAM wParam, LPARAM lParam) const
 }
 
 WindowSubclass* SubclassObjectOf(HWND window, const char* property) {
-    return static_cast<WindowSubclass*>(::GetPropA(window, property));
+    return AllBindings().Find(window, property);
 }
 
 bool AttachSubclass(std::unique_ptr<WindowSubclass> object, const char* property, WNDPROC procedure) {
     const HWND window = object->Window();
     const LONG_PTR former = ProcedureOf(window);
     if (former == 0 || SubclassObjectOf(window, property) != nullptr) return false;
-    if (::SetPropA(window, property, object.get()) == FALSE) return false;
+    AllBindings().Add(window, property, object.get());
     object.release()->former_ = reinterpret_cast<WNDPROC>(former);
     SetProcedure(window, procedure);
     return true;
@@ -46,7 +90,7 @@ bool DetachSubclass(HWND window, const char* property, WNDPROC procedure) {
     WindowSubclass* const object = SubclassObjectOf(window, property);
     if (object == nullptr || ProcedureOf(window) != reinterpret_cast<LONG_PTR>(procedure)) return false;
     SetProcedure(window, object->former_);
-    ::RemovePropA(window, property);
+    AllBindings().Remove(window, property);
     WindowHold(object).Release();
     return true;
 }
@@ -60,7 +104,7 @@ LRESULT DispatchToSubclass(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     const LRESULT result = object->OnMessage(message, wParam, lParam);
     // Unless it was taken away while it handled this.
     if (message == WM_NCDESTROY && SubclassObjectOf(window, property) == object) {
-        ::RemovePropA(window, property);
+        AllBindings().Remove(window, property);
         hold.Release();
     }
     return result;
