@@ -5,6 +5,7 @@
 #include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/tabsheet/TabSheet.h"
 #include "definition/ADXDashboard.h"
+#include "definition/ADXHistogram.h"
 #include "tests/session/window/main/MainWindowHelper.h"
 #include "views/DashGauge.h"
 #include "views/DashPage.h"
@@ -15,7 +16,7 @@ namespace corvex::test {
 
 class ViewsTest : public MainWindowTest {
 protected:
-    static constexpr int kDashTab = 1, kListTab = 2, kMonitorTab = 4;
+    static constexpr int kDashTab = 1, kListTab = 2, kHistogramTab = 3, kMonitorTab = 4;
 
     // One dial alone, as its paints are dear. A and the bit are of every command, B is of the poll, C of another one.
     // The title is that of dash and list.
@@ -28,7 +29,11 @@ protected:
             .Bit("BIT", 1, AdxTag("flags", "0x0000000C"))
             .Dashboard({"D1", title}, {{0, "A"}, {1, "B"}, {2, "BIT"}, {1, "C"}})
             .List({"L1", title}, {"#" + title, "A", "B", "C", "BIT"})
-            .Object("ADXMONITOR", {"M1", title}, AdxTag("entrycount", "2") + Series("A") + Series("B"));
+            .Object("ADXMONITOR", {"M1", title}, AdxTag("entrycount", "2") + Series("A") + Series("B"))
+            .Object("ADXHISTOGRAM", {"H1", title},
+                    AdxTag("rows", "2") + AdxTag("cols", "3") + AdxTag("xmax", "255") + AdxTag("ymax", "255") +
+                        AdxTag("xidhash", AdxHash("A")) + AdxTag("yidhash", AdxHash("B")) +
+                        AdxTag("zidhash", AdxHash("A")));
     }
 
     static std::string Series(const std::string& value) {
@@ -53,6 +58,7 @@ protected:
         return shown;
     }
     const MonitorPage& Monitors() const { return *PageOf<MonitorPage>(session.monitorPage); }
+    HWND Grid() const { return ::GetDlgItem(AsWindow(session.histogramPage), IDC_HISTOGRAM_GRID); }
     HWND List() const { return ::GetDlgItem(AsWindow(session.listPage), IDC_LIST_VIEW); }
     std::string Cell(int row, int column) const {
         char text[300] = "";

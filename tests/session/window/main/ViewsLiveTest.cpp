@@ -27,7 +27,9 @@ TEST_F(ViewsLiveTest, APlaybackMovesThemTheSameWay) {
     Command(IDM_PLAY);
     ASSERT_TRUE(Pumps([&] { return Needle(0) == 5; }));
     EXPECT_EQ(238.0F, Digits(1));
+    ASSERT_TRUE(Pumps([&] { return Monitors().Charts().at(0).timeAxis->marker == 0.05F; })) << "the cursor";
     ASSERT_TRUE(Rests(kLogClosed));
+    EXPECT_EQ(6U, session.currentHistogram->GetTotalSampleCount());
     EXPECT_EQ("5.00", Cell(1, 1));
 }
 

@@ -8,7 +8,7 @@
 namespace corvex::test {
 namespace {
 
-// Definitions are loaded while a log plays as fast as it can and dash, list or monitors show it.
+// Definitions are loaded while a log plays as fast as it can and one page after the other shows it.
 class ViewsStormTest : public ViewsTest {
 protected:
     void TearDown() override {
@@ -35,6 +35,9 @@ protected:
             EXPECT_EQ(session.currentDashboard->GetEntry(i), EntryOf(Dash().Gauges()[i]));
         EXPECT_EQ(5, ::SendMessageA(List(), LVM_GETITEMCOUNT, 0, 0));
         EXPECT_EQ(title, Cell(0, 2));
+        char shown[64] = "";
+        ::GetWindowTextA(Grid(), shown, sizeof shown);
+        EXPECT_EQ(title + " - A vs B vs A", shown);
         ASSERT_EQ(1U, Monitors().Charts().size());
         EXPECT_EQ(title, Monitors().Charts()[0].monitor->Title());
     }
@@ -50,7 +53,7 @@ TEST_F(ViewsStormTest, TwoHundredLoadsLeaveNoPageBehind) {
     const std::string paths[] = {folder.Name("one.adx"), PutDefinition("two.adx", Objects("Two"))};
     session.settings.SetLastLog(PutFastLog(3000));
     for (int i = 0; i < 200; ++i) {
-        Select(std::array{kDashTab, kListTab, kMonitorTab}[static_cast<std::size_t>(i / 2 % 3)]);
+        Select(std::array{kDashTab, kListTab, kHistogramTab, kMonitorTab}[static_cast<std::size_t>(i / 2 % 4)]);
         const int next = (i + 1) % 2;
         const std::string title = next == 0 ? "One" : "Two";
         ASSERT_NO_FATAL_FAILURE(LoadDuringPlayback(paths[next], title)) << i;
