@@ -259,6 +259,7 @@ TEST_F(GridTest, ADragBelowScrollsByATimer) {
     POINT below{60, 400};
     ::ClientToScreen(window, &below);
     ::SetCursorPos(below.x, below.y);
+    Pump();  // a move that was still on its way would end the scrolling
     Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(60, 30));
     Send(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(60, 400));
     EXPECT_TRUE(Pumps([&] { return ::GetScrollPos(window, SB_VERT) > 20; }));
