@@ -89,13 +89,15 @@ TEST_F(DataChartTest, ScrollsAreLaidOutWhenTheyAreDrawn) {
     Fill();
     time->flags = kAxisAutoScroll;
     Draw(0, 5);
-    const Colours before = ColoursOf(window);
+    const TestBitmap before(window);
     series->addSample(100, 5);
     series->addSample(200, 5);
     EXPECT_EQ(time->Maximum(), 201.5f);
     EXPECT_EQ(gauge.PaintsIn([&] { Send(DCM_REPAINT); }), 1);
     EXPECT_TRUE(Shows(kRed));
-    EXPECT_FALSE(before.contains(kRed));
+    const RECT labels{40, 175, 300, 200};
+    EXPECT_FALSE(before.ColoursIn({0, 0, 300, 200}).contains(kRed));
+    EXPECT_TRUE(before.Pixels(labels) != TestBitmap(window).Pixels(labels));
 }
 
 TEST_F(DataChartTest, ANewTitleShowsWithTheNextLayout) {
@@ -127,6 +129,10 @@ TEST_F(DataChartTest, AnotherSizeIsLaidOutAtOnce) {
         gauge.Resize(width, height);
         Send(DCM_REPAINT);
         EXPECT_EQ(width > 100, Shows(kRed)) << width;
+        if (width < 100) continue;
+        const std::vector<COLORREF> drawn = TestBitmap(window).Pixels();
+        Send(DCM_RELAYOUT);
+        EXPECT_TRUE(drawn == TestBitmap(window).Pixels()) << width;
     }
     gauge.Resize(300, 200);
     Send(DCM_REPAINT);
