@@ -8,8 +8,6 @@ namespace {
 
 class CopyKey final : public WindowSubclass {
 public:
-    static constexpr char kProperty[] = "CorvexCopyKey";
-
     CopyKey(HWND control, std::function<void()> copy) : WindowSubclass(control), copy_(std::move(copy)) {}
 
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {

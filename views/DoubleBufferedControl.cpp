@@ -9,7 +9,6 @@ namespace {
 
 class DoubleBuffer final : public WindowSubclass {
 public:
-    static constexpr char kProperty[] = "CorvexDoubleBuffer";
     using WindowSubclass::WindowSubclass;
 
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

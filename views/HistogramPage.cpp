@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "controls/grid/GridClipboard.h"
+#include "controls/window/Clipboard.h"
 #include "controls/window/CommonControls.h"
 #include "definition/HistogramFeed.h"
 #include "session/Colours.h"
@@ -74,8 +74,8 @@ void HistogramPage::OnInit() {
 
 // Without a chart the check box is off, and the words come up over its place, as a control that is off gets no pointer.
 void HistogramPage::OfferGraph() {
-    const HWND graph = Item(IDC_HISTOGRAM_GRAPH);
     if (Item(IDC_HISTOGRAM_CHART) != nullptr) return;
+    const HWND graph = Item(IDC_HISTOGRAM_GRAPH);
     ::EnableWindow(graph, FALSE);
     const HWND tip = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0,
                                        Window(), nullptr, static_cast<HINSTANCE>(Session().instance), nullptr);

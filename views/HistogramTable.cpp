@@ -24,12 +24,12 @@ std::string HeadText(const ADXLookupTable& axis, int index) {
     return AxisKeyText(key);
 }
 
-void PutHeads(HWND grid, const ADXHistogram& histogram) {
-    for (int column = 1; column <= CountOf(grid, GRM_GETCOLS); ++column) {
+void PutHeads(HWND grid, const ADXHistogram& histogram, int rows, int columns) {
+    for (int column = 1; column <= columns; ++column) {
         ::SendMessageA(grid, GRM_SETCOLWIDTH, static_cast<WPARAM>(column), kColumnWidth);
         putCell(grid, 0, column, HeadText(histogram.XTable(), column - 1).c_str());
     }
-    for (int row = 1; row <= CountOf(grid, GRM_GETROWS); ++row) {
+    for (int row = 1; row <= rows; ++row) {
         ::SendMessageA(grid, GRM_SETROWHEIGHT, static_cast<WPARAM>(row), kRowHeight);
         putCell(grid, row, 0, HeadText(histogram.YTable(), row - 1).c_str());
     }
@@ -53,21 +53,19 @@ void HistogramTable::Show(const ADXHistogram* histogram, const std::string& titl
     ::SendMessageA(grid_, WM_SETREDRAW, FALSE, 0);
     ::SetWindowTextA(grid_, title.c_str());
     ::SendMessageA(grid_, GRM_SETSIZE, histogram->GetRows(), static_cast<LPARAM>(histogram->GetCols()));
-    PutHeads(grid_, *histogram);
-    const auto rows = static_cast<std::uint32_t>(CountOf(grid_, GRM_GETROWS));
-    const auto columns = static_cast<std::uint32_t>(CountOf(grid_, GRM_GETCOLS));
-    for (std::uint32_t row = 0; row < rows; ++row) {
-        for (std::uint32_t col = 0; col < columns; ++col)
-            ShowCell(*histogram, {row, col}, mode);
+    const int rows = CountOf(grid_, GRM_GETROWS), columns = CountOf(grid_, GRM_GETCOLS);
+    PutHeads(grid_, *histogram, rows, columns);
+    for (int row = 0; row < rows; ++row) {
+        for (int col = 0; col < columns; ++col)
+            ShowCell(*histogram, {static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(col)}, mode);
     }
     ::SendMessageA(grid_, WM_SETREDRAW, TRUE, 0);
     ::InvalidateRect(grid_, nullptr, TRUE);
 }
 
 void HistogramTable::ShowCell(const ADXHistogram& histogram, HistogramCell cell, int mode) const {
-    char text[kHistogramTextRoom] = {};
-    histogram.GetCellValue(mode, cell.row, cell.col, text, sizeof text);
-    putCell(grid_, static_cast<int>(cell.row) + 1, static_cast<int>(cell.col) + 1, text);
+    const std::string text = HistogramCellText(histogram, mode, cell.row, cell.col);
+    putCell(grid_, static_cast<int>(cell.row) + 1, static_cast<int>(cell.col) + 1, text.c_str());
 }
 
 void HistogramTable::Mark(std::optional<HistogramCell> cell) const {

@@ -22,7 +22,6 @@ bool IsDial(HWND window) {
 // In front of a gauge for as long as it is watched.
 class PaintWatch::Subclass final : public WindowSubclass {
 public:
-    static constexpr char kProperty[] = "CorvexPaintWatch";
     Subclass(PaintWatch& watch, Gauge& gauge) : WindowSubclass(gauge.window), watch_(watch), gauge_(gauge) {}
 
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {

@@ -51,7 +51,7 @@ LRESULT GridControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ERASEBKGND:
             return 1;
         case WM_GETDLGCODE:
-            return 0x95;
+            return DLGC_WANTARROWS | DLGC_WANTALLKEYS | DLGC_DEFPUSHBUTTON | DLGC_WANTCHARS;
         case WM_SETCURSOR:  // or the parent's pointer would show in between
             if (LOWORD(lParam) != HTCLIENT) return Default(message, wParam, lParam);
             host_.ShowPointer();

@@ -1,6 +1,6 @@
 #include "controls/grid/GridWindowHost.h"
 
-#include "controls/grid/GridClipboard.h"
+#include "controls/window/Clipboard.h"
 
 namespace corvex {
 

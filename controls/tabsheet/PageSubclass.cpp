@@ -10,7 +10,6 @@ namespace {
 
 class PageSubclass final : public WindowSubclass {
 public:
-    static constexpr char kProperty[] = "CorvexPage";
     using WindowSubclass::WindowSubclass;
 
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -38,7 +38,6 @@ bool MayChangeTheText(UINT message) {
 // What stands in front of the edit control.
 class OutputText::Edit final : public WindowSubclass {
 public:
-    static constexpr char kProperty[] = "CorvexOutputText";
     Edit(HWND window, OutputText& owner) : WindowSubclass(window), owner_(owner) {}
 
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "controls/grid/Grid.h"
-#include "controls/grid/GridClipboard.h"
+#include "controls/window/Clipboard.h"
 #include "export/HistogramCells.h"
 #include "tests/apps/cli/ToolRunner.h"
 #include "tests/program/ViewsProgramTest.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "controls/grid/Grid.h"
-#include "controls/grid/GridClipboard.h"
+#include "controls/window/Clipboard.h"
 #include "controls/window/CommonControls.h"
 #include "export/HistogramCells.h"
 #include "tests/views/PageTestHelper.h"

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "controls/grid/Grid.h"
-#include "controls/grid/GridClipboard.h"
+#include "controls/window/Clipboard.h"
 #include "tests/controls/window/ShownControl.h"
 
 namespace corvex {

@@ -17,8 +17,6 @@ struct WindowSpy::Notes {
 
 class WindowSpy::Ear final : public WindowSubclass {
 public:
-    static constexpr char kProperty[] = "CorvexWindowSpy";
-
     Ear(HWND window, std::shared_ptr<Notes> notes) : WindowSubclass(window), notes_(std::move(notes)) {}
 
 private:

@@ -17,8 +17,6 @@ std::string order;
 template <char letter>
 class Listener final : public WindowSubclass {
 public:
-    static constexpr char kProperty[] = {'C', 'o', 'r', 'v', 'e', 'x', letter, '\0'};
-
     explicit Listener(HWND window) : WindowSubclass(window) { ++alive; }
     ~Listener() override { --alive; }
 

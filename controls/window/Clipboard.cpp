@@ -1,4 +1,4 @@
-#include "controls/grid/GridClipboard.h"
+#include "controls/window/Clipboard.h"
 
 #include <cstring>
 

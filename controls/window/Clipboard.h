@@ -1,4 +1,4 @@
-// The clipboard as a grid uses it: text in the system's code page.
+// Text on the clipboard, in the system's code page.
 #pragma once
 
 #include <optional>
