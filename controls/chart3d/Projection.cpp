@@ -105,8 +105,7 @@ ProjectedPoint Projection::Project(float x, float vertical, float depth) const {
         if (spans_[axis] == 0.0F) return 0.0F;
         return (value - ranges_[axis].minimum) * boxSize_ / spans_[axis];
     };
-    if (!std::isfinite(vertical)) vertical = ranges_[kVerticalAxis].minimum;
-    const float a = inBox(x, kXAxis), b = inBox(vertical, kVerticalAxis), c = inBox(depth, kDepthAxis);
+    const float a = inBox(x, kXAxis), b = inBox(HeightOf(vertical), kVerticalAxis), c = inBox(depth, kDepthAxis);
     const auto component = [&](std::size_t i) {
         return SaturatedPixel(
             static_cast<double>(a * matrix_[i] + b * matrix_[4 + i] + c * matrix_[8 + i] + matrix_[12 + i]));

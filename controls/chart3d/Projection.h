@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 
 #include "controls/chart/ChartTerms.h"
 #include "controls/chart3d/Chart3DTerms.h"
@@ -39,6 +40,8 @@ public:
     // minimum.
     ProjectedPoint Project(float x, float vertical, float depth) const;
     ProjectedPoint Project(const Point3D& point) const { return Project(point.x, point.z, point.y); }
+    // Where that height stands on the vertical axis.
+    float HeightOf(float vertical) const { return std::isfinite(vertical) ? vertical : ranges_[kVerticalAxis].minimum; }
     const Matrix3D& Matrix() const { return matrix_; }
 
 private:

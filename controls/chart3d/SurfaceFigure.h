@@ -10,7 +10,7 @@ namespace corvex {
 
 struct SurfaceQuad {
     std::array<YUpPoint, 4> corners;  // (r, c), (r + 1, c), (r + 1, c + 1), (r, c + 1)
-    float height = 0.0F;              // the mean of its points'
+    float height = 0.0F;              // the mean of its points', each as Projection::HeightOf has it
 };
 
 struct SurfaceOrder {
@@ -47,6 +47,7 @@ private:
     SurfaceQuad QuadAt(int row, int column) const;
 
     const QZChart3DPlot& plot_;
+    Projection projection_;
     std::vector<YUpPoint> places_;
     SurfaceOrder order_;
 };
