@@ -14,6 +14,9 @@ struct Point3D {
 static_assert(sizeof(Point3D) == 16);
 
 inline constexpr std::uint32_t kPointSelected = 1;
+constexpr bool IsSelected(const Point3D& point) {
+    return (point.flags & kPointSelected) != 0;
+}
 
 enum Chart3DStyle : std::uint32_t {
     kChart3DOffscreen = 0x0001,      // painted through a bitmap

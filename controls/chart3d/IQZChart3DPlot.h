@@ -14,7 +14,7 @@ public:
     // width 1.
     virtual void reset() = 0;
     virtual void setName(const char* text) = 0;  // at most 64 bytes; null is ignored
-    // The length, at most 64, whatever the buffer holds of it; null only measures.
+    // The length, at most 64, whatever the buffer holds of it, which ends with a 0; null only measures.
     virtual std::uint32_t getName(char* buffer, std::uint32_t capacity) const = 0;
     // Of Plot3DFlag. 0 clears all of them, and the selection.
     virtual void setFlags(std::uint32_t bits, int redraw) = 0;
@@ -28,10 +28,10 @@ public:
     virtual std::uint32_t getType() const = 0;
     virtual void setLineWidth(std::uint8_t width) = 0;  // pixels
     virtual std::uint8_t getLineWidth() const = 0;
-    // Keeps the points of the overlap and zeroes the rest. Nothing changes for want of memory.
+    // Keeps the points of the overlap and zeroes the rest. Nothing changes for a negative size and for want of memory.
     virtual void setGridSize(int rows, int columns) = 0;
     virtual void getGridSize(int* rows, int* columns) const = 0;  // either may be null
-    // All four words. What follows the data does so at once, and the parent hears of it.
+    // All four words, and so whether it is selected. What follows the data does so at once, and the parent hears of it.
     virtual void setPoint(int row, int column, const Point3D& point, int redraw) = 0;
     virtual int getPoint(int row, int column, Point3D* point) const = 0;  // 1
     virtual void setPointRadius(std::uint16_t radius) = 0;                // pixels

@@ -64,10 +64,10 @@ public:
     // All points, row by row.
     const std::vector<Point3D>& Points() const { return points_; }
     const Point3D& At(int row, int column) const { return points_[IndexOf(row, column)]; }
-    // For the chart, which tells of it itself: the flag bit and the count go together in selectPoint alone.
+    // For the chart, which tells of it itself. The selected points are counted, so kPointSelected is left alone.
     Point3D& At(int row, int column) { return points_[IndexOf(row, column)]; }
     std::uint32_t Colour(Plot3DColour index) const { return static_cast<std::uint32_t>(getColor(index)); }
-    // The point that was selected last.
+    // The point that was selected last. Of the grid, where that has any.
     int LastRow() const { return lastRow_; }
     int LastColumn() const { return lastColumn_; }
     void SetLast(int row, int column);
@@ -76,10 +76,18 @@ public:
     ColorRamp ramp;
 
 private:
+    static constexpr std::uint32_t kDefaultLineColour = 0, kDefaultSelectedColour = 0xFF0000,
+                                   kDefaultFaceColour = 0x0000FF;
+    static constexpr std::uint16_t kDefaultRadius = 3;
+
     bool Contains(int row, int column) const { return row >= 0 && row < rows_ && column >= 0 && column < columns_; }
     std::size_t IndexOf(int row, int column) const {
         return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) + static_cast<std::size_t>(column);
     }
+
+    static std::uint32_t QZChart3DPlot::*ColourOf(std::uint32_t index);  // null for an unknown one
+    void Deselect();
+    void PaintIf(int redraw);
 
     IPlot3DOwner& owner_;
     std::uint32_t flags_ = kPlotDefaultFlags;
@@ -88,10 +96,10 @@ private:
     std::vector<Point3D> points_;
     std::uint32_t type_ = kRampOfChart;
     std::uint8_t lineWidth_ = 1;
-    std::uint32_t storedColour_ = 0, lineColour_ = 0, selectedColour_ = 0xFF0000, pointColour_ = 0,
-                  faceColour_ = 0x0000FF;
-    std::uint16_t radius_ = 3;
-    std::uint16_t lastRow_ = 0, lastColumn_ = 0;
+    std::uint32_t storedColour_ = 0, lineColour_ = kDefaultLineColour, selectedColour_ = kDefaultSelectedColour,
+                  pointColour_ = 0, faceColour_ = kDefaultFaceColour;
+    std::uint16_t radius_ = kDefaultRadius;
+    int lastRow_ = 0, lastColumn_ = 0;
     int selectedCount_ = 0;
 };
 
