@@ -1,0 +1,105 @@
+#include "controls/chart3d/Chart3DPaint.h"
+
+#include <cstring>
+
+#include "controls/chart/YUpSpace.h"
+#include "controls/chart3d/BoxPaint.h"
+#include "controls/chart3d/SurfaceFigure.h"
+#include "controls/chart3d/SurfacePaint.h"
+
+namespace corvex {
+
+namespace {
+
+constexpr BYTE kPitchAndFamily = 0x32;
+constexpr int kReadsDownward = -900;               // tenths of a degree
+constexpr int kSubtitleDrop = 2, kTitleDrop = 16;  // pixels below the client's upper edge
+constexpr int kLabelRight = 20, kLabelTop = 15;    // pixels inside the client's edges
+constexpr int kLabelFrame = 3;                     // pixels around the text
+
+OwnedFont MakeFont(int height, int weight, int escapement = 0) {
+    LOGFONTA font{};
+    font.lfHeight = height;
+    font.lfWeight = weight;
+    font.lfEscapement = font.lfOrientation = escapement;
+    font.lfQuality = PROOF_QUALITY;
+    font.lfPitchAndFamily = kPitchAndFamily;
+    std::strcpy(font.lfFaceName, "Arial");
+    return OwnedFont(::CreateFontIndirectA(&font));
+}
+
+void PaintGround(HDC dc, const Chart3DModel& chart) {
+    const OwnedBrush ground(::CreateSolidBrush(chart.colours[kChart3DGround]));
+    const RECT client{0, 0, chart.width, chart.height};
+    ::FillRect(dc, &client, ground.Get());
+}
+
+void PaintTitle(HDC dc, const Chart3DModel& chart, HFONT font, Chart3DColour colour, int drop,
+                const std::string& text) {
+    const SelectGuard selected(dc, font);
+    ::SetTextColor(dc, chart.colours[colour]);
+    DrawYUpText(dc, {chart.width / 2, chart.height - drop}, TextSide::kCentred, text);
+}
+
+void PaintTitles(HDC dc, const Chart3DModel& chart, const Chart3DFonts& fonts) {
+    ::SetBkMode(dc, TRANSPARENT);
+    if (chart.Has(kChart3DSubtitle) && !chart.subtitle.empty())
+        PaintTitle(dc, chart, fonts.subtitle.Get(), kChart3DSubtitleText, kSubtitleDrop, chart.subtitle);
+    PaintTitle(dc, chart, fonts.title.Get(), kChart3DTitleText, kTitleDrop, chart.title);
+}
+
+// In the client's own space, as systems differ in which way they count the lines of a text in one that is turned over.
+void PaintSelectionLabel(HDC dc, const Chart3DModel& chart, const Chart3DFonts& fonts, const std::string& text) {
+    const SelectGuard font(dc, fonts.selection.Get());
+    const OwnedBrush fill(::CreateSolidBrush(chart.colours[kChart3DSelectionFill]));
+    const SelectGuard brush(dc, fill.Get());
+    RECT place{};
+    std::string copy = text;  // the call is free to write into it
+    ::DrawTextExA(dc, copy.data(), static_cast<int>(copy.size()), &place, DT_CALCRECT, nullptr);
+    ::OffsetRect(&place, chart.width - kLabelRight - static_cast<int>(place.right), kLabelTop);
+    ::Rectangle(dc, place.left - kLabelFrame, place.top - kLabelFrame, place.right + kLabelFrame,
+                place.bottom + kLabelFrame);
+    ::SetTextColor(dc, chart.colours[kChart3DSelectionText]);
+    ::SetBkMode(dc, TRANSPARENT);
+    ::SetTextAlign(dc, TA_TOP | TA_LEFT);
+    ::DrawTextExA(dc, copy.data(), static_cast<int>(copy.size()), &place, 0, nullptr);
+}
+
+}  // namespace
+
+Chart3DFonts::Chart3DFonts()
+    : tick(MakeFont(12, FW_NORMAL)),
+      selection(MakeFont(14, FW_NORMAL)),
+      title(MakeFont(18, FW_BOLD)),
+      subtitle(MakeFont(12, FW_THIN)),
+      floorTitle(MakeFont(12, FW_SEMIBOLD)),
+      verticalTitle(MakeFont(12, FW_SEMIBOLD, kReadsDownward)) {}
+
+void PaintChart3D(HDC dc, const Chart3DModel& chart, const Chart3DFonts& fonts, IChart3DLabels& labels) {
+    PaintGround(dc, chart);
+    {
+        const YUpSpace space(dc, chart.height);
+        const Projection projection = chart.Seen();
+        // What crosses a label is hidden behind it.
+        ::SetBkColor(dc, chart.colours[kChart3DGround]);
+        PaintBox(dc, chart, projection, fonts);
+        for (QZChart3DPlot* const plot : DrawnPlots(chart))
+            PaintSurface(dc, chart, *plot, projection);
+        PaintTitles(dc, chart, fonts);
+    }
+    if (const std::optional<std::string> text = SelectionText(chart, labels)) {
+        const int saved = ::SaveDC(dc);
+        PaintSelectionLabel(dc, chart, fonts, *text);
+        ::RestoreDC(dc, saved);
+    }
+}
+
+void PaintChart3DBand(HDC dc, const Chart3DModel& chart) {
+    if (!chart.band) return;
+    const YUpSpace space(dc, chart.height);
+    ::SetROP2(dc, R2_NOT);
+    ::SelectObject(dc, ::GetStockObject(NULL_BRUSH));
+    ::Rectangle(dc, chart.band->corner.x, chart.band->corner.y, chart.band->opposite.x, chart.band->opposite.y);
+}
+
+}  // namespace corvex
