@@ -72,7 +72,6 @@ void PaintPoints(HDC dc, const Chart3DModel& chart, const QZChart3DPlot& plot, c
 }  // namespace
 
 void PaintSurface(HDC dc, const Chart3DModel& chart, QZChart3DPlot& plot, const Projection& projection) {
-    if (plot.Rows() == 0 || plot.Columns() == 0) return;
     if (plot.Is(kPlotColourHeight)) {
         if (const std::optional<ChartRange> range = RampRangeOf(chart, plot))
             plot.ramp.setRange(range->minimum, range->maximum);

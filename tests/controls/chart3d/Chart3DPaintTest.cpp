@@ -286,7 +286,7 @@ TEST_F(Chart3DPaintTest, TheBandDrawnTwiceLeavesThePictureAsItWas) {
 }
 
 TEST_F(Chart3DPaintTest, APaintLeavesTheContextAsItWas) {
-    AddPlot(3, 3);
+    AddPlot(3, 3).selectPoint(0, 0, 1, 0);
     GiveTicks(4);
     chart.band = YUpBox{{1, 1}, {9, 9}};
     const MemoryDc dc;
