@@ -32,10 +32,11 @@ void TickList::Set(std::size_t index, float value, std::string_view label) {
 void TickList::Spread(int count, ChartRange range, const Labeller& labeller) {
     ticks_.clear();
     SetCount(static_cast<std::size_t>(std::max(count, 0)));
+    // In doubles the span of no two floats overflows, nor does its multiple.
+    const double minimum = static_cast<double>(range.minimum), span = static_cast<double>(range.maximum) - minimum;
     for (std::size_t i = 0; i < ticks_.size(); ++i) {
-        const float span = range.maximum - range.minimum;
-        const float value =
-            i == 0 ? range.minimum : range.minimum + span * static_cast<float>(i) / static_cast<float>(count - 1);
+        const double part = i == 0 ? 0.0 : span * static_cast<double>(i) / static_cast<double>(count - 1);
+        const float value = static_cast<float>(minimum + part);
         std::string label;
         if (!labeller || !labeller(value, label)) label = NumberLabel(value);
         Set(i, value, label);

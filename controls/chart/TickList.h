@@ -34,7 +34,7 @@ public:
     void Set(std::size_t index, float value, std::string_view label);
     void Clear() { ticks_.clear(); }
     // `count` ticks from one end of the range to the other; one of a count of 1 stands at the minimum. None of a count
-    // below 1.
+    // below 1, or beyond kMaxTicks.
     void Spread(int count, ChartRange range, const Labeller& labeller);
 
 private:

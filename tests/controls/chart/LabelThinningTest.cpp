@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "controls/chart/LabelThinning.h"
+
+namespace corvex {
+namespace {
+
+std::string Show(const YUpBox& box) {
+    return std::to_string(box.corner.x) + "," + std::to_string(box.corner.y) + " " + std::to_string(box.opposite.x) +
+           "," + std::to_string(box.opposite.y);
+}
+
+TEST(LabelBoxTest, StandsBesideItsPlace) {
+    EXPECT_EQ(Show(LabelBox({100, 50}, TextSide::kRight, {30, 14})), "100,43 130,57");
+    EXPECT_EQ(Show(LabelBox({100, 50}, TextSide::kLeft, {30, 14})), "70,43 100,57");
+    EXPECT_EQ(Show(LabelBox({100, 50}, TextSide::kCentred, {30, 14})), "85,43 115,57");
+}
+
+TEST(OverlapTest, IsMoreThanTouching) {
+    const YUpBox box{{0, 0}, {10, 10}};
+    EXPECT_TRUE(Overlap(box, {{9, 9}, {20, 20}}));
+    EXPECT_FALSE(Overlap(box, {{10, 0}, {20, 10}}));
+    EXPECT_FALSE(Overlap(box, {{0, 10}, {10, 20}}));
+    EXPECT_TRUE(Overlap(box, {{20, -5}, {9, 1}})) << "corners in any order";
+    EXPECT_TRUE(Overlap({{10, 10}, {0, 0}}, {{4, 6}, {6, 4}})) << "one inside of the other";
+}
+
+TEST(LabelThinningTest, LeavesOutWhatLiesOnTheLastOneThatIsDrawn) {
+    LabelThinning labels;
+    EXPECT_TRUE(labels.Takes({{0, 0}, {40, 14}}));
+    EXPECT_FALSE(labels.Takes({{25, 0}, {65, 14}}));
+    EXPECT_TRUE(labels.Takes({{50, 0}, {90, 14}})) << "it only lies on one that is not drawn";
+    EXPECT_EQ(Show(*labels.First()), "1,3 39,11");
+    EXPECT_EQ(Show(*labels.Last()), "51,3 89,11");
+}
+
+TEST(LabelThinningTest, LabelsMayShareTheAirAboutThem) {
+    EXPECT_TRUE([] {
+        LabelThinning labels;
+        return labels.Takes({{0, 0}, {40, 14}}) && labels.Takes({{38, 0}, {78, 14}});
+    }());
+    LabelThinning beside, above, tooHigh;
+    EXPECT_TRUE(beside.Takes({{0, 0}, {40, 14}}));
+    EXPECT_FALSE(beside.Takes({{37, 0}, {77, 14}}));
+    EXPECT_TRUE(above.Takes({{0, 0}, {40, 14}}));
+    EXPECT_TRUE(above.Takes({{0, 22}, {40, 8}})) << "upside down";
+    EXPECT_TRUE(tooHigh.Takes({{0, 0}, {40, 14}}));
+    EXPECT_FALSE(tooHigh.Takes({{0, 7}, {40, 21}}));
+}
+
+TEST(LabelThinningTest, AllKeepOffALabelOfAnotherAxis) {
+    LabelThinning labels(YUpBox{{0, 0}, {40, 14}});
+    EXPECT_FALSE(labels.First());
+    EXPECT_FALSE(labels.Takes({{0, 10}, {40, 24}}));
+    EXPECT_TRUE(labels.Takes({{0, 20}, {40, 34}}));
+    EXPECT_FALSE(labels.Takes({{0, 0}, {40, 14}})) << "however far the last one is";
+}
+
+// The same rule by the pixels that the labels cover.
+TEST(LabelThinningTest, ThinsRandomRowsByTheRule) {
+    constexpr int kSide = 64;
+    struct Pixels {
+        std::vector<bool> covered = std::vector<bool>(kSide * kSide);
+        explicit Pixels(const YUpBox& box, int beside, int above) {
+            const auto within = [](int pixel, int a, int b, int air) {
+                return pixel >= std::min(a, b) + air && pixel < std::max(a, b) - air;
+            };
+            for (int y = 0; y < kSide; ++y) {
+                for (int x = 0; x < kSide; ++x)
+                    covered[static_cast<std::size_t>(y * kSide + x)] =
+                        within(x, box.corner.x, box.opposite.x, beside) &&
+                        within(y, box.corner.y, box.opposite.y, above);
+            }
+        }
+        bool Shares(const Pixels& other) const {
+            for (std::size_t i = 0; i < covered.size(); ++i) {
+                if (covered[i] && other.covered[i]) return true;
+            }
+            return false;
+        }
+    };
+    std::mt19937 random(3);
+    const auto pick = [&random](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
+    const auto anyBox = [&pick] {
+        const int x = pick(40), y = pick(40), width = 3 + pick(20), height = 7 + pick(16);
+        return pick(2) == 0 ? YUpBox{{x, y}, {x + width, y + height}} : YUpBox{{x + width, y}, {x, y + height}};
+    };
+    int taken = 0;
+    for (int row = 0; row < 200; ++row) {
+        const YUpBox other = anyBox();
+        LabelThinning labels(other);
+        std::optional<Pixels> last;
+        for (int i = 0; i < 12; ++i) {
+            const YUpBox box = anyBox();
+            const Pixels pixels(box, 1, 3);
+            const bool fits = !pixels.Shares(Pixels(other, 0, 0)) && !(last && pixels.Shares(*last));
+            ASSERT_EQ(labels.Takes(box), fits) << Show(box);
+            if (fits) last = pixels;
+            taken += fits ? 1 : 0;
+        }
+    }
+    EXPECT_GT(taken, 500);
+    EXPECT_LT(taken, 2000);
+}
+
+}  // namespace
+}  // namespace corvex
