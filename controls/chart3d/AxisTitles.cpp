@@ -35,7 +35,8 @@ BoxEdge EdgeOf(Chart3DAxis axis, BoxPlace place, const Chart3DModel& chart, cons
     return edge;
 }
 
-// Beside the middle of the edge, as far as the pad and at a right angle to it.
+// Beside the middle of an edge, as far as the pad. Below the box that is at a right angle to the edge; above it the
+// sideways part keeps its sign, and the title comes nearer to the box.
 YUpPoint PlaceBeside(const BoxEdge& edge, int pad, bool isLeft, bool isAbove) {
     const double halfX = (edge.maximum.x - edge.minimum.x) / 2.0, halfY = (edge.minimum.y - edge.maximum.y) / 2.0;
     const double half = std::hypot(halfX, halfY);

@@ -19,6 +19,7 @@ SurfaceFigure::SurfaceFigure(const QZChart3DPlot& plot, const Projection& projec
     places_.reserve(plot.Points().size());
     for (const Point3D& point : plot.Points())
         places_.push_back(projection.Project(point).at);
+    // Their heights count too: of a grid whose corners differ much in height, another one may be the far corner.
     const auto depth = [&](int row, int column) { return projection.Project(plot.At(row, column)).depth; };
     const int lastRow = plot.Rows() - 1, lastColumn = plot.Columns() - 1;
     order_ = OrderOf(depth(0, 0), depth(lastRow, lastColumn), depth(lastRow, 0), depth(0, lastColumn));
