@@ -18,8 +18,8 @@ YUpBox LabelBox(YUpPoint at, TextSide side, YUpSize size) {
     const int left = side == TextSide::kRight  ? at.x
                      : side == TextSide::kLeft ? at.x - size.width
                                                : at.x - size.width / 2;
-    const int bottom = at.y - size.height / 2;
-    return {{left, bottom}, {left + size.width, bottom + size.height}};
+    const int top = at.y + size.height / 2;
+    return {{left, top - size.height}, {left + size.width, top}};
 }
 
 bool Overlap(const YUpBox& a, const YUpBox& b) {

@@ -17,7 +17,7 @@ std::string Show(const YUpBox& box) {
 TEST(LabelBoxTest, StandsBesideItsPlace) {
     EXPECT_EQ(Show(LabelBox({100, 50}, TextSide::kRight, {30, 14})), "100,43 130,57");
     EXPECT_EQ(Show(LabelBox({100, 50}, TextSide::kLeft, {30, 14})), "70,43 100,57");
-    EXPECT_EQ(Show(LabelBox({100, 50}, TextSide::kCentred, {30, 14})), "85,43 115,57");
+    EXPECT_EQ(Show(LabelBox({100, 50}, TextSide::kCentred, {31, 15})), "85,42 116,57");
 }
 
 TEST(OverlapTest, IsMoreThanTouching) {
