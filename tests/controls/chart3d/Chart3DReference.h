@@ -1,0 +1,68 @@
+// The 3-D chart once more, in doubles and by plain rules, and what its tests are built of.
+#pragma once
+
+#include <random>
+
+#include "controls/chart3d/Chart3DModel.h"
+
+namespace corvex {
+
+struct ReferencePlace {
+    double x, y, depth;
+};
+
+// All seven matrices, multiplied anew.
+ReferencePlace ReferenceProject(const Chart3DSpace& space, double x, double vertical, double depth);
+inline ReferencePlace ReferenceProject(const Chart3DSpace& space, const Point3D& point) {
+    return ReferenceProject(space, point.x, point.z, point.y);
+}
+
+// Whether the pixel is what truncation leaves of the place, give or take a float's last digits.
+bool IsCut(int pixel, double place);
+bool IsCut(YUpPoint pixels, const ReferencePlace& place);
+
+// As one sees it when one is level with the box.
+double LevelDepth(Chart3DSpace space, double x, double vertical, double depth);
+
+// Any ranges, scale and place; the pitch less than a right angle, and no face seen edge on.
+Chart3DSpace RandomSpace(std::mt19937& random);
+float Between(std::mt19937& random, float minimum, float maximum);
+
+// Six pixels for a byte, 14 high.
+class SixPixelMeasure final : public ITickTextMeasure {
+public:
+    YUpSize Measure(std::string_view text) const override { return {6 * static_cast<int>(text.size()), 14}; }
+};
+
+// A chart whose plots' words nobody hears.
+class TestChart3D : public IPlot3DOwner {
+public:
+    QZChart3DPlot& AddPlot(int rows, int columns);
+    // Rows along the depth, columns along X, evenly spread over the ranges; heights by `height(row, column)`.
+    template <class Height>
+    QZChart3DPlot& AddField(int rows, int columns, const Height& height) {
+        QZChart3DPlot& plot = AddPlot(rows, columns);
+        const auto part = [](ChartRange range, int i, int count) {
+            return range.minimum + (range.maximum - range.minimum) * static_cast<float>(i) / static_cast<float>(count);
+        };
+        for (int row = 0; row < rows; ++row) {
+            for (int column = 0; column < columns; ++column)
+                plot.setPoint(row, column,
+                              {part(model.space.ranges[kXAxis], column, columns - 1),
+                               part(model.space.ranges[kDepthAxis], row, rows - 1), height(row, column), 0},
+                              0);
+        }
+        return plot;
+    }
+    void SpreadTicks(int count);
+
+    Chart3DModel model;
+
+private:
+    void OnPointSet(const QZChart3DPlot&, const Point3D&, const Point3D&) override {}
+    void OnPointsSet() override {}
+    void OnGridSized() override {}
+    void PaintSoon() override {}
+};
+
+}  // namespace corvex
