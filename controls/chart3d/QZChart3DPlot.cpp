@@ -90,6 +90,7 @@ void QZChart3DPlot::setGridSize(int rows, int columns) try {
     columns_ = columns;
     selectedCount_ = CountSelected(points_);
     if (!Contains(lastRow_, lastColumn_)) lastRow_ = lastColumn_ = 0;
+    owner_.OnGridSized();
 } catch (const std::bad_alloc&) {
 }
 

@@ -18,6 +18,8 @@ public:
     // The point stood at `before` until now.
     virtual void OnPointSet(const QZChart3DPlot& plot, const Point3D& before, const Point3D& now) = 0;
     virtual void OnPointsSet() = 0;
+    // Points have come or gone with the size of the grid: nothing is told to anybody.
+    virtual void OnGridSized() {}
     // With the next paint.
     virtual void PaintSoon() = 0;
 };
