@@ -5,8 +5,8 @@
 
 namespace corvex {
 
-// On the window's thread. Tell, TakeFocus and Repaint let somebody else work, who may send the chart any message
-// meanwhile.
+// On the window's thread. All but PaintSoon and the pointer's let somebody else work, who may send the chart any
+// message meanwhile.
 class IChart3DHost : public IChart3DLabels {
 public:
     // Sends a notification to the parent; null, 0 and 0 where the code has no point.
@@ -14,9 +14,10 @@ public:
     // Everything, with erase: at once, or with the next paint.
     virtual void Repaint() = 0;
     virtual void PaintSoon() = 0;
-    virtual void TakeFocus() = 0;
+    // Of the mouse.
     virtual void Capture() = 0;
     virtual void Release() = 0;
+    // In turns, this one first.
     virtual void HidePointer() = 0;
     virtual void ShowPointer() = 0;
 };

@@ -2,35 +2,21 @@
 // window.
 #pragma once
 
-#include "controls/chart3d/Chart3DHost.h"
+#include "controls/chart3d/Chart3DKeys.h"
+#include "controls/chart3d/Chart3DMouse.h"
 
 namespace corvex {
 
-enum class Chart3DKey : std::uint32_t {
-    kShift = 0x10,
-    kControl = 0x11,
-    kLeft = 0x25,
-    kUp = 0x26,
-    kRight = 0x27,
-    kDown = 0x28,
-    kSmaller = 0xDB,
-    kLarger = 0xDD,
-};
-
-// What is held down while the mouse speaks.
-struct Chart3DModifiers {
-    bool shift = false, control = false;
-};
-
 // On the window's thread. Each operation holds whatever the parent does when it is told of something: nothing of the
-// chart's but numbers is kept over that, and they are looked at again.
+// chart's but numbers is kept over that, and they are looked at again. It may even destroy the window, when whoever
+// calls sees to it that the machine outlives the call.
 class Chart3DMachine final : public IPlot3DOwner {
 public:
-    explicit Chart3DMachine(IChart3DHost& host) : host_(host) {}
+    // The plots call `owner`, which hands on here, or the machine itself.
+    Chart3DMachine(IChart3DHost& host, IPlot3DOwner& owner) : host_(host), owner_(owner) {}
+    explicit Chart3DMachine(IChart3DHost& host) : Chart3DMachine(host, *this) {}
     Chart3DMachine(const Chart3DMachine&) = delete;
     Chart3DMachine& operator=(const Chart3DMachine&) = delete;
-
-    const Chart3DModel& Chart() const { return chart_; }
 
     // Plots. At the end for an index beyond it; null for want of memory.
     QZChart3DPlot* AddPlot(std::size_t index, bool redraws);
@@ -45,39 +31,34 @@ public:
     void SetAxisTitle(Chart3DAxis axis, std::string_view text);
     void SetColour(std::uint32_t index, std::uint32_t colour);
     std::uint32_t Colour(std::uint32_t index) const;  // 0 for an unknown one
+    // Where null is given, that end stays.
     void SetRange(Chart3DAxis axis, const float* minimum, const float* maximum);
     void SetLimits(Chart3DAxis axis, const float* minimum, const float* maximum);
-    ChartRange Limits(Chart3DAxis axis) const { return limits_[axis]; }
-    void SetTickCount(Chart3DAxis axis, std::size_t count) { chart_.ticks[axis].SetCount(count); }
-    void SetTick(Chart3DAxis axis, std::size_t index, float value, std::string_view label);
-    void RebuildTicks();
     void SetBoxSize(float pixels);
     void SetRotation(const Vector3D& radians, bool redraws);
     void SetTranslation(const Vector3D& pixels, bool redraws);
     void SetScale(float factor, bool redraws);
 
     void OnSize(int width, int height);
-    // Places are the pointer's, in the chart's y-up space.
-    void OnButtonDown(YUpPoint place, Chart3DModifiers held);
-    void OnDoubleClick(YUpPoint place, Chart3DModifiers held);
-    void OnMouseMove(YUpPoint place);
-    void OnButtonUp() { EndGesture(); }
-    void OnCaptureLost() { EndGesture(); }
-    void OnKeyDown(Chart3DKey key);
-    void OnKeyUp(Chart3DKey key);
-    void OnFocusLost();
+    void OnFocusLost() { chart.held = {}; }
 
     // Of IPlot3DOwner.
     void OnPointSet(const QZChart3DPlot& plot, const Point3D& before, const Point3D& now) override;
-    void OnPointsSet() override;
+    void OnPointsSet() override { ranges.Recompute(); }
+    void OnGridSized() override { ranges.Forget(); }
     void PaintSoon() override { host_.PaintSoon(); }
 
 private:
-    void EndGesture();
+    void RepaintIf(bool isWanted);
 
     IChart3DHost& host_;
-    Chart3DModel chart_;
-    std::array<ChartRange, kChart3DAxisCount> limits_;
+    IPlot3DOwner& owner_;
+
+public:
+    Chart3DModel chart;
+    Chart3DRanges ranges{chart, host_};
+    Chart3DKeys keys{chart, host_};
+    Chart3DMouse mouse{chart, host_, ranges};
 };
 
 }  // namespace corvex

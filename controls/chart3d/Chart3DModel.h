@@ -21,7 +21,12 @@ public:
                                                int column) = 0;
 };
 
-// What its page has set, the plots, and what drawing needs of the state. On the thread of the chart's window.
+// What is held down while the mouse or an arrow key speaks.
+struct Chart3DModifiers {
+    bool control = false, shift = false;
+};
+
+// What its page has set, the plots, and what the user has made of them. On the thread of the chart's window.
 struct Chart3DModel {
     static constexpr std::size_t kTitleLength = 100, kSubtitleLength = 60, kAxisTitleLength = 40;
 
@@ -35,9 +40,12 @@ struct Chart3DModel {
     std::array<std::uint32_t, kChart3DColourEnd> colours{
         0xFFFFFF, 0x969696, 0, 0, 0, 0, 0, 0, 0x787878, 0x787878, 0x787878, 0xC8C8C8, 0, 0, 0, 0, 0, 0x9EFAFE, 0};
     std::vector<std::unique_ptr<QZChart3DPlot>> plots;  // in the order of addition
+    std::uint32_t plotChanges = 0;                      // how often one came or went
     QZChart3DPlot* lastSelected = nullptr;              // of `plots`, or null
     int width = 0, height = 0;                          // of the client, in pixels
     std::optional<YUpBox> band;                         // the rubber band while it is drawn
+    Chart3DModifiers held;
+    bool isPanned = false;  // by the user, and stays where it is from then on
 
     bool Has(std::uint32_t styleBits) const { return (style & styleBits) != 0; }
     Projection Seen() const {
