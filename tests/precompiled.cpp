@@ -1,1 +1,0 @@
-// The unit whose precompiled header all native test programs share.
