@@ -1,6 +1,7 @@
 #include "controls/RegisterControlClasses.h"
 
 #include "controls/analoggauge/AnalogGauge.h"
+#include "controls/chart3d/Chart3D.h"
 #include "controls/datachart/DataChart.h"
 #include "controls/digitalreadout/DigitalReadout.h"
 #include "controls/grid/Grid.h"
@@ -16,7 +17,7 @@ bool RegisterControlClasses(HINSTANCE instance) {
     return TextProgress::Register(instance) && RichStatic::Register(instance) && TabSheet::Register(instance) &&
            PropTreeContainer::Register(instance) && AnalogGauge::Register(instance) &&
            DigitalReadout::Register(instance) && StatusGauge::Register(instance) && DataChart::Register(instance) &&
-           Grid::Register(instance);
+           Grid::Register(instance) && Chart3D::Register(instance);
 }
 
 }  // namespace corvex

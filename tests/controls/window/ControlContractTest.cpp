@@ -7,6 +7,8 @@
 #include "controls/RegisterControlClasses.h"
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/analoggauge/AnalogGaugePaint.h"
+#include "controls/chart3d/Chart3D.h"
+#include "controls/chart3d/Chart3DPaint.h"
 #include "controls/datachart/DataChart.h"
 #include "controls/datachart/DataChartPaint.h"
 #include "controls/digitalreadout/DigitalReadout.h"
@@ -92,6 +94,27 @@ void PaintNewGrid(HDC dc, const RECT& area) {
     PaintGrid(dc, grid, GridFonts(), area);
 }
 
+void ShowIn3D(HWND window, int value) {
+    const float angles[] = {0.1F * static_cast<float>(value + 1), 0.5F, 0.0F};
+    ::SendMessageA(window, CH3M_SETROTATION, W(angles), TRUE);
+}
+
+class NoLabels final : public IChart3DLabels {
+    std::optional<std::string> LabelOf(ChartLabelKind, const Point3D&, QZChart3DPlot*, int, int) override {
+        return std::nullopt;
+    }
+};
+
+void PaintNewChart3D(HDC dc, const RECT& area) {
+    Chart3DModel chart;
+    chart.width = static_cast<int>(area.right);
+    chart.height = static_cast<int>(area.bottom);
+    chart.band = YUpBox{{10, 10}, {20, 20}};
+    NoLabels labels;
+    PaintChart3D(dc, chart, Chart3DFonts(), labels);
+    PaintChart3DBand(dc, chart);
+}
+
 template <class Model, auto kPaint>
 void PaintNew(HDC dc, const RECT& area) {
     kPaint(dc, area, Model());
@@ -130,6 +153,13 @@ const ControlKind kKinds[] = {
      1574},
     {kDataChartClass, CS_DBLCLKS, COLOR_WINDOW, &ShowOnChart, &PaintNewChart, {1482}, kDataChartMenuCode, ""},
     {kGridClass, CS_DBLCLKS, kNullBrush, &ShowOnGrid, &PaintNewGrid, {GRM_RESERVED, 1323, 1369}},
+    {kChart3DClass,
+     CS_DBLCLKS,
+     COLOR_WINDOW,
+     &ShowIn3D,
+     &PaintNewChart3D,
+     {1243, 1265, 1266, 1267, 1281, 1297, 1323},
+     kChart3DMenuWanted},
     {kRichStaticClass, CS_HREDRAW | CS_VREDRAW, -1,
      [](HWND window, int value) { ::SetWindowTextA(window, std::to_string(value).c_str()); },
      &PaintNew<RichStaticModel, &PaintRichStatic>},
