@@ -32,7 +32,6 @@ bool LabelThinning::Takes(const YUpBox& box) {
     const auto [bottom, top] = std::minmax(box.corner.y, box.opposite.y);
     const YUpBox tight{{left + kAirBeside, bottom + kAirAbove}, {right - kAirBeside, top - kAirAbove}};
     if ((other_ && Overlap(tight, *other_)) || (last_ && Overlap(tight, *last_))) return false;
-    if (!first_) first_ = tight;
     last_ = tight;
     return true;
 }

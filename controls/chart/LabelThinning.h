@@ -21,12 +21,11 @@ public:
 
     // Whether a label with that box is drawn. Labels may come as close as the air within a font's lines lets them.
     bool Takes(const YUpBox& box);
-    // Those that are drawn, without that air.
-    const std::optional<YUpBox>& First() const { return first_; }
+    // Of the last one that is drawn, without that air.
     const std::optional<YUpBox>& Last() const { return last_; }
 
 private:
-    std::optional<YUpBox> other_, first_, last_;
+    std::optional<YUpBox> other_, last_;
 };
 
 }  // namespace corvex

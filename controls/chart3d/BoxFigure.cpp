@@ -1,6 +1,7 @@
 #include "controls/chart3d/BoxFigure.h"
 
-#include <algorithm>
+#include <cmath>
+#include <limits>
 
 #include "controls/chart/LabelThinning.h"
 
@@ -22,16 +23,20 @@ private:
     void AddLevelTicks(FaceFigure& figure);
     void AddWallTicks(FaceFigure& figure);
     // One line for each tick of the axis, on the face, from end to end of the axis `along`.
-    void AddTicks(FaceFigure& figure, Chart3DAxis axis, Chart3DAxis along, LabelThinning& labels);
+    void AddTicks(FaceFigure& figure, Chart3DAxis axis, Chart3DAxis along, LabelThinning labels);
     float Behind(Chart3DAxis axis) const { return EndOf(chart_.space.ranges[axis], behind_[axis]); }
     float InFront(Chart3DAxis axis) const { return EndOf(chart_.space.ranges[axis], !behind_[axis]); }
-    std::optional<YUpBox> NearerEnd(const LabelThinning& labels, YUpPoint place) const;
 
     const Chart3DModel& chart_;
     const Projection& projection_;
     const ITickTextMeasure& measure_;
     std::array<bool, kChart3DAxisCount> behind_{};  // of each axis, whether its maximum is
-    std::array<LabelThinning, kChart3DAxisCount> levelLabels_;
+    // Of the labels on the floor or the ceiling, the one nearest to the wall across their axis.
+    struct FootLabel {
+        float distance = std::numeric_limits<float>::infinity();
+        std::optional<YUpBox> box;
+    };
+    std::array<FootLabel, kChart3DAxisCount> footLabels_;
 };
 
 std::array<FaceFigure, 3> BoxDrawing::Faces() {
@@ -55,22 +60,17 @@ std::array<FaceFigure, 3> BoxDrawing::Faces() {
 }
 
 void BoxDrawing::AddLevelTicks(FaceFigure& figure) {
-    AddTicks(figure, kXAxis, kDepthAxis, levelLabels_[kXAxis]);
-    AddTicks(figure, kDepthAxis, kXAxis, levelLabels_[kDepthAxis]);
+    AddTicks(figure, kXAxis, kDepthAxis, LabelThinning());
+    AddTicks(figure, kDepthAxis, kXAxis, LabelThinning());
 }
 
 void BoxDrawing::AddWallTicks(FaceFigure& figure) {
-    const Chart3DAxis across = PlaneOf(figure.face).axis, along = across == kXAxis ? kDepthAxis : kXAxis;
-    // The labels stand over the end of a row of the level's.
-    BoxPlace foot;
-    foot[across] = Behind(across);
-    foot[along] = InFront(along);
-    foot[kVerticalAxis] = Behind(kVerticalAxis);
-    LabelThinning labels(NearerEnd(levelLabels_[across], SeenAt(foot, projection_)));
-    AddTicks(figure, kVerticalAxis, along, labels);
+    // The labels stand over the end of the level's row across.
+    const Chart3DAxis across = PlaneOf(figure.face).axis;
+    AddTicks(figure, kVerticalAxis, across == kXAxis ? kDepthAxis : kXAxis, LabelThinning(footLabels_[across].box));
 }
 
-void BoxDrawing::AddTicks(FaceFigure& figure, Chart3DAxis axis, Chart3DAxis along, LabelThinning& labels) {
+void BoxDrawing::AddTicks(FaceFigure& figure, Chart3DAxis axis, Chart3DAxis along, LabelThinning labels) {
     BoxPlace behind, inFront;
     behind[PlaneOf(figure.face).axis] = inFront[PlaneOf(figure.face).axis] = Behind(PlaneOf(figure.face).axis);
     behind[along] = Behind(along);
@@ -82,20 +82,13 @@ void BoxDrawing::AddTicks(FaceFigure& figure, Chart3DAxis axis, Chart3DAxis alon
         const TickLabel label{tick.label,
                               {line.to.x + (isRight ? kLabelGap : -kLabelGap), line.to.y},
                               isRight ? TextSide::kRight : TextSide::kLeft};
-        if (!label.text.empty() && labels.Takes(LabelBox(label.at, label.side, measure_.Measure(label.text))))
+        if (!label.text.empty() && labels.Takes(LabelBox(label.at, label.side, measure_.Measure(label.text)))) {
             line.label = label;
+            const float distance = std::abs(tick.value - Behind(axis));
+            if (distance < footLabels_[axis].distance) footLabels_[axis] = {distance, labels.Last()};
+        }
         figure.ticks.push_back(std::move(line));
     }
-}
-
-std::optional<YUpBox> BoxDrawing::NearerEnd(const LabelThinning& labels, YUpPoint place) const {
-    if (!labels.First()) return std::nullopt;
-    const auto distance = [place](const YUpBox& box) {
-        const double x = (box.corner.x + box.opposite.x) / 2.0 - place.x;
-        const double y = (box.corner.y + box.opposite.y) / 2.0 - place.y;
-        return x * x + y * y;
-    };
-    return distance(*labels.Last()) < distance(*labels.First()) ? labels.Last() : labels.First();
 }
 
 }  // namespace

@@ -57,9 +57,9 @@ TEST(FacesBehindTest, AreBehindTheMiddleOfTheBox) {
         Faces faces = FacesBehind(space.rotation[0], space.rotation[1]);
         EXPECT_TRUE(std::ranges::is_sorted(faces));
         for (const BoxFace face : faces) {
-            const auto [axis, isMaximum] = PlaneOf(face);
+            const Chart3DAxis axis = PlaneOf(face).axis;
             BoxPlace centre = middle;
-            centre[axis] = isMaximum ? high[axis] : low[axis];
+            centre[axis] = PlaneOf(face).isMaximum ? high[axis] : low[axis];
             const auto depth = [&](const BoxPlace& place) {
                 if (axis != kVerticalAxis)
                     return LevelDepth(space, place[kXAxis], place[kVerticalAxis], place[kDepthAxis]);

@@ -1,11 +1,16 @@
 // The 3-D chart once more, in doubles and by plain rules, and what its tests are built of.
 #pragma once
 
+#include <limits>
 #include <random>
 
 #include "controls/chart3d/Chart3DModel.h"
 
 namespace corvex {
+
+inline constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+inline constexpr float kEndless = std::numeric_limits<float>::infinity();
+inline constexpr float kHuge = std::numeric_limits<float>::max();
 
 struct ReferencePlace {
     double x, y, depth;

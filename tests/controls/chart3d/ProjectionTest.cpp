@@ -1,16 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 #include "controls/chart3d/Projection.h"
 #include "tests/controls/chart3d/Chart3DReference.h"
 
 namespace corvex {
 namespace {
-
-constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
-constexpr float kEndless = std::numeric_limits<float>::infinity();
 
 TEST(ProjectionTest, FollowsTheSevenMatrices) {
     std::mt19937 random(1);
