@@ -4,12 +4,12 @@
 #include <vector>
 
 #include "controls/window/Clipboard.h"
-#include "controls/window/CommonControls.h"
 #include "definition/HistogramFeed.h"
 #include "session/Colours.h"
 #include "views/ChosenObject.h"
 #include "views/CopyKey.h"
 #include "views/DefinitionPage.h"
+#include "views/HistogramSurface.h"
 #include "views/HistogramTable.h"
 #include "views/PageResources.h"
 
@@ -19,7 +19,6 @@ namespace {
 
 constexpr int kBottomGap = 3;             // pixels under the table
 constexpr std::uint32_t kTitlePart = 60;  // characters of each title in that of the table
-constexpr char kNoSurface[] = "The surface is not in this version: the table shows every cell.";
 
 std::string TitleOf(const ADXObject& object) {
     char title[kTitlePart + 1] = {};
@@ -48,7 +47,6 @@ private:
     void OnEnd() override { feed_.reset(); }
     HistogramTable Table() const { return HistogramTable(Item(IDC_HISTOGRAM_GRID)); }
     int Mode() const { return static_cast<int>(Session().currentHistogramView); }
-    void OfferGraph();
     void TakeView();
     void BuildHistogramView();
     void ClearSamples();
@@ -56,6 +54,7 @@ private:
     void Copy();
 
     ChosenObject<ADXHistogram> chosen_;
+    HistogramSurface surface_;
     std::optional<HistogramFeed> feed_;    // of the definition's histograms as Refresh has found them
     std::vector<HistogramCell> hits_;      // of the histogram on show, since the last draw
     const ADXHistogram* built_ = nullptr;  // whose cells the table shows; never followed
@@ -69,23 +68,7 @@ void HistogramPage::OnInit() {
     }
     Table().Begin();
     TakeCopyKey(Item(IDC_HISTOGRAM_GRID), [this] { Copy(); });
-    OfferGraph();
-}
-
-// Without a chart the check box is off, and the words come up over its place, as a control that is off gets no pointer.
-void HistogramPage::OfferGraph() {
-    if (Item(IDC_HISTOGRAM_CHART) != nullptr) return;
-    const HWND graph = Item(IDC_HISTOGRAM_GRAPH);
-    ::EnableWindow(graph, FALSE);
-    const HWND tip = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0,
-                                       Window(), nullptr, static_cast<HINSTANCE>(Session().instance), nullptr);
-    TOOLINFOA tool{};
-    tool.cbSize = TTTOOLINFOA_V2_SIZE;
-    tool.uFlags = TTF_SUBCLASS;
-    tool.hwnd = Window();
-    tool.rect = RectInParent(graph);
-    tool.lpszText = const_cast<char*>(kNoSurface);
-    ::SendMessageA(tip, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+    surface_.Begin(Item(IDC_HISTOGRAM_CHART));
 }
 
 void HistogramPage::BuildHistogramView() {
@@ -93,7 +76,9 @@ void HistogramPage::BuildHistogramView() {
     hits_.clear();
     // The mark is that of one histogram's last sample.
     if (std::exchange(built_, histogram) != histogram) Table().Mark(std::nullopt);
-    Table().Show(histogram, histogram == nullptr ? "" : HistogramTitle(*histogram, &TitleOf), Mode());
+    const std::string title = histogram == nullptr ? "" : HistogramTitle(*histogram, &TitleOf);
+    Table().Show(histogram, title, Mode());
+    surface_.Show(histogram, title, Mode());
 }
 
 void HistogramPage::TakeView() {
@@ -124,8 +109,10 @@ void HistogramPage::Read(const PublishedSample& sample) {
 void HistogramPage::Draw() {
     const ADXHistogram* const histogram = chosen_.Get();
     if (histogram == nullptr || hits_.empty()) return;
-    for (const HistogramCell& hit : hits_)
+    for (const HistogramCell& hit : hits_) {
         Table().ShowCell(*histogram, hit, Mode());
+        surface_.ShowCell(*histogram, hit, Mode());
+    }
     Table().Mark(hits_.back());
     hits_.clear();
 }

@@ -1,5 +1,6 @@
 #include "controls/chart3d/Chart3DPaint.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "controls/chart/YUpSpace.h"
@@ -12,6 +13,7 @@ namespace corvex {
 namespace {
 
 constexpr BYTE kPitchAndFamily = 0x32;
+constexpr char kEllipsis[] = "...";
 constexpr int kReadsDownward = -900;               // tenths of a degree
 constexpr int kSubtitleDrop = 2, kTitleDrop = 16;  // pixels below the client's upper edge
 constexpr int kLabelRight = 20, kLabelTop = 15;    // pixels inside the client's edges
@@ -34,15 +36,27 @@ void PaintGround(HDC dc, const Chart3DModel& chart) {
     ::FillRect(dc, &client, ground.Get());
 }
 
+// As much of a text as the client is wide.
+std::string Fitting(HDC dc, const std::string& text, int width) {
+    SIZE size{};
+    ::GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
+    if (size.cx <= width) return text;
+    SIZE dots{};
+    ::GetTextExtentPoint32A(dc, kEllipsis, static_cast<int>(sizeof kEllipsis - 1), &dots);
+    int fits = 0;
+    ::GetTextExtentExPointA(dc, text.c_str(), static_cast<int>(text.size()),
+                            std::max(0, width - static_cast<int>(dots.cx)), &fits, nullptr, &size);
+    return text.substr(0, static_cast<std::size_t>(fits)) + kEllipsis;
+}
+
 void PaintTitle(HDC dc, const Chart3DModel& chart, HFONT font, Chart3DColour colour, int drop,
                 const std::string& text) {
     const SelectGuard selected(dc, font);
     ::SetTextColor(dc, chart.colours[colour]);
-    DrawYUpText(dc, {chart.width / 2, chart.height - drop}, TextSide::kCentred, text);
+    DrawYUpText(dc, {chart.width / 2, chart.height - drop}, TextSide::kCentred, Fitting(dc, text, chart.width));
 }
 
 void PaintTitles(HDC dc, const Chart3DModel& chart, const Chart3DFonts& fonts) {
-    ::SetBkMode(dc, TRANSPARENT);
     if (chart.Has(kChart3DSubtitle) && !chart.subtitle.empty())
         PaintTitle(dc, chart, fonts.subtitle.Get(), kChart3DSubtitleText, kSubtitleDrop, chart.subtitle);
     PaintTitle(dc, chart, fonts.title.Get(), kChart3DTitleText, kTitleDrop, chart.title);
@@ -80,8 +94,8 @@ void PaintChart3D(HDC dc, const Chart3DModel& chart, const Chart3DFonts& fonts, 
     {
         const YUpSpace space(dc, chart.height);
         const Projection projection = chart.Seen();
-        // What crosses a label is hidden behind it.
-        ::SetBkColor(dc, chart.colours[kChart3DGround]);
+        // Labels of one axis may come so close that a ground would hide a part of the one before.
+        ::SetBkMode(dc, TRANSPARENT);
         PaintBox(dc, chart, projection, fonts);
         for (QZChart3DPlot* const plot : DrawnPlots(chart))
             PaintSurface(dc, chart, *plot, projection);

@@ -64,8 +64,6 @@ std::string Every8BitPattern() {
     return bytes;
 }
 
-}  // namespace
-
 TEST_F(SerialPlatformPosixTest, TakesARateThatIsNoStandardOne) {
     Open();
     SerialSettings settings;
@@ -204,4 +202,5 @@ TEST_F(SerialPlatformPosixTest, NoPortMeansFailureEverywhere) {
     }
 }
 
+}  // namespace
 }  // namespace corvex

@@ -11,7 +11,7 @@ namespace corvex::test {
 namespace {
 
 constexpr int kHistogramTab = 3;
-constexpr int kHistogramComboId = 1002, kStatisticComboId = 1003, kClearId = 1005;
+constexpr int kHistogramComboId = 1002, kStatisticComboId = 1003, kClearId = 1005, kChartId = 1006, kGraphId = 1007;
 
 class HistogramsOnShow : public ViewsProgramTest {
 protected:
@@ -65,6 +65,9 @@ TEST_F(HistogramsOnShow, AReplayedLogShowsWhatTheToolPrints) {
     EXPECT_EQ(full, Copied()) << "chosen again, with all that it had";
     Ask(Below("Button", kClearId), BM_CLICK);
     EXPECT_EQ(empty, Copied());
+    Ask(Below("Button", kGraphId), BM_CLICK);
+    EXPECT_TRUE(::IsWindowVisible(Below("3DCHART", kChartId)));
+    EXPECT_FALSE(::IsWindowVisible(Grid()));
 }
 
 TEST_F(HistogramsOnShow, FillsWithAScanAndGoesWithItsDefinition) {

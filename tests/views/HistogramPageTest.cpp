@@ -1,68 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "controls/grid/Grid.h"
-#include "controls/window/Clipboard.h"
-#include "controls/window/CommonControls.h"
 #include "export/HistogramCells.h"
-#include "tests/views/PageTestHelper.h"
-#include "views/HistogramPage.h"
-#include "views/PageResources.h"
+#include "tests/views/HistogramTestHelper.h"
 
 namespace corvex::test {
 namespace {
-
-constexpr std::uint32_t kFeedingCommand = 0x1111, kOtherCommand = 0x2222;
-
-// Two histograms of four by three cells, fed by one byte as x, y and z: 0, 50 and so on to 150 across, 0, 75, 150 down.
-class HistogramPageTest : public PageTest {
-protected:
-    HistogramPageTest() {
-        ADXValue* const value = AddTitled<ADXValue>(session.definition, "V", std::string(70, 'v'));
-        value->SetEquation("X", 1);
-        first = AddTitled<ADXHistogram>(session.definition, "A", "Fuel");
-        second = AddTitled<ADXHistogram>(session.definition, "B", "Spark");
-        for (ADXHistogram* histogram : {first, second}) {
-            histogram->SetCols(4);
-            histogram->SetXMax(150);
-            histogram->SetRows(3);
-            histogram->SetYMax(150);
-            for (const int taken : {histogram->SetX(value), histogram->SetY(value), histogram->SetZ(value)})
-                EXPECT_EQ(1, taken);
-        }
-        CreateHistogramPage(session);
-    }
-    HWND Grid() const { return Item(session.histogramPage, IDC_HISTOGRAM_GRID); }
-    LRESULT Ask(UINT message, WPARAM wParam = 0) const { return ::SendMessageA(Grid(), message, wParam, 0); }
-    std::string Cell(int row, int column) const {
-        char text[64] = "";
-        getCell(Grid(), row, column, text);
-        return text;
-    }
-    Strings Row(int row) const {
-        Strings texts;
-        for (int column = 0; column <= Ask(GRM_GETCOLS); ++column)
-            texts.push_back(Cell(row, column));
-        return texts;
-    }
-    void Sample(std::uint8_t byte, std::uint32_t command = kFeedingCommand) {
-        Store({byte}, command);
-        Publish({byte}, command);
-    }
-    // A window where the chart is to be.
-    HWND PutChart() const {
-        ::EnableWindow(Item(session.histogramPage, IDC_HISTOGRAM_GRAPH), TRUE);
-        return ::CreateWindowExA(0, "STATIC", "", WS_CHILD, 0, 0, 10, 10, Page(1),
-                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(IDC_HISTOGRAM_CHART)), nullptr, nullptr);
-    }
-    void Press(int id) const { ::SendMessageA(Item(session.histogramPage, id), BM_CLICK, 0, 0); }
-    std::string Copied(std::uint32_t anchor, std::uint32_t cursor) const {
-        ::SendMessageA(Grid(), GRM_SETSELECTION, anchor, static_cast<LPARAM>(cursor));
-        ::SendMessageA(Grid(), WM_CHAR, 0x03, 0);
-        return TextOfClipboard(frame).value_or("nothing");
-    }
-
-    ADXHistogram *first = nullptr, *second = nullptr;
-};
 
 TEST_F(HistogramPageTest, OffersNineStatistics) {
     const std::pair<const char*, int> expected[] = {
@@ -225,21 +167,8 @@ TEST_F(HistogramPageTest, ClearForgetsTheSamplesOfTheHistogramOnShow) {
     Press(IDC_HISTOGRAM_CLEAR);
 }
 
-TEST_F(HistogramPageTest, WithoutAChartGraphIsOffAndItsPlaceSaysWhy) {
-    EXPECT_FALSE(::IsWindowEnabled(Item(session.histogramPage, IDC_HISTOGRAM_GRAPH)));
-    const HWND tip = ::FindWindowExA(nullptr, nullptr, TOOLTIPS_CLASSA, nullptr);
-    ASSERT_NE(nullptr, tip);
-    TOOLINFOA tool{};
-    char text[100] = "";
-    tool.cbSize = TTTOOLINFOA_V2_SIZE;
-    tool.lpszText = text;
-    ASSERT_NE(0, ::SendMessageA(tip, TTM_ENUMTOOLSA, 0, reinterpret_cast<LPARAM>(&tool)));
-    EXPECT_STREQ("The surface is not in this version: the table shows every cell.", text);
-    EXPECT_EQ(PlaceOf(Item(session.histogramPage, IDC_HISTOGRAM_GRAPH)), tool.rect);
-}
-
 TEST_F(HistogramPageTest, GraphShowsTheChartInPlaceOfTheGrid) {
-    const HWND grid = Grid(), chart = PutChart();
+    const HWND grid = Grid(), chart = Chart();
     EXPECT_TRUE(HasShownStyle(grid));
     Press(IDC_HISTOGRAM_GRAPH);
     EXPECT_TRUE(HasShownStyle(chart));
@@ -252,7 +181,7 @@ TEST_F(HistogramPageTest, GraphShowsTheChartInPlaceOfTheGrid) {
 }
 
 TEST_F(HistogramPageTest, GridAndChartHaveTheSamePlaceBelowTheControls) {
-    const HWND grid = Grid(), chart = PutChart();
+    const HWND grid = Grid(), chart = Chart();
     const RECT place = PlaceOf(grid);
     for (const auto& [width, height] : {std::pair{700, 420}, std::pair{1600, 800}}) {
         Resize(width, height);

@@ -28,7 +28,7 @@ struct PictureTask {
     std::string pictures;  // as the host names the folder
     int width = 650, height = 500;
     int tab = 0;
-    int row = 0;  // of what the Dash or Item Lists tab can show
+    int row = 0;  // of what the Dash or Item Lists tab can show, or quarters that a surface is turned by
 };
 
 // The example's drive, played to its end: tables and charts have something to show.
@@ -41,11 +41,29 @@ const ProgramState kPlayed{"played",
                            },
                            true};
 
+// The same with the histogram on show as a surface, which the row turns by so many quarters.
+const ProgramState kSurface{"surface", kPlayed.enter, true};
+
+bool IsPlayed(const ProgramState& state) {
+    return &state == &kPlayed || &state == &kSurface;
+}
+
+void ShowSurface(const CorvexWindow& window, int quarters) {
+    constexpr int kGraphId = 1007, kChartId = 1006;
+    constexpr int kStepsOfQuarter = 31;  // of 0.05 radians
+    ::SendMessageA(FindBelow(window.Handle(), "Button", kGraphId), BM_CLICK, 0, 0);
+    const HWND chart = FindBelow(window.Handle(), "3DCHART", kChartId);
+    ::SendMessageA(chart, WM_KEYDOWN, VK_CONTROL, 0);
+    for (int i = 0; i < quarters * kStepsOfQuarter; ++i)
+        ::SendMessageA(chart, WM_KEYDOWN, VK_RIGHT, 0);
+    ::SendMessageA(chart, WM_KEYUP, VK_CONTROL, 0);
+}
+
 void Prepare(const PictureTask& task, const ProgramState& state) {
     std::error_code none;
     std::filesystem::remove(task.folder + "\\Settings.dat", none);
     std::ofstream log(task.folder + "\\drive.xdl", std::ios::binary);
-    if (&state == &kPlayed) {
+    if (IsPlayed(state)) {
         log << std::ifstream(CORVEX_SOURCE_DIR "/examples/harrier-8192.xdl", std::ios::binary).rdbuf();
     } else {
         log << MakeEvenLog(600, 100);
@@ -84,6 +102,7 @@ void Shoot(const ProgramState& state, const PictureTask& task) {
                    [&] { return (FindTopWindow(person.Process(), "QZSPLASHT") != nullptr) == (name == "splash"); });
     ShowTab(person.Window(), task);
     state.enter(person);
+    if (&state == &kSurface) ShowSurface(person.Window(), task.row);
     if (name == "connected" || name == "recording") person.Watch(task.tab == kMonitorTab ? 18.0 : 2.0);
     if (name == "playing") person.Watch(1.0);
     const std::string file = name + "-" + std::to_string(task.width) + ".png";
@@ -110,7 +129,9 @@ int Drive(int count, char** words) {
                            count > 7 ? std::atoi(words[7]) : 0,
                            count > 8 ? std::atoi(words[8]) : 0};
     const std::string wanted = words[4];
-    if (wanted == kPlayed.name) Shoot(kPlayed, task);
+    for (const ProgramState* const state : {&kPlayed, &kSurface}) {
+        if (wanted == state->name) Shoot(*state, task);
+    }
     for (const ProgramState& state : AllProgramStates()) {
         if (state.isShown && (wanted == "all" || wanted == state.name)) Shoot(state, task);
     }

@@ -145,7 +145,7 @@ TEST_F(Chart3DPaintTest, LabelsThatFitAreDrawnInTheirAxesColours) {
         for (const TickLine& tick : face.ticks) {
             if (!tick.label) continue;
             expected.push_back(
-                Printed("text %d,%d align %d font Arial 12 400 2 32 colour 00000%d on ffffff: ", tick.label->at.x,
+                Printed("text %d,%d align %d font Arial 12 400 2 32 colour 00000%d transparent: ", tick.label->at.x,
                         tick.label->at.y + rise, tick.label->side == TextSide::kLeft ? TA_RIGHT : TA_LEFT,
                         static_cast<int>(tick.axis) + 1) +
                 tick.label->text);
@@ -168,8 +168,8 @@ TEST_F(Chart3DPaintTest, AxesTitlesStandWhereTheModelHasThem) {
                           : title.side == TextSide::kLeft  ? TA_RIGHT
                                                            : TA_LEFT;
         const std::string expected =
-            Printed("text %d,%d align %d font Arial 12 600 2 32 colour %s on ffffff: %s", title.at.x, title.at.y, align,
-                    title.axis == kDepthAxis ? "00000a" : "787878", chart.axisTitles[title.axis].c_str());
+            Printed("text %d,%d align %d font Arial 12 600 2 32 colour %s transparent: %s", title.at.x, title.at.y,
+                    align, title.axis == kDepthAxis ? "00000a" : "787878", chart.axisTitles[title.axis].c_str());
         EXPECT_EQ(expected, texts.at(i));
     }
 }
@@ -182,6 +182,11 @@ TEST_F(Chart3DPaintTest, TitlesStandAtTheTop) {
     EXPECT_EQ("text 250,384 align 6 font Arial 18 700 2 32 colour 000000 transparent: 3D Chart", texts.back());
     chart.style &= ~std::uint32_t{kChart3DSubtitle};
     EXPECT_EQ(texts.size() - 1, FiguresOfKind(Paint(), "text").size());
+    chart.title = std::string(100, 'w');
+    const std::string cut = FiguresOfKind(Paint(), "text").back();
+    const std::string shown = cut.substr(cut.find(": ") + 2);
+    EXPECT_TRUE(shown.starts_with("www") && shown.ends_with("w...")) << shown;
+    EXPECT_LE(YUpTextMeasure(MemoryDc().Get(), fonts.title.Get()).Measure(shown).width, chart.width);
 }
 
 TEST_F(Chart3DPaintTest, AFilledChartShowsItsFirstPlotAndWiresShowAll) {

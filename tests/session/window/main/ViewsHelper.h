@@ -58,7 +58,8 @@ protected:
         return shown;
     }
     const MonitorPage& Monitors() const { return *PageOf<MonitorPage>(session.monitorPage); }
-    HWND Grid() const { return ::GetDlgItem(AsWindow(session.histogramPage), IDC_HISTOGRAM_GRID); }
+    HWND HistogramItem(int id) const { return ::GetDlgItem(AsWindow(session.histogramPage), id); }
+    HWND Grid() const { return HistogramItem(IDC_HISTOGRAM_GRID); }
     HWND List() const { return ::GetDlgItem(AsWindow(session.listPage), IDC_LIST_VIEW); }
     std::string Cell(int row, int column) const {
         char text[300] = "";

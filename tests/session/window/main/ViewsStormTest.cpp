@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "controls/chart3d/Chart3D.h"
 #include "session/window/DefinitionCommands.h"
 #include "tests/session/window/main/ViewsHelper.h"
 
@@ -38,6 +39,7 @@ protected:
         char shown[64] = "";
         ::GetWindowTextA(Grid(), shown, sizeof shown);
         EXPECT_EQ(title + " - A vs B vs A", shown);
+        EXPECT_EQ(1, ::SendMessageA(HistogramItem(IDC_HISTOGRAM_CHART), CH3M_GETPLOTCOUNT, 0, 0));
         ASSERT_EQ(1U, Monitors().Charts().size());
         EXPECT_EQ(title, Monitors().Charts()[0].monitor->Title());
     }
@@ -54,6 +56,7 @@ TEST_F(ViewsStormTest, TwoHundredLoadsLeaveNoPageBehind) {
     session.settings.SetLastLog(PutFastLog(3000));
     for (int i = 0; i < 200; ++i) {
         Select(std::array{kDashTab, kListTab, kHistogramTab, kMonitorTab}[static_cast<std::size_t>(i / 2 % 4)]);
+        if (i % 100 == 0) ::SendMessageA(HistogramItem(IDC_HISTOGRAM_GRAPH), BM_CLICK, 0, 0);
         const int next = (i + 1) % 2;
         const std::string title = next == 0 ? "One" : "Two";
         ASSERT_NO_FATAL_FAILURE(LoadDuringPlayback(paths[next], title)) << i;
