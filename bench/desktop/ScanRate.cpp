@@ -22,11 +22,11 @@ struct Wanted {
     double share;  // percent of the line's limit, at least; 0 when none is set
 };
 
-constexpr std::array kPacedViews = {Wanted{View::kOutput, 99},    Wanted{View::kReadouts, 98},
-                                    Wanted{View::kFourAnalog, 0}, Wanted{View::kList, 0},
-                                    Wanted{View::kMonitors, 98},  Wanted{View::kHistogram, 98}};
-constexpr std::array kUnpacedViews = {View::kOutput, View::kReadouts,  View::kFourAnalog,
-                                      View::kList,   View::kHistogram, View::kMonitors};
+constexpr std::array kPacedViews = {
+    Wanted{View::kOutput, 99},   Wanted{View::kReadouts, 98},  Wanted{View::kFourAnalog, 0}, Wanted{View::kList, 0},
+    Wanted{View::kMonitors, 98}, Wanted{View::kHistogram, 98}, Wanted{View::kSurface, 98}};
+constexpr std::array kUnpacedViews = {View::kOutput,    View::kReadouts, View::kFourAnalog, View::kList,
+                                      View::kHistogram, View::kSurface,  View::kMonitors};
 
 void ReportPaced(const Wanted& wanted, const std::vector<double>& rates, const std::vector<double>& processor) {
     const double limit = kBaud / kBitsOfByte / (kRequest + kReply);

@@ -15,7 +15,7 @@ namespace {
 
 constexpr DWORD kPacedTime = 16000;  // ms; the text begins anew with the 201st reply, at 16.7 s
 constexpr DWORD kUnpacedTime = 8000;
-constexpr int kDashComboId = 1009;
+constexpr int kDashComboId = 1009, kGraphId = 1007;
 enum Tab : int { kOutputTab, kDashTab, kListTab, kHistogramTab, kMonitorTab };
 
 class Stopwatch {
@@ -60,6 +60,8 @@ const char* NameOf(View view) {
             return "item list";
         case View::kHistogram:
             return "table of a histogram";
+        case View::kSurface:
+            return "histogram as a surface";
         case View::kMonitors:
             return "two monitors of seven series";
     }
@@ -112,6 +114,9 @@ void ViewedScan::Show(View view) const {
                         : view == View::kList     ? kListTab
                         : view == View::kMonitors ? kMonitorTab
                                                   : kHistogramTab);
+        const HWND graph = test::FindBelow(window_.Handle(), "Button", kGraphId);
+        const bool isChecked = ::SendMessageA(graph, BM_GETCHECK, 0, 0) == BST_CHECKED;
+        if (isChecked != (view == View::kSurface)) ::SendMessageA(graph, BM_CLICK, 0, 0);
     }
 }
 

@@ -10,7 +10,7 @@
 
 namespace corvex::bench {
 
-enum class View { kOutput, kReadouts, kFourAnalog, kList, kHistogram, kMonitors };
+enum class View { kOutput, kReadouts, kFourAnalog, kList, kHistogram, kSurface, kMonitors };
 const char* NameOf(View view);
 
 struct ScanFigures {

@@ -116,6 +116,10 @@ Make MappingCall(const ENHMETARECORD* record) {
             const SIZEL size = As<EMRSETVIEWPORTEXTEX>(record).szlExtent;
             return [size](HDC dc, Objects&) { ::SetViewportExtEx(dc, size.cx, size.cy, nullptr); };
         }
+        case EMR_SETVIEWPORTORGEX: {
+            const POINTL origin = As<EMRSETVIEWPORTORGEX>(record).ptlOrigin;
+            return [origin](HDC dc, Objects&) { ::SetViewportOrgEx(dc, origin.x, origin.y, nullptr); };
+        }
         case EMR_EXTSELECTCLIPRGN:
             return Clipping(As<EMREXTSELECTCLIPRGN>(record));
         case EMR_MOVETOEX: {
@@ -140,6 +144,8 @@ Make WordCall(const ENHMETARECORD* record) {
             return [word](HDC dc, Objects&) { ::SetBkColor(dc, word); };
         case EMR_SETROP2:
             return [word](HDC dc, Objects&) { ::SetROP2(dc, static_cast<int>(word)); };
+        case EMR_SETPOLYFILLMODE:
+            return [word](HDC dc, Objects&) { ::SetPolyFillMode(dc, static_cast<int>(word)); };
         case EMR_SETARCDIRECTION:
             return [word](HDC dc, Objects&) { ::SetArcDirection(dc, static_cast<int>(word)); };
         default:

@@ -74,4 +74,14 @@ std::string DashOfTwelve(std::size_t dials) {
     return text.append(gauges).append("</ADXDASHBOARD>\n");
 }
 
+std::string HistogramOfSixteen() {
+    const unsigned x = Hash(ItemId(0)), y = Hash(ItemId(1));
+    return Header() + Value(0) + Value(1) +
+           Printed(
+               "<ADXHISTOGRAM id=\"MAP\" title=\"Map\"><rows>16</rows><cols>16</cols><xmax>7000</xmax>"
+               "<ymax>7000</ymax><xidhash>0x%08X</xidhash><yidhash>0x%08X</yidhash><zidhash>0x%08X</zidhash>"
+               "</ADXHISTOGRAM>\n",
+               x, y, x);
+}
+
 }  // namespace corvex::bench

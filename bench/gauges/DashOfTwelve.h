@@ -1,4 +1,4 @@
-// A definition whose one dashboard shows twelve gauges, all of one command.
+// Definitions of one command: with one dashboard of twelve gauges, or with one histogram.
 #pragma once
 
 #include <cstdint>
@@ -13,5 +13,7 @@ inline constexpr std::uint32_t kPollReply = 12;  // bytes; each gauge reads one 
 // Four columns by three rows: the first `dials` gauges are analog ones, the last four status gauges, all others
 // readouts.
 std::string DashOfTwelve(std::size_t dials);
+// A histogram of 16 by 16 cells of the same command.
+std::string HistogramOfSixteen();
 
 }  // namespace corvex::bench

@@ -16,6 +16,7 @@
 #include "tests/support/TestFolder.h"
 #include "tests/support/VirtualClock.h"
 #include "views/DashPage.h"
+#include "views/PageResources.h"
 
 namespace corvex::bench {
 
@@ -23,24 +24,24 @@ namespace {
 
 constexpr int kReplies = 300, kWarmUp = 10;
 constexpr int kWidth = 1000, kHeight = 740;  // within the screen of the tests' desktop
-constexpr int kDashTab = 1;
+constexpr int kDashTab = 1, kHistogramTab = 3;
 constexpr UINT kHandedOver = WM_APP + 0x200;  // to the main thread itself, beyond all of PrivateMessages.h
 constexpr DWORD kRest = 10;                   // ms from reply to reply, in which what the last one left over is done
 
-// The main window of a program of its own, with the dash in front.
-class ShownDash {
+// The main window of a program of its own, with a page in front.
+class ShownPage {
 public:
-    explicit ShownDash(std::size_t dials) {
-        folder_.Put("dash.adx", DashOfTwelve(dials));
+    ShownPage(const std::string& definition, int tab) {
+        folder_.Put("dash.adx", definition);
         folder_.Put("Settings.dat", "lastadxpath=" + folder_.Name("dash.adx") + "\n");
         SetDefaults(&desktop_.session.settings);
         window_ = MainWindow::Create(desktop_);
         ::SetWindowPos(window_, nullptr, 0, 0, kWidth, kHeight, SWP_NOZORDER);
         ::ShowWindow(window_, SW_SHOWNOACTIVATE);
-        TabSheet::selectPage(AsWindow(Session().tabSheet), kDashTab);
+        TabSheet::selectPage(AsWindow(Session().tabSheet), tab);
         ::UpdateWindow(window_);
     }
-    ~ShownDash() {
+    ~ShownPage() {
         ::PostMessageA(window_, WM_CLOSE, 0, 0);
         MSG message;
         while (::IsWindow(window_) && ::GetMessageA(&message, nullptr, 0, 0) > 0)
@@ -49,19 +50,10 @@ public:
         while (::PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != 0) {
         }
     }
-    ShownDash(const ShownDash&) = delete;
-    ShownDash& operator=(const ShownDash&) = delete;
+    ShownPage(const ShownPage&) = delete;
+    ShownPage& operator=(const ShownPage&) = delete;
 
     SessionState& Session() { return desktop_.session; }
-    // Throws std::runtime_error when not every one of them can be seen.
-    const std::vector<HWND>& Gauges() {
-        const std::vector<HWND>& gauges = PageOf<DashPage>(Session().dashPage)->Gauges();
-        bool all = gauges.size() == kGaugesOnDash;
-        for (const HWND gauge : gauges)
-            all = all && ::IsWindowVisible(gauge) != FALSE;
-        if (!all) throw std::runtime_error("not every gauge is on show");
-        return gauges;
-    }
 
 private:
     test::TestFolder folder_;
@@ -71,6 +63,20 @@ private:
     test::ScriptedSerial serial_{clock_};
     Desktop desktop_{::GetModuleHandleA(nullptr), serial_};
     HWND window_ = nullptr;
+};
+
+class ShownDash : public ShownPage {
+public:
+    explicit ShownDash(std::size_t dials) : ShownPage(DashOfTwelve(dials), kDashTab) {}
+    // Throws std::runtime_error when not every one of them can be seen.
+    const std::vector<HWND>& Gauges() {
+        const std::vector<HWND>& gauges = PageOf<DashPage>(Session().dashPage)->Gauges();
+        bool all = gauges.size() == kGaugesOnDash;
+        for (const HWND gauge : gauges)
+            all = all && ::IsWindowVisible(gauge) != FALSE;
+        if (!all) throw std::runtime_error("not every gauge is on show");
+        return gauges;
+    }
 };
 
 // Microseconds, for each reply.
@@ -117,12 +123,13 @@ struct WakeAtEnd {
     ~WakeAtEnd() { ::PostThreadMessageA(thread, kHandedOver, 0, 0); }
 };
 
-Latencies Measure(ShownDash& dash) {
+// Of what is watched on the page.
+Latencies Measure(ShownPage& page, const std::vector<HWND>& watched) {
     Latencies latencies;
-    PaintWatch watch(dash.Gauges());
+    PaintWatch watch(watched);
     auto handing = std::async(std::launch::async, [&, main = ::GetCurrentThreadId()] {
         const WakeAtEnd wake{main};
-        HandOver(dash.Session(), watch, latencies);
+        HandOver(page.Session(), watch, latencies);
     });
     MSG message;
     while (::GetMessageA(&message, nullptr, 0, 0) > 0 && message.message != kHandedOver)
@@ -156,23 +163,36 @@ private:
 // How long the line's thread is held by a reply, and how much longer by two more views that read it.
 void PrintHold(std::size_t dials) {
     ShownDash dash(dials);
-    const double alone = Milliseconds(Measure(dash).held);
+    const double alone = Milliseconds(Measure(dash, dash.Gauges()).held);
     double together = 0;
     {
         const AlwaysWanted histograms(dash.Session().views, SampleViewKind::kHistograms);
         const AlwaysWanted monitors(dash.Session().views, SampleViewKind::kMonitors);
-        together = Milliseconds(Measure(dash).held);
+        together = Milliseconds(Measure(dash, dash.Gauges()).held);
     }
     std::printf(
         "callback held, %zu dials: dash alone %.2f ms, with two views that want every sample %.2f ms (median)\n", dials,
         alone, together);
 }
 
+void PrintHistogramHold() {
+    ShownPage page(HistogramOfSixteen(), kHistogramTab);
+    const HWND dialog = AsWindow(page.Session().histogramPage);
+    const HWND grid = ::GetDlgItem(dialog, IDC_HISTOGRAM_GRID), chart = ::GetDlgItem(dialog, IDC_HISTOGRAM_CHART);
+    const Latencies table = Measure(page, {grid});
+    ::SendMessageA(::GetDlgItem(dialog, IDC_HISTOGRAM_GRAPH), BM_CLICK, 0, 0);
+    const Latencies surface = Measure(page, {chart});
+    std::printf(
+        "histogram of 16 by 16 cells: callback held with the table %.2f ms, with the surface %.2f ms; reply to paint "
+        "%.2f and %.2f ms (median)\n",
+        Milliseconds(table.held), Milliseconds(surface.held), Milliseconds(table.whole), Milliseconds(surface.whole));
+}
+
 void PrintFor(std::size_t dials) {
     ShownDash dash(dials);
     RECT area{};
     ::GetClientRect(dash.Gauges().front(), &area);
-    const Latencies latencies = Measure(dash);
+    const Latencies latencies = Measure(dash, dash.Gauges());
     std::printf(
         "reply to last paint, 12 gauges of %ld by %ld, %zu of them analog: median %.2f ms, worst %.2f ms of %d\n",
         area.right, area.bottom, dials, Milliseconds(latencies.whole), Largest(latencies.whole) / 1000.0, kReplies);
@@ -186,6 +206,7 @@ void PrintReplyToPaint() {
     PrintFor(0);
     PrintFor(4);
     PrintHold(kGaugesOnDash);
+    PrintHistogramHold();
 }
 
 }  // namespace corvex::bench

@@ -16,7 +16,7 @@ namespace corvex::bench {
 
 namespace {
 
-constexpr int kWidth = 1000, kHeight = 600;
+constexpr int kSurfaceWidth = 1000, kSurfaceHeight = 600;
 constexpr std::uint32_t kSizes[] = {16, 64, 256};
 
 // A hill in a plain, of so many divisions each way.
@@ -51,11 +51,12 @@ class NoLabels final : public IChart3DLabels {
 // A chart as the page of the histograms has it.
 struct HillChart {
     explicit HillChart(std::uint32_t divisions) {
-        chart.width = kWidth;
-        chart.height = kHeight;
-        chart.space.boxSize = static_cast<float>(kHeight) / std::sqrt(3.0F);
+        chart.width = kSurfaceWidth;
+        chart.height = kSurfaceHeight;
+        chart.space.boxSize = static_cast<float>(kSurfaceHeight) / std::sqrt(3.0F);
         chart.space.pivot.fill(chart.space.boxSize / 2);
-        chart.space.translation = {(kWidth - chart.space.boxSize) / 2, (kHeight - chart.space.boxSize) / 2, 0};
+        chart.space.translation = {(kSurfaceWidth - chart.space.boxSize) / 2,
+                                   (kSurfaceHeight - chart.space.boxSize) / 2, 0};
         for (TickList& ticks : chart.ticks)
             ticks.Spread(static_cast<int>(divisions), {0, 255}, nullptr);
         chart.plots.push_back(std::make_unique<QZChart3DPlot>(owner));
@@ -75,15 +76,15 @@ void PrintPaint(std::uint32_t divisions) {
     NoLabels labels;
     const auto paint = [&](HDC dc) { PaintChart3D(dc, hill.chart, fonts, labels); };
     BareCalls calls(paint);
-    const ShownControl shown("STATIC", kWidth, kHeight);
+    const ShownControl shown("STATIC", kSurfaceWidth, kSurfaceHeight);
     const ClientDc screen(shown.Window());
     const MemoryDc memory(screen.Get());
-    const OwnedBitmap bitmap(::CreateCompatibleBitmap(screen.Get(), kWidth, kHeight));
+    const OwnedBitmap bitmap(::CreateCompatibleBitmap(screen.Get(), kSurfaceWidth, kSurfaceHeight));
     const SelectGuard selected(memory.Get(), bitmap.Get());
     const auto copied = [&](const auto& work) {
         return Microseconds([&] {
             work();
-            ::BitBlt(screen.Get(), 0, 0, kWidth, kHeight, memory.Get(), 0, 0, SRCCOPY);
+            ::BitBlt(screen.Get(), 0, 0, kSurfaceWidth, kSurfaceHeight, memory.Get(), 0, 0, SRCCOPY);
         });
     };
     std::vector<double> painted, bare;
@@ -116,8 +117,8 @@ void PrintProjection() {
 
 // A histogram with a hill in it, and the chart that shows it.
 struct ShownSurface {
-    explicit ShownSurface(std::uint32_t divisions) : shown(kChart3DClass, kWidth, kHeight) {
-        shown.Resize(kWidth, kHeight);
+    explicit ShownSurface(std::uint32_t divisions) : shown(kChart3DClass, kSurfaceWidth, kSurfaceHeight) {
+        shown.Resize(kSurfaceWidth, kSurfaceHeight);
         surface.Begin(shown.Window());
         histogram.SetCols(divisions);
         histogram.SetRows(divisions);
