@@ -39,7 +39,11 @@ enum ChartLabelKind : int {
 
 // Truncated toward zero, and kept to 2^26 on either side, where sums of two such still are numbers. NaN is the low
 // edge.
-int SaturatedPixel(double position);
+inline int SaturatedPixel(double position) {
+    constexpr double kEdge = 67108864.0;
+    if (!(position > -kEdge)) return static_cast<int>(-kEdge);
+    return static_cast<int>(position < kEdge ? position : kEdge);
+}
 
 // Tells how large a text is as one line in a font of the chart's.
 class ITickTextMeasure {

@@ -1,7 +1,6 @@
 #include "controls/chart3d/ColorRamp.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace corvex {
 
@@ -15,7 +14,8 @@ float ChannelOf(std::uint32_t colour, int shift) {
 }
 
 std::uint32_t NearestByte(float value) {
-    return static_cast<std::uint32_t>(std::lround(std::clamp(value, 0.0F, 255.0F)));
+    // std::lround would be a call, three times for each quad of a paint.
+    return static_cast<std::uint32_t>(static_cast<double>(std::clamp(value, 0.0F, 255.0F)) + 0.5);
 }
 
 float Between(float start, float end, float part) {
@@ -45,7 +45,8 @@ HueColour HueOf(std::uint32_t colour) {
 std::uint32_t ColourOf(HueColour colour) {
     const float value = colour.value;
     const float turn = colour.hue / kSectorDegrees;
-    const float within = turn - std::trunc(turn);
+    const int sector = static_cast<int>(turn);
+    const float within = turn - static_cast<float>(sector);
     const std::uint32_t most = colour.value;
     const std::uint32_t least = NearestByte(value * (1.0F - colour.saturation));
     const std::uint32_t falling = NearestByte(value * (1.0F - colour.saturation * within));
@@ -53,8 +54,7 @@ std::uint32_t ColourOf(HueColour colour) {
     const auto packed = [](std::uint32_t red, std::uint32_t green, std::uint32_t blue) {
         return red | green << 8 | blue << 16;
     };
-    if (colour.saturation == 0.0F) return packed(most, most, most);
-    switch (static_cast<int>(turn) % kSectors) {
+    switch (sector % kSectors) {
         case 0:
             return packed(most, rising, least);
         case 1:

@@ -92,6 +92,7 @@ TEST(ColorRampTest, NoRangeOfFloatsOverflows) {
     ColorRamp ramp;
     ramp.setRange(-kHuge, kHuge);
     EXPECT_EQ(ramp.map(0.0F), 0x00FF00u);
+    EXPECT_EQ(ramp.map(kHuge / 2.0F), 0x00FFFFu);
     EXPECT_EQ(ramp.map(kHuge), kRed);
     ramp.setRange(0.0F, 2.0F * kTiny);
     EXPECT_EQ(ramp.map(kTiny), 0x00FF00u);
