@@ -8,8 +8,8 @@ namespace corvex {
 
 SurfaceOrder OrderOf(int firstFirst, int lastLast, int lastFirst, int firstLast) {
     const int far = std::max({firstFirst, lastLast, lastFirst, firstLast});
-    // Of corners equally far, the end of both counts first.
-    if (far == lastLast || (far == lastFirst && far == firstLast)) return {true, true};
+    // Of corners equally far, the last of both counts first.
+    if (far == lastLast) return {true, true};
     return {far == lastFirst, far == firstLast};
 }
 

@@ -76,6 +76,17 @@ TEST_F(BoxFigureTest, ATickWithoutATextIsALineAndHindersNone) {
     EXPECT_EQ(Drawn(faces[0], kXAxis), "- - here");
 }
 
+TEST_F(BoxFigureTest, ALineThatRunsStraightUpHasItsLabelToTheRight) {
+    chart.SpreadTicks(2);
+    chart.model.space.rotation[1] = 0.0F;
+    const auto faces = Faces();
+    const TickLine& line = faces[0].ticks[0];
+    EXPECT_EQ(line.from.x, line.to.x);
+    ASSERT_TRUE(line.label);
+    EXPECT_EQ(line.label->side, TextSide::kRight);
+    EXPECT_EQ(line.label->at.x, line.to.x + 4);
+}
+
 // Each line lies on its face from end to end, and its label is at the end that is in front.
 TEST_F(BoxFigureTest, LinesRunFromTheWallToTheFront) {
     std::mt19937 random(9);

@@ -29,7 +29,7 @@ protected:
 };
 
 TEST_F(DrawnPlotsTest, ARampSpansThePlotsFiniteHeightsOrTheChartsRange) {
-    const float heights[] = {kNone, 30.0F, -20.0F, kEndless, 5.0F, -kEndless};
+    const float heights[] = {kNone, 5.0F, -20.0F, kEndless, 30.0F, -kEndless};
     QZChart3DPlot& plot = chart.AddField(2, 3, [&](int row, int column) { return heights[row * 3 + column]; });
     chart.model.space.ranges[kVerticalAxis] = {7.0F, 77.0F};
     EXPECT_EQ(RangeOf(plot), "7 to 77");
