@@ -13,39 +13,35 @@ constexpr float kScalePerPixel = 0.01F, kSmallestScale = 0.05F;
 
 }  // namespace
 
-// Who is told of a point, or paints, may end the gesture or begin another; then this one is over.
 void Chart3DMouse::OnDown(YUpPoint place, Chart3DModifiers held) {
     EndGesture();
     const std::uint32_t own = ++gestures_;
-    gesture_ = {.isDown = true, .hidesPointer = gesture_.hidesPointer, .start = place, .last = place};
+    const bool isBanding = std::ranges::any_of(
+        chart_.plots, [](const auto& plot) { return plot->Is(kPlotBand) && !plot->Is(kPlotHidden); });
+    gesture_ = {
+        .isDown = true, .isBanding = isBanding, .hidesPointer = gesture_.hidesPointer, .start = place, .last = place};
     chart_.held = held;
     host_.Capture();
-    if (gestures_ != own) return;
-    const bool hasFound = PickPoints(place);
-    if (gestures_ != own) return;
-    if (!hasFound && !held.control) {
-        selection_.Clear();
-        host_.Repaint();
-        if (gestures_ != own) return;
-    }
-    gesture_.isBanding = std::ranges::any_of(
-        chart_.plots, [](const auto& plot) { return plot->Is(kPlotBand) && !plot->Is(kPlotHidden); });
+    PickPoints(place, held.control, own);
 }
 
-// Whether the last plot that was looked through has a point there.
-bool Chart3DMouse::PickPoints(YUpPoint place) {
-    const std::uint32_t own = gestures_;
+// Who is told of a point, or paints, may end the gesture or begin another: then this one picks no more. Whether nothing
+// was found, the last plot decides that was looked through.
+void Chart3DMouse::PickPoints(YUpPoint place, bool control, std::uint32_t own) {
     bool hasFound = false;
-    for (std::size_t i = 0; i < chart_.plots.size() && gestures_ == own; ++i) {
+    for (std::size_t i = 0; i < chart_.plots.size(); ++i) {
+        if (gestures_ != own) return;
         const QZChart3DPlot& plot = *chart_.plots[i];
         if (!Chart3DSelection::CanPick(plot)) continue;
         const auto point = selection_.Find(plot, place);
         hasFound = point.has_value();
         if (!hasFound) continue;
         if (plot.Is(kPlotAnyDrag)) gesture_.isDragging = true;
-        selection_.Click(i, *point, chart_.held.control);
+        selection_.Click(i, *point, control);
     }
-    return hasFound;
+    if (hasFound || control) return;
+    selection_.Clear();
+    host_.Repaint();
 }
 
 void Chart3DMouse::OnDoubleClick(YUpPoint place, Chart3DModifiers held) {

@@ -30,7 +30,7 @@ private:
         YUpPoint start, last;
     };
 
-    bool PickPoints(YUpPoint place);
+    void PickPoints(YUpPoint place, bool control, std::uint32_t own);
     void HidePointer();
     void Turn(int across, int up);
     void Shift(int across, int up);
