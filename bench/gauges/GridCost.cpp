@@ -1,6 +1,7 @@
 #include "bench/gauges/GridCost.h"
 
 #include <cstdio>
+#include <optional>
 #include <string>
 // After windows.h, which it leans on.
 #include "platform/WindowsApi.h"
@@ -72,21 +73,85 @@ std::size_t WorkingSet() {
     return counters.WorkingSetSize;
 }
 
-void PrintCellChange(const ShownControl& shown) {
+// The same table in a window.
+void FillTable(const ShownControl& shown) {
+    shown.Send(GRM_CLEARSTYLE, 0x6E01);
+    shown.Send(GRM_SETSTYLE, kGridEllipsis);
     shown.Send(GRM_SETSIZE, kTableSize, kTableSize);
-    std::vector<double> whole, cell;
-    for (int round = 0; round < kGridRounds; ++round) {
-        const int row = round % 8 + 5, column = round / 8 % 8 + 5;
-        const auto address = cellAddress(static_cast<unsigned>(row), static_cast<unsigned>(column));
-        const std::string text = NumberAt(row, round);
-        whole.push_back(Microseconds([&] { shown.Send(GRM_REPAINT); }));
-        cell.push_back(Microseconds([&] {
-            putCell(shown.Window(), row, column, text.c_str());
-            shown.Send(GRM_SETOVERLAY, address, static_cast<LPARAM>(address));
-        }));
+    for (int i = 0; i <= kTableSize; ++i) {
+        for (int k = 0; k <= kTableSize; ++k)
+            putCell(shown.Window(), i, k, NumberAt(i, k).c_str());
     }
-    std::printf("a cell stored and overlaid beside the last: %.0f us until it is drawn, a whole repaint %.0f us\n",
-                Median(cell), Median(whole));
+    shown.Send(GRM_REPAINT);
+}
+
+void ChangeCell(HWND grid, int round) {
+    const int row = round % 8 + 5, column = round / 8 % 8 + 5;
+    const auto address = cellAddress(static_cast<unsigned>(row), static_cast<unsigned>(column));
+    putCell(grid, row, column, NumberAt(row, round).c_str());
+    ::SendMessageA(grid, GRM_SETOVERLAY, address, static_cast<LPARAM>(address));
+    ::UpdateWindow(grid);
+}
+
+// What a change of a cell has painted, paint by paint.
+std::vector<RECT> PaintsOfChange(ShownControl& shown, int round) {
+    std::vector<RECT> paints;
+    shown.Spy().SetHandler([&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        RECT due{};
+        if (message == WM_PAINT && ::GetUpdateRect(shown.Window(), &due, FALSE)) paints.push_back(due);
+        return std::nullopt;
+    });
+    ChangeCell(shown.Window(), round);
+    shown.Spy().SetHandler(nullptr);
+    return paints;
+}
+
+// What the system alone takes for such paints of the same table.
+class BarePaints {
+public:
+    BarePaints(HWND window, const std::vector<RECT>& paints)
+        : screen_(window),
+          memory_(screen_.Get()),
+          bitmap_(::CreateCompatibleBitmap(screen_.Get(), kGridWidth, kGridHeight)),
+          selected_(memory_.Get(), bitmap_.Get()) {
+        FillTable(grid_);
+        for (const RECT& due : paints)
+            paints_.emplace_back(due, BareCalls([&](HDC dc) { PaintGrid(dc, grid_, fonts_, due); }));
+    }
+    void Run() {
+        for (auto& [due, calls] : paints_) {
+            calls.Run(memory_.Get());
+            ::BitBlt(screen_.Get(), due.left, due.top, due.right - due.left, due.bottom - due.top, memory_.Get(),
+                     due.left, due.top, SRCCOPY);
+        }
+    }
+
+private:
+    GridModel grid_{::GetSysColor(COLOR_BTNFACE)};
+    const GridFonts fonts_;
+    const ClientDc screen_;
+    const MemoryDc memory_;
+    const OwnedBitmap bitmap_;
+    const SelectGuard selected_;
+    std::vector<std::pair<RECT, BareCalls>> paints_;
+};
+
+void PrintCellChange(ShownControl& shown) {
+    FillTable(shown);
+    ChangeCell(shown.Window(), 0);
+    const std::vector<RECT> paints = PaintsOfChange(shown, 1);
+    BarePaints bare(shown.Window(), paints);
+    std::vector<double> whole, cell, calls;
+    for (int round = 0; round < kGridRounds; ++round) {
+        whole.push_back(Microseconds([&] { shown.Send(GRM_REPAINT); }));
+        cell.push_back(Microseconds([&] { ChangeCell(shown.Window(), round); }));
+        calls.push_back(Microseconds([&] { bare.Run(); }));
+    }
+    std::printf(
+        "a cell stored and overlaid beside the last: %.0f us until it is drawn, in %zu paints; their calls alone %.0f "
+        "us; a "
+        "whole repaint %.0f us\n",
+        Median(cell), paints.size(), Median(calls), Median(whole));
 }
 
 void PrintLargest(const ShownControl& shown) {
@@ -113,7 +178,7 @@ void PrintLargest(const ShownControl& shown) {
 void PrintGridCost() {
     PrintGridPaint();
     Grid::Register(::GetModuleHandleA(nullptr));
-    const ShownControl shown(kGridClass, kGridWidth, kGridHeight);
+    ShownControl shown(kGridClass, kGridWidth, kGridHeight);
     shown.Resize(kGridWidth, kGridHeight);
     PrintCellChange(shown);
     PrintLargest(shown);
