@@ -15,7 +15,7 @@ constexpr float kScalePerPixel = 0.01F, kSmallestScale = 0.05F;
 
 void Chart3DMouse::OnDown(YUpPoint place, Chart3DModifiers held) {
     EndGesture();
-    const std::uint32_t own = ++gestures_;
+    const std::uint32_t own = gestures_;
     const bool isBanding = std::ranges::any_of(
         chart_.plots, [](const auto& plot) { return plot->Is(kPlotBand) && !plot->Is(kPlotHidden); });
     gesture_ = {
@@ -112,7 +112,6 @@ void Chart3DMouse::DrawBand(YUpPoint corner) {
 
 // The parent is told when the mouse is everybody's again, as it may show a box.
 void Chart3DMouse::EndGesture() {
-    if (!gesture_.isDown) return;
     ++gestures_;
     const Gesture ended = std::exchange(gesture_, {});
     chart_.band.reset();

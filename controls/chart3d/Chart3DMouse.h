@@ -43,7 +43,7 @@ private:
     Chart3DRanges& ranges_;
     Chart3DSelection selection_{chart_, host_};
     Gesture gesture_;
-    std::uint32_t gestures_ = 0;  // begun or ended until now
+    std::uint32_t gestures_ = 0;  // ended until now
 };
 
 }  // namespace corvex

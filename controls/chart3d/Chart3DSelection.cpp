@@ -91,16 +91,15 @@ bool Chart3DSelection::Drag(int pixels, ChartRange limits) {
 // The parent, told of one point, may take the plot away or give it another grid.
 void Chart3DSelection::Move(std::size_t index, float shift) {
     const std::uint32_t changes = chart_.plotChanges;
-    for (int row = 0; row < chart_.plots[index]->Rows(); ++row) {
-        for (int column = 0; column < chart_.plots[index]->Columns(); ++column) {
-            QZChart3DPlot& plot = *chart_.plots[index];
-            if (row >= plot.Rows()) return;
-            Point3D& point = plot.At(row, column);
-            if (!IsSelected(point)) continue;
-            point.z += shift;
-            host_.Tell(kPointWasMoved, &plot, row, column);
-            if (chart_.plotChanges != changes) return;
-        }
+    for (std::size_t i = 0; i < chart_.plots[index]->Points().size(); ++i) {
+        QZChart3DPlot& plot = *chart_.plots[index];
+        const auto columns = static_cast<std::size_t>(plot.Columns());
+        const int row = static_cast<int>(i / columns), column = static_cast<int>(i % columns);
+        Point3D& point = plot.At(row, column);
+        if (!IsSelected(point)) continue;
+        point.z += shift;
+        host_.Tell(kPointWasMoved, &plot, row, column);
+        if (chart_.plotChanges != changes) return;
     }
 }
 

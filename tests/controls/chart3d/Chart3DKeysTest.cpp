@@ -14,7 +14,6 @@ protected:
     int Repaints() { return std::exchange(fake.host.repaints, 0); }
 
     FakeChart fake;
-    Chart3DKeys& keys = fake.machine.keys;
     Chart3DSpace& space = fake.machine.chart.space;
 };
 
@@ -82,30 +81,6 @@ TEST_F(Chart3DKeysTest, BothScaleDownToTwoTenthsAndUpWithoutEnd) {
     for (int i = 0; i < 1000; ++i)
         fake.Press(Chart3DKey::kLarger);
     EXPECT_NEAR(space.scale[0], 20.18F, 1e-3F);
-}
-
-TEST_F(Chart3DKeysTest, NothingElseDoesAnything) {
-    const auto pressAll = [&] {
-        for (std::uint32_t key = 0; key <= 0x100; ++key) {
-            if (key != 0x10 && key != 0x11) fake.Press(static_cast<Chart3DKey>(key));
-        }
-    };
-    pressAll();
-    EXPECT_EQ(Repaints(), 0);
-    for (const Chart3DKey modifier : {Chart3DKey::kShift, Chart3DKey::kControl}) {
-        fake.Press(modifier);
-        pressAll();
-        EXPECT_EQ(Repaints(), 4) << "the arrows";
-        keys.OnUp(modifier);
-        fake.Press(modifier);
-        fake.machine.OnFocusLost();
-        pressAll();
-        EXPECT_EQ(Repaints(), 0);
-    }
-    fake.Press(Chart3DKey::kShift);
-    fake.Press(Chart3DKey::kControl);
-    pressAll();
-    EXPECT_EQ(Repaints(), 2) << "the brackets";
 }
 
 }  // namespace

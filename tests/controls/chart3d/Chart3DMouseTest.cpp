@@ -79,56 +79,6 @@ TEST_F(Chart3DMouseTest, TheLastPlotTestedDecidesAboutNothingFound) {
     EXPECT_EQ(fake.Selected(), Chart3DNotes{Chosen(0, 0, 1)}) << "nor one without a flag to be picked in";
 }
 
-TEST_F(Chart3DMouseTest, AClickIntoAGroupKeepsIt) {
-    Select({{0, 0}, {1, 1}});
-    EXPECT_EQ(fake.Click({50, 20}), Chart3DNotes{Told(kDragHasEnded)});
-    EXPECT_EQ(fake.Selected().size(), 2U);
-    EXPECT_EQ(std::pair(fake.Plot().LastRow(), fake.Plot().LastColumn()), std::pair(0, 0));
-    EXPECT_EQ(chart.lastSelected, &fake.Plot());
-    Repaints();
-    mouse.OnDown({50, 20}, kControlHeld);
-    EXPECT_EQ(fake.Selected(), Chart3DNotes{Chosen(0, 1, 1)}) << "with Ctrl it leaves the group";
-    EXPECT_EQ(fake.Plot().getSelectedCount(), 1);
-    EXPECT_EQ(Repaints(), 1);
-    EXPECT_EQ(fake.Click({100, 120})[1], Told(kPointWasSelected, 0, 1, 1)) << "one alone is selected anew";
-    fake.Click({150, 20}, kControlHeld);
-    EXPECT_EQ(fake.Selected(), (Chart3DNotes{Chosen(0, 0, 2), Chosen(0, 1, 1)}));
-    fake.Click({50, 20});
-    EXPECT_EQ(fake.Selected(), Chart3DNotes{Chosen(0, 0, 0)});
-}
-
-TEST_F(Chart3DMouseTest, WhereSinglePointsArePickedThereIsOneInSpiteOfControl) {
-    fake.Plot().setFlags(kPlotPick, 0);
-    fake.Click({50, 20});
-    fake.Click({100, 20}, kControlHeld);
-    EXPECT_EQ(fake.Selected(), Chart3DNotes{Chosen(0, 0, 1)});
-    EXPECT_EQ(fake.Click({100, 20}, kControlHeld)[0], Told(kPointWasSelected, 0, 0, 1));
-    fake.Plot().clearFlags(kPlotPick, 0);
-    fake.Click({100, 20});
-    EXPECT_EQ(fake.Click({100, 20}, kControlHeld), Chart3DNotes{Told(kDragHasEnded)}) << "is selected already";
-}
-
-TEST_F(Chart3DMouseTest, EachPlotIsClickedInByItself) {
-    fake.AddPlot(kPlotBand, 2, 3);
-    EXPECT_EQ(fake.Click({50, 20}),
-              (Chart3DNotes{Told(kPointWasSelected, 0, 0, 0), Told(kPointWasSelected, 1, 0, 0), Told(kDragHasEnded)}));
-    EXPECT_EQ(chart.lastSelected, &fake.Plot(1));
-    EXPECT_TRUE(fake.machine.DeletePlot(&fake.Plot(1), false));
-    EXPECT_EQ(chart.lastSelected, nullptr);
-}
-
-TEST_F(Chart3DMouseTest, ADoubleClickClearsAllAndIsAClick) {
-    Select({{0, 0}, {1, 1}});
-    Repaints();
-    mouse.OnDoubleClick({50, 20}, {});
-    EXPECT_EQ(host.TakeNotes(), Chart3DNotes{Told(kPointWasSelected, 0, 0, 0)});
-    EXPECT_EQ(fake.Selected(), Chart3DNotes{Chosen(0, 0, 0)});
-    EXPECT_EQ(Repaints(), 1);
-    Select({{0, 0}, {1, 1}});
-    mouse.OnDoubleClick({10, 10}, kControlHeld);
-    EXPECT_EQ(fake.Selected(), Chart3DNotes{});
-}
-
 TEST_F(Chart3DMouseTest, ControlTurnsUpToTheVertical) {
     mouse.OnMove({0, 0});
     EXPECT_EQ(space.rotation, Vector3D{}) << "without the button";
@@ -217,17 +167,6 @@ TEST_F(Chart3DMouseTest, ADragStopsAllOfAPlotAtALimit) {
     EXPECT_EQ(fake.Plot().At(0, 0).x, 50.0F) << "nothing moves across";
 }
 
-TEST_F(Chart3DMouseTest, OnlyHeightsAreDraggedThoughAnyDragFlagBeginsADrag) {
-    fake.Plot().setFlags(0, 0);
-    fake.Plot().setFlags(kPlotDragX | kPlotPick, 0);
-    Down({50, 20});
-    mouse.OnMove({50, 30});
-    EXPECT_EQ(fake.Plot().At(0, 0).z, 20.0F);
-    EXPECT_EQ(Repaints(), 0);
-    mouse.EndGesture();
-    EXPECT_EQ(host.TakeNotes(), Chart3DNotes{Told(kDragHasEnded)});
-}
-
 TEST_F(Chart3DMouseTest, WhereTheSpanOrTheBoxIsNothingADragMovesNothing) {
     constexpr float kInfinity = std::numeric_limits<float>::infinity();
     Down({50, 20});
@@ -267,30 +206,6 @@ TEST_F(Chart3DMouseTest, TheBandSelectsWhatIsInItWithoutAWord) {
     EXPECT_EQ(host.TakeNotes(), Chart3DNotes{});
 }
 
-TEST_F(Chart3DMouseTest, ThereIsABandOnlyWhereAPlotHasOne) {
-    for (const std::uint32_t flags : {kPlotPick | 0U, kPlotBand | kPlotHidden}) {
-        fake.Plot().setFlags(0, 0);
-        fake.Plot().setFlags(flags, 0);
-        Down({10, 10});
-        mouse.OnMove({200, 200});
-        EXPECT_FALSE(chart.band);
-        mouse.EndGesture();
-        EXPECT_EQ(Repaints(), 0);
-    }
-}
-
-TEST_F(Chart3DMouseTest, ADragGoesBeforeTheBandAndBothEndTogether) {
-    Down({50, 20});
-    mouse.OnMove({60, 30});
-    EXPECT_FALSE(chart.band);
-    Repaints();
-    mouse.EndGesture();
-    EXPECT_EQ(Repaints(), 1);
-    Down({10, 10});
-    mouse.OnMove({60, 30});
-    EXPECT_TRUE(chart.band) << "the next one is no drag any more";
-}
-
 TEST_F(Chart3DMouseTest, ThePointerIsHiddenFromTheFirstMoveToTheEnd) {
     for (const Chart3DModifiers held : {kControlHeld, kShiftHeld, kBothHeld, Chart3DModifiers{}}) {
         Down({50, 20}, held);
@@ -304,16 +219,6 @@ TEST_F(Chart3DMouseTest, ThePointerIsHiddenFromTheFirstMoveToTheEnd) {
         EXPECT_EQ(host.pointer, 0);
         EXPECT_FALSE(host.hasCapture);
     }
-}
-
-TEST_F(Chart3DMouseTest, AButtonThatComesDownTwiceEndsTheFirstGesture) {
-    Down({50, 20}, {});
-    mouse.OnMove({51, 20});
-    host.notes.clear();
-    mouse.OnDown({10, 10}, {});
-    EXPECT_EQ(host.TakeNotes(), Chart3DNotes{Told(kDragHasEnded)});
-    EXPECT_EQ(host.pointer, 0);
-    EXPECT_TRUE(host.hasCapture);
 }
 
 TEST_F(Chart3DMouseTest, AParentThatEndsTheGestureWhenItIsToldOfAPointHasItEnded) {
@@ -340,7 +245,7 @@ TEST_F(Chart3DMouseTest, AParentMayTakeThePlotAwayWhileItsPointsAreMoved) {
     mouse.OnMove({50, 30});
     EXPECT_EQ(host.TakeNotes(), Chart3DNotes{Told(kPointWasMoved, 0, 0, 0)});
     EXPECT_EQ(fake.Plot().At(1, 2).z, 120.0F) << "of the plot that has come to its place";
-    host.handler = [&] { fake.Plot().setGridSize(1, 1); };
+    host.handler = [&] { fake.Plot().setGridSize(0, 3); };
     mouse.OnMove({50, 40});
     EXPECT_EQ(host.TakeNotes(), Chart3DNotes{Told(kPointWasMoved, 0, 0, 0)});
 }

@@ -85,28 +85,6 @@ TEST_F(Chart3DRangesTest, PointsThatComeOrGoOtherwiseAreLookedAtWithTheNextOne) 
     EXPECT_TRUE(AreEnds(ranges[kVerticalAxis], 20.0F, 21.0F));
 }
 
-TEST_F(Chart3DRangesTest, ManyPointsAreOneRecomputation) {
-    machine.SetStyle(kChart3DXFollows, false);
-    fake.host.notes.clear();
-    const std::vector<Point3D> points(6, {7.0F, 8.0F, 9.0F, kPointSelected});
-    fake.Plot().setPoints(points.data(), 0);
-    EXPECT_EQ(fake.host.TakeNotes(), (Chart3DNotes{{kXRangeHasChanged, -1, 0, 0}}));
-    EXPECT_TRUE(AreEnds(ranges[kXAxis], 7.0F, 7.0F));
-    EXPECT_EQ(fake.Plot().getSelectedCount(), 6);
-    fake.Plot().setPoints(nullptr, 1);
-    fake.AddPlot(0, 0, 0).setPoints(points.data(), 1);
-    EXPECT_EQ(fake.host.soon, 0);
-}
-
-TEST_F(Chart3DRangesTest, ADragIsFollowed) {
-    machine.SetStyle(kChart3DVerticalFollows, false);
-    machine.mouse.OnDown({50, 0}, {});
-    fake.host.notes.clear();
-    machine.mouse.OnMove({50, -51});
-    EXPECT_EQ(fake.host.TakeNotes(), (Chart3DNotes{{kPointWasMoved, 0, 0, 0}, {kVerticalRangeHasChanged, -1, 0, 0}}));
-    EXPECT_TRUE(AreEnds(ranges[kVerticalAxis], 0.0F, 120.0F));
-}
-
 TEST_F(Chart3DRangesTest, ARangeThatFollowsIsNotSet) {
     const float low = 1.0F, high = 2.0F;
     machine.SetRange(kXAxis, &low, nullptr);

@@ -452,34 +452,25 @@ TEST_F(Chart3DTest, StandsEveryMessageInEveryOrder) {
     const float numbers[] = {0.0F,      1.0F,      -1.0F,  255.0F,
                              3e38F,     -3e38F,    1e-40F, std::numeric_limits<float>::quiet_NaN(),
                              kInfinity, -kInfinity};
-    float values[3] = {};
+    float values[30] = {};  // also the bytes of texts, which have a 0 in the end
     char text[64] = {};
-    Chart3DTick tick{};
     const auto draw = [&] {
-        for (float& value : values)
-            value = next(3) == 0 ? static_cast<float>(next(300)) : numbers[next(std::size(numbers))];
+        for (std::size_t i = 0; i < 29; ++i)
+            values[i] = next(3) == 0 ? static_cast<float>(next(300)) : numbers[next(std::size(numbers))];
     };
     const auto someone = [&] { return reinterpret_cast<IQZChart3DPlot*>(Send(CH3M_GETPLOT, next(3))); };
     const auto message = [&] {
         const UINT number = CH3M_SETSTYLE + next(CH3M_GETSCALE - CH3M_SETSTYLE + 1);
-        if (number == CH3M_ADDPLOT && Send(CH3M_GETPLOTCOUNT) > 5) return;
-        if (number == CH3M_SETLABELCALLBACK) {
-            Send(number, 0, next(2) == 0 ? 0 : reinterpret_cast<LPARAM>(&WriteLabel));
-        } else if (number >= CH3M_SETXTICK && number <= CH3M_GETVERTTICK) {
-            tick = {next(9), values[0], text, next(sizeof text)};
-            Send(number, next(9), L(&tick));
-        } else if (number == CH3M_SETTITLE || number == CH3M_SETSUBTITLE) {
-            Send(number, 0, L("text"));
-        } else if ((number >= CH3M_SETXRANGE && number <= CH3M_GETVERTRANGE) || number >= CH3M_SETBOXSIZE) {
-            const bool isOne = number >= CH3M_SETROTATION;
-            Send(number, next(8) == 0 ? 0 : W(&values[0]), isOne ? next(2) : next(8) == 0 ? 0 : L(&values[1]));
-        } else if (number >= CH3M_SETXTITLE && number <= CH3M_SETVERTTITLE) {
-            Send(number, W(text), static_cast<LPARAM>(next(64)));
-        } else if (number == CH3M_DELETEPLOT) {
-            Send(number, W(someone()), next(2));
-        } else {
-            Send(number, number == CH3M_SETSTYLE ? 1U << next(16) : next(30), static_cast<LPARAM>(next(20)));
-        }
+        Chart3DTick tick{next(9), values[0], text, next(sizeof text)};
+        WPARAM wParam = next(8) == 0 ? 0 : W(values);
+        LPARAM lParam = next(8) == 0 ? 0 : L(values);
+        if (number == CH3M_SETSTYLE) wParam = 1U << next(16);
+        if (number == CH3M_DELETEPLOT || (number == CH3M_ADDPLOT && Send(CH3M_GETPLOTCOUNT) > 5))
+            return Send(CH3M_DELETEPLOT, W(someone()), next(2));
+        if (number == CH3M_SETLABELCALLBACK) lParam = next(2) == 0 ? 0 : reinterpret_cast<LPARAM>(&WriteLabel);
+        if (number >= CH3M_SETXTICKCOUNT && number <= CH3M_SETVERTTICKCOUNT) lParam = static_cast<LPARAM>(next(20));
+        if (number >= CH3M_SETXTICK && number <= CH3M_GETVERTTICK) lParam = L(&tick);
+        return Send(number, number >= CH3M_GETXTICK && number <= CH3M_GETVERTTICK ? next(9) : wParam, lParam);
     };
     const auto plotCall = [&] {
         IQZChart3DPlot* const one = someone();
