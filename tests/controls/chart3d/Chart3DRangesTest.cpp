@@ -119,19 +119,6 @@ TEST_F(Chart3DRangesTest, TicksAreMadeWhereTheStyleSaysSo) {
     EXPECT_EQ(ticks[kVerticalAxis].Count(), 1U);
 }
 
-TEST_F(Chart3DRangesTest, ThePageWritesTheLabelsThatItWants) {
-    fake.host.label = [](ChartLabelKind kind, const Point3D& point) -> std::optional<std::string> {
-        if (point.x + point.y + point.z == 0.0F) return std::nullopt;
-        return std::to_string(kind) + "/" + std::to_string(static_cast<int>(point.x)) + "/" +
-               std::to_string(static_cast<int>(point.y)) + "/" + std::to_string(static_cast<int>(point.z));
-    };
-    machine.SetStyle(kChart3DAnyTicks, false);
-    EXPECT_EQ(machine.chart.ticks[kXAxis].At(0)->label, "0.00");
-    EXPECT_EQ(machine.chart.ticks[kXAxis].At(1)->label, "1/51/0/0");
-    EXPECT_EQ(machine.chart.ticks[kDepthAxis].At(1)->label, "2/0/51/0");
-    EXPECT_EQ(machine.chart.ticks[kVerticalAxis].At(1)->label, "4/0/0/51");
-}
-
 TEST_F(Chart3DRangesTest, AllRangesStandWhenTheParentHearsOfTheFirst) {
     bool areThere = true;
     fake.host.handler = [&] { areThere = areThere && AreEnds(ranges[kVerticalAxis], 20.0F, 120.0F); };
