@@ -23,16 +23,17 @@ constexpr BoxFaceForm kBoxFaces[] = {
 
 constexpr float kHalfTurn = 3.1415927F, kTurn = 6.2831855F;
 
-}  // namespace
-
-BoxPlane PlaneOf(BoxFace face) {
-    return kBoxFaces[static_cast<std::size_t>(face)].plane;
-}
-
+// Brought to one turn, from 0 to 2 pi.
 float NormalAngle(float radians) {
     const float turns = radians / kTurn;
     const float angle = (turns - std::trunc(turns)) * 2.0F * kHalfTurn;
     return angle < 0.0F ? angle + kTurn : angle;
+}
+
+}  // namespace
+
+BoxPlane PlaneOf(BoxFace face) {
+    return kBoxFaces[static_cast<std::size_t>(face)].plane;
 }
 
 std::array<BoxFace, 3> FacesBehind(float pitch, float yaw) {

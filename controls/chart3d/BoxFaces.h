@@ -17,8 +17,6 @@ struct BoxPlane {
 };
 BoxPlane PlaneOf(BoxFace face);
 
-// An angle brought to one turn, from 0 to 2 pi.
-float NormalAngle(float radians);
 // In the order in which they are drawn: the floor or the ceiling, and two walls. Pitch and yaw in radians.
 std::array<BoxFace, 3> FacesBehind(float pitch, float yaw);
 

@@ -42,7 +42,6 @@ public:
     ProjectedPoint Project(const Point3D& point) const { return Project(point.x, point.z, point.y); }
     // Where that height stands on the vertical axis.
     float HeightOf(float vertical) const { return std::isfinite(vertical) ? vertical : ranges_[kVerticalAxis].minimum; }
-    const Matrix3D& Matrix() const { return matrix_; }
 
 private:
     std::array<ChartRange, kChart3DAxisCount> ranges_;

@@ -15,19 +15,10 @@ std::string Show(const YUpBox& box) {
            "," + std::to_string(box.opposite.y);
 }
 
-TEST(LabelBoxTest, StandsBesideItsPlace) {
+TEST(LabelThinningTest, ABoxStandsBesideItsPlace) {
     EXPECT_EQ(Show(LabelBox({100, 50}, TextSide::kRight, {30, 14})), "100,43 130,57");
     EXPECT_EQ(Show(LabelBox({100, 50}, TextSide::kLeft, {30, 14})), "70,43 100,57");
     EXPECT_EQ(Show(LabelBox({100, 50}, TextSide::kCentred, {31, 15})), "85,42 116,57");
-}
-
-TEST(OverlapTest, IsMoreThanTouching) {
-    const YUpBox box{{0, 0}, {10, 10}};
-    EXPECT_TRUE(Overlap(box, {{9, 9}, {20, 20}}));
-    EXPECT_FALSE(Overlap(box, {{10, 0}, {20, 10}}));
-    EXPECT_FALSE(Overlap(box, {{0, 10}, {10, 20}}));
-    EXPECT_TRUE(Overlap(box, {{20, -5}, {9, 1}})) << "corners in any order";
-    EXPECT_TRUE(Overlap({{10, 10}, {0, 0}}, {{4, 6}, {6, 4}})) << "one inside of the other";
 }
 
 TEST(LabelThinningTest, LeavesOutWhatLiesOnTheLastOneThatIsDrawn) {
@@ -36,28 +27,6 @@ TEST(LabelThinningTest, LeavesOutWhatLiesOnTheLastOneThatIsDrawn) {
     EXPECT_FALSE(labels.Takes({{25, 0}, {65, 14}}));
     EXPECT_TRUE(labels.Takes({{50, 0}, {90, 14}})) << "it only lies on one that is not drawn";
     EXPECT_EQ(Show(*labels.Last()), "51,3 89,11");
-}
-
-TEST(LabelThinningTest, LabelsMayShareTheAirAboutThem) {
-    EXPECT_TRUE([] {
-        LabelThinning labels;
-        return labels.Takes({{0, 0}, {40, 14}}) && labels.Takes({{38, 0}, {78, 14}});
-    }());
-    LabelThinning beside, above, tooHigh;
-    EXPECT_TRUE(beside.Takes({{0, 0}, {40, 14}}));
-    EXPECT_FALSE(beside.Takes({{37, 0}, {77, 14}}));
-    EXPECT_TRUE(above.Takes({{0, 0}, {40, 14}}));
-    EXPECT_TRUE(above.Takes({{0, 22}, {40, 8}})) << "upside down";
-    EXPECT_TRUE(tooHigh.Takes({{0, 0}, {40, 14}}));
-    EXPECT_FALSE(tooHigh.Takes({{0, 7}, {40, 21}}));
-}
-
-TEST(LabelThinningTest, AllKeepOffALabelOfAnotherAxis) {
-    LabelThinning labels(YUpBox{{0, 0}, {40, 14}});
-    EXPECT_FALSE(labels.Last());
-    EXPECT_FALSE(labels.Takes({{0, 10}, {40, 24}}));
-    EXPECT_TRUE(labels.Takes({{0, 20}, {40, 34}}));
-    EXPECT_FALSE(labels.Takes({{0, 0}, {40, 14}})) << "however far the last one is";
 }
 
 // The same rule by the pixels that the labels cover.

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "controls/chart3d/AxisTitles.h"
-#include "controls/chart3d/BoxFaces.h"
 #include "tests/controls/chart3d/Chart3DReference.h"
 
 namespace corvex {
@@ -15,22 +14,13 @@ constexpr double kPixel = 1.52;  // two places are cut, and the half of their su
 class AxisTitlesTest : public ::testing::Test {
 protected:
     std::array<AxisTitle, 4> Titles() const { return AxisTitlesOf(chart, chart.Seen()); }
-    // Where a place of the box is, given in parts of the ranges.
-    BoxPlace Place(const BoxPlace& part) const {
-        BoxPlace place;
-        for (std::size_t axis = 0; axis < place.size(); ++axis) {
-            const ChartRange& range = chart.space.ranges[axis];
-            place[axis] = range.minimum + part[axis] * (range.maximum - range.minimum);
-        }
-        return place;
-    }
     ReferencePlace Seen(const BoxPlace& part) const {
-        const BoxPlace place = Place(part);
-        return ReferenceProject(chart.space, place[kXAxis], place[kVerticalAxis], place[kDepthAxis]);
+        return ReferenceProject(chart.space, PlaceIn(chart.space, part));
     }
-    double Level(const BoxPlace& part) const {
-        const BoxPlace place = Place(part);
-        return LevelDepth(chart.space, place[kXAxis], place[kVerticalAxis], place[kDepthAxis]);
+    void Turn(std::mt19937& random) {
+        chart.space = RandomSpace(random);
+        chart.style = chart.space.normalises ? kChart3DNormalise : 0u;
+        chart.labelPad = static_cast<int>(random() % 100);
     }
     void ExpectNear(const AxisTitle& title, double x, double y) const {
         EXPECT_NEAR(title.at.x, x, kPixel);
@@ -44,15 +34,10 @@ protected:
 TEST_F(AxisTitlesTest, TheVerticalOnesStandLeftAndRightOfTheBox) {
     std::mt19937 random(11);
     for (int round = 0; round < 500; ++round) {
-        chart.space = RandomSpace(random);
-        chart.style = chart.space.normalises ? kChart3DNormalise : 0u;
-        chart.labelPad = static_cast<int>(random() % 100);
+        Turn(random);
         const auto titles = Titles();
-        std::vector<ReferencePlace> uprights;
-        for (const float x : {0.0F, 1.0F}) {
-            for (const float depth : {0.0F, 1.0F})
-                uprights.push_back(Seen({x, depth, 0.5F}));
-        }
+        const std::array uprights{Seen({0.0F, 0.0F, 0.5F}), Seen({0.0F, 1.0F, 0.5F}), Seen({1.0F, 0.0F, 0.5F}),
+                                  Seen({1.0F, 1.0F, 0.5F})};
         const auto [left, right] = std::ranges::minmax(uprights, {}, &ReferencePlace::x);
         const bool isFirstLeft = titles[0].at.x < titles[1].at.x;
         ExpectNear(titles[isFirstLeft ? 0 : 1], left.x - chart.labelPad - 20, left.y);
@@ -74,7 +59,8 @@ void AxisTitlesTest::ExpectFloorTitle(const AxisTitle& title, Chart3DAxis axis) 
     middle[kXAxis] = middle[kDepthAxis] = 0.5F;
     BoxPlace other = start;
     other[across] = 1.0F;
-    if (Level(other) < Level(start)) start[across] = end[across] = 1.0F;
+    if (LevelDepth(chart.space, PlaceIn(chart.space, other)) < LevelDepth(chart.space, PlaceIn(chart.space, start)))
+        start[across] = end[across] = 1.0F;
     const ReferencePlace from = Seen(start), to = Seen(end), centre = Seen(middle);
     const double midX = (from.x + to.x) / 2, midY = (from.y + to.y) / 2;
     const double length = std::hypot(to.x - from.x, to.y - from.y);
@@ -94,9 +80,7 @@ void AxisTitlesTest::ExpectFloorTitle(const AxisTitle& title, Chart3DAxis axis) 
 TEST_F(AxisTitlesTest, TheFloorsStandBesideTheEdgesInFront) {
     std::mt19937 random(12);
     for (int round = 0; round < 500; ++round) {
-        chart.space = RandomSpace(random);
-        chart.style = chart.space.normalises ? kChart3DNormalise : 0u;
-        chart.labelPad = static_cast<int>(random() % 100);
+        Turn(random);
         const auto titles = Titles();
         ExpectFloorTitle(titles[2], kXAxis);
         ExpectFloorTitle(titles[3], kDepthAxis);

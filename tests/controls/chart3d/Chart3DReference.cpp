@@ -4,56 +4,32 @@
 
 namespace corvex {
 
-namespace {
-
-using Matrix = std::array<std::array<double, 4>, 4>;
-
-Matrix Identity() {
-    return {{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}}};
-}
-
-Matrix Shift(double x, double y, double z) {
-    Matrix result = Identity();
-    result[3] = {x, y, z, 1};
-    return result;
-}
-
-std::array<double, 4> Times(const std::array<double, 4>& row, const Matrix& matrix) {
-    std::array<double, 4> result{};
-    for (std::size_t i = 0; i < 4; ++i) {
-        for (std::size_t j = 0; j < 4; ++j)
-            result[j] += row[i] * matrix[i][j];
-    }
-    return result;
-}
-
-double InBox(const Chart3DSpace& space, Chart3DAxis axis, double value) {
-    const double minimum = space.ranges[axis].minimum, maximum = space.ranges[axis].maximum;
-    if (!space.normalises) return value;
-    return maximum == minimum ? 0.0 : (value - minimum) * space.boxSize / (maximum - minimum);
-}
-
-}  // namespace
-
-ReferencePlace ReferenceProject(const Chart3DSpace& space, double x, double vertical, double depth) {
+ReferencePlace ReferenceProject(const Chart3DSpace& space, const BoxPlace& place) {
+    const auto inBox = [&](Chart3DAxis axis) -> double {
+        const double minimum = space.ranges[axis].minimum, span = space.ranges[axis].maximum - minimum;
+        if (!space.normalises) return place[axis];
+        return span == 0.0 ? 0.0 : (place[axis] - minimum) * space.boxSize / span;
+    };
+    const double x = (inBox(kXAxis) - space.pivot[0]) * space.scale[0];
+    const double y = (inBox(kVerticalAxis) - space.pivot[1]) * space.scale[1];
+    const double z = (inBox(kDepthAxis) - space.pivot[2]) * space.scale[2];
     const double pitch = space.rotation[0], yaw = space.rotation[1];
-    Matrix scale = Identity(), turn = Identity(), tilt = Identity();
-    for (std::size_t i = 0; i < 3; ++i)
-        scale[i][i] = space.scale[i];
-    turn[0] = {std::cos(yaw), 0, -std::sin(yaw), 0};
-    turn[2] = {std::sin(yaw), 0, std::cos(yaw), 0};
-    tilt[1] = {0, std::cos(pitch), std::sin(pitch), 0};
-    tilt[2] = {0, -std::sin(pitch), std::cos(pitch), 0};
-    const Vector3D& pivot = space.pivot;
-    const Vector3D& shift = space.translation;
-    const double eye = -4.0;  // on the third axis, looking along it
-    std::array<double, 4> row{InBox(space, kXAxis, x), InBox(space, kVerticalAxis, vertical),
-                              InBox(space, kDepthAxis, depth), 1.0};
-    for (const Matrix& next :
-         {Shift(-pivot[0], -pivot[1], -pivot[2]), scale, turn, tilt, Shift(pivot[0], pivot[1], pivot[2]),
-          Shift(0, 0, -eye), Shift(shift[0], shift[1], shift[2])})
-        row = Times(row, next);
-    return {row[0], row[1], row[2]};
+    const double turned = z * std::cos(yaw) - x * std::sin(yaw), eye = -4.0;
+    return {x * std::cos(yaw) + z * std::sin(yaw) + space.pivot[0] + space.translation[0],
+            y * std::cos(pitch) - turned * std::sin(pitch) + space.pivot[1] + space.translation[1],
+            y * std::sin(pitch) + turned * std::cos(pitch) + space.pivot[2] - eye + space.translation[2]};
+}
+
+double LevelDepth(Chart3DSpace space, const BoxPlace& place) {
+    space.rotation[0] = 0.0F;
+    return ReferenceProject(space, place).depth;
+}
+
+BoxPlace PlaceIn(const Chart3DSpace& space, const BoxPlace& part) {
+    BoxPlace place;
+    for (std::size_t axis = 0; axis < place.size(); ++axis)
+        place[axis] = space.ranges[axis].minimum + part[axis] * SpanOf(space.ranges[axis]);
+    return place;
 }
 
 bool IsCut(int pixel, double place) {
@@ -63,11 +39,6 @@ bool IsCut(int pixel, double place) {
 
 bool IsCut(YUpPoint pixels, const ReferencePlace& place) {
     return IsCut(pixels.x, place.x) && IsCut(pixels.y, place.y);
-}
-
-double LevelDepth(Chart3DSpace space, double x, double vertical, double depth) {
-    space.rotation[0] = 0.0F;
-    return ReferenceProject(space, x, vertical, depth).depth;
 }
 
 float Between(std::mt19937& random, float minimum, float maximum) {

@@ -4,6 +4,7 @@
 #include <limits>
 #include <random>
 
+#include "controls/chart3d/BoxFaces.h"
 #include "controls/chart3d/Chart3DModel.h"
 
 namespace corvex {
@@ -16,18 +17,19 @@ struct ReferencePlace {
     double x, y, depth;
 };
 
-// All seven matrices, multiplied anew.
-ReferencePlace ReferenceProject(const Chart3DSpace& space, double x, double vertical, double depth);
+// Step by step and without a matrix, of a place in the axes' coordinates.
+ReferencePlace ReferenceProject(const Chart3DSpace& space, const BoxPlace& place);
 inline ReferencePlace ReferenceProject(const Chart3DSpace& space, const Point3D& point) {
-    return ReferenceProject(space, point.x, point.z, point.y);
+    return ReferenceProject(space, BoxPlace{point.x, point.y, point.z});
 }
+// How far away it is for one who is level with the box.
+double LevelDepth(Chart3DSpace space, const BoxPlace& place);
+// Of the box, given in parts of the ranges.
+BoxPlace PlaceIn(const Chart3DSpace& space, const BoxPlace& part);
 
 // Whether the pixel is what truncation leaves of the place, give or take a float's last digits.
 bool IsCut(int pixel, double place);
 bool IsCut(YUpPoint pixels, const ReferencePlace& place);
-
-// As one sees it when one is level with the box.
-double LevelDepth(Chart3DSpace space, double x, double vertical, double depth);
 
 // Any ranges, scale and place; the pitch less than a right angle, and no face seen edge on.
 Chart3DSpace RandomSpace(std::mt19937& random);
@@ -47,15 +49,11 @@ public:
     template <class Height>
     QZChart3DPlot& AddField(int rows, int columns, const Height& height) {
         QZChart3DPlot& plot = AddPlot(rows, columns);
-        const auto part = [](ChartRange range, int i, int count) {
-            return range.minimum + (range.maximum - range.minimum) * static_cast<float>(i) / static_cast<float>(count);
-        };
-        for (int row = 0; row < rows; ++row) {
-            for (int column = 0; column < columns; ++column)
-                plot.setPoint(row, column,
-                              {part(model.space.ranges[kXAxis], column, columns - 1),
-                               part(model.space.ranges[kDepthAxis], row, rows - 1), height(row, column), 0},
-                              0);
+        for (int i = 0; i < rows * columns; ++i) {
+            const int row = i / columns, column = i % columns;
+            const auto part = [](int at, int count) { return static_cast<float>(at) / static_cast<float>(count - 1); };
+            const BoxPlace place = PlaceIn(model.space, {part(column, columns), part(row, rows), 0.0F});
+            plot.setPoint(row, column, {place[kXAxis], place[kDepthAxis], height(row, column), 0}, 0);
         }
         return plot;
     }

@@ -43,21 +43,20 @@ TEST_F(SurfaceFigureTest, OneRowOrColumnIsPointsWithoutQuads) {
         const SurfaceFigure surface(plot, chart.model.Seen());
         for (int i = 0; i < rows * columns; ++i)
             EXPECT_TRUE(IsCut(surface.PlaceOf(i / columns, i % columns),
-                              ReferenceProject(chart.model.space, 20.0 * i, 100.0, 50.0)));
+                              ReferenceProject(chart.model.space, plot.Points()[static_cast<std::size_t>(i)])));
     }
     for (const auto& [rows, columns] : {std::pair{0, 0}, {3, 0}, {0, 3}})
         EXPECT_TRUE(QuadsOf(chart.AddPlot(rows, columns)).empty());
 }
 
 TEST_F(SurfaceFigureTest, OneCellIsOneQuadAboutItsCorners) {
-    const float heights[2][2] = {{10.0F, 20.0F}, {40.0F, 90.0F}};
-    const QZChart3DPlot& plot = chart.AddField(2, 2, [&](int row, int column) { return heights[row][column]; });
+    const QZChart3DPlot& plot =
+        chart.AddField(2, 2, [](int row, int column) { return static_cast<float>(30 * row + 20 * column); });
     const auto quads = QuadsOf(plot);
     ASSERT_EQ(quads.size(), 1u);
-    EXPECT_EQ(quads[0].height, 40.0F);
-    const SurfaceFigure surface(plot, chart.model.Seen());
-    EXPECT_EQ(quads[0].corners,
-              (std::array{surface.PlaceOf(0, 0), surface.PlaceOf(1, 0), surface.PlaceOf(1, 1), surface.PlaceOf(0, 1)}));
+    EXPECT_EQ(quads[0].height, 25.0F);
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(quads[0].corners[i], chart.model.Seen().Project(plot.At(i == 1 || i == 2, i >= 2)).at);
 }
 
 TEST_F(SurfaceFigureTest, AHeightThatIsNotFiniteCountsAsTheMinimum) {
