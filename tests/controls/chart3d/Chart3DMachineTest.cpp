@@ -12,6 +12,23 @@ protected:
     Chart3DModel& chart = machine.chart;
 };
 
+TEST_F(Chart3DMachineTest, PlotsStandWhereTheyWereAdded) {
+    QZChart3DPlot* const first = &fake.Plot();
+    QZChart3DPlot* const last = machine.AddPlot(99, true);
+    QZChart3DPlot* const begin = machine.AddPlot(0, false);
+    ASSERT_EQ(chart.plots.size(), 3U);
+    EXPECT_EQ(&fake.Plot(0), begin);
+    EXPECT_EQ(&fake.Plot(1), first);
+    EXPECT_EQ(&fake.Plot(2), last);
+    EXPECT_EQ(fake.host.repaints, 1);
+    EXPECT_TRUE(machine.DeletePlot(first, false));
+    EXPECT_FALSE(machine.DeletePlot(first, true));
+    EXPECT_EQ(&fake.Plot(1), last);
+    EXPECT_EQ(fake.host.repaints, 1);
+    EXPECT_TRUE(machine.DeletePlot(last, true));
+    EXPECT_EQ(fake.host.repaints, 2);
+}
+
 TEST_F(Chart3DMachineTest, TextsAreCut) {
     const std::string text(200, 'x');
     machine.SetTitle(text);

@@ -245,6 +245,13 @@ TEST_F(Chart3DMouseTest, AParentMayTakeThePlotAwayWhileItsPointsAreMoved) {
     mouse.OnMove({50, 30});
     EXPECT_EQ(host.TakeNotes(), Chart3DNotes{Told(kPointWasMoved, 0, 0, 0)});
     EXPECT_EQ(fake.Plot().At(1, 2).z, 120.0F) << "of the plot that has come to its place";
+    host.handler = [&] {
+        host.handler = nullptr;
+        fake.machine.AddPlot(0, false);
+    };
+    mouse.OnMove({50, 20});
+    EXPECT_EQ(host.TakeNotes(), Chart3DNotes{Told(kPointWasMoved, 0, 0, 0)});
+    fake.machine.DeletePlot(&fake.Plot(), false);
     host.handler = [&] { fake.Plot().setGridSize(0, 3); };
     mouse.OnMove({50, 40});
     EXPECT_EQ(host.TakeNotes(), Chart3DNotes{Told(kPointWasMoved, 0, 0, 0)});

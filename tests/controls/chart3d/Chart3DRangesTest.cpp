@@ -119,6 +119,23 @@ TEST_F(Chart3DRangesTest, TicksAreMadeWhereTheStyleSaysSo) {
     EXPECT_EQ(ticks[kVerticalAxis].Count(), 1U);
 }
 
+TEST_F(Chart3DRangesTest, TicksComeAnewWithARangeAlone) {
+    TickList& ticks = machine.chart.ticks[kXAxis];
+    machine.SetStyle(kChart3DXTicks, false);
+    const auto count = [&](float x) {
+        ticks.Clear();
+        Set(0, 0, {x, 0.0F, 0.0F});
+        return ticks.Count();
+    };
+    EXPECT_EQ(count(-100.0F), 0U);
+    machine.SetStyle(kChart3DXFollows, false);
+    EXPECT_EQ(count(-50.0F), 6U);
+    EXPECT_EQ(ticks.At(0)->value, -50.0F);
+    EXPECT_EQ(count(-50.0F), 0U);
+    machine.ClearStyle(kChart3DXFollows, false);
+    EXPECT_EQ(count(-200.0F), 0U);
+}
+
 TEST_F(Chart3DRangesTest, AllRangesStandWhenTheParentHearsOfTheFirst) {
     bool areThere = true;
     fake.host.handler = [&] { areThere = areThere && AreEnds(ranges[kVerticalAxis], 20.0F, 120.0F); };
