@@ -303,15 +303,18 @@ TEST_F(Chart3DTest, TheParentIsToldOfPoints) {
     told.clear();
     Send(WM_MOUSEMOVE, MK_LBUTTON, Place(53, 117));
     EXPECT_EQ(told, (std::vector<ToldOfChart>{{kPointWasMoved, plot, 1, 0}}));
-    Send(WM_MOUSEMOVE, MK_LBUTTON, Place(53, -103));  // far below the window
     Point3D point;
-    plot->getPoint(1, 0, &point);
-    EXPECT_EQ(point.z, 0.0F);
+    for (const int beyond : {2000, -2000}) {  // of the window
+        Send(WM_MOUSEMOVE, MK_LBUTTON, Place(53, beyond));
+        plot->getPoint(1, 0, &point);
+        EXPECT_EQ(point.z, beyond > 0 ? 255.0F : 0.0F);
+    }
     told.clear();
     Send(WM_LBUTTONUP, 0, Place(53, 117));
     EXPECT_EQ(told, (std::vector<ToldOfChart>{{kDragHasEnded, nullptr, 0, 0}}));
     EXPECT_EQ(::GetCapture(), nullptr);
     told.clear();
+    plot->selectPoint(0, 0, 1, 0);
     Send(WM_LBUTTONDBLCLK, MK_LBUTTON, Place(50, 0));
     EXPECT_EQ(told, selected) << "anew";
 }
