@@ -29,6 +29,7 @@ CheckContext::CheckContext(const ADXDefinition& definition, const SourceRecord* 
     for (const auto& object : definition.Objects()) {
         // The first in list order wins, as in every lookup by hash.
         if (object->GetIdHash() != 0) byhash_.emplace(object->GetIdHash(), object.get());
+        if (object->IsOneOf(kPacketTypes)) packets_.push_back(object.get());
     }
 }
 

@@ -21,6 +21,9 @@ public:
     const SourceRecord* Source() const { return source_; }
     const SourcePart* SourceOf(const ADXObject& object) const;
 
+    // The commands that bring packets, in list order.
+    const std::vector<const ADXObject*>& PacketCommands() const { return packets_; }
+
     // As ADXDefinition::FindByHash, in constant time.
     const ADXObject* Find(std::uint32_t hash) const;
 
@@ -44,6 +47,7 @@ private:
     const ADXDefinition& definition_;
     const SourceRecord* source_;
     std::unordered_map<std::uint32_t, const ADXObject*> byhash_;
+    std::vector<const ADXObject*> packets_;
     std::vector<Finding> findings_;
 };
 

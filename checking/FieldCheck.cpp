@@ -60,9 +60,7 @@ void CheckPlaceInAny(CheckContext& context, const ADXItem& item) {
     unsigned fits = 0;
     unsigned all = 0;
     bool inPacket = false;
-    for (std::uint32_t i = 0;; ++i) {
-        const ADXObject* command = context.Definition().GetObject(kPacketTypes, i);
-        if (command == nullptr) break;
+    for (const ADXObject* const command : context.PacketCommands()) {
         if (!CarriesValues(*command)) continue;
         ++all;
         if (EndOf(item) <= RoomOf(*command).readable) ++fits;

@@ -27,6 +27,10 @@ std::uint32_t CopyMeasured(const OwnedText& text, std::uint32_t limit, char* out
     return count;
 }
 
+std::uint32_t HashOf(const std::pair<std::uint32_t, ADXObject*>& entry) {
+    return entry.first;
+}
+
 bool HasId(const ADXObject& object) {
     return *object.Id() != '\0' || object.GetIdHash() != 0;
 }
@@ -42,6 +46,7 @@ void ADXDefinition::Clear() {
     userversion_.Clear();
     author_.Clear();
     desc_.Clear();
+    hashes_.clear();
     objects_.clear();
 }
 
@@ -77,10 +82,25 @@ ADXObject* ADXDefinition::FindById(const char* id) const {
 
 ADXObject* ADXDefinition::FindByHash(std::uint32_t hash) const {
     if (hash == 0) return nullptr;
+    if (!hashes_.empty()) {
+        const auto found = std::ranges::lower_bound(hashes_, hash, {}, HashOf);
+        return found != hashes_.end() && found->first == hash ? found->second : nullptr;
+    }
     for (const auto& object : objects_) {
         if (object->GetIdHash() == hash) return object.get();
     }
     return nullptr;
+}
+
+// Sorted rather than hashed: the numbers come from a file, and no file can make a sorted search slow.
+void ADXDefinition::IndexHashes() {
+    hashes_.clear();
+    hashes_.reserve(objects_.size());
+    for (const auto& object : objects_)
+        hashes_.emplace_back(object->GetIdHash(), object.get());
+    std::ranges::stable_sort(hashes_, {}, HashOf);
+    const auto same = [](const auto& a, const auto& b) { return a.first == b.first; };
+    hashes_.erase(std::unique(hashes_.begin(), hashes_.end(), same), hashes_.end());
 }
 
 ADXValue* ADXDefinition::FindValueByType(std::uint32_t word) const {
@@ -107,6 +127,8 @@ void ADXDefinition::UpdateValues(PacketView packet, std::uint32_t commandId) {
 
 int ADXDefinition::InsertAfter(std::unique_ptr<ADXObject> object, const ADXObject* key) {
     if (object == nullptr) return 0;
+    if (key == kAppend) return InsertAt(std::move(object), 0xFFFFFFFF);
+    hashes_.clear();
     auto place = objects_.begin();
     if (key != nullptr) {
         place = std::find_if(objects_.begin(), objects_.end(), [=](const auto& other) { return other.get() == key; });
@@ -118,6 +140,7 @@ int ADXDefinition::InsertAfter(std::unique_ptr<ADXObject> object, const ADXObjec
 
 int ADXDefinition::InsertAt(std::unique_ptr<ADXObject> object, std::uint32_t index) {
     if (object == nullptr) return 0;
+    hashes_.clear();
     const std::size_t place = std::min<std::size_t>(index, objects_.size());
     objects_.insert(objects_.begin() + static_cast<std::ptrdiff_t>(place), std::move(object));
     return 1;

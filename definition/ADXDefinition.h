@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "definition/ADXObject.h"
@@ -72,6 +73,9 @@ public:
     ADXObject* FindById(const char* id) const;
     // First in list order; hash 0 is nobody's.
     ADXObject* FindByHash(std::uint32_t hash) const;
+    // Makes FindByHash fast in a list of any length, until an object is added or all are cleared: for whoever only
+    // reads from now on. No object's hash may change meanwhile.
+    void IndexHashes();
     // First value whose unittype (low half) and datatype (high half) make the word; word 0 finds none.
     ADXValue* FindValueByType(std::uint32_t word) const;
     // 1 when no other object has the hash: the object's own when one is given, else the argument.
@@ -105,6 +109,7 @@ public:
 private:
     OwnedText userversion_, author_, desc_;
     std::vector<std::unique_ptr<ADXObject>> objects_;
+    std::vector<std::pair<std::uint32_t, ADXObject*>> hashes_;  // sorted, the first of equal ones alone; may be empty
 };
 
 }  // namespace corvex

@@ -20,6 +20,8 @@ namespace {
 
 // The longest number: 309 digits before the point, 255 behind it.
 constexpr std::size_t kTextSize = 1024;
+// A memo takes 8 KB, and a definition may hold a million values.
+constexpr std::size_t kMemoLimit = 4096;
 
 // As a view passes it: an item of another command is read from its raw word.
 PacketView PacketFor(std::uint32_t parent, const DecodedRecord& record) {
@@ -40,7 +42,7 @@ ColumnSet::ColumnSet(ADXDefinition& definition, const std::string& pattern) : de
                       ItemMatches(pattern, *object), nullptr};
         if (column.chosen) ++chosen_;
         // A linked value has a raw word of its own.
-        if (column.chosen && column.value != nullptr && !column.value->HasLinks())
+        if (column.chosen && chosen_ <= kMemoLimit && column.value != nullptr && !column.value->HasLinks())
             column.memo = std::make_unique<NumberMemo>();
         columns_.push_back(std::move(column));
     }

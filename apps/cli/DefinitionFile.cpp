@@ -22,7 +22,10 @@ bool LoadDefinition(ADXDefinition& definition, const std::string& path, std::ost
     definition.Clear();
     ADXParser parser;
     parser.SetObserver(observer);
-    if (parser.Parse(path.c_str(), definition) != 0) return true;
+    if (parser.Parse(path.c_str(), definition) != 0) {
+        definition.IndexHashes();
+        return true;
+    }
     err << "corvex-cli: " << path << Problem(parser) << '\n';
     return false;
 }

@@ -10,7 +10,8 @@
 namespace corvex {
 
 // False after one line on `err`: the reader's own text behind the file's name and, where the reader had one, the line
-// (from 1) and column. `observer` is told what is read; it may be null.
+// (from 1) and column. What was loaded is for reading: its hashes are indexed. `observer` is told what is read; it may
+// be null.
 bool LoadDefinition(ADXDefinition& definition, const std::string& path, std::ostream& err,
                     IReadObserver* observer = nullptr);
 

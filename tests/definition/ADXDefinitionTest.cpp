@@ -113,10 +113,25 @@ TEST(ADXDefinitionFind, ComparesIdsAndHashesExactlyAndTakesTheFirst) {
     };
     for (const auto& [id, object] : cases)
         EXPECT_EQ(definition.FindById(id), object) << (id != nullptr ? id : "null");
-    EXPECT_EQ(definition.FindByHash(HashId("ABCDEFGHIJKLMNO", 15)), longest);
-    EXPECT_EQ(definition.FindByHash(HashId("RPM", 3)), first);
-    EXPECT_EQ(definition.FindByHash(1), nullptr);
-    EXPECT_EQ(definition.FindByHash(0), nullptr) << "nobody's hash";
+    for (const bool indexed : {false, true}) {
+        if (indexed) definition.IndexHashes();
+        EXPECT_EQ(definition.FindByHash(HashId("ABCDEFGHIJKLMNO", 15)), longest) << indexed;
+        EXPECT_EQ(definition.FindByHash(HashId("RPM", 3)), first) << indexed;
+        EXPECT_EQ(definition.FindByHash(1), nullptr) << indexed;
+        EXPECT_EQ(definition.FindByHash(0), nullptr) << "nobody's hash";
+    }
+    // What comes later is found as well, by the front and by the end.
+    for (const ADXObject* const key : {static_cast<const ADXObject*>(nullptr), ADXDefinition::kAppend}) {
+        definition.IndexHashes();
+        auto late = std::make_unique<ADXValue>();
+        late->SetId(key == nullptr ? "FRONT" : "END");
+        const ADXObject* const added = late.get();
+        definition.InsertAfter(std::move(late), key);
+        EXPECT_EQ(definition.FindByHash(added->GetIdHash()), added);
+    }
+    definition.IndexHashes();
+    definition.Clear();
+    EXPECT_EQ(definition.FindByHash(HashId("RPM", 3)), nullptr);
 }
 
 TEST(ADXDefinitionFindValueByType, ComparesBothHalves) {
