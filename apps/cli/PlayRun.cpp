@@ -35,8 +35,8 @@ bool PlayRun::Prepare() {
     SessionState& session = player_.Session();
     records_ = session.log.header.sampleCount;
     if (options_.verbose) session.debug.edit = &log_;
-    view_ = MakeScanView({options_.plain, options_.json, false}, session.definition, options_.log, OutputIsTerminal(),
-                         out_);
+    view_ = MakeScanView({options_.plain, options_.json, false, false}, session.definition, options_.log,
+                         OutputIsTerminal(), out_);
     return true;
 }
 

@@ -49,8 +49,8 @@ bool ScanRun::Prepare() {
     if (options_.verbose) session_.debug.edit = &log_;
     polled_ = PolledCommands(session_.definition);
     diagnosis_ = LineDiagnosis(session_.definition.HasEcho());
-    view_ = MakeScanView({options_.plain, options_.json, options_.once}, session_.definition, port_, OutputIsTerminal(),
-                         out_);
+    view_ = MakeScanView({options_.plain, options_.json, options_.once, true}, session_.definition, port_,
+                         OutputIsTerminal(), out_);
     return true;
 }
 

@@ -19,6 +19,8 @@ namespace corvex {
 namespace {
 
 constexpr auto kRedraw = std::chrono::milliseconds(100);
+// Quiet seconds until a line of text says so for the first time; each further one comes after twice as many.
+constexpr double kFirstQuiet = 3.0;
 
 std::string SummaryLine(const ScanMoment& moment) {
     std::string text = moment.summary.Text(moment.seconds);
@@ -67,17 +69,28 @@ private:
 
 class PlainView : public IScanView {
 public:
-    PlainView(const ADXDefinition& definition, std::ostream& out) : definition_(definition), out_(out) {}
+    PlainView(const ADXDefinition& definition, bool live, std::ostream& out)
+        : definition_(definition), live_(live), out_(out) {}
 
     void OnReply(const ReplyEvent& event) override {
-        if (event.sampled) out_ << PlainSample(definition_, event) << '\n' << std::flush;
+        if (!event.sampled) return;
+        out_ << PlainSample(definition_, event) << '\n' << std::flush;
+        told_ = event.t;
+        quiet_ = kFirstQuiet;
     }
-    void OnTick(const ScanMoment&) override {}
+    void OnTick(const ScanMoment& moment) override {
+        if (!live_ || moment.now - told_ < quiet_) return;
+        out_ << Printf("%.3f ", moment.now) << moment.state << '\n' << std::flush;
+        told_ = moment.now;
+        quiet_ *= 2.0;
+    }
     void OnEnd(const ScanMoment& moment) override { out_ << SummaryLine(moment) << '\n'; }
 
 private:
     const ADXDefinition& definition_;
+    const bool live_;
     std::ostream& out_;
+    double told_ = 0.0, quiet_ = kFirstQuiet;
 };
 
 class JsonView : public IScanView {
@@ -128,7 +141,7 @@ std::unique_ptr<IScanView> MakeScanView(const ViewOptions& options, const ADXDef
                                         const std::string& source, bool terminal, std::ostream& out) {
     if (options.json) return std::make_unique<JsonView>(definition, options.once, out);
     if (options.once) return std::make_unique<OnceView>(definition, out);
-    if (options.plain || !terminal) return std::make_unique<PlainView>(definition, out);
+    if (options.plain || !terminal) return std::make_unique<PlainView>(definition, options.live, out);
     return std::make_unique<TableView>(definition, source, out);
 }
 

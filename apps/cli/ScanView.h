@@ -26,6 +26,7 @@ struct ViewOptions {
     bool plain = false;
     bool json = false;
     bool once = false;
+    bool live = false;  // of a line, whose silence is worth telling
 };
 
 // One of the ways to show it. All calls on the main thread.

@@ -19,6 +19,14 @@ bool IsOnlyEcho(const ADXCSendCommand& command, const std::vector<std::uint8_t>&
 // Fewer bytes than this may well be the same by chance: replies often begin as their command does.
 constexpr std::uint32_t kTellingBytes = 3;
 
+// A line that carries nothing but noise brings all the bytes that are asked for. Where the packet does not begin at
+// once, what stands before it is the same in all replies of an engine.
+bool IsOneByteOnly(const std::vector<std::uint8_t>& reply) {
+    return reply.size() > kTellingBytes && std::ranges::count(reply, reply.front()) == std::ssize(reply);
+}
+
+constexpr std::size_t kTellingReplies = 3;
+
 bool BeginsWithEcho(const ADXCSendCommand& command, const std::vector<std::uint8_t>& reply) {
     return command.size() >= kTellingBytes && reply.size() > command.size() &&
            std::equal(command.bytestring(), command.bytestring() + command.size(), reply.begin());
@@ -28,9 +36,11 @@ bool BeginsWithEcho(const ADXCSendCommand& command, const std::vector<std::uint8
 
 void LineDiagnosis::Add(const ReplyEvent& event) {
     if (event.code == kCodeSuccess) {
+        // A command that asks for nothing says nothing of who listens.
+        if (!event.expected) return;
         ++good_;
         const auto* const command = As<ADXCSendCommand>(event.command);
-        if (!echo_ && command != nullptr && event.sampled && BeginsWithEcho(*command, event.reply)) ++echoedgood_;
+        if (command != nullptr && event.sampled) AddGood(*command, event.reply);
         return;
     }
     if (event.code == kCodeStopped) return;
@@ -41,9 +51,21 @@ void LineDiagnosis::Add(const ReplyEvent& event) {
     if (event.code == kCodeNoSync) ++syncs_;
 }
 
+void LineDiagnosis::AddGood(const ADXCSendCommand& command, const std::vector<std::uint8_t>& reply) {
+    if (!echo_ && BeginsWithEcho(command, reply)) ++echoedgood_;
+    if (command.size() == 0 || command.packetoffset == 0 || reply.empty()) return;
+    const auto [first, isnew] = beginnings_.emplace(&command, reply.front());
+    const bool alike = reply.front() == command.bytestring()[0];
+    const bool steady = isnew || first->second == reply.front();
+    if (!alike && (!steady || IsOneByteOnly(reply))) ++strange_;
+}
+
 void LineDiagnosis::AddShort(const ReplyEvent& event) {
     const auto* const command = As<ADXCSendCommand>(event.command);
-    if (command != nullptr) wanted_ = command->replysize;
+    if (command != nullptr) {
+        wanted_ = command->replysize;
+        timeout_ = command->replytimeout;
+    }
     if (event.reply.empty()) {
         ++silent_;
     } else if (!echo_ && command != nullptr && IsOnlyEcho(*command, event.reply)) {
@@ -70,7 +92,11 @@ std::string LineDiagnosis::WhyShort(double seconds) const {
                                            [](const auto& a, const auto& b) { return a.second < b.second; });
         if (most != lengths_.end() && most->second * 4 >= shorts_ * 3)
             return Printf("no whole reply in %.1f s: %s come where the definition expects %u", seconds,
-                          Counted(most->first, "byte").c_str(), wanted_);
+                          Counted(most->first, "byte").c_str(), wanted_) +
+                   (timeout_ == 0 ? ""
+                                  : Printf("; the engine sends another length, or answers too late for the "
+                                           "replytimeout of %u ms",
+                                           timeout_));
         return Printf(
             "no whole reply in %.1f s: bytes come that are no reply; another device talks, or the baud is wrong",
             seconds);
@@ -81,6 +107,8 @@ std::string LineDiagnosis::WhyShort(double seconds) const {
 }
 
 std::string LineDiagnosis::Doubt() const {
+    if (good_ >= kTellingReplies && strange_ * 2 > good_)
+        return "replies do not begin like the command that asks for them: the line may carry nothing but noise";
     if (good_ == 0 || echoedgood_ * 2 <= good_) return {};
     return "replies begin with our own command: the interface seems to echo, but the definition does not say so";
 }

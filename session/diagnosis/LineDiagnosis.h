@@ -5,10 +5,13 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "session/diagnosis/ReplyEvent.h"
 
 namespace corvex {
+
+class ADXCSendCommand;
 
 // Pure: fed with replies, asked for a verdict at any time. One thread.
 class LineDiagnosis {
@@ -26,6 +29,7 @@ public:
     bool AnyGood() const { return good_ != 0; }
 
 private:
+    void AddGood(const ADXCSendCommand& command, const std::vector<std::uint8_t>& reply);
     void AddShort(const ReplyEvent& event);
     std::string WhyShort(double seconds) const;
 
@@ -36,9 +40,12 @@ private:
     std::size_t shorts_ = 0;  // some other bytes, too few
     std::size_t writes_ = 0;  // the command could not be written
     std::size_t framings_ = 0, syncs_ = 0;
-    std::size_t echoedgood_ = 0;                  // good replies that begin with the command's own bytes
-    std::map<std::size_t, std::size_t> lengths_;  // of the short ones
-    std::uint32_t wanted_ = 0;                    // bytes of the last short reply, had it been whole
+    std::size_t echoedgood_ = 0;                                 // good replies that begin with the command's own bytes
+    std::size_t strange_ = 0;                                    // good replies whose beginning is nobody's
+    std::map<const ADXCSendCommand*, std::uint8_t> beginnings_;  // first byte of each command's first good reply
+    std::map<std::size_t, std::size_t> lengths_;                 // of the short ones
+    std::uint32_t wanted_ = 0;                                   // bytes of the last short reply, had it been whole
+    std::uint32_t timeout_ = 0;                                  // milliseconds that it was waited for
 };
 
 }  // namespace corvex

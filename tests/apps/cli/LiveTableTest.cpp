@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "apps/cli/LiveTable.h"
 #include "apps/cli/SampleLines.h"
+#include "apps/cli/ScanView.h"
 #include "definition/ADXBitmask.h"
 #include "definition/ADXCSendCommand.h"
 #include "definition/ADXDefinition.h"
@@ -94,6 +96,21 @@ TEST_F(LiveTableTest, WritesASampleAsALineAndAsJson) {
               R"({"t":2.0,"command":"OTHER","values":{"BIT":true}})");
     speed_->SetEquation("(0-1)#0.5+X", 11);
     EXPECT_EQ(JsonSample(definition_, Answer(*poll_, 1.0, {1}))["values"]["SPEED"], nullptr);
+}
+
+TEST_F(LiveTableTest, LinesTellOfALineThatIsQuietLongerAndLonger) {
+    for (const bool live : {true, false}) {
+        std::ostringstream out;
+        const auto view = MakeScanView({true, false, false, live}, definition_, "COM1", false, out);
+        const ScanSummary summary;
+        for (int tenths = 0; tenths < 200; ++tenths) {
+            if (tenths == 100) view->OnReply(Answer(*poll_, 10.0, {50}));
+            view->OnTick({tenths / 10.0, tenths / 10.0, summary, "silent", ""});
+        }
+        const std::string answer = "10.000 POLL: SPEED 500.00 rpm\n";
+        EXPECT_EQ(out.str(),
+                  live ? "3.000 silent\n9.000 silent\n" + answer + "13.000 silent\n19.000 silent\n" : answer);
+    }
 }
 
 TEST_F(LiveTableTest, FindsPolledCommandsWithinMacrosThatRunThemselves) {

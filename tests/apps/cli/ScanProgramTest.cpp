@@ -76,6 +76,22 @@ TEST(ScanProgramTest, TheEndOfItsTimeAndCtrlCStopAScanAlike) {
     }
 }
 
+// What is only sent succeeds on a line where nobody is.
+TEST(ScanProgramTest, FailsWhenNothingButSendsSucceed) {
+    const std::string send = "<ADXCSENDCOMMAND id=\"SEND\"><bytestring size=\"0x1\">1 </bytestring></ADXCSENDCOMMAND>";
+    for (const bool polls : {true, false}) {
+        const TempFile file(
+            "<ADXFORMAT version=\"0.50\" /><ADXHEADER><monitorcmd>M</monitorcmd></ADXHEADER>" + send +
+            "<ADXCSENDCOMMAND id=\"POLL\" flags=\"0x1\"><bytestring size=\"0x1\">2 "
+            "</bytestring><replysize>9</replysize>"
+            "<packetsize>9</packetsize></ADXCSENDCOMMAND><ADXMACRO id=\"M\"><NODE commandID=\"SEND\" />" +
+            (polls ? "<NODE commandID=\"POLL\" />" : "") + "</ADXMACRO>");
+        const ToolResult result = RunInside({"scan", "--simulate", "-d", file.Path(), "--seconds", "0.5", "--silent"});
+        EXPECT_EQ(result.code, 1);
+        EXPECT_TRUE(Has(result.err, polls ? ": the line is silent\n" : "asks for no replies\n"));
+    }
+}
+
 TEST(ScanProgramTest, SaysThatADefinitionAsksForNothing) {
     const TempFile file("<ADXFORMAT version=\"0.50\" />");
     const ToolResult result = RunInside({"scan", "--simulate", "--definition", file.Path()});
