@@ -6,8 +6,10 @@
 #include <ostream>
 
 #include "CorvexVersion.h"
+#include "apps/cli/CommandNames.h"
 #include "apps/cli/FileName.h"
 #include "apps/cli/LogArguments.h"
+#include "apps/cli/NumberRange.h"
 
 namespace corvex {
 
@@ -68,6 +70,24 @@ public:
 
     CLI::App& App() { return app_; }
 
+    // Empty when the first word is a command or an option.
+    std::string StrangeCommand(const std::vector<std::string>& args) const {
+        if (args.empty() || args[0].starts_with('-') || Has(args[0])) return {};
+        std::string text = "no command " + args[0];
+        const char* between = "; did you mean ";
+        const std::vector<std::string> near = NearNames(args[0], Names());
+        for (const std::string& name : near) {
+            text += between + name;
+            between = " or ";
+        }
+        return near.empty() ? text : text + '?';
+    }
+
+    // Where the help is for who wrote this.
+    std::string HelpFor(const std::vector<std::string>& args) const {
+        return " (see corvex-cli " + (!args.empty() && Has(args[0]) ? args[0] + ' ' : "") + "--help)";
+    }
+
     Options Chosen() {
         const std::string name = app_.get_subcommands().front()->get_name();
         if (name == "check") return check_;
@@ -80,6 +100,14 @@ public:
     }
 
 private:
+    std::vector<std::string> Names() const {
+        std::vector<std::string> names;
+        for (const CLI::App* const command : app_.get_subcommands(nullptr))
+            names.push_back(command->get_name());
+        return names;
+    }
+    bool Has(const std::string& name) const { return std::ranges::count(Names(), name) != 0; }
+
     HashOptions ChosenHash() const {
         HashOptions chosen;
         std::ranges::transform(hash_.texts, std::back_inserter(chosen.texts), Unmarked);
@@ -133,7 +161,7 @@ private:
         command.add_option("--definition,-d", scan_.definition, "The definition (.adx)")->required();
         CLI::Option* port = command.add_option("--port,-p", scan_.port, "The serial port, like COM1 or /dev/ttyUSB0");
         command.add_option("--seconds", scan_.seconds, "Stop after so many seconds")
-            ->check(CLI::Range(0.001, kLongestSeconds));
+            ->check(NumberRange(0.001, kLongestSeconds));
         command.add_flag("--once", scan_.once, "Stop when every polled command has answered once");
         CLI::Option* plain = command.add_flag("--plain", scan_.plain, "One line for each reply, no live table");
         command.add_flag("--json", scan_.json, "One JSON object in a line for each reply")->excludes(plain);
@@ -159,7 +187,7 @@ private:
         simulate.group(group);
         const auto with = [&](CLI::Option* option) { option->needs(&simulate)->group(group); };
         SimOptions& engine = scan_.engine;
-        const auto probability = CLI::Range(0.0, 1.0);
+        const auto probability = NumberRange(0.0, 1.0);
         with(command.add_option("--seed", engine.seed, "Makes a run repeatable"));
         with(command.add_option("--replay", scan_.replay, "Answer with the replies of this log (.xdl)")
                  ->check(FileName()));
@@ -169,11 +197,11 @@ private:
         with(command.add_option("--noise", engine.noise, "Probability that one byte of a reply is changed or lost")
                  ->check(probability));
         with(command.add_option("--late", engine.late, "Milliseconds that each reply starts late")
-                 ->check(CLI::Range(0, 3600000)));
+                 ->check(NumberRange(0, 3600000)));
         with(command.add_flag("--chatter", engine.chatter, "Other modules talk on the line between polls"));
         with(command.add_flag("--silent", engine.silent, "The engine never says anything"));
         with(command.add_option("--unplug-after", engine.unplugAfter, "Seconds until the device vanishes")
-                 ->check(CLI::Range(0.0, kLongestSeconds)));
+                 ->check(NumberRange(0.0, kLongestSeconds)));
     }
 
     CLI::App app_{"Reads, checks and runs definitions of engine controllers.", "corvex-cli"};
@@ -191,6 +219,11 @@ private:
 
 std::variant<Options, ExitCode> ParseArguments(std::vector<std::string> args, std::ostream& out, std::ostream& err) {
     ArgumentReader reader;
+    const std::string help = reader.HelpFor(args), strange = reader.StrangeCommand(args);
+    if (!strange.empty()) {
+        err << "corvex-cli: " << strange << help << '\n';
+        return kExitUsage;
+    }
     ProtectEquation(args);
     ProtectTexts(args);
     std::reverse(args.begin(), args.end());  // as the parser takes a list
@@ -201,7 +234,7 @@ std::variant<Options, ExitCode> ParseArguments(std::vector<std::string> args, st
         reader.App().exit(request, out, err);
         return kExitSuccess;
     } catch (const CLI::Error& error) {
-        err << "corvex-cli: " << error.what() << " (see corvex-cli --help)\n";
+        err << "corvex-cli: " << error.what() << help << '\n';
         return kExitUsage;
     }
 }

@@ -7,6 +7,7 @@
 #include "apps/cli/LogSummaryText.h"
 #include "definition/ADXDefinition.h"
 #include "export/LogSummary.h"
+#include "platform/Terminal.h"
 
 namespace corvex {
 
@@ -17,13 +18,15 @@ ExitCode RunInfo(const InfoOptions& options, std::ostream& out, std::ostream& er
     DataLogEngine log;
     if (!OpenLog(log, options.log, err)) return kExitFailure;
     const LogSummary summary = SummarizeLog(log);
-    if (options.human)
-        out << LogSummaryText(summary, named ? &definition : nullptr);
+    const ADXDefinition* const names = named ? &definition : nullptr;
+    const bool human = options.human || (!options.json && OutputIsTerminal());
+    if (human)
+        out << LogSummaryText(summary, names);
     else
-        out << LogSummaryJson(summary).dump(2) << '\n';
+        out << LogSummaryJson(summary, names).dump(2) << '\n';
     // People have read it among the rest.
     const std::string loss = LossText(summary);
-    if (!options.human && !loss.empty()) err << "corvex-cli: " << options.log << ": " << loss << '\n';
+    if (!human && !loss.empty()) err << "corvex-cli: " << options.log << ": " << loss << '\n';
     return kExitSuccess;
 }
 

@@ -4,14 +4,15 @@
 #include <iterator>
 
 #include "apps/cli/FileName.h"
+#include "apps/cli/NumberRange.h"
 
 namespace corvex {
 
 namespace {
 
 // As a log's times, which end at 2^32 milliseconds, and beyond.
-CLI::Range Seconds() {
-    return CLI::Range(0.0, kLongestSeconds);
+CLI::Validator Seconds() {
+    return NumberRange(0.0, kLongestSeconds);
 }
 
 void AddLogAndDefinition(CLI::App& command, std::string& log, std::string& definition) {
@@ -42,9 +43,10 @@ std::optional<Options> LogArguments::Chosen(const std::string& name) const {
 void LogArguments::AddInfo(CLI::App& app) {
     CLI::App& command = *app.add_subcommand("info", "Tell what a log holds");
     command.add_option("LOG", info_.log, "The log (.xdl); never written to")->required();
-    command.add_flag("--human", info_.human, "Duration, rates and gaps in words, not JSON");
-    command.add_option("--definition,-d", info_.definition, "The definition (.adx) that names the commands")
-        ->needs("--human");
+    CLI::Option* human =
+        command.add_flag("--human", info_.human, "Duration, rates and gaps in words (default on a terminal)");
+    command.add_flag("--json", info_.json, "As JSON (default elsewhere)")->excludes(human);
+    command.add_option("--definition,-d", info_.definition, "The definition (.adx) that names the commands");
 }
 
 void LogArguments::AddDecode(CLI::App& app) {
@@ -69,7 +71,7 @@ void LogArguments::AddPlay(CLI::App& app) {
     CLI::App& command = *app.add_subcommand("play", "Play a log and show its values as a scan does");
     AddLogAndDefinition(command, play_.log, play_.definition);
     command.add_option("--speed", play_.speed, "Factor on recorded time; 0 plays as fast as it goes")
-        ->check(CLI::Range(0.0, kLongestSeconds));
+        ->check(NumberRange(0.0, kLongestSeconds));
     command.add_option("--from", play_.from, "Start at this second of the log")->check(Seconds());
     CLI::Option* plain = command.add_flag("--plain", play_.plain, "One line for each reply, no live table");
     command.add_flag("--json", play_.json, "One JSON object in a line for each reply")->excludes(plain);

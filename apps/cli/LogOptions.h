@@ -12,6 +12,7 @@ struct InfoOptions {
     std::string log;
     std::string definition;  // empty: none
     bool human = false;
+    bool json = false;  // neither: for a person when one watches
 };
 
 struct DecodeOptions {

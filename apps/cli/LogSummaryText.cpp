@@ -112,18 +112,22 @@ std::string LossText(const LogSummary& summary) {
     return text;
 }
 
-nlohmann::ordered_json LogSummaryJson(const LogSummary& summary) {
+nlohmann::ordered_json LogSummaryJson(const LogSummary& summary, const ADXDefinition* definition) {
     nlohmann::ordered_json json{{"version", summary.header.version},
                                 {"dataOffset", summary.header.dataOffset},
                                 {"endMark", summary.header.endMark},
                                 {"sampleCount", summary.header.sampleCount},
                                 {"startTime", StartTimeText(summary, 'T')}};
     json["items"] = nlohmann::ordered_json::array();
-    for (const LogSummary::Item& item : summary.items)
+    for (const LogSummary::Item& item : summary.items) {
         json["items"].push_back({{"commandId", HashText(item.fields.commandId)},
                                  {"type", item.fields.type},
                                  {"packedSize", item.fields.packedSize},
                                  {"fullSize", item.fields.fullSize}});
+        const ADXObject* const command =
+            definition == nullptr ? nullptr : definition->FindByHash(item.fields.commandId);
+        if (command != nullptr) json["items"].back()["command"] = ShortNameOf(*command);
+    }
     json["records"] = summary.records;
     json["result"] = summary.result;
     return json;

@@ -9,7 +9,8 @@ namespace corvex {
 class ADXDefinition;
 struct LogSummary;
 
-nlohmann::ordered_json LogSummaryJson(const LogSummary& summary);
+// With "command" beside "commandId" where the definition has one of that hash; null for no definition.
+nlohmann::ordered_json LogSummaryJson(const LogSummary& summary, const ADXDefinition* definition);
 
 // Lines of text. Commands go by their names in `definition`, or by their id hashes where that is null or has none.
 std::string LogSummaryText(const LogSummary& summary, const ADXDefinition* definition);

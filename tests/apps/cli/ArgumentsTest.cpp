@@ -91,21 +91,35 @@ TEST(ArgumentsTest, CallsWrongUsageByItsCode) {
                                                 {"scan", "-d", "a", "--simulate", "--replay", ""},
                                                 {"decode", "-d", "a", "b", "-o", ""}};
     std::istringstream wrong(
-        "nothing;check;check a --what;convert a;hash;eval X [X=1,Y=2];info;info a -d b;repair a;"
+        "nothing;check;check a --what;convert a;hash;eval X [X=1,Y=2];info;info a --json --human;repair a;"
         "scan --port COM1;scan --definition a;scan -d a -p b --simulate;scan -d a -p b --plain --json;"
         "scan -d a -p b --seconds 0;scan -d a -p b --silent;scan -d a -p b --force;scan -d a -p b --record=;"
         "decode a;decode -d b;decode -d b a --from x;decode -d b a --from -1;decode -d b a --from 2 --to 1;"
         "play -d b a --plain --json;play -d b a --speed -1;histogram -d b a --view most;"
-        "histogram -d b a --view [last,count]");
+        "histogram -d b a --view [last,count];decode -d b a --from nan;decode -d b a --to -nan;play -d b a --speed nan;"
+        "scan -d a -p b --seconds nan;scan -d a --simulate --drop nan;scan -d a --simulate --late 0.5");
     for (std::string line; std::getline(wrong, line, ';');)
         lines.push_back(Split(line));
-    EXPECT_EQ(lines.size(), 30U);
+    EXPECT_EQ(lines.size(), 36U);
     for (const auto& args : lines) {
         const Outcome outcome = Parse(args);
         EXPECT_EQ(outcome.Code(), kExitUsage) << testing::PrintToString(args);
         EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
         EXPECT_EQ(outcome.out, "");
     }
+}
+
+TEST(ArgumentsTest, SaysWhatWasMeantAndWhereTheHelpIs) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"foo", "no command foo (see corvex-cli --help)"},
+        {"chekc a", "no command chekc; did you mean check? (see corvex-cli --help)"},
+        {"histo", "no command histo; did you mean histogram? (see corvex-cli --help)"},
+        {"paly", "no command paly; did you mean play? (see corvex-cli --help)"},
+        {"decode", "--definition is required (see corvex-cli decode --help)"},
+        {"play -d b a --speed nan",
+         "--speed: a number from 0 to 1000000000 is asked for, not nan (see corvex-cli play --help)"}};
+    for (const auto& [line, text] : rows)
+        EXPECT_EQ(Parse(Split(line)).err, std::string("corvex-cli: ") + text + '\n');
 }
 
 TEST(ArgumentsTest, HelpsWithEachCommandAndTellsItsVersion) {

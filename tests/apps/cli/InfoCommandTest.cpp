@@ -49,6 +49,13 @@ TEST(InfoCommandTest, TellsAllInTheOrderOfItsKeys) {
               "\"records\":6,\"result\":7}");
 }
 
+TEST(InfoCommandTest, NamesTheCommandsInJsonToo) {
+    const TempFile definition(DefinitionWith(""));
+    const auto items = nlohmann::json::parse(Info(TwoCommands(), {"--json", "-d", definition.Path()}).out)["items"];
+    EXPECT_EQ(items[0]["command"], "Poll");
+    EXPECT_FALSE(items[1].contains("command"));
+}
+
 TEST(InfoCommandTest, CountsWhatCanBeReadWhateverTheHeaderSays) {
     LogBytes cut = AtTimes({0}), unknown = cut, back = cut, zeros = cut, empty = BeginLog({});
     cut.Record(0, 100, Bytes(23, 1));
