@@ -31,6 +31,8 @@ public:
     void Error(const ADXObject* object, const char* kind, std::string text);
     void Warn(const ADXObject* object, const char* kind, std::string text);
     void Note(const ADXObject* object, const char* kind, std::string text);
+    // Of the finding that was added last: a place in the file that is nearer than the beginning of its object.
+    void Place(std::uint32_t line) { findings_.back().line = line; }
     // What a save loses, or what makes the saved file unreadable.
     void Lost(Severity severity, const ADXObject* object, std::string text);
 

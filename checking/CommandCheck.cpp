@@ -6,6 +6,7 @@
 #include "checking/CheckContext.h"
 #include "definition/ADXC160BaudListen.h"
 #include "definition/ADXCListenChatter.h"
+#include "definition/ADXCListenSilence.h"
 #include "definition/ADXCSendCommand.h"
 #include "definition/ADXMacro.h"
 #include "export/text/ObjectNames.h"
@@ -25,6 +26,22 @@ double LineMilliseconds(const ADXDefinition& definition, std::uint32_t bytes) {
 void CheckLimit(CheckContext& context, const ADXObject& command, const char* field) {
     context.Warn(&command, "timeout",
                  Printf("%s is 0, which is no limit: on a silent line it waits until the scan is stopped", field));
+}
+
+constexpr std::uint32_t kLongWait = 600'000;  // milliseconds that nobody waits for an engine
+constexpr std::uint32_t kLargeReply = 65'536;
+
+void CheckWait(CheckContext& context, const ADXObject& command, const char* field, std::uint32_t milliseconds) {
+    if (milliseconds <= kLongWait) return;
+    const double hours = milliseconds / 3'600'000.0;
+    context.Warn(&command, "long-wait",
+                 Printf("%s is %u ms: it may wait for %.1f %s", field, milliseconds, hours < 48 ? hours : hours / 24,
+                        hours < 48 ? "hours" : "days"));
+}
+
+void CheckSize(CheckContext& context, const ADXObject& command, const char* field, std::uint32_t bytes) {
+    if (bytes > kLargeReply)
+        context.Warn(&command, "huge-size", Printf("%s is %u bytes, more than any engine sends", field, bytes));
 }
 
 void CheckReplyTime(CheckContext& context, const ADXCSendCommand& command) {
@@ -120,6 +137,23 @@ void CheckMacro(CheckContext& context, const ADXMacro& macro) {
     }
 }
 
+// What is legal and nobody can have meant.
+void CheckAmounts(CheckContext& context, const ADXObject& object) {
+    if (const auto* send = As<ADXCSendCommand>(&object)) {
+        CheckWait(context, object, "replytimeout", send->replytimeout);
+        CheckSize(context, object, "replysize", send->replysize);
+    }
+    if (const auto* chatter = As<ADXCListenChatter>(&object))
+        CheckWait(context, object, "listentimeout", chatter->listentimeout);
+    if (const auto* silence = As<ADXCListenSilence>(&object)) {
+        CheckWait(context, object, silence->silencelen == 0 ? "the delay totaltimeout" : "totaltimeout",
+                  silence->totaltimeout);
+        CheckWait(context, object, "silencelen", silence->silencelen);
+    }
+    if (const auto* listen = As<ADXC160BaudListen>(&object))
+        CheckSize(context, object, "packetsize", listen->packetsize);
+}
+
 }  // namespace
 
 void CheckCommand(CheckContext& context, const ADXObject& object) {
@@ -129,6 +163,7 @@ void CheckCommand(CheckContext& context, const ADXObject& object) {
     }
     if (const auto* chatter = As<ADXCListenChatter>(&object)) CheckChatter(context, *chatter);
     if (const auto* macro = As<ADXMacro>(&object)) CheckMacro(context, *macro);
+    CheckAmounts(context, object);
     const auto* listen = As<ADXC160BaudListen>(&object);
     if (listen != nullptr && listen->packetsize == 0)
         context.Error(&object, "no-packet", "packetsize is 0: it listens for nothing");

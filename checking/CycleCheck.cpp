@@ -13,6 +13,9 @@ namespace corvex {
 
 namespace {
 
+// At 12 polls a second this is a day.
+constexpr double kManyRuns = 1e6;
+
 using Targets = std::vector<const ADXObject*>;
 
 Targets TargetsOf(const CheckContext& context, const ADXObject& object) {
@@ -69,6 +72,7 @@ private:
     void Pop() {
         const Step step = path_.back();
         path_.pop_back();
+        if (const auto* macro = As<ADXMacro>(step.object)) CountRuns(*macro);
         state_[step.object] = State::kDone;
         depth_[step.object] = step.depth;
         if (!path_.empty()) path_.back().depth = std::max(path_.back().depth, step.depth + 1);
@@ -76,6 +80,22 @@ private:
             context_.Warn(
                 step.object, "deep-link",
                 Printf("links through more than %u values; the rest of the chain is cut", ADXValue::kLinkDepth));
+    }
+
+    // Every macro in it has been counted by now, but for one that runs itself. Told of the innermost that goes too far.
+    void CountRuns(const ADXMacro& macro) {
+        double once = 0.0, most = 0.0;
+        for (const ADXMacroNode& node : macro.Nodes()) {
+            const auto inner = runs_.find(node.command);
+            const double runs = inner == runs_.end() ? 1.0 : inner->second;
+            once += runs * node.repeatcount;
+            most = std::max(most, runs);
+        }
+        const double all = once * macro.repeatcount;
+        runs_[&macro] = all;
+        if (all > kManyRuns && most <= kManyRuns)
+            context_.Warn(&macro, "many-runs",
+                          Printf("runs %.3g commands before it ends: its repeat counts multiply", all));
     }
 
     void Report(const ADXObject& target) {
@@ -93,6 +113,7 @@ private:
     CheckContext& context_;
     std::unordered_map<const ADXObject*, State> state_;
     std::unordered_map<const ADXObject*, unsigned> depth_;
+    std::unordered_map<const ADXObject*, double> runs_;  // commands that a macro runs
     std::vector<Step> path_;
 };
 

@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <string>
 
 #include "checking/CheckContext.h"
+#include "definition/ADXCSendCommand.h"
 #include "export/text/ObjectNames.h"
 #include "export/text/TextFormat.h"
 
@@ -39,6 +41,20 @@ void CheckObjectCount(CheckContext& context, const SourceRecord& source) {
     }
 }
 
+void CheckCommandCount(CheckContext& context) {
+    constexpr std::size_t kRoom = 256;
+    const auto count =
+        static_cast<std::size_t>(std::ranges::count_if(context.PacketCommands(), [](const ADXObject* command) {
+            const auto* send = As<ADXCSendCommand>(command);
+            return send == nullptr || send->ExpectsReply();
+        }));
+    if (count > kRoom)
+        context.Warn(
+            nullptr, "command-count",
+            Printf("%u commands bring replies, and a log has room for %u: samples of the others are not recorded",
+                   static_cast<unsigned>(count), static_cast<unsigned>(kRoom)));
+}
+
 }  // namespace
 
 void CheckHeader(CheckContext& context) {
@@ -51,6 +67,7 @@ void CheckHeader(CheckContext& context) {
     if (definition.monitorcmd == nullptr)
         context.Warn(nullptr, "no-monitor", "there is no monitor command: a scan ends right after connecting");
     if (definition.baud == 0) context.Error(nullptr, "baud", "baud is 0: no port opens at that rate");
+    CheckCommandCount(context);
     if (context.Source() == nullptr) return;
     CheckObjectCount(context, *context.Source());
     CheckSourceText(context, nullptr, header);

@@ -56,6 +56,13 @@ void CheckHistogramGrid(CheckContext& context, const ADXHistogram& histogram) {
         context.Warn(
             &histogram, "grid",
             Printf("its grid of %u rows and %u columns has no cell", histogram.GetRows(), histogram.GetCols()));
+    constexpr std::uint32_t kManyCells = 65'536;
+    const std::uint32_t cells = histogram.GetRows() * histogram.GetCols();  // each 4096 at most
+    if (cells > kManyCells)
+        context.Warn(&histogram, "grid",
+                     Printf("its grid of %u rows and %u columns has %u cells: each takes memory, and nobody sees them "
+                            "all",
+                            histogram.GetRows(), histogram.GetCols(), cells));
     if (histogram.GetXMin() >= histogram.GetXMax() || histogram.GetYMin() >= histogram.GetYMax())
         context.Warn(&histogram, "range", "an axis ends where it begins, or before: all samples fall into few cells");
 }

@@ -8,6 +8,15 @@ bool OutputIsTerminal();
 // The same of standard error.
 bool ErrorIsTerminal();
 
+// True when standard output leads to a program that reads it no more. Where the system tells that only by a write that
+// fails, this is to be asked after one.
+bool OutputReaderIsGone();
+
+// Waits until standard output takes a piece of kOutputPiece bytes without waiting for whoever reads it, for
+// `milliseconds` at most. False when it still would wait then; true where the system cannot tell.
+inline constexpr unsigned kOutputPiece = 512;
+bool WaitForOutputRoom(int milliseconds);
+
 // From now on standard output passes every byte on as it is: nothing is put before a line feed. Before the first
 // output.
 void MakeOutputBinary();

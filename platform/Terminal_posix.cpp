@@ -1,3 +1,4 @@
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -24,6 +25,17 @@ bool OutputIsTerminal() {
 
 bool ErrorIsTerminal() {
     return IsTerminal(STDERR_FILENO);
+}
+
+bool OutputReaderIsGone() {
+    pollfd output{STDOUT_FILENO, POLLOUT, 0};
+    return poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
+}
+
+// A pipe says that there is room when PIPE_BUF bytes go in at once, which is never less than a piece.
+bool WaitForOutputRoom(int milliseconds) {
+    pollfd output{STDOUT_FILENO, POLLOUT, 0};
+    return poll(&output, 1, milliseconds) != 0;
 }
 
 // As it is on these systems.

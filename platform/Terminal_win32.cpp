@@ -26,6 +26,15 @@ bool ErrorIsTerminal() {
     return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
 }
 
+// The system does not tell of a pipe's reader until somebody writes.
+bool OutputReaderIsGone() {
+    return GetFileType(Output()) == FILE_TYPE_PIPE;
+}
+
+bool WaitForOutputRoom(int) {
+    return true;
+}
+
 void MakeOutputBinary() {
     _setmode(_fileno(stdout), _O_BINARY);
 }

@@ -6,6 +6,8 @@
 
 #include "apps/cli/Arguments.h"
 #include "apps/cli/Commands.h"
+#include "apps/cli/WriteFailure.h"
+#include "platform/Terminal.h"
 
 namespace corvex {
 
@@ -35,8 +37,9 @@ ExitCode RunCli(std::vector<std::string> args, std::ostream& out, std::ostream& 
     if (const ExitCode* code = std::get_if<ExitCode>(&parsed)) return *code;
     const ExitCode code = std::visit(CommandRunner{out, err}, std::get<Options>(parsed));
     out.flush();
-    if (code == kExitSuccess && !out) {
-        err << "corvex-cli: the output cannot be written\n";
+    // Whoever read it had enough, as head has.
+    if (code == kExitSuccess && !out && !OutputReaderIsGone()) {
+        err << "corvex-cli: the output" << CannotBeWritten(ReasonNotWritten("")) << '\n';
         return kExitFailure;
     }
     return code;

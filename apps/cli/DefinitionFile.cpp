@@ -1,15 +1,29 @@
 #include "apps/cli/DefinitionFile.h"
 
 #include <ostream>
+#include <string_view>
 
+#include "apps/cli/LegacyFile.h"
 #include "export/text/TextFormat.h"
 #include "files/adx/ADXParser.h"
+#include "platform/FileReplacement.h"
 
 namespace corvex {
 
 namespace {
 
-std::string Problem(const ADXParser& parser) {
+constexpr const char* kNoText = "Unrecognized encoding";
+
+// Why a file is not even the beginning of a definition; empty when there is nothing to add to the parser's own words.
+std::string WhatItIs(const std::string& path, const ADXParser& parser) {
+    if (!std::string_view(parser.GetError()).starts_with(kNoText)) return {};
+    if (IsDeviceOrPipe(path)) return ": nothing can be read there: it is a device, or a pipe that nobody writes to";
+    if (!IsLegacyFile(path)) return {};
+    return ": a legacy definition; corvex-cli convert " + path + " NEW.adx makes one that can be used";
+}
+
+std::string Problem(const std::string& path, const ADXParser& parser) {
+    if (std::string what = WhatItIs(path, parser); !what.empty()) return what;
     if (*parser.GetError() == '\0') return ": not a definition: no ADXFORMAT element with a version";
     const ErrorPlace& place = parser.GetErrorPlace();
     const std::string line = place.line != 0 ? Printf(":%u", place.line) : "";
@@ -26,7 +40,7 @@ bool LoadDefinition(ADXDefinition& definition, const std::string& path, std::ost
         definition.IndexHashes();
         return true;
     }
-    err << "corvex-cli: " << path << Problem(parser) << '\n';
+    err << "corvex-cli: " << path << Problem(path, parser) << '\n';
     return false;
 }
 

@@ -5,10 +5,12 @@
 #include "apps/cli/HistogramText.h"
 #include "apps/cli/LogPlayer.h"
 #include "apps/cli/TextOutput.h"
+#include "apps/cli/WriteFailure.h"
 #include "definition/ADXHistogram.h"
 #include "definition/HistogramFeed.h"
 #include "export/CsvWriter.h"
 #include "platform/Clock.h"
+#include "platform/Terminal.h"
 
 namespace corvex {
 
@@ -87,7 +89,8 @@ private:
             }
         }
         if (csv.Flush() && output.Finish()) return true;
-        err_ << "corvex-cli: the output cannot be written\n";
+        if (OutputReaderIsGone()) return true;
+        err_ << "corvex-cli: the output" << CannotBeWritten(output.Reason()) << '\n';
         return false;
     }
 

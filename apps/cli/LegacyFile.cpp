@@ -4,6 +4,7 @@
 #include <ostream>
 #include <string_view>
 
+#include "apps/cli/WriteFailure.h"
 #include "definition/ADXListView.h"
 #include "export/text/TextFormat.h"
 #include "files/ads/AdsConverter.h"
@@ -60,14 +61,21 @@ std::string ImportNotes(const AdsReader& reader) {
 
 bool ImportDefinition(ADXDefinition& definition, const std::string& path, std::ostream& err) {
     AdsReader reader;
+    ForgetReason();
     if (ReadAds(path.c_str(), &reader) == 0) {
-        err << "corvex-cli: " << path << ": cannot be read\n";
+        const std::string reason = ReasonNotWritten("");
+        err << "corvex-cli: " << path << ": cannot be read" << (reason.empty() ? "" : ": " + reason) << '\n';
         return false;
     }
     if (ConvertAds(&definition, &reader) == 0) return false;
     const std::string notes = ImportNotes(reader);
+    const bool empty = !reader.Losses().header || definition.GetCount() == 0;
+    if (empty && reader.Losses().header && notes.empty()) {
+        err << "corvex-cli: " << path << ": there is nothing in it that a definition could hold\n";
+        return false;
+    }
     if (!notes.empty()) err << "corvex-cli: " << path << ": " << notes << '\n';
-    return true;
+    return !empty;
 }
 
 }  // namespace corvex

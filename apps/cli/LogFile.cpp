@@ -4,8 +4,6 @@
 #include <ostream>
 #include <system_error>
 
-#include "export/text/TextFormat.h"
-
 namespace corvex {
 
 namespace {
@@ -14,28 +12,30 @@ namespace {
 const char* MeaningOf(std::uint32_t code) {
     switch (code) {
         case kLogFileError:
-            return "ends before its header and item table do, or cannot be read";
+            return "it ends before its header and item table do, or cannot be read";
         case kLogUnknownItem:
             return "a record of an unknown item leads nowhere";
         case kLogCannotOpen:
-            return "cannot be opened";
+            return "it cannot be opened";
         case kLogWrongVersion:
-            return "no log of version 3";
+            return "it is no log of version 3";
         default:
-            return "cannot be read";
+            return "it cannot be read";
     }
 }
 
 }  // namespace
 
 std::string LogErrorText(std::uint32_t code) {
-    return Printf("error 0x%X (%s)", static_cast<unsigned>(code), MeaningOf(code));
+    return MeaningOf(code);
 }
 
 bool OpenLog(DataLogEngine& log, const std::string& path, std::ostream& err) {
     const std::uint32_t result = log.Open(path.c_str(), kLogForLooking);
     if (result == kLogSuccess) return true;
-    err << "corvex-cli: " << path << ": " << LogErrorText(result) << '\n';
+    err << "corvex-cli: " << path << ": " << LogErrorText(result);
+    if (result == kLogCannotOpen && !log.OpenError().empty()) err << ": " << log.OpenError();
+    err << '\n';
     return false;
 }
 

@@ -9,10 +9,10 @@
 
 namespace corvex {
 
-// False after one line on `err` that ends in the engine's code and what it means.
+// False after one line on `err` that says why, with the system's reason where it has one.
 bool OpenLog(DataLogEngine& log, const std::string& path, std::ostream& err);
 
-// "error 0xD (no log of version 3)".
+// What a code of the log engine means: "it is no log of version 3".
 std::string LogErrorText(std::uint32_t code);
 
 // True when both names lead to one file, through links of any kind too.

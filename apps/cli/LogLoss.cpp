@@ -24,7 +24,7 @@ std::string GapText(std::uint64_t gap) {
 
 std::string EndText(const LogWalk& walk) {
     if (walk.Result() != kLogEndOfFile)
-        return Printf("warning: reading ended at byte %llu with ", static_cast<unsigned long long>(walk.Offset())) +
+        return Printf("warning: reading ended at byte %llu: ", static_cast<unsigned long long>(walk.Offset())) +
                LogErrorText(walk.Result());
     if (walk.Left() == 0) return {};
     if (walk.Damaged()) return DamageText(walk.Offset(), walk.Left());

@@ -88,6 +88,10 @@ bool LogPlayer::Report(std::ostream& err) const {
     const std::string begin = "corvex-cli: " + path_ + ": ";
     const std::uint32_t strange = played_.load(std::memory_order_relaxed) - answered_.load(std::memory_order_relaxed);
     if (!asked_) ReportLoss(err);
+    if (strange != 0 && answered_.load(std::memory_order_relaxed) == 0) {
+        err << begin << "none of its records is of a command of the definition; is it the one that it was recorded with?\n";
+        return false;
+    }
     if (strange != 0) err << begin << Counted(strange, "record") << " of commands that the definition does not have\n";
     if (stops_.load(std::memory_order_relaxed) != 0) return true;
     err << begin << WhyEndedEarly() << '\n';
@@ -123,7 +127,7 @@ std::string LogPlayer::WhyEndedEarly() const {
         result = walk.Unknown() != 0 ? std::uint32_t{kLogUnknownItem} : walk.Result();
     }
     const std::string end = Printf("playback ended at byte %llu", static_cast<unsigned long long>(offset));
-    if (result == kLogUnknownItem) return end + " with error 0x4: a record of an unknown item (see corvex-cli repair)";
+    if (result == kLogUnknownItem) return end + ": a record of an unknown item (see corvex-cli repair)";
     return end + ": the log cannot be read";
 }
 

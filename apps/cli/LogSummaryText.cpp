@@ -71,7 +71,7 @@ std::string EndText(const LogSummary& summary) {
 std::string ReadingEndText(const LogSummary& summary) {
     const std::string left = Counted(static_cast<std::size_t>(summary.left), "byte");
     if (summary.result != kLogEndOfFile)
-        return "reading ended " + left + " before the end of the file with " + LogErrorText(summary.result);
+        return "reading ended " + left + " before the end of the file: " + LogErrorText(summary.result);
     if (summary.left == 0) return {};
     if (summary.damaged) return DamageText(summary.fileSize - summary.left, summary.left);
     return "cut: the last " + left + " are no whole record";

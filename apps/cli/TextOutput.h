@@ -23,11 +23,17 @@ public:
     [[nodiscard]] bool Write(const char* bytes, std::size_t count) override;
     // Everything was written, and has to be there now. False when it could not be.
     [[nodiscard]] bool Finish();
+    // Of the first of these that failed, in the system's words; may be empty.
+    const std::string& Reason() const { return reason_; }
 
 private:
+    bool Check(bool good);
+
+
     std::unique_ptr<AtomicReplace> fresh_;
     std::ofstream file_;
     std::ostream* target_ = nullptr;
+    std::string reason_;
 };
 
 }  // namespace corvex

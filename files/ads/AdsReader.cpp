@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "files/ads/AdsFieldReader.h"
+#include "platform/FileStream.h"
 
 namespace corvex {
 namespace {
@@ -73,7 +74,7 @@ void ReadTableFields(AdsFieldReader& fields, ALDLLookupTable& table) {
 int AdsReader::Read(const char* path) {
     Reset();
     if (path == nullptr || *path == '\0') return 0;
-    const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path, "rb"));
+    const std::unique_ptr<std::FILE, FileCloser> file(OpenToRead(path));
     if (file == nullptr) return 0;
     AdsInput input(file.get());
     ReadBlocks(input);

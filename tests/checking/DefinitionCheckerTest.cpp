@@ -183,6 +183,24 @@ const FileCase kFileCases[] = {
      "note unknown-name value \"RPM title\" (RPM): <packetofset> means nothing here and is ignored\n"},
     {"TextThatIsCut", ValueText("RPM", "X", "<desc>" + std::string(1500, 'd') + "</desc>"),
      "warning cut-text value \"RPM title\" (RPM): the text of <desc> is too long and is cut on reading\n"},
+    {"DelayOfWeeks", Object("ADXCLISTENSILENCE", "D", "<totaltimeout>4294967295</totaltimeout>"),
+     "warning long-wait listen for silence \"D\" (D): the delay totaltimeout is 4294967295 ms: it may wait for 49.7 "
+     "days\n"},
+    {"WaitForHours",
+     Object("ADXCLISTENCHATTER", "C", "<listentimeout>7200000</listentimeout><bytestring size='1'>0x01 </bytestring>"),
+     "warning long-wait listen for chatter \"C\" (C): listentimeout is 7200000 ms: it may wait for 2.0 hours\n"},
+    {"PacketOfGigabytes", Object("ADXCLISTEN160BAUD", "L", "<packetsize>4294967295</packetsize>"),
+     "warning huge-size 160-baud listen \"L\" (L): packetsize is 4294967295 bytes, more than any engine sends\n"},
+    {"RepeatCountsThatMultiply",
+     "<ADXMACRO id='IN' title='IN' repeatcount='2000'><NODE commandID='POLL' repeatcount='1000' "
+     "/></ADXMACRO><ADXMACRO id='OUT' title='OUT'><NODE commandID='IN' repeatcount='9' /></ADXMACRO>",
+     "warning many-runs macro \"IN\" (IN): runs 2e+06 commands before it ends: its repeat counts multiply\n"},
+    {"GridThatNobodySees",
+     Object("ADXHISTOGRAM", "H",
+            "<rows>4096</rows><cols>100000</cols><xmin>0</xmin><xmax>1</xmax><ymin>0</ymin><ymax>1</ymax>"),
+     "warning no-axis histogram \"H\" (H): has not all of x, y and z: it records nothing\n"
+     "warning grid histogram \"H\" (H): its grid of 4096 rows and 4096 columns has 16777216 cells: each takes memory, "
+     "and nobody sees them all\n"},
     {"BaseFlagsOfACommand", "<ADXCTRIGGER id='T' title='T' baseflags='0x1' />",
      "warning baseflags trigger \"T\" (T): the file gives it baseflags, which are not read on a command and are "
      "lost\n"},
@@ -202,6 +220,17 @@ TEST(DefinitionCheckerTest, NamesHeaderCommandsThatAreMissing) {
     EXPECT_EQ(findings[0].line, 2U);
 }
 
+TEST(DefinitionCheckerTest, WarnsOfCommandsThatALogHasNoRoomFor) {
+    std::string more;
+    for (int i = 1; i < 256; ++i)
+        more += Object("ADXCLISTEN160BAUD", "L" + std::to_string(i), "<packetsize>9</packetsize>");
+    EXPECT_EQ(Lines(OfKind(CheckText(DefinitionWith(more)), "command-count")), "");
+    EXPECT_EQ(
+        Lines(OfKind(CheckText(DefinitionWith(more + SendOf(1, 9, 200, 9))), "command-count")),
+        "warning command-count : 257 commands bring replies, and a log has room for 256: samples of the others are "
+        "not recorded\n");
+}
+
 TEST(DefinitionCheckerTest, NotesAWrongObjectCount) {
     EXPECT_EQ(Lines(OfKind(CheckText("<ADXFORMAT version=\"0.50\" /><ADXHEADER><objectcount>2</objectcount>"
                                      "<commandcount>1</commandcount></ADXHEADER>"),
@@ -209,15 +238,16 @@ TEST(DefinitionCheckerTest, NotesAWrongObjectCount) {
               "note object-count : objectcount says 3, the file holds 0 objects\n");
 }
 
-TEST(DefinitionCheckerTest, TellsTheLineWhereAnObjectBegins) {
+TEST(DefinitionCheckerTest, TellsTheLineOfWhatItFinds) {
     const std::string object = "\n\n<ADXVALUE id='A'>\n<unit />\n<MATH equation='X' />";
     const auto findings = CheckText(DefinitionWith(object + "</ADXVALUE>"));
     ASSERT_EQ(Lines(findings), "note unknown-name value (A): <unit> means nothing here and is ignored\n");
-    EXPECT_EQ(findings[0].line, 7U);
+    EXPECT_EQ(findings[0].line, 8U);
     // What the end tag of another kind delivers was read all the same.
     const auto other = CheckText(DefinitionWith(object + "</ADXBITMASK>"));
     EXPECT_EQ(Lines(other), Lines(findings));
-    EXPECT_EQ(other[0].line, 7U);
+    EXPECT_EQ(other[0].line, 8U);
+    EXPECT_EQ(CheckText(DefinitionWith("\n<ODD />"))[0].line, 6U);
 }
 
 TEST(DefinitionCheckerTest, TellsOfNamesOutsideOfHeaderAndObjects) {

@@ -133,7 +133,7 @@ TEST(DecodeCommandTest, TellsWhatIsInNoRow) {
     ExpectDecodes("unknown items", kRpm, unknown, {}, kRpmTitle + "0.000,1\n0.010,2\n",
                   {"1 record of unknown items passed over"});
     ExpectDecodes("an end ahead of the file's", kRpm, astray, {}, kRpmTitle + "0.000,1\n",
-                  {"warning: reading ended at byte 128 with error 0x4"});
+                  {"warning: reading ended at byte 128: a record of an unknown item leads nowhere"});
     ExpectDecodes(
         "damage", kRpm, zeros, {}, kRpmTitle + "0.000,1\n",
         {": damaged at byte 128: 108 bytes from there on not read", ": its header counts 4 records, 3 are missing\n"});

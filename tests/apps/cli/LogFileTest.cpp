@@ -19,15 +19,15 @@ std::string FailureOf(const std::string& path) {
     return err.str();
 }
 
-TEST(LogFileTest, GivesTheEnginesCode) {
+TEST(LogFileTest, SaysWhyInWords) {
     test::LogBytes old;
     old.Header(44, 0, 2).ItemCount(0);
     const LogTempFile version(old);
-    EXPECT_EQ(FailureOf(version.Path()), "corvex-cli: " + version.Path() + ": error 0xD (no log of version 3)\n");
+    EXPECT_EQ(FailureOf(version.Path()), "corvex-cli: " + version.Path() + ": it is no log of version 3\n");
     const TempFile empty("", ".xdl");
-    EXPECT_NE(FailureOf(empty.Path()).find(": error 0x1 ("), std::string::npos);
-    EXPECT_NE(FailureOf("no/such/log.xdl").find("no/such/log.xdl: error 0xC (cannot be opened)\n"), std::string::npos);
-    EXPECT_NE(FailureOf("").find("error 0xC"), std::string::npos);
+    EXPECT_NE(FailureOf(empty.Path()).find(": it ends before its header"), std::string::npos);
+    EXPECT_NE(FailureOf("no/such/log.xdl").find("no/such/log.xdl: it cannot be opened: "), std::string::npos);
+    EXPECT_NE(FailureOf("").find("it cannot be opened"), std::string::npos);
 }
 
 TEST(LogFileTest, KnowsAFileByAnotherName) {

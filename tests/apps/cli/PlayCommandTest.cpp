@@ -89,7 +89,7 @@ TEST_F(PlayCommandTest, TellsWhatOfALogIsNotShown) {
     ExpectPlayed(foreign, 0, "3 good replies", "2 records of commands that the definition does not have\n");
     unknown.Record(0, 0, PollReply({1})).Record(9, 10, PollReply({2})).Record(0, 20, PollReply({3}));
     ExpectPlayed(unknown, 1, "1 good reply",
-                 "playback ended at byte 128 with error 0x4: a record of an unknown item (see corvex-cli repair)\n");
+                 "playback ended at byte 128: a record of an unknown item (see corvex-cli repair)\n");
     zeros.Raw(Bytes(36, 0)).Record(0, 3600400, PollReply({4})).PutWord32(36, 5).MarkEnd();
     ExpectPlayed(zeros, 0, "3 good replies", "damaged at byte 296: 72 bytes from there on not read");
     ExpectPlayed(zeros, 0, "3 good replies", "its header counts 5 records, 2 are missing\n");

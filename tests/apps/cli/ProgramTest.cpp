@@ -72,6 +72,9 @@ TEST(ProgramTest, SaysWhatIsWrongWithAFileThatIsNoDefinition) {
     ExpectFails({"check", other.Path()}, other.Path() + ": not a definition: no ADXFORMAT element with a version");
     ExpectFails({"check", empty.Path()},
                 empty.Path() + ":1:0: Unrecognized encoding (parser does not support UTF-8 language encodings)");
+    ExpectFails({"check", Example("kestrel-legacy.ads")},
+                Example("kestrel-legacy.ads") + ": a legacy definition; corvex-cli convert " +
+                    Example("kestrel-legacy.ads") + " NEW.adx makes one that can be used");
     ExpectFails({"check", "no/such/file.adx"}, "no/such/file.adx: Error opening file");
 }
 
@@ -121,7 +124,7 @@ TEST(ProgramTest, ConvertsIntoAFileThatLoadsTheSame) {
     EXPECT_EQ(RunInside({"convert", file.Path(), file.Path(), "--force"}).code, 0);
     EXPECT_NE(ReadFile(file.Path()), ReadFile(Example("harrier-8192.adx")));
     EXPECT_EQ(JsonOf({"list", "--json", file.Path()}), before);
-    ExpectFails({"convert", file.Path(), "no/such/folder/out.adx"}, "no/such/folder/out.adx: cannot be written");
+    ExpectFails({"convert", file.Path(), "no/such/folder/out.adx"}, "no/such/folder/out.adx: cannot be written: its folder is not there");
 }
 
 TEST(ProgramTest, LeavesTheOutputAloneWhenItWouldNotLoadAgain) {
@@ -130,6 +133,20 @@ TEST(ProgramTest, LeavesTheOutputAloneWhenItWouldNotLoadAgain) {
     EXPECT_EQ(result.code, 1);
     EXPECT_TRUE(Has(result.err, ": is not written, since it would not load again: "));
     EXPECT_EQ(ReadFile(out.Path()), "precious");
+}
+
+TEST(ProgramTest, ConvertSaysWhatItDropsAndWritesNothingForNothing) {
+    const TempFile out("precious"), hollow("<ADXFORMAT version=\"0.50\" />\n<!-- nothing -->");
+    ExpectFails({"convert", hollow.Path(), out.Path()},
+                hollow.Path() + ": there is no header and no object in it, so nothing is written");
+    EXPECT_EQ(ReadFile(out.Path()), "precious");
+    const TempFile in("<!-- Written 1 --><!-- mine --><!-- <!-- too -->" +
+                      DefinitionWith("<ADXODD><bar /></ADXODD>" + ValueText("RPM", "X", "<foo>1</foo><foo>2</foo>")));
+    const ToolResult result = RunInside({"convert", in.Path(), out.Path()});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.err, "corvex-cli: " + in.Path() +
+                              ": left out 2 comments and 4 elements that mean nothing: <ADXODD>, <bar>, <foo>\n");
+    EXPECT_EQ(RunInside({"convert", out.Path(), out.Path(), "--force"}).err, "");
 }
 
 TEST(ProgramTest, TellsThatASaveLosesSomething) {
