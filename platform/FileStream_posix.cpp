@@ -1,7 +1,7 @@
-#include "platform/FileStream.h"
-
 #include <fcntl.h>
 #include <unistd.h>
+
+#include "platform/FileStream.h"
 
 namespace corvex {
 

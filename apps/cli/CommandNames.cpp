@@ -37,8 +37,9 @@ std::vector<std::string> NearNames(const std::string& typed, const std::vector<s
     }
     std::ranges::stable_sort(near, {}, [](const auto& entry) { return entry.first; });
     std::vector<std::string> found;
-    for (auto& [slips, name] : near)
-        found.push_back(std::move(name));
+    for (auto& [slips, name] : near) {
+        if (slips == near.front().first) found.push_back(std::move(name));
+    }
     return found;
 }
 

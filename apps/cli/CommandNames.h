@@ -6,7 +6,8 @@
 
 namespace corvex {
 
-// Those of `names` that a slip or two of the hand, or an end left out, makes of `typed`, nearest first.
+// Those of `names` that a slip or two of the hand, or an end left out, makes of `typed`: the nearest, all that are
+// equally near.
 std::vector<std::string> NearNames(const std::string& typed, const std::vector<std::string>& names);
 
 }  // namespace corvex

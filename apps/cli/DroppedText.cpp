@@ -58,7 +58,8 @@ public:
 
     std::string Text() const {
         if (count_ == 0) return {};
-        std::string text = Counted(count_, "element") + (count_ == 1 ? " that means nothing: " : " that mean nothing: ");
+        std::string text =
+            Counted(count_, "element") + (count_ == 1 ? " that means nothing: " : " that mean nothing: ");
         for (std::size_t i = 0; i < std::min(names_.size(), kNamesShown); ++i)
             text += (i == 0 ? "" : ", ") + names_[i];
         return names_.size() > kNamesShown ? text + " and others" : text;

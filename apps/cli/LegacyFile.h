@@ -12,7 +12,8 @@ namespace corvex {
 // By its extension, ".ads" in letters of either case.
 bool IsLegacyFile(const std::string& path);
 
-// False after one line on `err`, for a file that holds nothing too. What the import leaves out or changes is one line on `err` too.
+// False after one line on `err`, for a file that holds nothing too. What the import leaves out or changes is one line
+// on `err` too.
 bool ImportDefinition(ADXDefinition& definition, const std::string& path, std::ostream& err);
 
 // That line without the names of the program and the file; empty when everything came along.

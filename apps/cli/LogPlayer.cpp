@@ -89,7 +89,8 @@ bool LogPlayer::Report(std::ostream& err) const {
     const std::uint32_t strange = played_.load(std::memory_order_relaxed) - answered_.load(std::memory_order_relaxed);
     if (!asked_) ReportLoss(err);
     if (strange != 0 && answered_.load(std::memory_order_relaxed) == 0) {
-        err << begin << "none of its records is of a command of the definition; is it the one that it was recorded with?\n";
+        err << begin
+            << "none of its records is of a command of the definition; is it the one that it was recorded with?\n";
         return false;
     }
     if (strange != 0) err << begin << Counted(strange, "record") << " of commands that the definition does not have\n";

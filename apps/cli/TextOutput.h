@@ -29,7 +29,6 @@ public:
 private:
     bool Check(bool good);
 
-
     std::unique_ptr<AtomicReplace> fresh_;
     std::ofstream file_;
     std::ostream* target_ = nullptr;

@@ -124,7 +124,8 @@ TEST(ProgramTest, ConvertsIntoAFileThatLoadsTheSame) {
     EXPECT_EQ(RunInside({"convert", file.Path(), file.Path(), "--force"}).code, 0);
     EXPECT_NE(ReadFile(file.Path()), ReadFile(Example("harrier-8192.adx")));
     EXPECT_EQ(JsonOf({"list", "--json", file.Path()}), before);
-    ExpectFails({"convert", file.Path(), "no/such/folder/out.adx"}, "no/such/folder/out.adx: cannot be written: its folder is not there");
+    ExpectFails({"convert", file.Path(), "no/such/folder/out.adx"},
+                "no/such/folder/out.adx: cannot be written: its folder is not there");
 }
 
 TEST(ProgramTest, LeavesTheOutputAloneWhenItWouldNotLoadAgain) {

@@ -1,6 +1,7 @@
 // The whole road on a pseudo-terminal: simulator, line, engine, session, definition, output.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
@@ -57,6 +58,16 @@ TEST(ScanProgramTest, DoubtsAnEchoThatTheDefinitionDoesNotKnow) {
     const ToolResult result = Simulate("harrier-8192.adx", {"--seconds", "1", "--echo", "--plain"});
     EXPECT_EQ(result.code, 0);
     EXPECT_TRUE(Has(result.out, "the interface seems to echo"));
+}
+
+TEST(ScanProgramTest, APipeThatNobodyWritesToIsNoDefinition) {
+    for (const std::string suffix : {".adx", ".ads"}) {
+        const TempFile pipe("", suffix);
+        ASSERT_EQ(std::system(("rm \"" + pipe.Path() + "\" && mkfifo \"" + pipe.Path() + '"').c_str()), 0);
+        const ToolResult result = RunTool({"convert", pipe.Path(), pipe.Path() + ".new"}, "timeout 20 ");
+        EXPECT_EQ(result.code, 1);
+        EXPECT_EQ(LinesOf(result.err).size(), 1U) << result.err;
+    }
 }
 
 // Whatever the command in hand waits for: here for ever.
