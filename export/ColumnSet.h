@@ -18,12 +18,19 @@ class CsvWriter;
 class NumberMemo;
 struct DecodedRecord;
 
+// How values and bits are written.
+enum class NumberForm {
+    kExact,    // the shortest decimal that reads back the same
+    kAsShown,  // with as many digits as the program shows
+    kText,     // as the program shows them
+};
+
 // Values and bitmasks in definition order, those that a pattern chooses. What is shown in a row does not depend on
 // which columns are chosen, nor on whether the rows before it were written. Drives the equation evaluators and the raw
 // words, so nobody else uses the definition meanwhile; it outlives the set. One thread.
 class ColumnSet {
 public:
-    ColumnSet(ADXDefinition& definition, const std::string& pattern);
+    ColumnSet(ADXDefinition& definition, const std::string& patterns);
     ~ColumnSet();
     ColumnSet(const ColumnSet&) = delete;
     ColumnSet& operator=(const ColumnSet&) = delete;
@@ -31,10 +38,12 @@ public:
     std::size_t Count() const { return chosen_; }
     // "TITLE (UNITS)" or "TITLE" in UTF-8, without the end of the row; an item without a title goes by its id.
     void WriteHeader(CsvWriter& csv) const;
-    // One field for each column, without the end of the row. `text`: as the program shows it.
-    void WriteRow(CsvWriter& csv, const DecodedRecord& record, bool text);
+    // One field for each column, without the end of the row.
+    void WriteRow(CsvWriter& csv, const DecodedRecord& record, NumberForm form);
     // Takes the raw words of a record that gets no row.
     void Follow(const DecodedRecord& record);
+    // Of the columns written, the names of those that a record of their own command did not reach to.
+    std::vector<std::string> Outside() const;
 
 private:
     // One of the two pointers is set.
@@ -42,11 +51,12 @@ private:
         ADXValue* value;
         ADXBitmask* bitmask;
         std::uint32_t parent;  // idhash of its command; 0: any
-        bool chosen;
+        bool chosen, outside;
         std::unique_ptr<NumberMemo> memo;  // of a value whose number hangs on its raw word alone
     };
-    void WriteNumber(CsvWriter& csv, const Column& column, PacketView packet);
-    void WriteField(CsvWriter& csv, const Column& column, const DecodedRecord& record, bool text);
+    void WriteNumber(CsvWriter& csv, const Column& column, PacketView packet, NumberForm form);
+    void WriteField(CsvWriter& csv, Column& column, const DecodedRecord& record, NumberForm form);
+    static bool LiesOutside(const Column& column, PacketView packet);
     void Look(const Column& column, const DecodedRecord& record);
 
     ADXDefinition& definition_;

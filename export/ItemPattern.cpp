@@ -1,5 +1,6 @@
 #include "export/ItemPattern.h"
 
+#include "definition/ADXDefinition.h"
 #include "definition/ADXObject.h"
 #include "export/text/TextFormat.h"
 
@@ -46,9 +47,36 @@ bool MatchesPattern(std::string_view pattern, std::string_view text) {
     return p == pattern.size();
 }
 
-bool ItemMatches(const std::string& pattern, const ADXObject& item) {
-    if (pattern.empty()) return true;
-    return MatchesPattern(pattern, Utf8Text(item.Title())) || MatchesPattern(pattern, Utf8Text(item.Id()));
+namespace {
+
+// Calls `use` with each part until it answers true; whether it did.
+template <class Use>
+bool AnyPart(std::string_view text, char between, Use use) {
+    for (;;) {
+        const std::size_t end = text.find(between);
+        if (use(text.substr(0, end))) return true;
+        if (end == text.npos) return false;
+        text.remove_prefix(end + 1);
+    }
+}
+
+}  // namespace
+
+bool ItemMatches(const std::string& patterns, const ADXObject& item) {
+    if (patterns.empty()) return true;
+    const std::string title = Utf8Text(item.Title()), id = Utf8Text(item.Id());
+    const auto matches = [&](std::string_view pattern) {
+        return MatchesPattern(pattern, title) || MatchesPattern(pattern, id);
+    };
+    return AnyPart(patterns, '\n', [&](std::string_view line) {
+        return matches(line) || (line.find(',') != line.npos && AnyPart(line, ',', matches));
+    });
+}
+
+ItemChoice::ItemChoice(const ADXDefinition& definition, const std::string& patterns) {
+    for (const auto& object : definition.Objects()) {
+        if (object->IsOneOf(kItemTypes) && ItemMatches(patterns, *object)) items_.insert(object.get());
+    }
 }
 
 }  // namespace corvex

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <ostream>
+#include <string_view>
 
 #include "CorvexVersion.h"
 #include "apps/cli/CommandNames.h"
@@ -31,6 +32,17 @@ void ProtectTexts(std::vector<std::string>& args) {
     if (args.empty() || (args[0] != "hash" && args[0] != "eval")) return;
     for (std::size_t i = 1; i < args.size(); ++i) {
         if (!args[i].starts_with('-')) args[i].insert(0, 1, kTextMark);
+    }
+}
+
+// The same where files are named, any number of them: what is in brackets names the same file with its folder in front.
+// A value of an option is never a list and stays.
+void ProtectFiles(std::vector<std::string>& args) {
+    if (args.empty() || (args[0] != "info" && args[0] != "decode" && args[0] != "repair")) return;
+    constexpr std::string_view kFlags[] = {"--force", "--text", "--round", "--human", "--json"};
+    for (std::size_t i = 1; i < args.size(); ++i) {
+        const bool own = !args[i - 1].starts_with('-') || std::ranges::count(kFlags, args[i - 1]) != 0;
+        if (own && args[i].starts_with('[') && args[i].ends_with(']')) args[i].insert(0, "./");
     }
 }
 
@@ -162,6 +174,7 @@ private:
         CLI::Option* port = command.add_option("--port,-p", scan_.port, "The serial port, like COM1 or /dev/ttyUSB0");
         command.add_option("--seconds", scan_.seconds, "Stop after so many seconds")
             ->check(NumberRange(0.001, kLongestSeconds));
+        AddItems(command, scan_.items, "Only items whose title or id matches, like \"*temp*,RPM\"; may be given again");
         command.add_flag("--once", scan_.once, "Stop when every polled command has answered once");
         CLI::Option* plain = command.add_flag("--plain", scan_.plain, "One line for each reply, no live table");
         command.add_flag("--json", scan_.json, "One JSON object in a line for each reply")->excludes(plain);
@@ -226,6 +239,7 @@ std::variant<Options, ExitCode> ParseArguments(std::vector<std::string> args, st
     }
     ProtectEquation(args);
     ProtectTexts(args);
+    ProtectFiles(args);
     std::reverse(args.begin(), args.end());  // as the parser takes a list
     try {
         reader.App().parse(args);

@@ -5,19 +5,16 @@
 #include <iosfwd>
 #include <map>
 #include <memory>
+#include <string>
 
 #include "apps/cli/ExitCode.h"
+#include "apps/cli/IRecordTable.h"
 #include "apps/cli/LogOptions.h"
-#include "definition/ADXDefinition.h"
-#include "export/ColumnSet.h"
-#include "logging/DataLogEngine.h"
 
 namespace corvex {
 
 class ConsoleStop;
-class CsvWriter;
 class LogWalk;
-class TextOutput;
 
 // Main thread.
 class DecodeRun {
@@ -28,20 +25,25 @@ public:
 
 private:
     bool Prepare();
-    bool WriteAll(TextOutput& output);
-    bool WriteRows(CsvWriter& csv, LogWalk& walk, const ConsoleStop& stop);
-    void WriteRecord(CsvWriter& csv, LogWalk& walk);
+    bool WriteAll(const ConsoleStop& stop);
+    bool WriteLog(DecodedLog& log, const ConsoleStop& stop);
+    bool WriteRows(DecodedLog& log, LogWalk& walk, const ConsoleStop& stop);
+    void WriteRecord(DecodedLog& log, LogWalk& walk);
     bool IsAsked(std::uint32_t timeMs) const;
-    bool Complain(const char* what);
-    void Report(const LogWalk& walk);
+    bool Complain(const std::string& what);
+    bool CannotWrite();
+    bool ComplainOf(const DecodedLog& log, const std::string& what);
+    bool Report(const DecodedLog& log, const LogWalk& walk);
 
     const DecodeOptions& options_;
     std::ostream& out_;
     std::ostream& err_;
-    ADXDefinition definition_;
-    DataLogEngine log_;
-    std::unique_ptr<ColumnSet> columns_;
+    std::unique_ptr<IRecordTable> table_;
     std::map<std::uint32_t, std::uint32_t> strangers_;  // records by command that the definition does not have
+    std::uint32_t rows_ = 0;                            // of the log in hand
+    std::uint64_t allrows_ = 0;
+    bool enough_ = false;  // nobody reads the output any more
+    bool late_ = false;    // a log had no row, as all its records are beside the seconds asked for
 };
 
 }  // namespace corvex

@@ -1,9 +1,11 @@
 #include "apps/cli/DefinitionFile.h"
 
+#include <algorithm>
 #include <ostream>
 #include <string_view>
 
 #include "apps/cli/LegacyFile.h"
+#include "export/ItemPattern.h"
 #include "export/text/TextFormat.h"
 #include "files/adx/ADXParser.h"
 #include "platform/FileReplacement.h"
@@ -41,6 +43,16 @@ bool LoadDefinition(ADXDefinition& definition, const std::string& path, std::ost
         return true;
     }
     err << "corvex-cli: " << path << Problem(path, parser) << '\n';
+    return false;
+}
+
+bool CheckItems(const ADXDefinition& definition, const std::string& patterns, const std::string& path,
+                std::ostream& err) {
+    if (patterns.empty() || ItemChoice(definition, patterns).Count() != 0) return true;
+    std::string text = patterns;
+    std::ranges::replace(text, '\n', ',');
+    err << "corvex-cli: no value or bitmask of " << path << " matches \"" << text << "\"; corvex-cli list " << path
+        << " shows what there is\n";
     return false;
 }
 

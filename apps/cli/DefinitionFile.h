@@ -15,4 +15,9 @@ namespace corvex {
 bool LoadDefinition(ADXDefinition& definition, const std::string& path, std::ostream& err,
                     IReadObserver* observer = nullptr);
 
+// False after one line on `err` when there are patterns and no value or bitmask of the definition, which came from
+// `path`, matches one.
+bool CheckItems(const ADXDefinition& definition, const std::string& patterns, const std::string& path,
+                std::ostream& err);
+
 }  // namespace corvex

@@ -9,6 +9,7 @@
 #include "definition/ADXHistogram.h"
 #include "definition/HistogramFeed.h"
 #include "export/CsvWriter.h"
+#include "export/ItemPattern.h"
 #include "platform/Clock.h"
 #include "platform/Terminal.h"
 
@@ -41,7 +42,8 @@ public:
 private:
     bool Choose() {
         for (const FedHistogram& fed : feed_->All()) {
-            if (options_.id.empty() || options_.id == fed.histogram->Id()) chosen_.push_back(&fed);
+            const bool named = options_.id.empty() || options_.id == fed.histogram->Id();
+            if (named && ItemMatches(options_.items, *fed.histogram)) chosen_.push_back(&fed);
         }
         for (const std::string& name : options_.views)
             views_.push_back(FindHistogramView(name));
@@ -49,7 +51,8 @@ private:
         if (!chosen_.empty()) return true;
         err_ << "corvex-cli: " << options_.definition << ": no histogram";
         if (!options_.id.empty()) err_ << " has the id \"" << options_.id << '"';
-        err_ << '\n';
+        if (!options_.items.empty()) err_ << " matches what is asked for";
+        err_ << "; corvex-cli list " << options_.definition << " shows what there is\n";
         return false;
     }
 

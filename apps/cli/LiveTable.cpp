@@ -1,14 +1,15 @@
 #include "apps/cli/LiveTable.h"
 
 #include "definition/ADXDefinition.h"
+#include "export/ItemPattern.h"
 #include "export/ItemReading.h"
 #include "export/text/ObjectNames.h"
 
 namespace corvex {
 
-LiveTable::LiveTable(const ADXDefinition& definition) : definition_(definition) {
+LiveTable::LiveTable(const ADXDefinition& definition, const std::string& patterns) : definition_(definition) {
     for (const auto& object : definition.Objects()) {
-        if (object->IsOneOf(kItemTypes)) items_.push_back(object.get());
+        if (object->IsOneOf(kItemTypes) && ItemMatches(patterns, *object)) items_.push_back(object.get());
     }
 }
 

@@ -24,11 +24,12 @@ struct LiveRow {
 // its objects.
 class LiveTable {
 public:
-    explicit LiveTable(const ADXDefinition& definition);
+    explicit LiveTable(const ADXDefinition& definition, const std::string& patterns = "");
 
     // Remembers which command answered, and when.
     void Add(const ReplyEvent& event);
-    // One row for each value and bitmask in the order of the definition, as of `now` (seconds since the scan began).
+    // One row for each value and bitmask that matches the patterns (export/ItemPattern.h) in the order of the
+    // definition, as of `now` (seconds since the scan began).
     std::vector<LiveRow> Rows(double now) const;
 
 private:

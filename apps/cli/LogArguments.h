@@ -15,6 +15,9 @@ namespace corvex {
 
 inline constexpr double kLongestSeconds = 1e9;  // that any option takes
 
+// An option for patterns of items (export/ItemPattern.h) that may be given more than once.
+void AddItems(CLI::App& command, std::string& items, const char* what);
+
 class LogArguments {
 public:
     LogArguments() = default;

@@ -9,19 +9,28 @@
 namespace corvex {
 
 struct InfoOptions {
-    std::string log;
+    std::vector<std::string> logs;
     std::string definition;  // empty: none
     bool human = false;
     bool json = false;  // neither: for a person when one watches
 };
 
+enum class LogTimes {
+    kLog,       // seconds of the log
+    kZero,      // seconds since the log's first row
+    kAbsolute,  // date and time of day
+};
+
+// Patterns of items stand in lines, and in each line between commas.
 struct DecodeOptions {
-    std::string log;
+    std::vector<std::string> logs;
     std::string definition;
     std::string output = "-";  // "-": standard output
-    std::string items;         // pattern; empty: all
+    std::string items;         // patterns; empty: all
     bool force = false;        // an input, or a log, is replaced
     bool text = false;
+    bool round = false;  // numbers with as many digits as the program shows
+    LogTimes time = LogTimes::kLog;
     double from = 0.0;
     double to = std::numeric_limits<double>::infinity();
 };
@@ -29,6 +38,7 @@ struct DecodeOptions {
 struct PlayOptions {
     std::string log;
     std::string definition;
+    std::string items;   // as above
     double speed = 1.0;  // 0.01 and less: as fast as it goes
     double from = 0.0;
     bool plain = false;
@@ -40,6 +50,7 @@ struct HistogramOptions {
     std::string log;
     std::string definition;
     std::string id;                  // empty: all histograms
+    std::string items;               // as above, of histograms
     std::vector<std::string> views;  // of kHistogramViews, in the order asked for; empty: the default
     bool csv = false;
 };
@@ -48,7 +59,9 @@ inline constexpr const char* kHistogramViews[] = {"last",        "average", "dev
                                                   "count-total", "minimum", "maximum",   "range"};
 
 struct RepairOptions {
-    std::string input, output;
+    std::vector<std::string> inputs;
+    std::string output;  // empty: into `folder`, under the inputs' own names
+    std::string folder;
     bool force = false;  // an output that holds something is replaced
 };
 

@@ -46,6 +46,7 @@ inline SimOptions PacedEngine() {
 struct ScanOptions {
     std::string port;
     std::string definition;
+    std::string items;     // patterns, as those of decode
     double seconds = 0.0;  // 0: until stopped
     bool once = false;
     bool plain = false;

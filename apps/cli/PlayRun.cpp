@@ -4,6 +4,7 @@
 #include <chrono>
 #include <ostream>
 
+#include "apps/cli/DefinitionFile.h"
 #include "export/text/TextFormat.h"
 #include "platform/ConsoleStop.h"
 #include "platform/Terminal.h"
@@ -33,10 +34,11 @@ PlayRun::~PlayRun() {
 bool PlayRun::Prepare() {
     if (!player_.Open(options_.definition, options_.log, err_)) return false;
     SessionState& session = player_.Session();
+    if (!CheckItems(session.definition, options_.items, options_.definition, err_)) return false;
     records_ = session.log.header.sampleCount;
     if (options_.verbose) session.debug.edit = &log_;
-    view_ = MakeScanView({options_.plain, options_.json, false, false}, session.definition, options_.log,
-                         OutputIsTerminal(), out_);
+    view_ = MakeScanView({options_.plain, options_.json, false, false, options_.items}, session.definition,
+                         options_.log, OutputIsTerminal(), out_);
     return true;
 }
 

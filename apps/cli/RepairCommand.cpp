@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <memory>
 #include <ostream>
 #include <vector>
@@ -5,6 +6,7 @@
 #include "apps/cli/AtomicReplace.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/LogFile.h"
+#include "apps/cli/WriteFailure.h"
 #include "export/text/TextFormat.h"
 #include "logging/LogContent.h"
 #include "logging/LogCopy.h"
@@ -21,11 +23,10 @@ bool Refuse(std::ostream& err, const std::string& path, const std::string& why) 
 }
 
 // A drive that was recorded is never lost to a slip of the hand.
-bool MayWrite(const RepairOptions& options, std::ostream& err) {
-    if (SameFile(options.input, options.output))
-        return Refuse(err, options.output, "is the log itself; it is never written to");
-    if (!options.force && LookIntoLog(options.output) != LogContent::kNothing)
-        return Refuse(err, options.output, "holds something already; --force replaces it");
+bool MayWrite(const std::string& input, const std::string& output, bool force, std::ostream& err) {
+    if (SameFile(input, output)) return Refuse(err, output, "is the log itself; it is never written to");
+    if (!force && LookIntoLog(output) != LogContent::kNothing)
+        return Refuse(err, output, "holds something already; --force replaces it");
     return true;
 }
 
@@ -79,19 +80,18 @@ std::string LeftOut(const LogRescue& rescue, const LogHeader& header) {
     return text;
 }
 
-}  // namespace
-
-ExitCode RunRepair(const RepairOptions& options, std::ostream& out, std::ostream& err) {
+// True when nothing had to be left out.
+bool RepairLog(const std::string& from, const std::string& to, bool force, std::ostream& out, std::ostream& err) {
     DataLogEngine log;
-    if (!OpenDamaged(log, options.input, err) || !MayWrite(options, err)) return kExitFailure;
-    const std::unique_ptr<IFile> input = SystemFiles().Open(options.input, FileAccess::kRead);
-    AtomicReplace fresh(options.output);
+    if (!OpenDamaged(log, from, err) || !MayWrite(from, to, force, err)) return false;
+    const std::unique_ptr<IFile> input = SystemFiles().Open(from, FileAccess::kRead);
+    AtomicReplace fresh(to);
     std::string reason = "nothing that a log could replace";
     std::unique_ptr<IFile> file;
     if (!fresh.Name().empty()) file = SystemFiles().Open(fresh.Name(), FileAccess::kCreate, &reason);
     if (!input || !file) {
-        Refuse(err, input ? options.output : options.input, input ? "cannot be written: " + reason : "cannot be read");
-        return kExitFailure;
+        Refuse(err, input ? to : from, input ? "cannot be written: " + reason : "cannot be read");
+        return false;
     }
     const std::vector<LogItem> items = ItemsOf(log);
     const ConsoleStop stop;
@@ -99,15 +99,30 @@ ExitCode RunRepair(const RepairOptions& options, std::ostream& out, std::ostream
     const bool copy = CopyRecords(log.header, items, rescue, *file, stop);
     const bool whole = file->Close() && copy;
     if (!whole || !fresh.MoveIntoPlace()) {
-        Refuse(err, options.output, stop.Requested() ? "is not written: stopped by request" : "cannot be written");
-        return kExitFailure;
+        Refuse(err, to,
+               stop.Requested() ? "is not written: stopped by request" : "it" + CannotBeWritten(ReasonNotWritten(to)));
+        return false;
     }
     const std::string left = LeftOut(rescue, log.header);
-    out << options.output << ": " << Counted(rescue.Records(), "record") << " copied; "
+    out << to << ": " << Counted(rescue.Records(), "record") << " copied; "
         << (left.empty() ? "nothing left out" : "left out: " + left) << '\n';
-    if (left.empty()) return kExitSuccess;
-    Refuse(err, options.input, "not all of it could be saved");
-    return kExitFailure;
+    if (left.empty()) return true;
+    return Refuse(err, from, "not all of it could be saved");
+}
+
+}  // namespace
+
+// A log that cannot be saved keeps none of the others from it.
+ExitCode RunRepair(const RepairOptions& options, std::ostream& out, std::ostream& err) {
+    bool whole = true;
+    for (const std::string& input : options.inputs) {
+        const std::string output =
+            options.folder.empty()
+                ? options.output
+                : (std::filesystem::path(options.folder) / std::filesystem::path(input).filename()).string();
+        whole = RepairLog(input, output, options.force, out, err) && whole;
+    }
+    return whole ? kExitSuccess : kExitFailure;
 }
 
 }  // namespace corvex

@@ -11,6 +11,7 @@
 #include "apps/cli/ScreenLines.h"
 #include "apps/cli/TableLines.h"
 #include "definition/ADXObject.h"
+#include "export/ItemPattern.h"
 #include "export/text/TextFormat.h"
 #include "platform/Terminal.h"
 
@@ -29,8 +30,8 @@ std::string SummaryLine(const ScanMoment& moment) {
 
 class TableView : public IScanView {
 public:
-    TableView(const ADXDefinition& definition, std::string source, std::ostream& out)
-        : table_(definition), source_(std::move(source)), screen_(out, mode_.Escapes()), out_(out) {}
+    TableView(const ADXDefinition& definition, const std::string& items, std::string source, std::ostream& out)
+        : table_(definition, items), source_(std::move(source)), screen_(out, mode_.Escapes()), out_(out) {}
 
     void OnReply(const ReplyEvent& event) override { table_.Add(event); }
 
@@ -69,12 +70,12 @@ private:
 
 class PlainView : public IScanView {
 public:
-    PlainView(const ADXDefinition& definition, bool live, std::ostream& out)
-        : definition_(definition), live_(live), out_(out) {}
+    PlainView(const ADXDefinition& definition, const std::string& items, bool live, std::ostream& out)
+        : definition_(definition), items_(definition, items), live_(live), out_(out) {}
 
     void OnReply(const ReplyEvent& event) override {
         if (!event.sampled) return;
-        out_ << PlainSample(definition_, event) << '\n' << std::flush;
+        out_ << PlainSample(definition_, items_, event) << '\n' << std::flush;
         told_ = event.t;
         quiet_ = kFirstQuiet;
     }
@@ -88,6 +89,7 @@ public:
 
 private:
     const ADXDefinition& definition_;
+    const ItemChoice items_;
     const bool live_;
     std::ostream& out_;
     double told_ = 0.0, quiet_ = kFirstQuiet;
@@ -95,12 +97,12 @@ private:
 
 class JsonView : public IScanView {
 public:
-    JsonView(const ADXDefinition& definition, bool once, std::ostream& out)
-        : definition_(definition), once_(once), out_(out) {}
+    JsonView(const ADXDefinition& definition, const std::string& items, bool once, std::ostream& out)
+        : definition_(definition), items_(definition, items), once_(once), out_(out) {}
 
     void OnReply(const ReplyEvent& event) override {
         if (!event.sampled || (once_ && !shown_.insert(event.command).second)) return;
-        out_ << JsonSample(definition_, event).dump() << '\n' << std::flush;
+        out_ << JsonSample(definition_, items_, event).dump() << '\n' << std::flush;
     }
     void OnTick(const ScanMoment&) override {}
     void OnEnd(const ScanMoment& moment) override {
@@ -111,6 +113,7 @@ public:
 
 private:
     const ADXDefinition& definition_;
+    const ItemChoice items_;
     const bool once_;
     std::ostream& out_;
     std::set<const ADXObject*> shown_;
@@ -119,7 +122,8 @@ private:
 // All values at the end, one a line.
 class OnceView : public IScanView {
 public:
-    OnceView(const ADXDefinition& definition, std::ostream& out) : table_(definition), out_(out) {}
+    OnceView(const ADXDefinition& definition, const std::string& items, std::ostream& out)
+        : table_(definition, items), out_(out) {}
 
     void OnReply(const ReplyEvent& event) override { table_.Add(event); }
     void OnTick(const ScanMoment&) override {}
@@ -139,10 +143,10 @@ private:
 
 std::unique_ptr<IScanView> MakeScanView(const ViewOptions& options, const ADXDefinition& definition,
                                         const std::string& source, bool terminal, std::ostream& out) {
-    if (options.json) return std::make_unique<JsonView>(definition, options.once, out);
-    if (options.once) return std::make_unique<OnceView>(definition, out);
-    if (options.plain || !terminal) return std::make_unique<PlainView>(definition, options.live, out);
-    return std::make_unique<TableView>(definition, source, out);
+    if (options.json) return std::make_unique<JsonView>(definition, options.items, options.once, out);
+    if (options.once) return std::make_unique<OnceView>(definition, options.items, out);
+    if (options.plain || !terminal) return std::make_unique<PlainView>(definition, options.items, options.live, out);
+    return std::make_unique<TableView>(definition, options.items, source, out);
 }
 
 }  // namespace corvex

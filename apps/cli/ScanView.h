@@ -27,6 +27,7 @@ struct ViewOptions {
     bool json = false;
     bool once = false;
     bool live = false;  // of a line, whose silence is worth telling
+    std::string items;  // patterns of those to show; empty: all
 };
 
 // One of the ways to show it. All calls on the main thread.

@@ -45,9 +45,12 @@ TEST(ItemPatternTest, LooksAtTitleAndIdInTheNarrowCodePageToo) {
     ADXValue value;
     value.SetId("ECT");
     value.SetTitle("Coolant \xB0 C", 11);
-    for (const char* pattern : {"ect", "cool*", "", "coolant \xC2\xB0 c", "coolant ? c"})
+    for (const char* pattern : {"oil\nect", "oil,*ant*", "ect,oil", "cool*", "", "coolant \xC2\xB0 c", "coolant ? c"})
         EXPECT_TRUE(ItemMatches(pattern, value)) << pattern;
-    EXPECT_FALSE(ItemMatches("oil", value));
+    for (const char* pattern : {"oil", "oil,\nair", ","})
+        EXPECT_FALSE(ItemMatches(pattern, value)) << pattern;
+    value.SetTitle("Trim, left", 10);
+    EXPECT_TRUE(ItemMatches("trim, *", value));
 }
 
 }  // namespace

@@ -97,10 +97,11 @@ TEST(ArgumentsTest, CallsWrongUsageByItsCode) {
         "decode a;decode -d b;decode -d b a --from x;decode -d b a --from -1;decode -d b a --from 2 --to 1;"
         "play -d b a --plain --json;play -d b a --speed -1;histogram -d b a --view most;"
         "histogram -d b a --view [last,count];decode -d b a --from nan;decode -d b a --to -nan;play -d b a --speed nan;"
-        "scan -d a -p b --seconds nan;scan -d a --simulate --drop nan;scan -d a --simulate --late 0.5");
+        "scan -d a -p b --seconds nan;scan -d a --simulate --drop nan;scan -d a --simulate --late 0.5;"
+        "decode -d b a --time noon;decode -d b a --text --round;repair a b c");
     for (std::string line; std::getline(wrong, line, ';');)
         lines.push_back(Split(line));
-    EXPECT_EQ(lines.size(), 36U);
+    EXPECT_EQ(lines.size(), 39U);
     for (const auto& args : lines) {
         const Outcome outcome = Parse(args);
         EXPECT_EQ(outcome.Code(), kExitUsage) << testing::PrintToString(args);
@@ -143,21 +144,25 @@ TEST(ArgumentsTest, ReadsScanAndRepair) {
     const auto scan = OptionsFrom<ScanOptions>("scan -d b.adx -p COM1 --record c.xdl --force");
     EXPECT_EQ(Listed(scan.record, scan.force), "c.xdl 1");
     const auto repair = OptionsFrom<RepairOptions>("repair a.xdl b.xdl --force");
-    EXPECT_EQ(Listed(repair.input, repair.output, repair.force), "a.xdl b.xdl 1");
+    EXPECT_EQ(Listed(repair.inputs[0], repair.output, repair.force), "a.xdl b.xdl 1");
 }
 
 TEST(ArgumentsTest, ReadsInfo) {
     const auto plain = OptionsFrom<InfoOptions>("info a.xdl");
-    EXPECT_EQ(Listed(plain.log, plain.human, plain.definition), "a.xdl 0 ");
+    EXPECT_EQ(Listed(plain.logs[0], plain.human, plain.definition), "a.xdl 0 ");
     const auto human = OptionsFrom<InfoOptions>("info a.xdl --human -d b.adx");
-    EXPECT_EQ(Listed(human.log, human.human, human.definition), "a.xdl 1 b.adx");
+    EXPECT_EQ(Listed(human.logs[0], human.human, human.definition), "a.xdl 1 b.adx");
 }
 
 TEST(ArgumentsTest, ReadsDecode) {
     const auto plain = OptionsFrom<DecodeOptions>("decode -d b.adx a.xdl");
-    EXPECT_EQ(Listed(plain.log, plain.definition, plain.output, plain.from, plain.to), "a.xdl b.adx - 0 inf");
+    EXPECT_EQ(Listed(plain.logs[0], plain.definition, plain.output, plain.from, plain.to), "a.xdl b.adx - 0 inf");
     const auto full =
         OptionsFrom<DecodeOptions>("decode -d b.adx a.xdl -o c.csv --text --items *rpm* --from 1.5 --to 2");
+    const auto many = OptionsFrom<DecodeOptions>("decode a [b] -d d --items A,B --items C --time zero --round c");
+    EXPECT_EQ(many.logs, (std::vector<std::string>{"a", "./[b]", "c"}));
+    EXPECT_EQ(Listed(many.items, many.round, many.time == LogTimes::kZero), "A,B\nC 1 1");
+    EXPECT_EQ(OptionsFrom<RepairOptions>("repair a b c --out-dir d").inputs.size(), 3U);
     EXPECT_EQ(Listed(full.output, full.text, full.items, full.from, full.to), "c.csv 1 *rpm* 1.5 2");
 }
 

@@ -139,6 +139,66 @@ TEST(DecodeCommandTest, TellsWhatIsInNoRow) {
         {": damaged at byte 128: 108 bytes from there on not read", ": its header counts 4 records, 3 are missing\n"});
 }
 
+TEST(DecodeCommandTest, WritesTimesAndDigitsAsAsked) {
+    const LogBytes late =
+        BeginLog({kPollHash}).Record(0, 43'503'211, PollReply({7})).Record(0, 43'503'300, PollReply({8}));
+    const std::string third = DefinitionWith(ValueText("A", "X/3", "<digcount>1</digcount>") +
+                                             ValueText("B", "X/3", "<outputtype>1</outputtype>"));
+    ExpectDecodes("since the first row", kRpm, late, {"--time", "zero"}, kRpmTitle + "0.000,7\n0.089,8\n");
+    ExpectDecodes("since the first row asked for", kRpm, late, {"--time", "zero", "--from", "43503.25"},
+                  kRpmTitle + "0.000,8\n");
+    ExpectDecodes("into the next day", kRpm, late, {"--time", "absolute"},
+                  "Time,RPM title\n2026-07-02T00:40:00.000,7\n2026-07-02T00:40:00.089,8\n");
+    ExpectDecodes("as many digits as are shown", third, late, {"--round"},
+                  "Time (s),A title,B title\n43503.211,2.3,2\n43503.300,2.7,2\n");
+}
+
+TEST(DecodeCommandTest, WritesSeveralLogsEachFromItsOwnBegin) {
+    const TempFile adx(TwoCommandsWith(ValueOf("POLL", "P") + ValueOf("A", "Q")));
+    LogBytes other = BeginLog({kOtherHash});
+    const LogTempFile first(Polls({{5}})), second(other.Record(0, 0, Bytes(24, 7)));
+    const ToolResult result = RunInside({"decode", "-d", adx.Path(), first.Path(), second.Path()});
+    EXPECT_EQ(result.code, 0);
+    // The second knows nothing of what the first has left.
+    EXPECT_EQ(result.out,
+              "Log,Time (s),P title,Q title\n" + first.Path() + ",0.000,5,0\n" + second.Path() + ",0.000,0,7\n");
+}
+
+TEST(DecodeCommandTest, FailsWithASentenceWhenNothingCanBeShown) {
+    const LogTempFile polls(Polls({{1}})), foreign(BeginLog({0x1234}).Record(0, 0, Bytes(24, 1)));
+    const LogTempFile undated(BeginLog({kPollHash}).PutWord32(12, 0xFFFF0000));
+    const TempFile adx(kRpm), csv("precious", ".csv");
+    const struct {
+        const std::string& log;
+        Words more;
+        const char* err;
+    } rows[] = {{foreign.Path(), {}, ": none of its records is of a command of "},
+                {polls.Path(), {"--from", "9"}, ": no record lies in the seconds asked for; "},
+                {undated.Path(), {"--time", "absolute"}, ": its header has no date"},
+                {polls.Path(), {"--items", "a,b", "--items", "c"}, " matches \"a,b,c\"; corvex-cli list "}};
+    for (const auto& row : rows) {
+        Words args{"decode", "-d", adx.Path(), row.log, "-o", csv.Path()};
+        args.insert(args.end(), row.more.begin(), row.more.end());
+        const ToolResult result = RunInside(args);
+        EXPECT_EQ(result.code, 1);
+        EXPECT_EQ(LinesOf(result.err).size(), 1U) << result.err;
+        EXPECT_TRUE(Has(result.err, row.err));
+        EXPECT_EQ(ReadFile(csv.Path()), "precious");
+    }
+    const ToolResult played = RunInside({"play", "--speed", "0", "-d", adx.Path(), foreign.Path()});
+    EXPECT_EQ(played.code, 1);
+    EXPECT_TRUE(Has(played.err, rows[0].err));
+}
+
+TEST(DecodeCommandTest, NamesItemsThatLieBeyondThePacket) {
+    // 21 bytes of the reply can be read.
+    ExpectDecodes("one of three",
+                  DefinitionWith(ValueText("RPM", "X") + ValueText("FAR", "X", "<packetoffset>0x15</packetoffset>") +
+                                 ValueText("NONE", "7", "<packetoffset>0x99</packetoffset>")),
+                  Polls({{1}, {2}}), {}, "Time (s),RPM title,FAR title,NONE title\n0.000,1,0,7\n0.083,2,0,7\n",
+                  {": 1 item lies beyond the packet, so each shows what was read before, at first 0: FAR title; "});
+}
+
 class DecodeToFileTest : public ::testing::Test {
 protected:
     ToolResult Decode(const std::string& log, Words more) const {
@@ -159,7 +219,7 @@ TEST_F(DecodeToFileTest, LosesNothingWhenItFails) {
     EXPECT_EQ(ReadFile(csv.Path()), "precious");
     const ToolResult folder = Decode(xdl.Path(), {"-o", "no/such/folder/x.csv"});
     EXPECT_EQ(folder.code, 1);
-    EXPECT_EQ(folder.err, "corvex-cli: no/such/folder/x.csv cannot be written\n");
+    EXPECT_EQ(folder.err, "corvex-cli: no/such/folder/x.csv cannot be written: its folder is not there\n");
 }
 
 TEST_F(DecodeToFileTest, WritesOverALogOrWhatItReadsOnlyWhenForced) {

@@ -93,9 +93,9 @@ TEST_F(HistogramCommandTest, RefusesAnIdThatNoHistogramHas) {
     const ToolResult result = Run(FourPolls(), {"--id", "X"});
     EXPECT_EQ(result.code, 1);
     EXPECT_EQ(result.out, "");
-    EXPECT_TRUE(Has(result.err, ": no histogram has the id \"X\"\n"));
+    EXPECT_TRUE(Has(result.err, ": no histogram has the id \"X\"; corvex-cli list "));
     histograms.clear();
-    EXPECT_TRUE(Has(Run(FourPolls(), {}).err, ": no histogram\n"));
+    EXPECT_TRUE(Has(Run(FourPolls(), {}).err, ": no histogram; corvex-cli list "));
 }
 
 TEST_F(HistogramCommandTest, CountsTheSamplesOfItsCommandAndThoseThatFellIntoNoCell) {

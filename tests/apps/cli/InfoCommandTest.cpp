@@ -56,6 +56,15 @@ TEST(InfoCommandTest, NamesTheCommandsInJsonToo) {
     EXPECT_FALSE(items[1].contains("command"));
 }
 
+TEST(InfoCommandTest, TellsOfSeveralLogs) {
+    const LogTempFile one(TwoCommands()), two(AtTimes({0}));
+    const ToolResult result = RunInside({"info", "--json", one.Path(), two.Path(), "no/such.xdl"});
+    EXPECT_EQ(result.code, 1);
+    const Words lines = LinesOf(result.out);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(nlohmann::json::parse(lines[1])["file"], two.Path());
+}
+
 TEST(InfoCommandTest, CountsWhatCanBeReadWhateverTheHeaderSays) {
     LogBytes cut = AtTimes({0}), unknown = cut, back = cut, zeros = cut, empty = BeginLog({});
     cut.Record(0, 100, Bytes(23, 1));

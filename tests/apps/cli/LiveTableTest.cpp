@@ -11,6 +11,7 @@
 #include "definition/ADXDefinition.h"
 #include "definition/ADXMacro.h"
 #include "definition/ADXValue.h"
+#include "export/ItemPattern.h"
 #include "session/diagnosis/PolledCommands.h"
 #include "tests/support/DefinitionTestHelper.h"
 
@@ -68,6 +69,7 @@ TEST_F(LiveTableTest, ShowsNothingOfACommandThatHasNotAnswered) {
     EXPECT_EQ(rows[0].units, "rpm");
     EXPECT_DOUBLE_EQ(rows[0].age, 2.5);
     EXPECT_EQ(rows[1].value, "-");
+    EXPECT_EQ(LiveTable(definition_, "nobody,B?T").Rows(0.0).size(), 1U);
     EXPECT_LT(rows[1].age, 0.0);
 }
 
@@ -89,19 +91,21 @@ TEST_F(LiveTableTest, ColoursAlarms) {
 }
 
 TEST_F(LiveTableTest, WritesASampleAsALineAndAsJson) {
-    EXPECT_EQ(PlainSample(definition_, Answer(*poll_, 1.25, {101})), "1.250 POLL: SPEED !1010.00 rpm");
-    EXPECT_EQ(JsonSample(definition_, Answer(*poll_, 1.25, {50})).dump(),
+    EXPECT_EQ(PlainSample(definition_, ItemChoice(definition_, ""), Answer(*poll_, 1.25, {101})),
+              "1.250 POLL: SPEED !1010.00 rpm");
+    EXPECT_EQ(JsonSample(definition_, ItemChoice(definition_, ""), Answer(*poll_, 1.25, {50})).dump(),
               R"({"t":1.25,"command":"POLL","values":{"SPEED":500.0}})");
-    EXPECT_EQ(JsonSample(definition_, Answer(*other_, 2.0, {0x80})).dump(),
+    EXPECT_EQ(JsonSample(definition_, ItemChoice(definition_, ""), Answer(*other_, 2.0, {0x80})).dump(),
               R"({"t":2.0,"command":"OTHER","values":{"BIT":true}})");
     speed_->SetEquation("(0-1)#0.5+X", 11);
-    EXPECT_EQ(JsonSample(definition_, Answer(*poll_, 1.0, {1}))["values"]["SPEED"], nullptr);
+    EXPECT_EQ(JsonSample(definition_, ItemChoice(definition_, ""), Answer(*poll_, 1.0, {1}))["values"]["SPEED"],
+              nullptr);
 }
 
 TEST_F(LiveTableTest, LinesTellOfALineThatIsQuietLongerAndLonger) {
     for (const bool live : {true, false}) {
         std::ostringstream out;
-        const auto view = MakeScanView({true, false, false, live}, definition_, "COM1", false, out);
+        const auto view = MakeScanView({true, false, false, live, "SPEED"}, definition_, "COM1", false, out);
         const ScanSummary summary;
         for (int tenths = 0; tenths < 200; ++tenths) {
             if (tenths == 100) view->OnReply(Answer(*poll_, 10.0, {50}));

@@ -110,5 +110,17 @@ TEST(RepairCommandTest, WritesOverADriveOnlyWhenForcedAndOverItsInputNever) {
     EXPECT_TRUE(Has(RunInside({"repair", input.Path(), folder, "--force"}).err, "cannot be written"));
 }
 
+TEST(RepairCommandTest, WritesSeveralIntoAFolderUnderTheirNames) {
+    const LogTempFile good(BeginLog({kPollHash}).PutWord32(8, 1)), cut(BeginLog({kPollHash}).Raw(Bytes(3, 1)));
+    const test::TestFolder folder, empty;
+    const std::string first = empty.Put("one.xdl", ReadFile(good.Path())),
+                      second = empty.Put("two.xdl", ReadFile(cut.Path()));
+    const ToolResult result = RunInside({"repair", second, first, "--out-dir", folder.Path().string()});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(LinesOf(result.out).size(), 2U) << result.out;
+    EXPECT_EQ(ReadFile((folder.Path() / "one.xdl").string()), ReadFile(first));
+    EXPECT_EQ(RunInside({"repair", first, "--out-dir", std::filesystem::path(first).parent_path().string()}).code, 1);
+}
+
 }  // namespace
 }  // namespace corvex
