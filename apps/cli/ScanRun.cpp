@@ -24,6 +24,7 @@ using namespace std::chrono_literals;
 // A line that stays silent must not hold a script for ever.
 constexpr double kOnceSeconds = 10.0;
 constexpr auto kScanPatience = 50ms;
+constexpr int kLastPatience = 1000;  // milliseconds
 
 double LimitOf(const ScanOptions& options) {
     return options.seconds == 0.0 && options.once ? kOnceSeconds : options.seconds;
@@ -32,12 +33,19 @@ double LimitOf(const ScanOptions& options) {
 }  // namespace
 
 ScanRun::ScanRun(const ScanOptions& options, std::ostream& out, std::ostream& err)
-    : options_(options), out_(out), err_(err), limit_(LimitOf(options)), log_(err), session_(tap_.Calls()) {
+    : options_(options),
+      patient_(out, {WaitForOutputRoom, [this](int milliseconds) { return HasPatience(milliseconds); }}),
+      out_(&patient_),
+      err_(err),
+      limit_(LimitOf(options)),
+      log_(err),
+      session_(tap_.Calls()) {
     tap_.Attach(session_);
 }
 
 bool ScanRun::Prepare() {
     if (!LoadDefinition(session_.definition, options_.definition, err_)) return false;
+    if (!CheckItems(session_.definition, options_.items, options_.definition, err_)) return false;
     if (!options_.record.empty() && !PrepareRecording()) return false;
     port_ = options_.port;
     if (options_.simulate && !PrepareSimulator()) return false;
@@ -49,8 +57,8 @@ bool ScanRun::Prepare() {
     if (options_.verbose) session_.debug.edit = &log_;
     polled_ = PolledCommands(session_.definition);
     diagnosis_ = LineDiagnosis(session_.definition.HasEcho());
-    view_ = MakeScanView({options_.plain, options_.json, options_.once, true}, session_.definition, port_,
-                         OutputIsTerminal(), out_);
+    view_ = MakeScanView({options_.plain, options_.json, options_.once, true, options_.items}, session_.definition,
+                         port_, OutputIsTerminal(), out_);
     return true;
 }
 
@@ -103,18 +111,21 @@ ExitCode ScanRun::Run() {
     if (!Prepare()) return kExitFailure;
     {
         const ConsoleStop stop([this] { queue_.Wake(); });
+        stop_ = &stop;
         session_.ToggleScan();
-        Loop(stop);
+        Loop();
+        stop_ = nullptr;
     }
     simulator_.Stop();
     log_.Finish();
-    const std::string why = WhyFailed();
     std::string reason;
     if (!tap_.PortRefused(reason)) view_->OnEnd(Moment());
     view_.reset();
+    out_.flush();
     const bool recorded = options_.record.empty() || ReportRecording();
     if (queue_.Dropped() != 0)
         err_ << "corvex-cli: " << Counted(queue_.Dropped(), "reply") << " not shown: the output was too slow\n";
+    const std::string why = WhyFailed();
     if (why.empty()) return recorded ? kExitSuccess : kExitFailure;
     out_.flush();
     err_ << "corvex-cli: " << port_ << ": " << why << '\n';
@@ -122,18 +133,28 @@ ExitCode ScanRun::Run() {
 }
 
 // Ends when no thread of the session runs any more: after a stop, or when the scan has ended by itself.
-void ScanRun::Loop(const ConsoleStop& stop) {
-    bool stopping = false;
+void ScanRun::Loop() {
     while (!session_.WaitForThreads(0ms)) {
         Take(queue_.Take(kScanPatience));
         ReportTrouble();
-        if (!stopping && WantsStop(stop)) {
-            stopping = true;
-            session_.StartStopThread(kStopScan);
-        }
-        if (!stopping) view_->OnTick(Moment());
+        if (WantsStop()) StopOnce();
+        if (!stopping_) view_->OnTick(Moment());
     }
     Take(queue_.Take(0ms));
+}
+
+void ScanRun::StopOnce() {
+    if (stopping_) return;
+    stopping_ = true;
+    session_.StartStopThread(kStopScan);
+}
+
+// Whoever reads slowly is waited for; who takes nothing is not, once the scan is to end.
+bool ScanRun::HasPatience(int milliseconds) {
+    const bool ending = stop_ == nullptr || WantsStop();
+    if (ending && stop_ != nullptr) StopOnce();
+    ReportTrouble();
+    return !ending || milliseconds < kLastPatience;
 }
 
 void ScanRun::Take(const std::vector<ReplyEvent>& events) {
@@ -145,8 +166,8 @@ void ScanRun::Take(const std::vector<ReplyEvent>& events) {
     }
 }
 
-bool ScanRun::WantsStop(const ConsoleStop& stop) const {
-    if (stop.Requested() || !tap_.PortLost().empty() || !out_) return true;
+bool ScanRun::WantsStop() const {
+    if (stop_->Requested() || !tap_.PortLost().empty() || !out_) return true;
     if (options_.once && EveryoneAnswered()) return true;
     return limit_ > 0.0 && session_.timer.Elapsed() >= limit_;
 }

@@ -1,14 +1,15 @@
 // One scan from the first poll to the summary.
 #pragma once
 
-#include <iosfwd>
 #include <memory>
+#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "apps/cli/ExitCode.h"
 #include "apps/cli/Options.h"
+#include "apps/cli/PatientOutput.h"
 #include "apps/cli/ReplyQueue.h"
 #include "apps/cli/ScanRecorder.h"
 #include "apps/cli/ScanTap.h"
@@ -38,9 +39,11 @@ private:
     bool PrepareSimulator();
     bool PrepareRecording();
     bool ReportRecording();
-    void Loop(const ConsoleStop& stop);
+    void Loop();
+    bool HasPatience(int milliseconds);
+    void StopOnce();
     void Take(const std::vector<ReplyEvent>& events);
-    bool WantsStop(const ConsoleStop& stop) const;
+    bool WantsStop() const;
     bool EveryoneAnswered() const;
     void ReportTrouble();
     ScanMoment Moment() const;
@@ -48,13 +51,16 @@ private:
     std::string WhoIsMissing() const;
 
     const ScanOptions options_;
-    std::ostream& out_;
+    PatientOutput patient_;
+    std::ostream out_;  // a reader that takes nothing holds neither the end of the scan nor that of its log
     std::ostream& err_;
     double limit_;  // seconds, 0 for none
     ReplyQueue queue_;
     ScanTap tap_{queue_};
     StreamAppender log_;
     ScanRecorder recorder_;
+    const ConsoleStop* stop_ = nullptr;  // while it scans
+    bool stopping_ = false;
     bool troubleReported_ = false;
     SessionState session_;
     SimulatorSession simulator_;
