@@ -106,6 +106,19 @@ std::string CutToWidth(std::string_view text, std::size_t width) {
     return std::string(text.substr(0, end)) + '~';
 }
 
+std::string CutMiddle(std::string_view text, std::size_t width) {
+    const std::size_t all = DisplayWidth(text);
+    if (all <= width || width < 3) return CutToWidth(text, width);
+    const std::size_t front = width / 2;
+    const std::size_t skipped = all - (width - front - 1);  // characters in front of those kept at the end
+    std::size_t at = 0;
+    for (std::size_t columns = 0; at < text.size(); ++at) {
+        const bool starts = (static_cast<unsigned char>(text[at]) & 0xC0) != 0x80;
+        if (starts && columns++ == skipped) break;
+    }
+    return CutToWidth(text, front + 1) + std::string(text.substr(at));
+}
+
 std::string PadRight(std::string_view text, std::size_t width) {
     const std::size_t columns = DisplayWidth(text);
     return std::string(text) + Blanks(width > columns ? width - columns : 0);

@@ -29,6 +29,9 @@ std::size_t DisplayWidth(std::string_view text);
 // At most `width` characters of a UTF-8 text; a cut text ends in '~'.
 std::string CutToWidth(std::string_view text, std::size_t width);
 
+// The same with the '~' in the middle: what tells two long texts apart often stands at the end.
+std::string CutMiddle(std::string_view text, std::size_t width);
+
 // The text with blanks behind it, or before it, up to `width` columns.
 std::string PadRight(std::string_view text, std::size_t width);
 std::string PadLeft(std::string_view text, std::size_t width);

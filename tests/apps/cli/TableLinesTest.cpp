@@ -34,6 +34,18 @@ TEST(TableLinesTest, SpreadsRowsOverColumnsWhereTheyFitAndCountsTheRest) {
     EXPECT_EQ(lines[3], "7 more; enlarge the window");
 }
 
+TEST(TableLinesTest, ShortensTitlesInTheMiddleAndWhereTheyAreLong) {
+    const std::vector<LiveRow> rows{Row("Oxygen Sensor Left", "1"), Row("Oxygen Sensor Right", "2"), Row("Gear", "3"),
+                                    Row("Fuel Pressure Rail", "4")};
+    const std::string blanks(10, ' ');
+    const auto lines = TableLines(rows, 70, 2, false);
+    EXPECT_EQ(lines[0], "Oxygen~r Left" + blanks + "1 rpm 0.5s   Gear" + blanks + blanks + "3 rpm 0.5s");
+    EXPECT_EQ(lines[1], "Oxygen~ Right" + blanks + "2 rpm 0.5s   Fuel Pr~e Rail" + blanks + "4 rpm 0.5s");
+    EXPECT_EQ(TableLines({Row("Oxygen Sensor Left", "1")}, 24, 2, false)[0], "Oxygen~ Left  1 rpm 0.5s");
+    EXPECT_EQ(TableLines({Row("\xC2\xB0\xC2\xB0\xC2\xB0\xC2\xB0\xC2\xB0\xC2\xB0 C", "1")}, 17, 2, false)[0],
+              "\xC2\xB0\xC2\xB0~ C  1 rpm 0.5s");
+}
+
 TEST(TableLinesTest, NeverLeavesTheScreen) {
     std::vector<LiveRow> rows(40, Row("A title that is rather long, as they go", "12345678901234567890"));
     for (std::size_t width = 1; width < 200; ++width) {
