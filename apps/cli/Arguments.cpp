@@ -76,6 +76,7 @@ public:
         AddHash();
         AddEval();
         AddConvert();
+        AddPorts();
         AddScan();
         logs_.AddTo(app_);
     }
@@ -106,6 +107,7 @@ public:
         if (name == "list") return list_;
         if (name == "hash") return ChosenHash();
         if (name == "convert") return convert_;
+        if (name == "ports") return ports_;
         if (name == "scan") return scan_;
         if (const auto log = logs_.Chosen(name)) return *log;
         return ChosenEval();
@@ -168,6 +170,12 @@ private:
         command.add_flag("--force", convert_.force, "Replace an OUT that is IN itself, or a log");
     }
 
+    void AddPorts() {
+        CLI::App& command = *app_.add_subcommand("ports", "List the serial ports and what hangs on them");
+        command.add_flag("--json", ports_.json, "List as JSON");
+        command.footer("No port is opened for it, so one that is in use is listed like the others.");
+    }
+
     void AddScan() {
         CLI::App& command = *app_.add_subcommand("scan", "Run the scan of a definition and show its values");
         command.add_option("--definition,-d", scan_.definition, "The definition (.adx)")->required();
@@ -223,6 +231,7 @@ private:
     HashOptions hash_;
     EvalOptions eval_;
     ConvertOptions convert_;
+    PortsOptions ports_;
     ScanOptions scan_;
     std::vector<std::string> letters_;
     LogArguments logs_;

@@ -5,6 +5,7 @@
 
 #include "apps/cli/ExitCode.h"
 #include "apps/cli/Options.h"
+#include "platform/PortList.h"
 
 namespace corvex {
 
@@ -40,6 +41,9 @@ ExitCode RunList(const ListOptions& options, std::ostream& out, std::ostream& er
 
 // play: plays a log and shows its values as a scan does.
 ExitCode RunPlay(const PlayOptions& options, std::ostream& out, std::ostream& err);
+
+// ports: the serial ports there are and what hangs on them. Opens none. Success when there is none, too.
+ExitCode RunPorts(const PortsOptions& options, std::ostream& out, std::ostream& err, IPortList& list = SystemPorts());
 
 // repair: copies every whole record of a log into a finished one. kExitFailure when anything is left out.
 ExitCode RunRepair(const RepairOptions& options, std::ostream& out, std::ostream& err);

@@ -43,6 +43,10 @@ inline SimOptions PacedEngine() {
     return engine;
 }
 
+struct PortsOptions {
+    bool json = false;
+};
+
 struct ScanOptions {
     std::string port;
     std::string definition;
@@ -60,7 +64,7 @@ struct ScanOptions {
     std::string replay;  // the log that it repeats; empty: none
 };
 
-using Options = std::variant<CheckOptions, ListOptions, HashOptions, EvalOptions, ConvertOptions, ScanOptions,
-                             InfoOptions, DecodeOptions, PlayOptions, HistogramOptions, RepairOptions>;
+using Options = std::variant<CheckOptions, ListOptions, HashOptions, EvalOptions, ConvertOptions, PortsOptions,
+                             ScanOptions, InfoOptions, DecodeOptions, PlayOptions, HistogramOptions, RepairOptions>;
 
 }  // namespace corvex

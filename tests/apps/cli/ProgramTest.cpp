@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <sstream>
 #include <string>
 
+#include "apps/cli/Commands.h"
 #include "definition/ADXObject.h"
 #include "tests/apps/cli/LogTestHelper.h"
 #include "tests/support/Listed.h"
@@ -156,6 +158,24 @@ TEST(ProgramTest, TellsThatASaveLosesSomething) {
     const ToolResult result = RunInside({"convert", file.Path(), out.Path()});
     EXPECT_EQ(result.code, 0);
     EXPECT_TRUE(Has(result.err, "1 thing did not survive the save"));
+}
+
+TEST(ProgramTest, ListsPorts) {
+    struct FakePorts : IPortList {
+        std::vector<SerialPortEntry> Ports() override { return ports; }
+        std::vector<SerialPortEntry> ports;
+    } list;
+    std::ostringstream none, err, text, json;
+    EXPECT_EQ(RunPorts({false}, none, err, list), 0);
+    EXPECT_EQ(none.str(), "");
+    EXPECT_TRUE(Has(err.str(), "no serial port"));
+    list.ports = {{"/dev/ttyS0", "", ""}, {"/dev/ttyUSB0", "Maker \xB5 Cable, 1234:abcd", "/dev/serial/by-id/x"}};
+    RunPorts({false}, text, err, list);
+    EXPECT_EQ(text.str(),
+              "/dev/ttyS0    -\n/dev/ttyUSB0  Maker \xC2\xB5 Cable, 1234:abcd\n              /dev/serial/by-id/x\n");
+    RunPorts({true}, json, err, list);
+    EXPECT_EQ(nlohmann::json::parse(json.str())[1]["name"], "/dev/ttyUSB0");
+    EXPECT_EQ(RunInside({"ports", "--json"}).code, 0);  // whatever this machine has
 }
 
 TEST(ProgramTest, SaysThatAPortIsNotThere) {
