@@ -77,6 +77,7 @@ public:
         AddEval();
         AddConvert();
         AddPorts();
+        AddDoctor();
         AddScan();
         logs_.AddTo(app_);
     }
@@ -108,6 +109,7 @@ public:
         if (name == "hash") return ChosenHash();
         if (name == "convert") return convert_;
         if (name == "ports") return ports_;
+        if (name == "doctor") return doctor_;
         if (name == "scan") return scan_;
         if (const auto log = logs_.Chosen(name)) return *log;
         return ChosenEval();
@@ -176,6 +178,18 @@ private:
         command.footer("No port is opened for it, so one that is in use is listed like the others.");
     }
 
+    void AddDoctor() {
+        CLI::App& command = *app_.add_subcommand("doctor", "Find out what is the matter with a line");
+        command.add_option("--definition,-d", doctor_.definition, "The definition (.adx)")->required();
+        command.add_option("--port,-p", doctor_.port, "The serial port, like COM1 or /dev/ttyUSB0")->required();
+        command.add_option("--seconds", doctor_.seconds, "How long to look (default: 5)")
+            ->check(NumberRange(0.1, kLongestSeconds));
+        command.add_flag("--json", doctor_.json, "Report as JSON");
+        command.footer(
+            "Listens first, then asks for the first command that a scan polls. Exit codes: 0 good, 1 trouble, 2 wrong "
+            "usage.");
+    }
+
     void AddScan() {
         CLI::App& command = *app_.add_subcommand("scan", "Run the scan of a definition and show its values");
         command.add_option("--definition,-d", scan_.definition, "The definition (.adx)")->required();
@@ -231,6 +245,7 @@ private:
     HashOptions hash_;
     EvalOptions eval_;
     ConvertOptions convert_;
+    DoctorOptions doctor_;
     PortsOptions ports_;
     ScanOptions scan_;
     std::vector<std::string> letters_;

@@ -27,6 +27,7 @@ struct CommandRunner {
     ExitCode operator()(const DecodeOptions& options) const { return RunDecode(options, out, err); }
     ExitCode operator()(const PlayOptions& options) const { return RunPlay(options, out, err); }
     ExitCode operator()(const HistogramOptions& options) const { return RunHistogram(options, out, err); }
+    ExitCode operator()(const DoctorOptions& options) const { return RunDoctor(options, out, err); }
     ExitCode operator()(const PortsOptions& options) const { return RunPorts(options, out, err); }
     ExitCode operator()(const RepairOptions& options) const { return RunRepair(options, out, err); }
 };

@@ -22,6 +22,9 @@ ExitCode RunConvert(const ConvertOptions& options, std::ostream& out, std::ostre
 // decode: the values of a log as CSV.
 ExitCode RunDecode(const DecodeOptions& options, std::ostream& out, std::ostream& err);
 
+// doctor: listens to a line, asks, and gives one verdict. kExitFailure for any but a good one.
+ExitCode RunDoctor(const DoctorOptions& options, std::ostream& out, std::ostream& err);
+
 // eval: one equation, evaluated as a value does it. The result with "%.17g"; what makes it doubtful is told on `err`.
 // An equation that does not parse: kExitFailure.
 ExitCode RunEval(const EvalOptions& options, std::ostream& out, std::ostream& err);

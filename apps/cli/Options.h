@@ -43,6 +43,13 @@ inline SimOptions PacedEngine() {
     return engine;
 }
 
+struct DoctorOptions {
+    std::string port;
+    std::string definition;
+    double seconds = 5.0;
+    bool json = false;
+};
+
 struct PortsOptions {
     bool json = false;
 };
@@ -64,7 +71,8 @@ struct ScanOptions {
     std::string replay;  // the log that it repeats; empty: none
 };
 
-using Options = std::variant<CheckOptions, ListOptions, HashOptions, EvalOptions, ConvertOptions, PortsOptions,
-                             ScanOptions, InfoOptions, DecodeOptions, PlayOptions, HistogramOptions, RepairOptions>;
+using Options =
+    std::variant<CheckOptions, ListOptions, HashOptions, EvalOptions, ConvertOptions, DoctorOptions, PortsOptions,
+                 ScanOptions, InfoOptions, DecodeOptions, PlayOptions, HistogramOptions, RepairOptions>;
 
 }  // namespace corvex

@@ -124,8 +124,8 @@ TEST(ArgumentsTest, SaysWhatWasMeantAndWhereTheHelpIs) {
 }
 
 TEST(ArgumentsTest, HelpsWithEachCommandAndTellsItsVersion) {
-    for (const char* command : {"check", "list", "hash", "eval", "convert", "ports", "scan", "info", "decode", "play",
-                                "histogram", "repair"}) {
+    for (const char* command : {"check", "list", "hash", "eval", "convert", "doctor", "ports", "scan", "info", "decode",
+                                "play", "histogram", "repair"}) {
         const Outcome outcome = Parse({command, "--help"});
         EXPECT_EQ(outcome.Code(), kExitSuccess);
         EXPECT_NE(outcome.out.find(std::string("corvex-cli ") + command), std::string::npos) << outcome.out;
