@@ -97,6 +97,31 @@ void ColumnSet::WriteRow(CsvWriter& csv, const DecodedRecord& record, NumberForm
     }
 }
 
+std::vector<ColumnSet::Field> ColumnSet::Fields() const {
+    std::vector<Field> fields;
+    for (const Column& column : columns_) {
+        if (column.chosen)
+            fields.push_back(
+                {column.value != nullptr ? HeaderOf(*column.value, "") : HeaderOf(*column.bitmask, ""), column.parent});
+    }
+    return fields;
+}
+
+void ColumnSet::ReadRow(const DecodedRecord& record, std::vector<double>& numbers) {
+    if (record.updates) definition_.UpdateValues(record.packet, record.commandId);
+    numbers.clear();
+    for (Column& column : columns_) {
+        const PacketView packet = PacketFor(column.parent, record);
+        if (!column.chosen) {
+            if (!record.updates) Look(column, record);
+            continue;
+        }
+        column.outside = column.outside || LiesOutside(column, packet);
+        numbers.push_back(column.value != nullptr ? column.value->Compute(definition_, packet)
+                                                  : column.bitmask->IsSet(definition_, packet));
+    }
+}
+
 // Without an update it is looking at an item that takes its raw word.
 void ColumnSet::Follow(const DecodedRecord& record) {
     if (record.updates) {

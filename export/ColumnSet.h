@@ -40,6 +40,14 @@ public:
     void WriteHeader(CsvWriter& csv) const;
     // One field for each column, without the end of the row.
     void WriteRow(CsvWriter& csv, const DecodedRecord& record, NumberForm form);
+    // What the columns are called, without units, and the command that each belongs to.
+    struct Field {
+        std::string name;
+        std::uint32_t parent = 0;
+    };
+    std::vector<Field> Fields() const;
+    // The numbers of a row, one for each of the fields; a bit is 1 or 0.
+    void ReadRow(const DecodedRecord& record, std::vector<double>& numbers);
     // Takes the raw words of a record that gets no row.
     void Follow(const DecodedRecord& record);
     // Of the columns written, the names of those that a record of their own command did not reach to.

@@ -10,6 +10,7 @@
 #include "apps/cli/LogLoss.h"
 #include "apps/cli/OutputGuard.h"
 #include "apps/cli/ProgressBar.h"
+#include "apps/cli/SqliteTable.h"
 #include "apps/cli/WriteFailure.h"
 #include "export/LogTime.h"
 #include "export/RecordDecoder.h"
@@ -39,7 +40,14 @@ ExitCode DecodeRun::Run() {
     if (!Prepare()) return kExitFailure;
     // A reader that goes away, like head, then makes a write fail and does not end the program.
     const ConsoleStop stop;
-    table_ = std::make_unique<CsvTable>(options_, out_);
+    if (options_.database)
+        table_ = MakeSqliteTable(options_.output);
+    else
+        table_ = std::make_unique<CsvTable>(options_, out_);
+    if (table_ == nullptr) {
+        err_ << "corvex-cli: this build has no SQLite; write CSV with -o and import that\n";
+        return kExitFailure;
+    }
     return WriteAll(stop) || enough_ ? kExitSuccess : kExitFailure;
 }
 

@@ -77,6 +77,16 @@ void LogArguments::AddDecode(CLI::App& app) {
     AddLogs(command, decode_.logs, "The logs (.xdl); never written to");
     command.add_option("--output,-o", decode_.output, "The file to write; - is standard output (default)")
         ->check(FileName());
+    CLI::Option* const database = command
+                                      .add_option_function<std::string>(
+                                          "--sqlite",
+                                          [this](const std::string& name) {
+                                              decode_.output = name;
+                                              decode_.database = true;
+                                          },
+                                          "Write a SQLite database in place of CSV: a table for each command")
+                                      ->check(FileName())
+                                      ->excludes("--output");
     command.add_flag("--force", decode_.force, "Replace an output that is a log, or one of the files read");
     CLI::Option* text = command.add_flag("--text", decode_.text, "Values and bits as the program shows them");
     command.add_flag("--round", decode_.round, "Numbers with as many digits as the program shows")->excludes(text);
@@ -85,6 +95,8 @@ void LogArguments::AddDecode(CLI::App& app) {
             "--time", [this](const std::string& name) { decode_.time = NamedTimes().at(name); },
             "absolute: date and time of day; zero: seconds since the first row")
         ->check(CLI::IsMember(NamedTimes()));
+    for (const char* form : {"--text", "--round", "--time"})
+        database->excludes(form);
     AddItems(command, decode_.items, kItemsText);
     command.add_option("--from", decode_.from, "Only records from this second of the log on")->check(Seconds());
     command.add_option("--to", decode_.to, "Only records up to this second of the log")->check(Seconds());

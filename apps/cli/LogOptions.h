@@ -28,6 +28,7 @@ struct DecodeOptions {
     std::string output = "-";  // "-": standard output
     std::string items;         // patterns; empty: all
     bool force = false;        // an input, or a log, is replaced
+    bool database = false;     // `output` is one, in place of CSV
     bool text = false;
     bool round = false;  // numbers with as many digits as the program shows
     LogTimes time = LogTimes::kLog;
