@@ -192,7 +192,8 @@ std::string ScanRun::WhyFailed() const {
     if (std::string lost = tap_.PortLost(); !lost.empty()) return lost;
     if (!diagnosis_.AnyGood()) {
         if (polled_.empty()) return "the definition's scan asks for no replies";
-        return diagnosis_.WhyNoReply(session_.timer.Elapsed());
+        const std::string why = diagnosis_.WhyNoReply(session_.timer.Elapsed());
+        return options_.simulate ? why : why + "; corvex-cli doctor looks closer";
     }
     return options_.once && !EveryoneAnswered() ? WhoIsMissing() : std::string();
 }

@@ -72,6 +72,7 @@ void LineDiagnosis::AddShort(const ReplyEvent& event) {
         ++echoes_;
     } else {
         ++shorts_;
+        if (command != nullptr && command->size() != 0 && event.reply.front() == command->bytestring()[0]) ++begun_;
         ++lengths_[event.reply.size()];
     }
 }
@@ -97,6 +98,12 @@ std::string LineDiagnosis::WhyShort(double seconds) const {
                                   : Printf("; the engine sends another length, or answers too late for the "
                                            "replytimeout of %u ms",
                                            timeout_));
+        // The rest of a late reply comes in front of the next one, so that not every one begins as it should.
+        if (timeout_ != 0 && begun_ * 4 >= shorts_)
+            return Printf(
+                "no whole reply in %.1f s: replies begin, but are cut off by the replytimeout of %u ms; the engine "
+                "answers late, or the definition expects too much with %u bytes",
+                seconds, timeout_, wanted_);
         return Printf(
             "no whole reply in %.1f s: bytes come that are no reply; another device talks, or the baud is wrong",
             seconds);

@@ -38,6 +38,7 @@ private:
     std::size_t silent_ = 0;  // nothing came
     std::size_t echoes_ = 0;  // the command's own bytes came, or a piece of them
     std::size_t shorts_ = 0;  // some other bytes, too few
+    std::size_t begun_ = 0;   // of those, that begin as their command does
     std::size_t writes_ = 0;  // the command could not be written
     std::size_t framings_ = 0, syncs_ = 0;
     std::size_t echoedgood_ = 0;                                 // good replies that begin with the command's own bytes

@@ -41,6 +41,9 @@ TEST_F(LineDiagnosisTest, TellsWhyNoReplyCame) {
     std::vector<ReplyEvent> chatter;
     for (std::size_t i = 1; i < 9; ++i)
         chatter.push_back(Event(kCodeShortReply, Bytes(i, 0xAA)));
+    std::vector<ReplyEvent> late;
+    for (std::size_t i = 50; i < 58; ++i)
+        late.push_back(Event(kCodeShortReply, Bytes(i, i % 2 == 0 ? 0xF4 : 0x11)));
     const struct {
         bool echoIsTakenOff;
         std::vector<ReplyEvent> events;
@@ -54,6 +57,10 @@ TEST_F(LineDiagnosisTest, TellsWhyNoReplyCame) {
          "answers too late for the replytimeout of 200 ms"},
         {false, chatter,
          "no whole reply in 2.0 s: bytes come that are no reply; another device talks, or the baud is wrong"},
+        {false, late,
+         "no whole reply in 2.0 s: replies begin, but are cut off by the replytimeout of 200 ms; the engine answers "
+         "late, "
+         "or the definition expects too much with 63 bytes"},
         {false, {Event(kCodeNoSync)}, "no packet in 2.0 s: the line is silent, or carries no 160-baud stream"},
         {false, {Event(kCodeShortWrite)}, "no reply in 2.0 s: the port takes no bytes"},
         {false, {silence, good}, ""},
