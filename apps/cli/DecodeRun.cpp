@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 #include "apps/cli/CsvTable.h"
@@ -55,12 +56,14 @@ ExitCode DecodeRun::Run() {
 bool DecodeRun::Prepare() {
     std::vector<std::string> inputs{options_.definition};
     for (const std::string& path : options_.logs) {
-        DecodedLog log;
+        auto opened = std::make_unique<DecodedLog>();
+        DecodedLog& log = *opened;
         if (!OpenDecodedLog(log, options_, path, err_)) return false;
         if (!CheckItems(log.definition, options_.items, options_.definition, err_)) return false;
         if (options_.time == LogTimes::kAbsolute && !IsDate(log.log.header.startTime))
             return ComplainOf(log, "its header has no date, so --time absolute cannot be told");
         inputs.push_back(path);
+        if (first_ == nullptr) first_ = std::move(opened);
     }
     return MayReplace(options_.output, inputs, options_.force, err_);
 }
@@ -84,8 +87,13 @@ bool DecodeRun::ComplainOf(const DecodedLog& log, const std::string& what) {
 bool DecodeRun::WriteAll(const ConsoleStop& stop) {
     bool begun = false;
     for (const std::string& path : options_.logs) {
-        DecodedLog log;
-        if (!OpenDecodedLog(log, options_, path, err_)) return false;
+        // One at a time, as a definition may be large.
+        std::unique_ptr<DecodedLog> opened = std::move(first_);
+        if (opened == nullptr) {
+            opened = std::make_unique<DecodedLog>();
+            if (!OpenDecodedLog(*opened, options_, path, err_)) return false;
+        }
+        DecodedLog& log = *opened;
         if (!begun && !table_->Begin(log)) return CannotWrite();
         begun = true;
         if (!WriteLog(log, stop)) return false;

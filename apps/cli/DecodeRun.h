@@ -39,6 +39,7 @@ private:
     std::ostream& out_;
     std::ostream& err_;
     std::unique_ptr<IRecordTable> table_;
+    std::unique_ptr<DecodedLog> first_;                 // opened for looking, until it is written
     std::map<std::uint32_t, std::uint32_t> strangers_;  // records by command that the definition does not have
     std::uint32_t rows_ = 0;                            // of the log in hand
     std::uint64_t allrows_ = 0;
