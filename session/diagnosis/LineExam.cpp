@@ -154,6 +154,8 @@ private:
 
     void ListenForPackets(const ADXObject& command) {
         found_.stream = true;
+        // A listen reads under what the port was opened with, since it sets no times of its own.
+        engine_.port.SetTimeouts(300, 0, 2000, 0, 110, QZSerial::kAllTimeouts);
         do
             engine_.RunCommand(&command);
         while (!Ends());

@@ -25,8 +25,8 @@ std::string TextOf(const Poll& poll) {
            "</replytimeout><packetoffset>3</packetoffset><packetsize>20</packetsize></ADXCSENDCOMMAND>";
 }
 
-ToolResult Examine(const Poll& engine, const SimOptions& line, const std::string& definition, const char* seconds) {
-    const std::string text = TextOf(engine);
+ToolResult Examine(const std::string& text, const SimOptions& line, const std::string& definition,
+                   const char* seconds) {
     ADXDefinition simulated;
     ADXParser parser;
     EXPECT_EQ(parser.ParseMemory(text.data(), text.size(), simulated), 1);
@@ -69,13 +69,32 @@ TEST(DoctorCommandTest, GivesOneVerdictAndTheNextStep) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.verdict);
         const TempFile definition(TextOf(row.asked));
-        const ToolResult result = Examine(row.engine, row.line, definition.Path(), row.seconds);
+        const ToolResult result = Examine(TextOf(row.engine), row.line, definition.Path(), row.seconds);
         const auto json = nlohmann::json::parse(result.out);
         EXPECT_EQ(json["verdict"], row.verdict) << result.out;
         EXPECT_NE(json["next"], "");
+        EXPECT_EQ(json["echoDelayMs"].is_number(), row.line.echo || row.engine.echo);
         const bool good = json["verdict"] == "good";
         EXPECT_EQ(result.code, good ? 0 : 1);
         EXPECT_EQ(LinesOf(result.err).size(), good ? 0U : 1U);
+    }
+}
+
+TEST(DoctorCommandTest, JudgesAStreamByItsPackets) {
+    const std::string stream =
+        "<ADXFORMAT version=\"0.50\" /><ADXHEADER><baud>1600</baud><monitorcmd>S</monitorcmd></ADXHEADER>"
+        "<ADXCLISTEN160BAUD id=\"S\"><packetsize>20</packetsize></ADXCLISTEN160BAUD>";
+    const struct {
+        const char* verdict;
+        std::string engine;
+        SimOptions line;
+    } rows[] = {{"good", stream, With([](SimOptions& o) { o.pace = true; })},
+                {"silent", stream, With([](SimOptions& o) { o.silent = true; })},
+                {"noise", TextOf({}), With([](SimOptions& o) { o.chatter = true; })}};
+    const TempFile definition(stream);
+    for (const auto& row : rows) {
+        const ToolResult result = Examine(row.engine, row.line, definition.Path(), "2");
+        EXPECT_EQ(nlohmann::json::parse(result.out)["verdict"], row.verdict) << result.out;
     }
 }
 
