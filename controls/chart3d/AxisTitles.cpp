@@ -11,13 +11,6 @@ namespace {
 
 constexpr int kVerticalTitleGap = 20;  // pixels more than the pad
 
-float RoundedCosine(float angle) {
-    return static_cast<float>(std::cos(static_cast<double>(angle)));
-}
-float RoundedSine(float angle) {
-    return static_cast<float>(std::sin(static_cast<double>(angle)));
-}
-
 struct BoxEdge {
     YUpPoint minimum, maximum;
 
@@ -53,8 +46,8 @@ YUpPoint PlaceBeside(const BoxEdge& edge, int pad, bool isLeft, bool isAbove) {
 }  // namespace
 
 std::array<AxisTitle, 4> AxisTitlesOf(const Chart3DModel& chart, const Projection& projection) {
-    const float c = RoundedCosine(chart.space.rotation[1]), s = RoundedSine(chart.space.rotation[1]);
-    const bool risen = RoundedSine(chart.space.rotation[0]) > 0.0F;
+    const float c = CosineOf(chart.space.rotation[1]), s = SineOf(chart.space.rotation[1]);
+    const bool risen = SineOf(chart.space.rotation[0]) > 0.0F;
     // Which edges of the floor face the viewer.
     const bool both = c > 0.0F && s > 0.0F;
     const bool isMinimumDepth = both || (c > 0.0F && s < 0.0F);  // for X

@@ -1,34 +1,22 @@
 #include "controls/chart3d/Chart3DPaint.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "controls/chart/YUpSpace.h"
 #include "controls/chart3d/BoxPaint.h"
 #include "controls/chart3d/SurfaceFigure.h"
 #include "controls/chart3d/SurfacePaint.h"
+#include "controls/gauge/GaugeFont.h"
 
 namespace corvex {
 
 namespace {
 
-constexpr BYTE kPitchAndFamily = 0x32;
 constexpr char kEllipsis[] = "...";
 constexpr int kReadsDownward = -900;               // tenths of a degree
 constexpr int kSubtitleDrop = 2, kTitleDrop = 16;  // pixels below the client's upper edge
 constexpr int kLabelRight = 20, kLabelTop = 15;    // pixels inside the client's edges
 constexpr int kLabelFrame = 3;                     // pixels around the text
-
-OwnedFont MakeFont(int height, int weight, int escapement = 0) {
-    LOGFONTA font{};
-    font.lfHeight = height;
-    font.lfWeight = weight;
-    font.lfEscapement = font.lfOrientation = escapement;
-    font.lfQuality = PROOF_QUALITY;
-    font.lfPitchAndFamily = kPitchAndFamily;
-    std::strcpy(font.lfFaceName, "Arial");
-    return OwnedFont(::CreateFontIndirectA(&font));
-}
 
 void PaintGround(HDC dc, const Chart3DModel& chart) {
     const OwnedBrush ground(::CreateSolidBrush(chart.colours[kChart3DGround]));
@@ -82,12 +70,12 @@ void PaintSelectionLabel(HDC dc, const Chart3DModel& chart, const Chart3DFonts& 
 }  // namespace
 
 Chart3DFonts::Chart3DFonts()
-    : tick(MakeFont(12, FW_NORMAL)),
-      selection(MakeFont(14, FW_NORMAL)),
-      title(MakeFont(18, FW_BOLD)),
-      subtitle(MakeFont(12, FW_THIN)),
-      floorTitle(MakeFont(12, FW_SEMIBOLD)),
-      verticalTitle(MakeFont(12, FW_SEMIBOLD, kReadsDownward)) {}
+    : tick(MakeGaugeFont(12, FW_NORMAL)),
+      selection(MakeGaugeFont(14, FW_NORMAL)),
+      title(MakeGaugeFont(18, FW_BOLD)),
+      subtitle(MakeGaugeFont(12, FW_THIN)),
+      floorTitle(MakeGaugeFont(12, FW_SEMIBOLD)),
+      verticalTitle(MakeGaugeFont(12, FW_SEMIBOLD, kReadsDownward)) {}
 
 void PaintChart3D(HDC dc, const Chart3DModel& chart, const Chart3DFonts& fonts, IChart3DLabels& labels) {
     PaintGround(dc, chart);

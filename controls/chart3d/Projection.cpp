@@ -16,13 +16,6 @@ Matrix3D Scale(const Vector3D& by) {
     return {by[0], 0, 0, 0, 0, by[1], 0, 0, 0, 0, by[2], 0, 0, 0, 0, 1};
 }
 
-float CosineOf(float angle) {
-    return static_cast<float>(std::cos(static_cast<double>(angle)));
-}
-float SineOf(float angle) {
-    return static_cast<float>(std::sin(static_cast<double>(angle)));
-}
-
 Matrix3D Yaw(float angle) {
     const float c = CosineOf(angle), s = SineOf(angle);
     return {c, 0, -s, 0, 0, 1, 0, 0, s, 0, c, 0, 0, 0, 0, 1};
@@ -87,6 +80,13 @@ Matrix3D TransformOf(const Chart3DSpace& space) {
 }
 
 }  // namespace
+
+float CosineOf(float angle) {
+    return static_cast<float>(std::cos(static_cast<double>(angle)));
+}
+float SineOf(float angle) {
+    return static_cast<float>(std::sin(static_cast<double>(angle)));
+}
 
 float SpanOf(ChartRange range) {
     return range.maximum - range.minimum;

@@ -51,6 +51,9 @@ private:
     Matrix3D matrix_;
 };
 
+// Computed in doubles, as every system rounds those alike.
+float CosineOf(float radians);
+float SineOf(float radians);
 // maximum - minimum.
 float SpanOf(ChartRange range);
 

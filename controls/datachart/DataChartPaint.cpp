@@ -1,25 +1,13 @@
 #include "controls/datachart/DataChartPaint.h"
 
-#include <cstring>
+#include "controls/gauge/GaugeFont.h"
 
 namespace corvex {
 
 namespace {
 
-constexpr int kTurned = 900;  // tenths of a degree
-constexpr BYTE kPitchAndFamily = 0x32;
+constexpr int kTurned = 900;                             // tenths of a degree
 constexpr UINT kTextOptions = ETO_OPAQUE | ETO_CLIPPED;  // of a rectangle that is not given
-
-OwnedFont MakeFont(int height, int weight, int escapement) {
-    LOGFONTA font{};
-    font.lfHeight = height;
-    font.lfEscapement = font.lfOrientation = escapement;
-    font.lfWeight = weight;
-    font.lfQuality = PROOF_QUALITY;
-    font.lfPitchAndFamily = kPitchAndFamily;
-    std::strcpy(font.lfFaceName, "Arial");
-    return OwnedFont(::CreateFontIndirectA(&font));
-}
 
 RECT AsRect(const ChartArea& area) {
     return {area.left, area.top, area.right, area.bottom};
@@ -74,10 +62,10 @@ void DrawMarker(HDC dc, const ChartLine& line) {
 
 DataChartFonts::DataChartFonts(HDC dc)
     : dc_(dc),
-      title_(MakeFont(14, FW_SEMIBOLD, 0)),
-      turned_(MakeFont(12, FW_NORMAL, kTurned)),
-      upright_(MakeFont(14, FW_NORMAL, 0)),
-      label_(MakeFont(14, FW_NORMAL, 0)) {}
+      title_(MakeGaugeFont(14, FW_SEMIBOLD, 0)),
+      turned_(MakeGaugeFont(12, FW_NORMAL, kTurned)),
+      upright_(MakeGaugeFont(14, FW_NORMAL, 0)),
+      label_(MakeGaugeFont(14, FW_NORMAL, 0)) {}
 
 HFONT DataChartFonts::Get(ChartFont font) const {
     switch (font) {

@@ -4,10 +4,11 @@
 
 namespace corvex {
 
-OwnedFont MakeGaugeFont(int height) {
+OwnedFont MakeGaugeFont(int height, int weight, int escapement) {
     LOGFONTA font{};
     font.lfHeight = height;
-    font.lfWeight = FW_SEMIBOLD;
+    font.lfEscapement = font.lfOrientation = escapement;
+    font.lfWeight = weight;
     font.lfQuality = PROOF_QUALITY;
     font.lfPitchAndFamily = FF_MODERN | VARIABLE_PITCH;
     std::strcpy(font.lfFaceName, "Arial");
