@@ -29,6 +29,8 @@ SessionCalls WithoutGaps(SessionCalls calls) {
     Fill(calls.showBox);
     Fill(calls.postMain);
     Fill(calls.portRefused);
+    Fill(calls.deviceVanished);
+    Fill(calls.deviceBack);
     Fill(calls.replyEnded);
     return calls;
 }
