@@ -9,6 +9,9 @@ if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86")
   target_compile_options(corvex_options INTERFACE -msse2 -mfpmath=sse)
 endif()
 if(WIN32)
+  # windows.h reads every processor intrinsic there is, which nothing here uses and which takes twice as long as the rest
+  # of it. The mark of the compiler's header for them, set beforehand, keeps that header shut.
+  target_compile_definitions(corvex_options INTERFACE _X86INTRIN_H_INCLUDED)
   # The same sources give the same bytes.
   target_link_options(corvex_options INTERFACE -Wl,--no-insert-timestamp)
 endif()
