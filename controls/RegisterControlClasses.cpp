@@ -7,6 +7,7 @@
 #include "controls/grid/Grid.h"
 #include "controls/proptree/PropTreeContainer.h"
 #include "controls/richstatic/RichStatic.h"
+#include "controls/scope/Scope.h"
 #include "controls/statusgauge/StatusGauge.h"
 #include "controls/tabsheet/TabSheet.h"
 #include "controls/textprogress/TextProgress.h"
@@ -17,7 +18,7 @@ bool RegisterControlClasses(HINSTANCE instance) {
     return TextProgress::Register(instance) && RichStatic::Register(instance) && TabSheet::Register(instance) &&
            PropTreeContainer::Register(instance) && AnalogGauge::Register(instance) &&
            DigitalReadout::Register(instance) && StatusGauge::Register(instance) && DataChart::Register(instance) &&
-           Grid::Register(instance) && Chart3D::Register(instance);
+           Grid::Register(instance) && Chart3D::Register(instance) && Scope::Register(instance);
 }
 
 }  // namespace corvex

@@ -18,11 +18,14 @@
 #include "controls/proptree/PropTreeContainer.h"
 #include "controls/richstatic/RichStatic.h"
 #include "controls/richstatic/RichStaticPaint.h"
+#include "controls/scope/Scope.h"
+#include "controls/scope/ScopePaint.h"
 #include "controls/statusgauge/StatusGauge.h"
 #include "controls/statusgauge/StatusGaugePaint.h"
 #include "controls/tabsheet/TabSheet.h"
 #include "controls/textprogress/TextProgress.h"
 #include "controls/textprogress/TextProgressPaint.h"
+#include "controls/window/ControlWindow.h"
 #include "tests/controls/window/ShownControl.h"
 
 namespace corvex {
@@ -115,6 +118,27 @@ void PaintNewChart3D(HDC dc, const RECT& area) {
     PaintChart3DBand(dc, chart);
 }
 
+// It leaves its painting to its thread's own time.
+void ShowOnScope(HWND window, int value) {
+    CarryCall(window, [&](ControlWindow&) {
+        ::SendMessageA(window, SCM_SETTEXTCOLOR, 0, RGB(20 * value + 20, 0, 0));
+        ::UpdateWindow(window);
+    });
+}
+
+void PaintNewScope(HDC dc, const RECT& area) {
+    ScopeModel scope;
+    scope.message = "message";
+    scope.SetClient(static_cast<int>(area.right), static_cast<int>(area.bottom));
+    const ScopeFrame frame = scope.LayOut();
+    const ScopeFonts fonts;
+    const OwnedPen pen(::CreatePen(PS_SOLID, 0, scope.traceColour));
+    const HBRUSH ground = static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH));
+    PaintScopeFrame(dc, frame, scope, fonts);
+    ScopeTrace(dc, frame, ground).Draw(*scope.AddSample(5.0), ground, pen.Get());
+    PaintScopeMessage(dc, scope, fonts);
+}
+
 template <class Model, auto kPaint>
 void PaintNew(HDC dc, const RECT& area) {
     kPaint(dc, area, Model());
@@ -160,6 +184,7 @@ const ControlKind kKinds[] = {
      &PaintNewChart3D,
      {1243, 1265, 1266, 1267, 1281, 1297, 1323},
      kChart3DMenuWanted},
+    {kScopeClass, 0, COLOR_WINDOW, &ShowOnScope, &PaintNewScope, {1031, 1047}, kScopeMenuCode},
     {kRichStaticClass, CS_HREDRAW | CS_VREDRAW, -1,
      [](HWND window, int value) { ::SetWindowTextA(window, std::to_string(value).c_str()); },
      &PaintNew<RichStaticModel, &PaintRichStatic>},
