@@ -140,7 +140,8 @@ std::vector<ScopePoint> ScopeModel::StaticTrace() const {
 
 double ScopeModel::StaticValue(std::size_t index) const {
     const std::int64_t offset = static_cast<std::int64_t>(index) * sampleWidth + start;
-    const bool isWithin = data != nullptr && offset >= 0 && static_cast<std::uint64_t>(offset) < dataSize &&
+    // Before the data is beyond them too.
+    const bool isWithin = data != nullptr && static_cast<std::uint64_t>(offset) < dataSize &&
                           dataSize - static_cast<std::uint64_t>(offset) >= sampleWidth;
     if (!isWithin) return 0.0;
     const std::uint8_t* const bytes = data + offset;
