@@ -1,5 +1,5 @@
 // What the gauges cost, from inside of their process.
-// Usage: bench_gauges [paint|reply|chart|grid|histogram|surface|monitor]...
+// Usage: bench_gauges [paint|reply|chart|grid|histogram|surface|monitor|scope]...
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -11,11 +11,12 @@
 #include "bench/gauges/HistogramCost.h"
 #include "bench/gauges/MonitorCost.h"
 #include "bench/gauges/ReplyToPaint.h"
+#include "bench/gauges/ScopeCost.h"
 #include "bench/gauges/SurfaceCost.h"
 
 int main(int argc, char** argv) {
     std::vector<std::string> subjects(argv + 1, argv + argc);
-    if (subjects.empty()) subjects = {"paint", "reply", "chart", "grid", "histogram", "surface", "monitor"};
+    if (subjects.empty()) subjects = {"paint", "reply", "chart", "grid", "histogram", "surface", "monitor", "scope"};
     try {
         for (const std::string& subject : subjects) {
             if (subject == "paint") corvex::bench::PrintGaugePaintCost();
@@ -25,6 +26,7 @@ int main(int argc, char** argv) {
             if (subject == "histogram") corvex::bench::PrintHistogramCost();
             if (subject == "surface") corvex::bench::PrintSurfaceCost();
             if (subject == "monitor") corvex::bench::PrintMonitorCost();
+            if (subject == "scope") corvex::bench::PrintScopeCost();
             std::fflush(stdout);
         }
         return 0;

@@ -35,7 +35,7 @@ private:
     OwnedBrush ground_{::CreateSolidBrush(scope_.backColour)};
     OwnedPen pen_{::CreatePen(PS_SOLID, 0, scope_.traceColour)};
     OffscreenBitmap frameLayer_, traceLayer_, offscreen_;
-    HDC frame_ = nullptr;              // null for a client without pixels and for want of memory
+    HDC frame_ = nullptr;              // null for want of memory
     std::optional<ScopeTrace> trace_;  // on the trace layer, when there are both
     HDC traceDc_ = nullptr;
 };
@@ -159,13 +159,10 @@ void ScopeWindow::OnSize() {
 void ScopeWindow::MakeFrame() {
     const ScopeFrame frame = scope_.LayOut();
     const SIZE size{frame.client.right, frame.client.bottom};
-    trace_.reset();
-    frame_ = traceDc_ = nullptr;
-    if (size.cx > 0 && size.cy > 0) {
-        const ClientDc screen(Window());
-        frame_ = frameLayer_.Fit(screen.Get(), size, size);
-        traceDc_ = traceLayer_.Fit(screen.Get(), size, size);
-    }
+    trace_.reset();  // before the layer that it is on
+    const ClientDc screen(Window());
+    frame_ = frameLayer_.Fit(screen.Get(), size, size);
+    traceDc_ = traceLayer_.Fit(screen.Get(), size, size);
     if (frame_ != nullptr) PaintScopeFrame(frame_, frame, scope_, fonts_);
     if (traceDc_ != nullptr) {
         trace_.emplace(traceDc_, frame, ground_.Get());

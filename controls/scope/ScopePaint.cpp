@@ -101,7 +101,7 @@ ScopeTrace::ScopeTrace(HDC dc, const ScopeFrame& frame, HBRUSH ground)
     : dc_(dc), plot_(frame.plot), saved_(::SaveDC(dc)) {
     const RECT client = AsRect(frame.client);
     ::FillRect(dc, &client, ground);
-    ::IntersectClipRect(dc, plot_.left, plot_.top, plot_.right + 1, plot_.bottom + 1);
+    ::IntersectClipRect(dc, plot_.left, plot_.top, plot_.right, plot_.bottom + 1);
 }
 
 ScopeTrace::~ScopeTrace() {
@@ -109,12 +109,10 @@ ScopeTrace::~ScopeTrace() {
 }
 
 void ScopeTrace::Draw(const ScopeStroke& stroke, HBRUSH ground, HPEN pen) const {
-    const int width = plot_.Width() - stroke.shift;
-    if (width > 0) {
-        ::BitBlt(dc_, plot_.left, plot_.top + 1, width, plot_.Height() - 1, dc_, plot_.left + stroke.shift,
-                 plot_.top + 1, SRCCOPY);
-    }
-    const RECT strip{stroke.stripLeft, plot_.top, plot_.right + 1, plot_.bottom + 1};
+    // A step wider than the plot leaves nothing to copy, and a strip that covers all of it.
+    ::BitBlt(dc_, plot_.left, plot_.top + 1, plot_.Width() - stroke.shift, plot_.Height() - 1, dc_,
+             plot_.left + stroke.shift, plot_.top + 1, SRCCOPY);
+    const RECT strip{stroke.stripLeft, plot_.top, plot_.right, plot_.bottom + 1};
     ::FillRect(dc_, &strip, ground);
     const SelectGuard selected(dc_, pen);
     DrawLine(dc_, stroke.from, stroke.to);

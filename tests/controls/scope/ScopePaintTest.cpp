@@ -137,6 +137,9 @@ TEST_F(ScopeTraceTest, IsCutAtTheEdgesOfThePlot) {
     Add(-10.0, 12);
     Add(-10.0, 12);
     EXPECT_TRUE(IsLit(280, 175));
+    Add(0.0, 12);
+    Add(0.0, 12);
+    EXPECT_EQ(LitIn({42, 175, 291, 176}), 0) << "what is in the strip goes, on the edge too";
 }
 
 TEST_F(ScopeTraceTest, StepsWiderThanThePlotLeaveItBlankBesides) {
@@ -157,7 +160,8 @@ TEST_F(ScopeTraceTest, AStillLineBeginsAtItsFirstPoint) {
 TEST_F(ScopeTraceTest, ItsEndLetsTheWholeBitmapBeDrawnOn) {
     const TestBitmap other(50, 50, 0);
     { const ScopeTrace brief(other.Dc(), ScopeFrame{{0, 0, 50, 50}, {20, 20, 30, 30}, {}, {}}, Ground()); }
-    EXPECT_EQ(::SetPixel(other.Dc(), 2, 2, 0x00FF00), 0x00FF00U);
+    ::SetPixel(other.Dc(), 2, 2, 0x00FF00);
+    EXPECT_EQ(other.At(2, 2), 0x00FF00U);
 }
 
 }  // namespace

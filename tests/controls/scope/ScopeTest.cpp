@@ -210,6 +210,11 @@ TEST_F(ScopeTest, AWindowWiderThanTheDataHasZerosAfterThem) {
     EXPECT_EQ(At(43, 27), 0xFFFFFFU);
     EXPECT_EQ(At(60, 175), 0xFFFFFFU);
     EXPECT_EQ(At(287, 175), 0xFFFFFFU);
+    const std::uint16_t wide[] = {4, 4, 4};
+    scope.Send(SCM_SETSAMPLEWIDTH, 0, 2);
+    Still(wide, sizeof wide);
+    EXPECT_EQ(At(43, 109), 0xFFFFFFU);
+    EXPECT_EQ(At(47, 109), 0xFFFFFFU) << "the second is one step further";
 }
 
 TEST_F(ScopeTest, ASmallerWindowKeepsTheNewestSamplesForTheNextRange) {
