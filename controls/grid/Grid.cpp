@@ -23,12 +23,14 @@ private:
     LRESULT OnScrolling(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT SetTitle(const char* text);
     void OnTimer();
+    void SetRedraw(bool isOn);
     void Paint();
 
     GridWindowHost host_{Window()};
     GridMachine machine_{::GetSysColor(COLOR_BTNFACE), host_};
     GridModel& grid_ = machine_.grid;
     OffscreenBitmap offscreen_;
+    RECT heldBack_{};  // what was to be painted while the drawing was off
 };
 
 int XOf(LPARAM place) {
@@ -46,7 +48,7 @@ LRESULT GridControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
                            reinterpret_cast<LPARAM>(reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpszName));
             return 0;
         case WM_PAINT:
-            if (!grid_.Is(kGridRedrawOff)) Paint();
+            Paint();
             return 0;
         case WM_ERASEBKGND:
             return 1;
@@ -77,7 +79,7 @@ LRESULT GridControl::OnStateMessage(UINT message, WPARAM wParam, LPARAM lParam) 
             machine_.OnEnable(wParam != FALSE);
             return 0;
         case WM_SETREDRAW:
-            grid_.Set(kGridRedrawOff, wParam == FALSE);
+            SetRedraw(wParam != FALSE);
             return 0;
         case WM_SETTEXT:
             return SetTitle(reinterpret_cast<const char*>(lParam));
@@ -159,8 +161,23 @@ void GridControl::OnTimer() {
     machine_.mouse.OnTick(static_cast<int>(place.x), static_cast<int>(place.y));
 }
 
+void GridControl::SetRedraw(bool isOn) {
+    grid_.Set(kGridRedrawOff, !isOn);
+    if (!isOn || ::IsRectEmpty(&heldBack_) != FALSE) return;
+    ::InvalidateRect(Window(), &heldBack_, TRUE);
+    heldBack_ = {};
+}
+
 // The bars come first: a client that they change while it is being painted would be painted twice.
 void GridControl::Paint() {
+    if (grid_.Is(kGridRedrawOff)) {
+        // What stayed to be painted would come up with every turn of the message loop, for ever.
+        RECT due{};
+        ::GetUpdateRect(Window(), &due, FALSE);
+        ::UnionRect(&heldBack_, &heldBack_, &due);
+        ::ValidateRect(Window(), nullptr);
+        return;
+    }
     for (int i = 0; i < kBarRounds; ++i) {
         grid_.Set(kGridSkipRepaint, true);
         const bool hasChanged = machine_.view.UpdateBars();
