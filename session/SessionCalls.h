@@ -60,9 +60,9 @@ struct SessionCalls {
     // The port could not be opened; the system's reason in words, maybe empty. Follows the line in the text log.
     // Connect thread.
     std::function<void(const std::string& reason)> portRefused;
-    // The device of a scan that runs has vanished, for the system's reason in words, maybe empty; the port is closed and
-    // is tried again. Then that it has been opened anew, before its connect command runs; what ends the scan meanwhile
-    // comes without it. Connect thread.
+    // The device of a scan that runs has vanished, for the system's reason in words, maybe empty; the port is closed
+    // and is tried again. Then that it has been opened anew, before its connect command runs; what ends the scan
+    // meanwhile comes without it. Connect thread.
     std::function<void(const std::string& reason)> deviceVanished;
     std::function<void()> deviceBack;
     // How a send command or a 160-baud listen ended, good or bad, once all else about it is done. `reply` is the whole
