@@ -1,48 +1,34 @@
-// A running engine over time: what its sensors would show from key-on to switch-off, again and again.
+// A car being driven: the state of its engine from key-on, at any time.
 #pragma once
 
 #include <cstdint>
+#include <vector>
+
+#include "apps/sim/EngineState.h"
 
 namespace corvex {
 
-// What a value of a definition shows, as far as its name tells. kOwn: nothing known, a slow wave of its own.
-enum class Signal {
-    kRpm,
-    kThrottle,
-    kSpeed,
-    kCoolant,
-    kAirTemperature,
-    kManifold,
-    kOxygen,
-    kVoltage,
-    kSpark,
-    kPulse,
-    kTrim,
-    kIdleValve,
-    kAirflow,
-    kOwn,
-};
-
-// Every signal is a level from 0 (the low end of its range) to 1 (the high end), smooth, and within one cycle of
-// kCycle seconds it stays at either end long enough to be seen by a slow poll. A cycle is key-on, crank, idle with
-// blips, warm-up, a drive to full throttle, an overheating, and switch-off.
+// Key on, crank, idle and a blip, then laps of kLap seconds without end, which begin and end at idle in park: pulls of
+// rising load, a cruise, a full pull, braking. The first one warms the engine up, later ones are alike; run time
+// and revolutions go on counting. In each lap the left bank runs lean for a while, upon which the lamp comes on for a
+// while, and a hard pull knocks.
 //
-// All answers depend on seed, time and key alone; immutable, any thread.
+// Driven once, in steps, when it is built; the answers are a function of seed, `turbo` and time. Immutable afterwards,
+// any thread.
 class EngineModel {
 public:
-    static constexpr double kCycle = 240.0;
+    static constexpr double kStep = 0.04;  // seconds
+    static constexpr double kStart = 8.0;  // of the first lap
+    static constexpr double kLap = 160.0;
 
-    explicit EngineModel(std::uint64_t seed) : seed_(seed) {}
+    // With a turbocharger the manifold goes above the barometer.
+    explicit EngineModel(std::uint64_t seed, bool turbo = false);
 
-    // `seconds` since the start. `key` tells signals of one kind apart: left and right bank differ a little.
-    double Level(Signal signal, std::uint32_t key, double seconds) const;
-    // A wave of the given period that dwells at both ends.
-    double Wave(std::uint32_t key, double seconds, double period) const;
-    // A number from 0 to 1, excluding 1, fixed for seed and key.
-    double Fraction(std::uint32_t key) const;
+    // As of `seconds` since key-on.
+    EngineState At(double seconds) const;
 
 private:
-    std::uint64_t seed_;
+    std::vector<EngineState> states_;  // one for each step of the laps that are driven
 };
 
 }  // namespace corvex

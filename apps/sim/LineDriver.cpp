@@ -31,7 +31,7 @@ LineDriver::LineDriver(ISimLine& line, const ADXDefinition& definition, const Si
       echoes_(options.echo || definition.HasEcho()),
       frequency_(static_cast<double>(line.Frequency())),
       byteTime_(kBitsPerByte / std::max(definition.baud, 1U)),
-      source_(definition, options.seed, options.recording),
+      source_(definition, options.seed, options.recording, options.motion),
       matcher_(RequestsOf(source_)),
       faults_(options),
       idle_(definition, options) {}

@@ -19,4 +19,9 @@ constexpr std::uint64_t Mix(std::uint64_t seed, std::uint64_t number) {
     return Spread(Spread(seed + 0x9E3779B97F4A7C15U) + number * 0x9E3779B97F4A7C15U);
 }
 
+// A number from 0 to 1, excluding 1.
+constexpr double FractionOf(std::uint64_t seed, std::uint64_t number) {
+    return static_cast<double>(Mix(seed, number) >> 11) * 0x1p-53;
+}
+
 }  // namespace corvex

@@ -66,6 +66,17 @@ int Direction(Response& response, Domain domain) {
     return rises ? 1 : -1;
 }
 
+bool IsStraight(Response& response, Domain domain) {
+    constexpr int kPlaces = 32;
+    const double first = response(domain.low), last = response(domain.high);
+    for (int i = 1; i < kPlaces; ++i) {
+        const double native = std::floor(domain.low + (domain.high - domain.low) * i / kPlaces);
+        const double line = first + (last - first) * (native - domain.low) / (domain.high - domain.low);
+        if (std::abs(response(native) - line) > 1e-4 * std::abs(last - first)) return false;
+    }
+    return true;
+}
+
 // The native number whose response comes nearest to the target.
 double Find(Response& response, Domain domain, int direction, double target) {
     double low = domain.low, high = domain.high;  // the response at `high` is at or past the target, if any is
@@ -90,7 +101,11 @@ void RawCurve::Straight(double from, double to) {
     }
 }
 
-RawCurve::RawCurve(const ADXValue& value) {
+RawCurve::RawCurve(const ADXValue& value)
+    : RawCurve(value, static_cast<double>(std::min(value.rangelow, value.rangehigh)),
+               static_cast<double>(std::max(value.rangelow, value.rangehigh))) {}
+
+RawCurve::RawCurve(const ADXValue& value, double low, double high) : low_(low), high_(high) {
     const Domain whole = DomainOf(value);
     Straight(whole.low, whole.high);
     Response response(value);
@@ -104,12 +119,15 @@ RawCurve::RawCurve(const ADXValue& value) {
         direction = Direction(response, domain);
     }
     if (direction == 0) return;
-    const double from = std::min(value.rangelow, value.rangehigh), to = std::max(value.rangelow, value.rangehigh);
     const double first = response(domain.low), last = response(domain.high);
-    if (!(from < to) || from >= std::max(first, last) || to <= std::min(first, last)) return;
+    if (IsStraight(response, domain)) {
+        const double slope = (last - first) / (domain.high - domain.low);
+        line_ = Line{first - slope * domain.low, slope, domain.low, domain.high};
+    }
+    if (!(low < high) || low >= std::max(first, last) || high <= std::min(first, last)) return;
 
     for (std::size_t i = 0; i <= kSteps; ++i) {
-        const double target = from + (to - from) * static_cast<double>(i) / static_cast<double>(kSteps);
+        const double target = low + (high - low) * static_cast<double>(i) / static_cast<double>(kSteps);
         numbers_[i] = Find(response, domain, direction, target);
     }
     const auto [least, most] = std::minmax(numbers_.front(), numbers_.back());
@@ -131,6 +149,12 @@ std::uint32_t RawCurve::WordAt(double level) const {
     const std::size_t step = std::min(static_cast<std::size_t>(place), kSteps - 1);
     const double number = numbers_[step] + (numbers_[step + 1] - numbers_[step]) * (place - static_cast<double>(step));
     return static_cast<std::uint32_t>(std::llround(number));
+}
+
+std::uint32_t RawCurve::WordFor(double number) const {
+    if (!line_) return WordAt(low_ < high_ ? (number - low_) / (high_ - low_) : 0.5);
+    const double native = std::clamp((number - line_->zero) / line_->slope, line_->least, line_->most);
+    return static_cast<std::uint32_t>(std::llround(native));
 }
 
 }  // namespace corvex

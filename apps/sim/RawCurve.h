@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "definition/ADXValue.h"
 
@@ -16,11 +17,16 @@ namespace corvex {
 class RawCurve {
 public:
     explicit RawCurve(const ADXValue& value);
+    // Level 0 to 1 runs over the numbers from low to high instead of the display range.
+    RawCurve(const ADXValue& value, double low, double high);
 
     // True when the value takes its number from 1 to 4 packet bytes; others have no bytes to write.
     static bool Applies(const ADXValue& value);
 
     std::uint32_t WordAt(double level) const;
+    // The word that makes the value show that number, or what the field has nearest to it. To the last one where the
+    // equation is a straight line; elsewhere between low and high, by WordAt.
+    std::uint32_t WordFor(double number) const;
     // Makes the level run over both curves' words, for two values that read the same field.
     void Join(const RawCurve& other);
     // Words are taken from all the field's can hold.
@@ -31,7 +37,13 @@ private:
 
     void Straight(double from, double to);
 
+    double low_, high_;
     std::array<double, kSteps + 1> numbers_{};  // native numbers, at even levels
+    struct Line {
+        double zero, slope;  // the value's number is zero + slope times the native number
+        double least, most;  // native numbers
+    };
+    std::optional<Line> line_;
     bool whole_ = true;
 };
 

@@ -5,6 +5,11 @@
 #include <span>
 #include <utility>
 
+#include "apps/sim/BitToggles.h"
+#include "apps/sim/DriveFlags.h"
+#include "apps/sim/DriveValues.h"
+#include "apps/sim/EngineModel.h"
+#include "apps/sim/ValueSweeps.h"
 #include "definition/ADXC160BaudListen.h"
 #include "definition/ADXCSendCommand.h"
 #include "definition/ADXDefinition.h"
@@ -24,7 +29,9 @@ void WriteHeader(std::span<std::uint8_t> header, const std::vector<std::uint8_t>
 
 }  // namespace
 
-ReplyBuilder::ReplyBuilder(const ADXDefinition& definition, std::uint64_t seed) : model_(seed) {
+ReplyBuilder::ReplyBuilder(const ADXDefinition& definition, std::uint64_t seed, Motion motion) : seed_(seed) {
+    if (motion == Motion::kDrive)
+        engine_ = std::make_shared<const EngineModel>(seed, DriveValues::HaveTurbo(definition));
     for (const auto& object : definition.Objects()) {
         if (const auto* send = As<ADXCSendCommand>(object.get())) AddCommand(definition, *send);
         const auto* listen = As<ADXC160BaudListen>(object.get());
@@ -35,10 +42,25 @@ ReplyBuilder::ReplyBuilder(const ADXDefinition& definition, std::uint64_t seed) 
 }
 
 ReplyBuilder::Plan ReplyBuilder::MakePlan(const ADXDefinition& definition, std::uint32_t hash, std::uint32_t offset,
-                                          std::uint32_t capacity) {
-    ValueSweeps values(definition, hash, capacity);
-    BitToggles bits(definition, hash, values.Taken());
-    return {offset, capacity, false, std::move(values), std::move(bits)};
+                                          std::uint32_t capacity) const {
+    Plan plan{offset, capacity, false, {}};
+    if (engine_) {
+        const DriveValues values(definition, hash, capacity);
+        const DriveFlags flags(definition, hash, values.Taken());
+        plan.write = [values, flags, engine = engine_, seed = seed_](std::span<std::uint8_t> packet, double seconds) {
+            const EngineState state = engine->At(seconds);
+            values.Write(packet, state, seed, seconds);
+            flags.Write(packet, state, seed, seconds);
+        };
+    } else {
+        const ValueSweeps values(definition, hash, capacity);
+        const BitToggles bits(definition, hash, values.Taken());
+        plan.write = [values, bits, seed = seed_](std::span<std::uint8_t> packet, double seconds) {
+            values.Write(packet, SweepModel(seed), seconds);
+            bits.Write(packet, seed, seconds);
+        };
+    }
+    return plan;
 }
 
 void ReplyBuilder::AddCommand(const ADXDefinition& definition, const ADXCSendCommand& send) {
@@ -61,8 +83,7 @@ std::vector<std::uint8_t> ReplyBuilder::Build(std::size_t command, double second
     std::vector<std::uint8_t> reply(std::size_t{plan.packetoffset} + plan.capacity);
     WriteHeader(std::span(reply).first(plan.packetoffset), commands_[command].request, reply.size());
     const auto packet = std::span(reply).subspan(plan.packetoffset);
-    plan.values.Write(packet, model_, seconds);
-    plan.bits.Write(packet, model_, seconds);
+    plan.write(packet, seconds);
     if (plan.checksum) {
         reply.back() = 0;
         reply.back() = static_cast<std::uint8_t>(0U - std::accumulate(reply.begin(), reply.end(), 0U));
@@ -73,8 +94,7 @@ std::vector<std::uint8_t> ReplyBuilder::Build(std::size_t command, double second
 std::vector<std::uint8_t> ReplyBuilder::BuildStreamPacket(double seconds) const {
     if (!stream_) return {};
     std::vector<std::uint8_t> packet(stream_->capacity);
-    stream_->values.Write(packet, model_, seconds);
-    stream_->bits.Write(packet, model_, seconds);
+    stream_->write(packet, seconds);
     return packet;
 }
 

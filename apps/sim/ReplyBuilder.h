@@ -2,17 +2,19 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
-#include "apps/sim/BitToggles.h"
-#include "apps/sim/EngineModel.h"
-#include "apps/sim/ValueSweeps.h"
+#include "apps/sim/Motion.h"
 
 namespace corvex {
 
 class ADXCSendCommand;
 class ADXDefinition;
+class EngineModel;
 
 // A reply is exactly replysize bytes: in front of the packet a header as such controllers send it (the request's first
 // byte, a length, the rest of the request), then the packet with the values and flags bound to the command or to none,
@@ -24,7 +26,7 @@ public:
     // Longer replies than this are no definition of a serial line; they are left unanswered.
     static constexpr std::uint32_t kLongest = 65536;
 
-    ReplyBuilder(const ADXDefinition& definition, std::uint64_t seed);
+    ReplyBuilder(const ADXDefinition& definition, std::uint64_t seed, Motion motion = Motion::kDrive);
 
     // The requests, in list order: index n here is command n in Build. Commands without bytes are left out.
     struct Command {
@@ -44,19 +46,20 @@ public:
     std::uint32_t StreamId() const { return streamId_; }
 
 private:
+    using WritePacket = std::function<void(std::span<std::uint8_t> packet, double seconds)>;
     struct Plan {
         std::uint32_t packetoffset;
         std::uint32_t capacity;  // bytes of the reply from there on
         bool checksum;
-        ValueSweeps values;
-        BitToggles bits;
+        WritePacket write;
     };
 
-    static Plan MakePlan(const ADXDefinition& definition, std::uint32_t hash, std::uint32_t offset,
-                         std::uint32_t capacity);
+    Plan MakePlan(const ADXDefinition& definition, std::uint32_t hash, std::uint32_t offset,
+                  std::uint32_t capacity) const;
     void AddCommand(const ADXDefinition& definition, const ADXCSendCommand& send);
 
-    EngineModel model_;
+    std::uint64_t seed_;
+    std::shared_ptr<const EngineModel> engine_;  // null when all is swept
     std::vector<Command> commands_;
     std::vector<Plan> plans_;  // one per command
     std::optional<Plan> stream_;

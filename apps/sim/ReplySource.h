@@ -18,8 +18,9 @@ namespace corvex {
 class ReplySource {
 public:
     // The recording may be null.
-    ReplySource(const ADXDefinition& definition, std::uint64_t seed, std::shared_ptr<const RecordedReplies> recording)
-        : builder_(definition, seed), recording_(std::move(recording)) {}
+    ReplySource(const ADXDefinition& definition, std::uint64_t seed, std::shared_ptr<const RecordedReplies> recording,
+                Motion motion = Motion::kDrive)
+        : builder_(definition, seed, motion), recording_(std::move(recording)) {}
 
     const std::vector<ReplyBuilder::Command>& Commands() const { return builder_.Commands(); }
     bool HasStream() const { return builder_.HasStream(); }

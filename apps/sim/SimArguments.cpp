@@ -34,6 +34,9 @@ bool ParseArguments(int argc, const char* const* argv, SimArguments& arguments, 
     app.add_option("--link", arguments.link, "Symbolic link to the pseudo-terminal, removed at the end")
         ->excludes(port);
     app.add_option("--seed", arguments.options.seed, "Makes a run repeatable")->capture_default_str();
+    app.add_flag_callback(
+        "--sweep", [&arguments] { arguments.options.motion = Motion::kSweep; },
+        "Every value goes over its whole range, every flag is set and cleared, instead of a drive");
     app.add_option("--replay", arguments.replay,
                    "Answer with the replies of this log (.xdl), which begins anew at its end; what it has none of is "
                    "simulated");

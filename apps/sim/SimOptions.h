@@ -6,12 +6,15 @@
 #include <optional>
 #include <string>
 
+#include "apps/sim/Motion.h"
+
 namespace corvex {
 
 class RecordedReplies;
 
 struct SimOptions {
     std::uint64_t seed = 1;
+    Motion motion = Motion::kDrive;
     bool pace = false;  // bytes take their time on the line: 10 bits each at the definition's baud
     bool echo =
         false;  // the line gives every byte back to its sender, as it always does when the definition counts on it

@@ -33,8 +33,9 @@ void ValueSweeps::Add(const ADXValue& value) {
             return;
         }
     }
-    sweeps_.push_back({value.packetoffset, bits, value.GetIdHash() ^ value.packetoffset, lowByteFirst,
-                       SignalOf(value.Title(), value.Units()), curve});
+    std::optional<Signal> signal;
+    if (const auto shown = SignalOf(value.Title(), value.Units())) signal = shown->signal;
+    sweeps_.push_back({value.packetoffset, bits, value.GetIdHash() ^ value.packetoffset, lowByteFirst, signal, curve});
     std::fill_n(taken_.begin() + value.packetoffset, bytes, true);
 }
 
@@ -55,7 +56,7 @@ void ValueSweeps::ShareTurns() {
     }
 }
 
-void ValueSweeps::Write(std::span<std::uint8_t> packet, const EngineModel& model, double seconds) const {
+void ValueSweeps::Write(std::span<std::uint8_t> packet, const SweepModel& model, double seconds) const {
     for (const Sweep& sweep : sweeps_) {
         double level = 0.0;
         if (sweep.turns == 1) {

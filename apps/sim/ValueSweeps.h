@@ -1,13 +1,14 @@
-// Moves the values of one packet.
+// Moves the values of one packet over their ranges: for tests of what shows them.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
-#include "apps/sim/EngineModel.h"
 #include "apps/sim/RawCurve.h"
+#include "apps/sim/SweepModel.h"
 
 namespace corvex {
 
@@ -25,7 +26,7 @@ public:
     // Takes the values of `command` and of no command whose fields lie inside the first `capacity` bytes.
     ValueSweeps(const ADXDefinition& definition, std::uint32_t command, std::uint32_t capacity);
 
-    void Write(std::span<std::uint8_t> packet, const EngineModel& model, double seconds) const;
+    void Write(std::span<std::uint8_t> packet, const SweepModel& model, double seconds) const;
     // For each packet byte, whether a value is written there.
     const std::vector<bool>& Taken() const { return taken_; }
 
@@ -33,7 +34,7 @@ private:
     struct Sweep {
         std::uint32_t offset, sizeinbits, key;
         bool lowByteFirst;
-        Signal signal;
+        std::optional<Signal> signal;
         RawCurve curve;
         std::uint32_t turn = 0, turns = 1;  // of those that overlap
     };

@@ -2,82 +2,154 @@
 
 #include <algorithm>
 #include <cmath>
-#include <tuple>
 
+#include "apps/sim/DriveCourse.h"
 #include "apps/sim/EngineModel.h"
-#include "apps/sim/SignalNames.h"
 
 namespace corvex {
 namespace {
 
-constexpr Signal kAll[] = {
-    Signal::kRpm,      Signal::kThrottle,  Signal::kSpeed,   Signal::kCoolant, Signal::kAirTemperature,
-    Signal::kManifold, Signal::kOxygen,    Signal::kVoltage, Signal::kSpark,   Signal::kPulse,
-    Signal::kTrim,     Signal::kIdleValve, Signal::kAirflow, Signal::kOwn};
+constexpr double kFirstLapEnds = EngineModel::kStart + EngineModel::kLap;
 
-TEST(EngineModel, TakesEverySignalToBothEndsInACycle) {
-    const EngineModel model(1);
-    for (const Signal signal : kAll) {
-        double low = 1, high = 0;
-        for (double time = 0; time < EngineModel::kCycle; time += 1.2) {
-            const double level = model.Level(signal, 42, time);
-            ASSERT_GE(level, 0.0);
-            ASSERT_LE(level, 1.0);
-            low = std::min(low, level);
-            high = std::max(high, level);
-        }
-        EXPECT_LT(low, 0.01) << static_cast<int>(signal);
-        EXPECT_GT(high, 0.99) << static_cast<int>(signal);
+class EngineModelTest : public ::testing::Test {
+protected:
+    // Calls `look` with the seconds and the states of two steps that follow each other.
+    template <class Look>
+    void EachStep(double from, double past, Look look) const {
+        for (double time = from; time + EngineModel::kStep < past; time += EngineModel::kStep)
+            look(time, model.At(time), model.At(time + EngineModel::kStep));
+    }
+    // Seconds of the first lap.
+    EngineState InLap(double seconds) const { return model.At(EngineModel::kStart + seconds); }
+
+    const EngineModel model{1};
+};
+
+TEST_F(EngineModelTest, TurnsEngineAndShaftTogetherWhileTheClutchIsClosed) {
+    constexpr double kRatios[] = {0, 2.8, 1.6, 1.0, 0.7};
+    int inGear[5] = {};
+    EachStep(0, 2 * kFirstLapEnds, [&](double time, const EngineState& state, const EngineState&) {
+        if (!state.Is(Condition::kClutchClosed)) return;
+        const auto gear = static_cast<int>(state[Signal::kGear]);
+        ++inGear[gear];
+        ASSERT_NEAR(state[Signal::kRpm] / state[Signal::kShaftRpm], kRatios[gear], 0.04 * kRatios[gear]) << time;
+        ASSERT_NEAR(state[Signal::kShaftRpm] / state[Signal::kSpeed], 29.09, 1.0) << time;
+    });
+    for (int gear = 1; gear <= 4; ++gear)
+        EXPECT_GT(inGear[gear], 100) << gear;
+}
+
+TEST_F(EngineModelTest, ClosesThrottleAndEmptiesTheManifoldWhenItDecelerates) {
+    int cuts = 0;
+    EachStep(0, kFirstLapEnds, [&](double time, const EngineState& before, const EngineState& state) {
+        if (!before.Is(Condition::kDecelCut) || !state.Is(Condition::kDecelCut)) return;
+        ++cuts;
+        ASSERT_LT(state[Signal::kThrottle], 0.02) << time;
+        ASSERT_LT(state[Signal::kManifold], 40) << time;
+        ASSERT_EQ(state[Signal::kPulse], 0) << time;
+        ASSERT_LT(state[Signal::kTorque], 0) << time;
+        ASSERT_LE(state[Signal::kSpeed], before[Signal::kSpeed]) << time;
+    });
+    EXPECT_GT(cuts, 200);
+    EXPECT_LT(InLap(104)[Signal::kManifold], 25);  // after the hard pull
+    EXPECT_GT(InLap(100)[Signal::kManifold], 80);
+    EXPECT_GT(InLap(100)[Signal::kLoad], 3 * InLap(104)[Signal::kLoad]);
+}
+
+TEST_F(EngineModelTest, WarmsUpSteadilyToTheThermostatAndStaysThere) {
+    bool warm = false;
+    EachStep(0, 2 * kFirstLapEnds, [&](double time, const EngineState& before, const EngineState& state) {
+        warm = warm || before[Signal::kCoolant] >= 86;
+        ASSERT_GE(state[Signal::kCoolant], warm ? 85.5 : before[Signal::kCoolant]) << time;
+        ASSERT_LE(state[Signal::kCoolant], 93.5) << time;
+    });
+    EXPECT_TRUE(warm);
+    EXPECT_LT(model.At(0)[Signal::kCoolant], 50);
+    EXPECT_GT(model.At(5)[Signal::kDesiredIdle], model.At(kFirstLapEnds - 1)[Signal::kDesiredIdle] + 100);
+}
+
+TEST_F(EngineModelTest, CranksOnTheBatteryAndChargesItWhenItRuns) {
+    const EngineState key = model.At(1), crank = model.At(DriveCourse::kFiresAt - 0.2), idle = model.At(8);
+    EXPECT_EQ(key[Signal::kRpm], 0);
+    EXPECT_NEAR(key[Signal::kManifold], key[Signal::kBarometer], 0.5);
+    EXPECT_TRUE(crank.Is(Condition::kCranking));
+    EXPECT_NEAR(crank[Signal::kRpm], 205, 30);
+    EXPECT_LT(crank[Signal::kVoltage], key[Signal::kVoltage] - 1.5);
+    EXPECT_GT(idle[Signal::kVoltage], key[Signal::kVoltage] + 1);
+    EXPECT_NEAR(idle[Signal::kRpm], idle[Signal::kDesiredIdle], 60);
+    EXPECT_LT(key[Signal::kOilPressure], 1);
+    EXPECT_GT(idle[Signal::kOilPressure], 150);
+    EXPECT_GT(model.At(EngineModel::kStart - 2.4)[Signal::kRpm], 2 * idle[Signal::kRpm]);  // the blip
+}
+
+TEST_F(EngineModelTest, RunsLeanForAWhileUponWhichTheTrimsAddFuelAndTheLampComesOn) {
+    const EngineState before = InLap(68), spell = InLap(70.5), learnt = InLap(80), after = InLap(94);
+    EXPECT_TRUE(spell.Is(Condition::kLean));
+    EXPECT_LT(spell[Signal::kOxygen], 0.2);
+    const auto trim = [](const EngineState& state) { return state[Signal::kShortTrim] + state[Signal::kLongTrim]; };
+    EXPECT_GT(trim(learnt), trim(before) + 0.1);
+    EXPECT_GT(learnt[Signal::kLongTrim], before[Signal::kLongTrim] + 0.06);
+    EXPECT_GT(learnt[Signal::kPulse], 1.08 * learnt[Signal::kPulseRight]);
+    EXPECT_NEAR(trim(after), trim(before), 0.04);
+    EXPECT_NEAR(learnt[Signal::kLongTrimRight], before[Signal::kLongTrimRight], 0.02);
+
+    int comesOn = 0, goesOff = 0;
+    EachStep(0, kFirstLapEnds, [&](double time, const EngineState& earlier, const EngineState& state) {
+        const bool was = earlier.Is(Condition::kLamp), is = state.Is(Condition::kLamp);
+        comesOn += !was && is ? 1 : 0;
+        goesOff += was && !is ? 1 : 0;
+        ASSERT_EQ(is, state.Is(Condition::kOxygenFault) && state[Signal::kFaults] == 1) << time;
+    });
+    EXPECT_EQ(comesOn, 1);
+    EXPECT_EQ(goesOff, 1);
+}
+
+TEST_F(EngineModelTest, RetardsTheSparkWhenItKnocksAndNeverElse) {
+    const EngineState before = InLap(97), knocks = InLap(97.8), after = InLap(106);
+    EXPECT_GT(knocks[Signal::kKnockRetard], 5);
+    EXPECT_LT(knocks[Signal::kSpark], before[Signal::kSpark] - 4);
+    EXPECT_GT(knocks[Signal::kKnockCount], before[Signal::kKnockCount]);
+    EXPECT_GT(knocks[Signal::kKnockLevel], 2 * before[Signal::kKnockLevel]);
+    EXPECT_EQ(after[Signal::kKnockRetard], 0);
+    EachStep(0, kFirstLapEnds, [&](double time, const EngineState&, const EngineState& state) {
+        const double lap = time - EngineModel::kStart;
+        ASSERT_EQ(state[Signal::kKnockRetard] > 0, lap > 97.15 && lap < 105 && state[Signal::kKnockRetard] > 0) << time;
+    });
+}
+
+TEST_F(EngineModelTest, CountsRunTimeInWholeSecondsUpForEver) {
+    EXPECT_EQ(model.At(DriveCourse::kFiresAt - 0.1)[Signal::kRunTime], 0);
+    for (const double time : {3.0, 100.0, kFirstLapEnds + 3, 5 * kFirstLapEnds, 100000.0}) {
+        const double told = model.At(time)[Signal::kRunTime];
+        EXPECT_NEAR(told, time - DriveCourse::kFiresAt, 1) << time;
+        EXPECT_EQ(told, std::floor(told));
+        EXPECT_EQ(model.At(time + 1)[Signal::kRunTime], told + 1) << time;
+        EXPECT_GT(model.At(time + 1)[Signal::kRevolutions], model.At(time)[Signal::kRevolutions]);
     }
 }
 
-TEST(EngineModel, NeverJumps) {
-    const EngineModel model(5);
-    for (const Signal signal : kAll) {
-        double last = model.Level(signal, 42, 0);
-        for (double time = 0.01; time < 2 * EngineModel::kCycle; time += 0.01) {
-            const double level = model.Level(signal, 42, time);
-            ASSERT_LT(std::abs(level - last), 0.06) << static_cast<int>(signal) << " at " << time;
-            last = level;
-        }
-    }
+TEST_F(EngineModelTest, NeverJumpsNotEvenFromLapToLap) {
+    const std::pair<Signal, double> most[] = {
+        {Signal::kRpm, 340},     {Signal::kSpeed, 0.8}, {Signal::kManifold, 16},        {Signal::kThrottle, 0.25},
+        {Signal::kCoolant, 0.5}, {Signal::kVoltage, 1}, {Signal::kOilTemperature, 0.5}, {Signal::kLongTrim, 0.01}};
+    EachStep(0, 6 * kFirstLapEnds, [&](double time, const EngineState& before, const EngineState& state) {
+        for (const auto& [signal, step] : most)
+            ASSERT_LE(std::abs(state[signal] - before[signal]), step) << static_cast<int>(signal) << " at " << time;
+    });
 }
 
-TEST(EngineModel, StartsCranksAndWarmsUp) {
-    const EngineModel model(1);
-    EXPECT_EQ(model.Level(Signal::kRpm, 0, 0.5), 0.0);
-    EXPECT_NEAR(model.Level(Signal::kRpm, 0, 2.0), 0.045, 0.02);
-    EXPECT_NEAR(model.Level(Signal::kRpm, 0, 5.5), 0.14, 0.03);
-    EXPECT_LT(model.Level(Signal::kCoolant, 0, 5), model.Level(Signal::kCoolant, 0, 40));
-    EXPECT_LT(model.Level(Signal::kCoolant, 0, 40), model.Level(Signal::kCoolant, 0, 150));
-    EXPECT_LT(model.Level(Signal::kVoltage, 0, 2), model.Level(Signal::kVoltage, 0, 10));
-}
-
-TEST(EngineModel, DependsOnSeedKeyAndTimeAlone) {
-    const EngineModel one(1), again(1), other(2);
-    for (const Signal signal : kAll) {
-        const double level = one.Level(signal, 7, 33.3);
-        EXPECT_EQ(level, again.Level(signal, 7, 33.3));
-    }
-    EXPECT_NE(one.Level(Signal::kOwn, 7, 33.3), other.Level(Signal::kOwn, 7, 33.3));
-    EXPECT_NE(one.Level(Signal::kOwn, 7, 33.3), one.Level(Signal::kOwn, 8, 33.3));
-}
-
-TEST(SignalNames, TellsSignalsByTitleThenUnits) {
-    const std::tuple<const char*, const char*, Signal> cases[] = {
-        {"Engine Speed", "rpm", Signal::kRpm},
-        {"Vehicle Speed (mph)", "mph", Signal::kSpeed},
-        {"Coolant Temperature", "C", Signal::kCoolant},
-        {"TPS", "%", Signal::kThrottle},
-        {"Oxygen Sensor Left", "mV", Signal::kOxygen},
-        {"Battery Voltage", "V", Signal::kVoltage},
-        {"Manifold Pressure", "kPa", Signal::kManifold},
-        {"Desired", "RPM", Signal::kRpm},
-        {"Deviation", "", Signal::kOwn},
-        {"", "", Signal::kOwn},
+TEST_F(EngineModelTest, DependsOnSeedAndTimeAlone) {
+    const EngineModel again(1), other(2), turbo(1, true);
+    EXPECT_EQ(model.At(99).signals, again.At(99).signals);
+    EXPECT_NE(model.At(99).signals, other.At(99).signals);
+    const auto most = [](const EngineModel& engine) {
+        double pressure = 0;
+        for (double time = 0; time < kFirstLapEnds; time += 0.5)
+            pressure = std::max(pressure, engine.At(time)[Signal::kManifold]);
+        return pressure;
     };
-    for (const auto& [title, units, signal] : cases)
-        EXPECT_EQ(SignalOf(title, units), signal) << title;
+    EXPECT_LT(most(model), 100);
+    EXPECT_GT(most(turbo), 150);
 }
 
 }  // namespace

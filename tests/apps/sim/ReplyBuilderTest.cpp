@@ -46,10 +46,10 @@ std::uint32_t OptionsFor(const ADXValue& value) {
 }
 
 // Ten minutes of replies through the definition's own readers, one every 300 ms (a stream packet every 1.2 s).
-class Drive {
+class Replies {
 public:
-    explicit Drive(ADXDefinition& definition, std::uint64_t seed = 1) : definition_(definition) {
-        const ReplyBuilder builder(definition, seed);
+    explicit Replies(ADXDefinition& definition, Motion motion = Motion::kSweep) : definition_(definition) {
+        const ReplyBuilder builder(definition, 1, motion);
         const double period = builder.HasStream() ? 1.2 : 0.3;
         for (double time = 0; time < 600; time += period) {
             std::size_t index = 0;
@@ -125,10 +125,10 @@ protected:
 };
 
 TEST_P(ReplyBuilderOnExample, SweepsEveryValueAndTogglesEveryFlagInTenMinutes) {
-    Drive drive(definition);
-    EXPECT_GT(drive.seen.size(), 10U);
-    drive.ExpectSweeps();
-    drive.ExpectToggles();
+    Replies replies(definition);
+    EXPECT_GT(replies.seen.size(), 10U);
+    replies.ExpectSweeps();
+    replies.ExpectToggles();
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, ReplyBuilderOnExample,
@@ -153,10 +153,10 @@ TEST(ReplyBuilder, SweepsEveryWidthOrderAndSign) {
     }
     auto& send = static_cast<ADXCSendCommand&>(*definition.GetObject(kTypeSendCommand, 0));
     send.replysize = send.packetsize = offset;
-    Drive drive(definition);
-    drive.ExpectSweeps();
+    Replies replies(definition);
+    replies.ExpectSweeps();
     // And not beyond: the words run over the display range only.
-    for (const auto& [value, span] : drive.seen)
+    for (const auto& [value, span] : replies.seen)
         EXPECT_LE(span.high, 111.0) << value->Id();
 }
 
@@ -171,13 +171,13 @@ TEST(ReplyBuilder, FollowsAReciprocalAndRunsOverTheWholeFieldWhereAnEquationTurn
     auto& period = test::AddValue(definition, "PERIOD", 2, 16, "1000000/X");
     period.rangelow = 400;
     period.rangehigh = 7000;
-    const Drive drive(definition);
-    EXPECT_NEAR(drive.seen.at(&period).low, 400, 60);
-    EXPECT_NEAR(drive.seen.at(&period).high, 7000, 60);
-    EXPECT_EQ(drive.seen.at(&value).low, 0);
-    EXPECT_EQ(drive.seen.at(&value).high, 128 * 128);
-    EXPECT_EQ(drive.seen.at(&nothing).low, 0);
-    EXPECT_EQ(drive.seen.at(&nothing).high, 255);
+    const Replies replies(definition);
+    EXPECT_NEAR(replies.seen.at(&period).low, 400, 60);
+    EXPECT_NEAR(replies.seen.at(&period).high, 7000, 60);
+    EXPECT_EQ(replies.seen.at(&value).low, 0);
+    EXPECT_EQ(replies.seen.at(&value).high, 128 * 128);
+    EXPECT_EQ(replies.seen.at(&nothing).low, 0);
+    EXPECT_EQ(replies.seen.at(&nothing).high, 255);
 }
 
 TEST(ReplyBuilder, GivesOverlappingValuesTheirTurns) {
@@ -189,8 +189,8 @@ TEST(ReplyBuilder, GivesOverlappingValuesTheirTurns) {
     test::AddValue(definition, "NEXT", 1, 16).rangehigh = 65535;
     test::AddValue(definition, "LOWER", 3, 8).rangehigh = 100;
     test::AddValue(definition, "UPPER", 3, 8).rangelow = 90;
-    Drive drive(definition);
-    drive.ExpectSweeps();
+    Replies replies(definition);
+    replies.ExpectSweeps();
 }
 
 TEST(ReplyBuilder, TogglesSelectorsExclusivesAndFlagsOverValues) {
@@ -210,9 +210,42 @@ TEST(ReplyBuilder, TogglesSelectorsExclusivesAndFlagsOverValues) {
     little.flags = ADXBitmask::kLowByteFirst;
     test::AddValue(definition, "HELD", 6, 8).rangehigh = 40;
     test::AddBit(definition, "TOPBIT", 6, 0x80, 0x80);
-    Drive drive(definition);
-    drive.ExpectToggles();
-    drive.ExpectSweeps();
+    Replies replies(definition);
+    replies.ExpectToggles();
+    replies.ExpectSweeps();
+}
+
+TEST(ReplyBuilder, TakesToAndFroWhatNoWordsTellAndLeavesCalibrationsAlone) {
+    ADXDefinition definition;
+    test::AddSend(definition, "POLL", {1}, 8);
+    auto& own = test::AddValue(definition, "OWN", 0, 8);
+    own.rangehigh = 200;
+    auto& word = test::AddValue(definition, "WORD", 1, 16);
+    word.rangehigh = 60000;
+    auto& part = test::AddValue(definition, "PART", 2, 8);  // over the low byte of the one before
+    auto& fixed = test::AddValue(definition, "CAL", 3, 8);
+    fixed.SetTitle("Calibration", 11);
+    auto& speed = test::AddValue(definition, "SPEED", 4, 16, "1000000/X");
+    speed.SetTitle("Engine Speed", 12);
+    speed.SetUnits("rpm", 3);
+    for (std::uint32_t setting = 0; setting < 4; ++setting)
+        test::AddBit(definition, std::to_string(setting).c_str(), 6, 3, setting);
+    test::AddBit(definition, "ALONE", 6, 4, 4);
+    test::AddBit(definition, "OVER", 0, 1, 1);
+    Replies replies(definition, Motion::kDrive);
+    EXPECT_NEAR(replies.seen.at(&own).low, 40, 20);
+    EXPECT_NEAR(replies.seen.at(&own).high, 160, 20);
+    EXPECT_LT(replies.seen.at(&word).high, 60000);
+    EXPECT_GT(replies.seen.at(&part).high, 200);
+    EXPECT_EQ(replies.seen.at(&fixed).low, replies.seen.at(&fixed).high);
+    EXPECT_NEAR(replies.seen.at(&speed).high, 4700, 120);
+    for (const char* id : {"0", "1", "2", "3", "ALONE"}) {
+        EXPECT_GT(replies.set[definition.FindById(id)], 0) << id;
+        EXPECT_GT(replies.clear[definition.FindById(id)], 0) << id;
+    }
+    EXPECT_EQ(replies.set[definition.FindById("3")] + replies.set[definition.FindById("2")] +
+                  replies.set[definition.FindById("1")] + replies.set[definition.FindById("0")],
+              2000);
 }
 
 TEST(ReplyBuilder, LeavesMasksThatCannotToggleAlone) {
@@ -220,9 +253,11 @@ TEST(ReplyBuilder, LeavesMasksThatCannotToggleAlone) {
     test::AddSend(definition, "POLL", {1}, 1);
     test::AddBit(definition, "ALWAYS", 0, 0, 0);
     test::AddBit(definition, "NEVER", 0, 1, 2);
-    const ReplyBuilder builder(definition, 1);
-    for (double time = 0; time < 60; time += 1)
-        EXPECT_EQ(builder.Build(0, time), Bytes{0});
+    for (const Motion motion : {Motion::kSweep, Motion::kDrive}) {
+        const ReplyBuilder builder(definition, 1, motion);
+        for (double time = 0; time < 60; time += 1)
+            EXPECT_EQ(builder.Build(0, time), Bytes{0});
+    }
 }
 
 TEST(ReplyBuilder, MakesHeaderAndChecksumAroundThePacket) {

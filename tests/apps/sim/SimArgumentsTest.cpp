@@ -26,10 +26,10 @@ ParsedWords Parse(std::vector<const char*> words) {
 }
 
 TEST(SimArguments, TakeAllFaultsTogether) {
-    const ParsedWords outcome =
-        Parse({"x.adx", "--pace",           "--echo", "--seed",   "5",        "--drop",    "0.1",      "--noise",
-               "0.2",   "--faulty-replies", "7",      "--late",   "30",       "--chatter", "--silent", "--unplug-after",
-               "2.5",   "--seconds",        "9",      "--replay", "drive.xdl"});
+    const ParsedWords outcome = Parse({"x.adx", "--pace",    "--echo",    "--seed",           "5",   "--drop",
+                                       "0.1",   "--noise",   "0.2",       "--faulty-replies", "7",   "--late",
+                                       "30",    "--chatter", "--silent",  "--unplug-after",   "2.5", "--seconds",
+                                       "9",     "--replay",  "drive.xdl", "--sweep"});
     ASSERT_TRUE(outcome.run);
     const SimOptions& options = outcome.arguments.options;
     EXPECT_TRUE(options.pace && options.echo && options.chatter && options.silent);
@@ -39,6 +39,8 @@ TEST(SimArguments, TakeAllFaultsTogether) {
     EXPECT_EQ(options.faultyReplies, 7U);
     EXPECT_EQ(options.unplugAfter, 2.5);
     EXPECT_EQ(options.seconds, 9.0);
+    EXPECT_EQ(options.motion, Motion::kSweep);
+    EXPECT_EQ(Parse({"x.adx"}).arguments.options.motion, Motion::kDrive);
     EXPECT_EQ(Parse({"x.adx"}).arguments.replay, "");
 }
 
