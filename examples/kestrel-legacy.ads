@@ -83,11 +83,11 @@
 	dOffset                         =0.000000;
 	strItemTitle                    =Engine Speed;
 	strUnitLabel                    =rpm;
-	dwAlarmHigh                     =49600;
+	dwAlarmHigh                     =36800;
 	bAlarmHighENable                =1;
 	dwAlarmLow                      =0;
 	bAlarmLowEnable                 =0;
-	iRangeHigh                      =56000;
+	iRangeHigh                      =40000;
 	iRangeLow                       =0;
 	iLookupTableIndex               =-1;
 }
@@ -106,11 +106,11 @@
 	dOffset                         =0.000000;
 	strItemTitle                    =Vehicle Speed;
 	strUnitLabel                    =km/h;
-	dwAlarmHigh                     =220;
+	dwAlarmHigh                     =180;
 	bAlarmHighENable                =1;
 	dwAlarmLow                      =0;
 	bAlarmLowEnable                 =0;
-	iRangeHigh                      =255;
+	iRangeHigh                      =200;
 	iRangeLow                       =0;
 	iLookupTableIndex               =-1;
 }
@@ -149,9 +149,9 @@
 	btMessageNumber                 =1;
 	dwItemSizeBits                  =8;
 	dwOperation                     =1;
-	dFactor                         =1200.000000;
+	dFactor                         =120.000000;
 	dOffset                         =0.500000;
-	strItemTitle                    =Injector Duty;
+	strItemTitle                    =Injector Pulse;
 	strUnitLabel                    =ms;
 	dwAlarmHigh                     =255;
 	bAlarmHighENable                =0;

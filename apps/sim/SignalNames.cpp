@@ -112,8 +112,7 @@ constexpr Keyword<Condition> kConditionWords[] = {
     {"decel", C::kDecelCut},
     {"power enrich", C::kPowerMixture},
     {"asynchronous", C::kTipIn},
-    {"oxygen sensor fault", C::kOxygenFault},
-    {"oxygen sensor left fault", C::kOxygenFault},
+    {"oxygen sensor", C::kOxygenFault},
     {"knock retard", C::kKnocking},
     {"oil pressure", C::kOilLow},
     {"air conditioning req", C::kAcRequest},
@@ -130,6 +129,8 @@ constexpr Keyword<Condition> kConditionWords[] = {
     {"shift l", C::kShiftLamp},
     {"fuel pump", C::kFuelPump},
     {"crank", C::kCranking},
+    {"sensor", C::kNever},
+    {"valve", C::kNever},
     {"fault", C::kNever},
     {"error", C::kNever},
     {"reverse", C::kNever},
@@ -138,10 +139,11 @@ constexpr Keyword<Condition> kConditionWords[] = {
     {"diagnostic", C::kNever},
     {"flood", C::kNever},
     {"cut", C::kNever},
+    {"boost", C::kNever},
 };
 // What a flag shows while its condition does not hold.
-constexpr std::array kRestWords{"off",  "no",       "good", "ok",   "normal",  "none",     "clear", "free",
-                                "open", "inactive", "rich", "road", "stopped", "unlocked", "sound"};
+constexpr std::array kRestWords{"off",  "no",   "good",     "ok",   "normal", "none",    "clear",
+                                "free", "open", "inactive", "rich", "road",   "stopped", "unlocked"};
 
 enum class Dimension { kNone, kCounts, kPart, kTemperature, kPressure, kSpeed, kVoltage, kMilliseconds, kTrim, kSteps };
 

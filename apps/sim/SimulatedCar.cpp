@@ -39,7 +39,7 @@ double EfficiencyAt(double rpm) {
 }  // namespace
 
 SimulatedCar::SimulatedCar(std::uint64_t seed, bool turbo)
-    : turbo_(turbo), phase_(FractionOf(seed, 0)), step_(EngineModel::kStep) {
+    : turbo_(turbo), size_(turbo ? 0.6 : 1), phase_(FractionOf(seed, 0)), step_(EngineModel::kStep) {
     const double day = 4 * FractionOf(seed, 1) - 2;  // warmer or colder
     state_.Set(Signal::kAirTemperature, kAmbient + day);
     state_.Set(Signal::kCoolant, kFirstCoolant + day);
@@ -157,7 +157,7 @@ void SimulatedCar::Breathe() {
         rpm < 30 ? 0 : kFullCharge * full * airCharge_ / 100 * 293 / (273 + At(Signal::kAirTemperature));
     state_.Set(Signal::kEfficiency, rpm < 30 ? 0 : full);
     state_.Set(Signal::kAirMass, mass);
-    state_.Set(Signal::kAirflow, mass / 1000 * rpm / 120 * kCylinders);
+    state_.Set(Signal::kAirflow, mass / 1000 * rpm / 120 * kCylinders * size_);
     state_.Set(Signal::kLoad, running_ ? std::clamp(mass / (kFullCharge * 0.92), 0.0, 1.0) : 0);
 }
 
@@ -167,7 +167,7 @@ void SimulatedCar::Push(double brake) {
         fuelCut_ = false;
     else if (rpm > 1500)
         fuelCut_ = true;
-    const double burnt = fuelCut_ ? 0 : kPeakTorque * 1.3 * (airCharge_ - 12) / 90 * EfficiencyAt(rpm);
+    const double burnt = fuelCut_ ? 0 : size_ * kPeakTorque * 1.3 * (airCharge_ - 12) / 90 * EfficiencyAt(rpm);
     double torque = running_ ? burnt - 38 - rpm / 180 - std::max(0.0, 99 - airCharge_) * 0.42 : 0;
     if (rpm >= kLimiter - 1) torque = std::min(torque, 0.0);
     if (running_ && !coupled_ && throttle_ < 0.01) torque = 9;  // what turns the alternator
@@ -257,7 +257,7 @@ void SimulatedCar::Ignite(double lap) {
     if (running_ && throttle_ < 0.01 && !coupled_)
         base = 18 + cold + 1.2 * Ripple(seconds_ * 2, phase_);
     else if (running_)
-        base = std::clamp(12 + std::min(rpm, 3200.0) / 215 + (100 - airCharge_) * 0.17, 4.0, 42.0);
+        base = std::clamp(12 + std::min(rpm, 3200.0) / 215 + (100 - airCharge_) * 0.17, 4.0, 39.5);
     const bool knocks = running_ && DriveCourse::Knocks(lap);
     if (knocks) {
         retard_ = std::min(retard_ + 14 * step_, 7.0);

@@ -40,6 +40,7 @@ private:
 
     EngineState state_;
     bool turbo_;
+    double size_;   // of the engine: one with a turbocharger is smaller
     double phase_;  // of what trembles, in turns
     double seconds_ = 0, step_;
     bool running_ = false, cranking_ = false, fuelCut_ = false, power_ = false, drive_ = false, coupled_ = false;

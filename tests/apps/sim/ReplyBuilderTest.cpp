@@ -215,6 +215,25 @@ TEST(ReplyBuilder, TogglesSelectorsExclusivesAndFlagsOverValues) {
     replies.ExpectSweeps();
 }
 
+TEST_P(ReplyBuilderOnExample, ShowsADriveInWhichTheAlarmsAreEvents) {
+    Replies replies(definition, Motion::kDrive);
+    for (const auto& [object, span] : replies.seen) {
+        const auto& value = static_cast<const ADXValue&>(*object);
+        const bool counts = std::strstr(value.Title(), "Count") != nullptr;  // to 255, past the round end of its scale
+        if (value.HasLinks() || OptionsFor(value) != 0 || counts) continue;
+        EXPECT_GE(span.low, static_cast<double>(value.rangelow) - 0.01) << value.Id();
+        EXPECT_LE(span.high, static_cast<double>(value.rangehigh) + 0.01) << value.Id();
+    }
+    const auto find = [&](const char* id) { return definition.FindById(id); };
+    const auto& rpm = replies.seen.at(find("RPM"));
+    EXPECT_EQ(rpm.low, 0);
+    EXPECT_NEAR(rpm.high, 4700, 120);
+    EXPECT_NEAR(replies.seen.at(find("CLT")).high, 91.5, 2);
+    EXPECT_NEAR(replies.seen.at(find("BATT")).low, 10, 0.5);
+    EXPECT_GT(replies.set.at(find("CLOOP")), 3 * replies.clear.at(find("CLOOP")) / 2);
+    EXPECT_EQ(replies.set[find("FCLT")] == 0 || replies.clear[find("FCLT")] == 0, true);  // never a fault
+}
+
 TEST(ReplyBuilder, TakesToAndFroWhatNoWordsTellAndLeavesCalibrationsAlone) {
     ADXDefinition definition;
     test::AddSend(definition, "POLL", {1}, 8);

@@ -51,7 +51,7 @@ TEST(SignalNames, TellConditionsAndWhichWayRoundAFlagIs) {
         {"Closed Loop", "active", Condition::kClosedLoop, true},
         {"Right Bank Lean", "lean", Condition::kLeanRight, true},
         {"Left Bank Mixture", "rich", Condition::kLean, false},
-        {"Left Oxygen Sensor Fault", "good", Condition::kOxygenFault, false},
+        {"Left Oxygen Sensor", "good", Condition::kOxygenFault, false},
         {"Right Oxygen Sensor Fault", "fault", Condition::kNever, true},
         {"Coolant Sensor Fault", "fault", Condition::kNever, true},
         {"Fuel Pump", "running", Condition::kFuelPump, true},

@@ -55,7 +55,7 @@ TEST_F(AdsExample, HasEveryOperationAndEveryType) {
 }
 
 TEST_F(AdsExample, ComputesItsValues) {
-    const std::pair<const char*, double> numbers[] = {{"10", 800.0}, {"11", 88.0}, {"12", 80.0}, {"13", 12.5},
+    const std::pair<const char*, double> numbers[] = {{"10", 800.0}, {"11", 88.0}, {"12", 80.0}, {"13", 1.7},
                                                       {"16", 120.0}, {"17", 66.0}, {"19", 70.0}};  // 19 by its table
     for (const auto& [id, number] : numbers)
         EXPECT_EQ(Value(id).Compute(definition, {packet, sizeof packet}), number) << id;
