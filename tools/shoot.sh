@@ -1,7 +1,7 @@
 #!/bin/sh
 # shoot.sh STATE|all FOLDER [WIDTH HEIGHT [TAB [ROW]]]: pictures of Corvex.exe in a state, or in each: splash, not-connected,
 # connecting, connected, recording, playing, paused, preferences, about, editor; or, when named, played: the example's drive to
-# its end, or surface: the same with a histogram as one, ROW quarters turned, on tab 3. FOLDER takes STATE-WIDTH.png; 650 by 500, tab 0, Output, and the first dashboard or list unless told otherwise.
+# its end, or driven@SECONDS: in the midst of it, or surface: at its end a histogram as one, ROW quarters turned, on tab 3. FOLDER takes STATE-WIDTH.png; 650 by 500, tab 0, Output, and the first dashboard or list unless told otherwise.
 set -eu
 . "$(dirname "$0")/desktop-folder.sh"
 [ $# -ge 2 ] || { sed -n '2,4s/^# //p' "$0" >&2; exit 2; }

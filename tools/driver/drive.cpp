@@ -8,6 +8,7 @@
 #include <fstream>
 #include <string>
 
+#include "controls/window/CommonControls.h"
 #include "tools/driver/DemoRun.h"
 #include "tools/driver/LogFiles.h"
 #include "tools/driver/ProgramStates.h"
@@ -19,7 +20,7 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: corvex-drive demo FOLDER PICTURES\n"
-    "       corvex-drive shoot FOLDER PICTURES STATE|all WIDTH HEIGHT [TAB [ROW]]\n";
+    "       corvex-drive shoot FOLDER PICTURES STATE[@SECONDS]|all WIDTH HEIGHT [TAB [ROW]]\n";
 
 constexpr int kMonitorTab = 4;  // whose charts are empty at first
 
@@ -28,7 +29,8 @@ struct PictureTask {
     std::string pictures;  // as the host names the folder
     int width = 650, height = 500;
     int tab = 0;
-    int row = 0;  // of what the Dash or Item Lists tab can show, or quarters that a surface is turned by
+    int row = 0;        // of what the Dash or Item Lists tab can show, or quarters that a surface is turned by
+    double moment = 0;  // seconds into the example's drive
 };
 
 // The example's drive, played to its end: tables and charts have something to show.
@@ -44,8 +46,24 @@ const ProgramState kPlayed{"played",
 // The same with the histogram on show as a surface, which the row turns by so many quarters.
 const ProgramState kSurface{"surface", kPlayed.enter, true};
 
+constexpr double kDriveSeconds = 167.5;
+
+// In the midst of the example's drive, at the moment told behind the name.
+const ProgramState kDriven{"driven", [](Operator& person) { person.Play(); }, true};
+
+// As the slider is dragged there. The charts get what came before.
+void GoTo(const Operator& person, const PictureTask& task) {
+    const CorvexWindow& window = person.Window();
+    const double lead = task.tab == kMonitorTab ? 18.0 : 1.5;
+    const HWND slider = window.Slider();
+    const int place = static_cast<int>(window.SliderEnd() * (task.moment - lead) / kDriveSeconds);
+    ::SendMessageA(slider, TBM_SETPOS, TRUE, place);
+    ::SendMessageA(::GetParent(slider), WM_HSCROLL, MAKEWPARAM(TB_ENDTRACK, 0), reinterpret_cast<LPARAM>(slider));
+    person.Watch(lead);
+}
+
 bool IsPlayed(const ProgramState& state) {
-    return &state == &kPlayed || &state == &kSurface;
+    return &state == &kPlayed || &state == &kSurface || &state == &kDriven;
 }
 
 void ShowSurface(const CorvexWindow& window, int quarters) {
@@ -61,7 +79,8 @@ void ShowSurface(const CorvexWindow& window, int quarters) {
 
 void Prepare(const PictureTask& task, const ProgramState& state) {
     std::error_code none;
-    std::filesystem::remove(task.folder + "\\Settings.dat", none);
+    for (const char* const name : {"\\Settings.dat", "\\temp.xdl"})  // the latter of a recording's picture
+        std::filesystem::remove(task.folder + name, none);
     std::ofstream log(task.folder + "\\drive.xdl", std::ios::binary);
     if (IsPlayed(state)) {
         log << std::ifstream(CORVEX_SOURCE_DIR "/examples/harrier-8192.xdl", std::ios::binary).rdbuf();
@@ -102,6 +121,7 @@ void Shoot(const ProgramState& state, const PictureTask& task) {
                    [&] { return (FindTopWindow(person.Process(), "QZSPLASHT") != nullptr) == (name == "splash"); });
     ShowTab(person.Window(), task);
     state.enter(person);
+    if (&state == &kDriven) GoTo(person, task);
     if (&state == &kSurface) ShowSurface(person.Window(), task.row);
     if (name == "connected" || name == "recording") person.Watch(task.tab == kMonitorTab ? 18.0 : 2.0);
     if (name == "playing") person.Watch(1.0);
@@ -122,14 +142,18 @@ int Drive(int count, char** words) {
         std::fputs(kUsage, stderr);
         return 2;
     }
-    const PictureTask task{words[2],
-                           words[3],
-                           std::atoi(words[5]),
-                           std::atoi(words[6]),
-                           count > 7 ? std::atoi(words[7]) : 0,
-                           count > 8 ? std::atoi(words[8]) : 0};
-    const std::string wanted = words[4];
-    for (const ProgramState* const state : {&kPlayed, &kSurface}) {
+    PictureTask task{words[2],
+                     words[3],
+                     std::atoi(words[5]),
+                     std::atoi(words[6]),
+                     count > 7 ? std::atoi(words[7]) : 0,
+                     count > 8 ? std::atoi(words[8]) : 0};
+    std::string wanted = words[4];
+    if (const std::size_t at = wanted.find('@'); at != std::string::npos) {
+        task.moment = std::atof(wanted.c_str() + at + 1);
+        wanted.resize(at);
+    }
+    for (const ProgramState* const state : {&kPlayed, &kSurface, &kDriven}) {
         if (wanted == state->name) Shoot(*state, task);
     }
     for (const ProgramState& state : AllProgramStates()) {
