@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Packs what a user of Windows gets: the programs, the examples and a README, in one folder of a zip.
+"""Packs what a user of Windows gets: the programs, the examples, a README and the guide, in one folder of a zip.
 
 usage: make_dist.py TREE BUILD LABEL TRIPLET FORMAT FOLDER
 
@@ -13,6 +13,8 @@ import subprocess
 import sys
 import tempfile
 import zipfile
+
+import guide_html
 
 PROGRAMS = ("ADXEditor.dll", "Corvex.exe", "corvex-cli.exe", "corvex-sim.exe")
 # The earliest time that a zip can tell.
@@ -48,6 +50,10 @@ def contents(tree, bin_folder, strip, version):
         if name.endswith((".adx", ".ads", ".xdl")):
             files["examples/" + name] = read(os.path.join(examples, name))
     text = read(os.path.join(tree, "docs", "dist-readme.txt")).replace(b"@VERSION@", version.encode())
+    guide = guide_html.page(read(os.path.join(tree, "docs", "guide.md")).decode())
+    files["guide.html"] = guide.encode()
+    for picture in guide_html.pictures(guide):
+        files[picture] = read(os.path.join(tree, "docs", picture))
     files["README.txt"] = text.replace(b"\r\n", b"\n").replace(b"\n", b"\r\n")
     return files
 
