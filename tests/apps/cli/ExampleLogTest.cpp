@@ -1,6 +1,7 @@
 // The recording among the examples goes with its definition.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
@@ -42,6 +43,26 @@ TEST_F(ExampleLogTest, PlaysAsItIsDecodedAndFillsTheHistograms) {
     }
     for (const char* id : {"HISTBLM", "HISTKNK"})
         EXPECT_TRUE(Has(Run("histogram", {"--id", id}), "; 1997 samples, 0 outside the grid\n"));
+}
+
+TEST_F(ExampleLogTest, HoldsAWholeDriveWithItsEvents) {
+    const auto column = [](const char* id) {
+        std::vector<double> numbers;
+        const Words rows = LinesOf(Run("decode", {"--items", id}));
+        for (std::size_t i = 1; i < rows.size(); ++i)
+            numbers.push_back(std::stod(rows[i].substr(rows[i].find(',') + 1)));
+        return numbers;
+    };
+    const auto runTime = column("RUNT"), coolant = column("CLT"), voltage = column("BATT"), knock = column("KRET");
+    EXPECT_EQ(runTime.front(), 0);
+    EXPECT_EQ(runTime.back(), 163);
+    EXPECT_TRUE(std::ranges::is_sorted(runTime));
+    EXPECT_LT(coolant.front(), 45);
+    EXPECT_GT(coolant.back(), 85);
+    EXPECT_LT(std::ranges::min(voltage), 10.5);
+    EXPECT_GT(std::ranges::max(knock), 6);
+    EXPECT_EQ(std::ranges::max(column("FAULTS")), 1);
+    EXPECT_GT(std::ranges::max(column("VSS")), 120);
 }
 
 }  // namespace
