@@ -13,6 +13,38 @@ namespace corvex {
 
 class ADXCSendCommand;
 
+// How one command that asks the line for something has ended.
+enum class ReplyKind {
+    kNone,  // it asks for nothing, or was stopped
+    kGood,
+    kSilent,    // nothing came
+    kOnlyEcho,  // the command's own bytes came, or a piece of them
+    kShort,     // some other bytes, too few
+    kUnsent,    // the command could not be written
+    kBadFraming,
+    kNoSync,
+    kOther,
+};
+// `echo` as the engine has it: it takes the echo off before the reply.
+ReplyKind KindOf(const ReplyEvent& event, bool echo);
+
+// What is the matter when nothing good comes, or when there is a doubt about what does.
+enum class LineTrouble {
+    kNone,
+    kNothingAsked,  // no command that is answered has run yet
+    kUnsent,
+    kNoStream,  // of 160 baud
+    kBadFraming,
+    kWrongLength,
+    kLate,  // replies begin and are cut off
+    kStrangers,
+    kOnlyEcho,
+    kSilent,
+    kSilentOrEcho,
+    kStrangeReplies,  // they count as good
+    kUnknownEcho,     // the same
+};
+
 // Pure: fed with replies, asked for a verdict at any time. One thread.
 class LineDiagnosis {
 public:
@@ -20,6 +52,14 @@ public:
     explicit LineDiagnosis(bool echo) : echo_(echo) {}
 
     void Add(const ReplyEvent& event);
+
+    // kNone once something good has come.
+    LineTrouble Trouble() const;
+    // Of replies that count as good.
+    LineTrouble DoubtfulTrouble() const;
+    // Bytes of most replies that came short, and of a whole one.
+    std::size_t UsualLength() const;
+    std::uint32_t WantedLength() const { return wanted_; }
 
     // Why nothing good has come in `seconds`, as one sentence without a full stop; empty once something good has.
     std::string WhyNoReply(double seconds) const;
@@ -30,8 +70,8 @@ public:
 
 private:
     void AddGood(const ADXCSendCommand& command, const std::vector<std::uint8_t>& reply);
-    void AddShort(const ReplyEvent& event);
-    std::string WhyShort(double seconds) const;
+    void AddShort(const ReplyEvent& event, ReplyKind kind);
+    LineTrouble ShortTrouble() const;
 
     bool echo_;
     std::size_t good_ = 0, bad_ = 0;
