@@ -159,6 +159,10 @@ std::string LineDiagnosis::WhyNoReply(double seconds) const {
     }
 }
 
+bool LineDiagnosis::IsYoung() const {
+    return good_ + bad_ < kTellingReplies;
+}
+
 LineTrouble LineDiagnosis::DoubtfulTrouble() const {
     if (good_ >= kTellingReplies && strange_ * 2 > good_) return LineTrouble::kStrangeReplies;
     return good_ == 0 || echoedgood_ * 2 <= good_ ? LineTrouble::kNone : LineTrouble::kUnknownEcho;

@@ -67,6 +67,8 @@ public:
     std::string Doubt() const;
 
     bool AnyGood() const { return good_ != 0; }
+    // Too few replies came, good or bad, to go by.
+    bool IsYoung() const;
 
 private:
     void AddGood(const ADXCSendCommand& command, const std::vector<std::uint8_t>& reply);

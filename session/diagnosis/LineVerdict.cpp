@@ -7,6 +7,7 @@
 #include "definition/ADXDefinition.h"
 #include "export/text/ObjectNames.h"
 #include "export/text/TextFormat.h"
+#include "session/diagnosis/LineAdvice.h"
 
 namespace corvex {
 
@@ -95,16 +96,10 @@ LineVerdict JudgeNoReply(const LineFindings& found, const AnswerCounts& counts) 
         return {"only-echo",
                 "only our own echo comes back: the adapter works, and no engine answers",
                 {},
-                "Switch the ignition on, and check the wire between adapter and engine and the definition's command"};
+                AdviceFor("only-echo")};
     if (found.heard != 0)
-        return {"unanswered",
-                "the line carries bytes, but nobody answers the request",
-                {},
-                "Check that the definition is for this engine, and that its connect command silences the others"};
-    return {"silent",
-            "the line is silent",
-            {},
-            "Switch the ignition on, check the adapter's plug and wires, and that this is its port (corvex-cli ports)"};
+        return {"unanswered", "the line carries bytes, but nobody answers the request", {}, AdviceFor("unanswered")};
+    return {"silent", "the line is silent", {}, std::string(AdviceFor("silent")) + " (corvex-cli ports)"};
 }
 
 LineVerdict JudgeReplies(const ADXDefinition& definition, const LineFindings& found, const AnswerCounts& counts) {
@@ -115,12 +110,9 @@ LineVerdict JudgeReplies(const ADXDefinition& definition, const LineFindings& fo
         return {"unknown-echo",
                 "the adapter echoes what is sent, and the definition does not say so",
                 {},
-                "Set the bit 0x1 in the flags of the definition's header"};
+                AdviceFor("unknown-echo")};
     if (definition.HasEcho() && counts.echoed == 0)
-        return {"missing-echo",
-                "the definition counts on an echo, and none comes",
-                {},
-                "Clear the bit 0x1 in the flags of the definition's header"};
+        return {"missing-echo", "the definition counts on an echo, and none comes", {}, AdviceFor("missing-echo")};
     if (steady != 0 && steady != size)
         return {"wrong-length",
                 "replies have " + Counted(steady, "byte") + Printf(", and the definition asks for %u", size),
@@ -132,20 +124,10 @@ LineVerdict JudgeReplies(const ADXDefinition& definition, const LineFindings& fo
                 {},
                 Printf("Set replytimeout to %.0f or more", counts.lastMs * 1.5)};
     if (found.heard != 0 && damaged)
-        return {"chatter",
-                "other modules talk on the line and damage replies",
-                {},
-                "Let the connect command silence them, or wait for a silence before each request"};
-    if (damaged)
-        return {"noise",
-                "replies are damaged on their way",
-                {},
-                "Check ground and shielding of the wire, the plug and the baud rate"};
+        return {"chatter", "other modules talk on the line and damage replies", {}, AdviceFor("chatter")};
+    if (damaged) return {"noise", "replies are damaged on their way", {}, AdviceFor("noise")};
     if (counts.Missing() * kTellingPart > counts.all)
-        return {"missing-replies",
-                "the engine leaves requests unanswered",
-                {},
-                "Ask less often: put a delay into the monitor command; check the plug"};
+        return {"missing-replies", "the engine leaves requests unanswered", {}, AdviceFor("missing-replies")};
     return {"good", "the engine answers as the definition says", {}, "Scan: corvex-cli scan"};
 }
 
@@ -179,8 +161,7 @@ LineVerdict JudgeLine(const ADXDefinition& definition, const LineFindings& found
                 found.refusal,
                 {},
                 "See which ports there are with corvex-cli ports, and close what uses this one"};
-    if (!found.lost.empty())
-        return {"lost-port", "the port vanished: " + found.lost, {}, "Plug the adapter in again, and check its cable"};
+    if (!found.lost.empty()) return {"lost-port", "the port vanished: " + found.lost, {}, AdviceFor("lost-port")};
     const std::string heard =
         found.heard == 0
             ? Printf("nothing came in %.1f s while nobody asked", found.heardSeconds)
@@ -190,7 +171,7 @@ LineVerdict JudgeLine(const ADXDefinition& definition, const LineFindings& found
         return {"nothing-to-ask",
                 "the definition's scan asks for no replies",
                 {},
-                "Give the definition a monitor command that polls; see corvex-cli check"};
+                std::string(AdviceFor("nothing-to-ask")) + "; see corvex-cli check"};
     LineVerdict verdict;
     if (found.stream) {
         verdict = JudgeStream(found);
