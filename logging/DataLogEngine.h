@@ -166,6 +166,7 @@ public:
     std::uint32_t CurrentTime() const { return currentMs.load(std::memory_order_relaxed); }
 
     LogHeader header;  // main thread; its sampleCount belongs to the connect thread while recording
+    std::atomic<std::uint32_t> recorded{0};  // samples of the recording at work, or of the last one
     std::atomic<std::uint32_t> state{kLogClosed};
     IDataLogCallback* callback = nullptr;
     std::uint32_t readMode = 1;                 // 0 from opening for writing to stopping: the header then has the table

@@ -26,6 +26,7 @@ std::uint32_t DataLogEngine::StartRecording() {
     header.startTime = CurrentLocalTime();
     header.endMark = kNeverEnded;
     header.sampleCount = 0;
+    recorded.store(0, std::memory_order_relaxed);
     // The end of an earlier recording has paused it, and a paused stopwatch would restart at that moment.
     stopWatch_.Restart();
     BeginSyncLocked();
@@ -118,6 +119,7 @@ std::uint32_t DataLogEngine::AddSampleLocked(const LogItem& item, std::uint8_t i
     if (reply != nullptr) PackReply(item.mask, reply, count, data, item.packedSize);
     if (!MendCutLocked() || !AppendLocked(recordBuffer_.data(), size)) return kLogFileError;
     ++header.sampleCount;
+    recorded.store(header.sampleCount, std::memory_order_relaxed);
     if (sync_) sync_->Note();
     return kLogSuccess;
 }

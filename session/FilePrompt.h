@@ -16,6 +16,7 @@ struct FilePrompt {
     const char* filter;     // as shown; it lets "*." and the extension through
     const char* extension;  // put behind a name that has none
     std::uint32_t flags;    // FilePromptFlags
+    const char* suggested = "";
 };
 
 inline constexpr char kLogFilter[] = "Datalog (XDL) Files (*.xdl)";

@@ -18,6 +18,7 @@ SessionCalls WithoutGaps(SessionCalls calls) {
     Fill(calls.refreshButtons);
     Fill(calls.carrySample);
     Fill(calls.flash);
+    Fill(calls.scanBegins);
     Fill(calls.clearMonitors);
     Fill(calls.setMonitorTime);
     Fill(calls.setLogSlider);
@@ -27,6 +28,7 @@ SessionCalls WithoutGaps(SessionCalls calls) {
     Fill(calls.askSavePath);
     Fill(calls.askOpenPath);
     Fill(calls.showBox);
+    Fill(calls.recordingKept);
     Fill(calls.postMain);
     Fill(calls.portRefused);
     Fill(calls.deviceVanished);

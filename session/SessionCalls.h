@@ -34,6 +34,8 @@ struct SessionCalls {
     // A message for `ms` milliseconds in place of the status text. Colours are 0x00BBGGRR. Worker and main thread.
     std::function<void(const char* text, std::uint32_t textColour, std::uint32_t backColour, std::uint32_t ms)> flash;
 
+    // A scan begins, and what an earlier one has shown is gone. Main thread.
+    std::function<void()> scanBegins;
     // The charts begin anew at time 0. Main thread.
     std::function<void()> clearMonitors;
     // The playback cursor of the charts, in seconds. Playback and main thread.
@@ -52,6 +54,10 @@ struct SessionCalls {
     std::function<std::optional<std::string>(const FilePrompt&)> askSavePath, askOpenPath;
     // A box with a stop icon that waits to be closed. Main thread.
     std::function<void(const char* caption, const char* text)> showBox;
+
+    // A recording has ended. This is where it is: under the name that the user gave it, or not saved, in the scratch
+    // file. Main thread.
+    std::function<void(const std::string& path, bool saved)> recordingKept;
 
     // A message to the main window, to be handled later on the main thread, each of them once. Must not wait for that
     // thread. Stop and playback thread.

@@ -46,6 +46,7 @@ void SessionState::ToggleScan() {
     errorCount.store(0, std::memory_order_relaxed);
     timer.Restart();
     calls_.clearMonitors();
+    calls_.scanBegins();
     // The connect thread resets the event as well; done here, a stop that comes before the thread is awake waits too.
     threadDone.Reset();
     if (workers_.Start([this, port = std::string(settings.comport)] { ConnectThread(port); })) return;

@@ -183,7 +183,7 @@ private:
     void BeginRecording();
     void SaveRecording();
     void FinishSaving();
-    void MoveRecordingTo(const std::string& name);
+    bool MoveRecordingTo(const std::string& name);
     void EnterPause();
     void Jump(std::uint32_t target, std::uint32_t flags);
 

@@ -1,3 +1,4 @@
+#include "session/LogMatch.h"
 #include "session/SessionState.h"
 
 namespace corvex {
@@ -42,8 +43,10 @@ void SessionState::OpenLogAndPlay() {
     log.speed.store(chosen, std::memory_order_relaxed);
     calls_.clearMonitors();
     calls_.setLogRange(log.header.sampleCount);
+    const std::string mismatch = WhyLogIsNotShown(log, definition);
     static_cast<void>(log.StartPlayback());
     DebugOutput::Print(&debug, "Playing %s", settings.lastxdlpath);
+    if (!mismatch.empty()) DebugOutput::Print(&debug, "%s", mismatch.c_str());
     calls_.refreshButtons();
 }
 

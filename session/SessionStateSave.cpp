@@ -6,6 +6,7 @@
 #include "platform/Clock.h"
 #include "platform/FileMove.h"
 #include "session/FilePrompt.h"
+#include "session/LogName.h"
 #include "session/ScratchLog.h"
 #include "session/SessionState.h"
 
@@ -45,31 +46,34 @@ void SessionState::SaveRecording() {
     static_cast<void>(log.StopRecording());  // a log that can't be ended well is saved all the same
     static_cast<void>(log.Close());
     DebugOutput::Print(&debug, "Recording stopped");
+    const std::string name = SuggestedLogName(origin.HasFile() ? settings.lastadxpath : "", log.header.startTime);
+    FilePrompt prompt = kSaveLogPrompt;
+    prompt.suggested = name.c_str();
     saves_ = Saving::kAsks;
     StartStopThread(kStopLog);
     if (!IsStoppingLog()) log.WaitForSync();  // there was no thread to be had
-    savedAs_ = calls_.askSavePath(kSaveLogPrompt);
+    savedAs_ = calls_.askSavePath(prompt);
     saves_ = Saving::kWaits;
     if (!IsStoppingLog()) FinishSaving();
 }
 
 void SessionState::FinishSaving() {
     if (log.SyncFailed()) DebugOutput::Print(&debug, "The disk says that it does not have all of the recording!");
-    if (savedAs_) {
-        MoveRecordingTo(*std::exchange(savedAs_, std::nullopt));
-        calls_.setLogSlider(0);
-    }
+    const std::optional<std::string> name = std::exchange(savedAs_, std::nullopt);
+    const bool saved = name && MoveRecordingTo(*name);
+    if (name) calls_.setLogSlider(0);
+    calls_.recordingKept(saved ? *name : ScratchLogPath(), saved);
     saves_ = Saving::kNot;
     RunWishes();
 }
 
 // Never over another log, although the user was asked whether to: the box says where his recording is.
-void SessionState::MoveRecordingTo(const std::string& name) {
+bool SessionState::MoveRecordingTo(const std::string& name) {
     const std::uint32_t error = MoveToNewName(ScratchLogPath(), name);
     if (error != 0) {
         calls_.showBox("Cannot overwrite", "Log save failed. Log backup saved in install directory as \"temp.xdl\"");
         DebugOutput::Print(&debug, "Cannot overwrite existing log: %s, error 0x%X", name.c_str(), error);
-        return;
+        return false;
     }
     settings.SetLastLog(name);
     WaitForTheMove();
@@ -77,6 +81,7 @@ void SessionState::MoveRecordingTo(const std::string& name) {
     // saved this very log there.
     if (!IsSameFile(kScratchLogName, name)) static_cast<void>(RemoveFile(kScratchLogName));
     DebugOutput::Print(&debug, "Log saved to %s", name.c_str());
+    return true;
 }
 
 }  // namespace corvex

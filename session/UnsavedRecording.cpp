@@ -1,23 +1,18 @@
 #include "session/UnsavedRecording.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
 #include "logging/DataLogEngine.h"
 #include "logging/LogContent.h"
 #include "platform/FileMove.h"
+#include "session/LogName.h"
 
 namespace corvex {
 
 namespace {
 
 constexpr unsigned kMostOfOneSecond = 999;
-
-bool IsTime(const LocalTime& time) {
-    return time.year >= 1980 && time.year <= 9999 && time.month >= 1 && time.month <= 12 && time.day >= 1 &&
-           time.day <= 31 && time.hour < 24 && time.minute < 60 && time.second < 60;
-}
 
 }  // namespace
 
@@ -31,13 +26,8 @@ std::optional<LocalTime> FindUnsavedRecording(const std::string& scratch) {
 }
 
 std::string NameOfUnsavedRecording(const LocalTime& begun, unsigned number) {
-    const LocalTime time = IsTime(begun) ? begun : CurrentLocalTime();
-    char name[64];
-    const int length =
-        std::snprintf(name, sizeof name, "drive-%04u-%02u-%02u-%02u%02u%02u", unsigned{time.year}, unsigned{time.month},
-                      unsigned{time.day}, unsigned{time.hour}, unsigned{time.minute}, unsigned{time.second});
-    if (number > 1) std::snprintf(name + length, sizeof name - static_cast<std::size_t>(length), "-%u", number);
-    return std::string(name) + ".xdl";
+    const std::string name = LogNameOf("drive", begun);
+    return (number > 1 ? name + "-" + std::to_string(number) : name) + ".xdl";
 }
 
 std::optional<KeptRecording> KeepUnsavedRecording(const std::string& scratch) {

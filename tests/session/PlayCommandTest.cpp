@@ -56,6 +56,40 @@ TEST_F(PlayCommandTest, EachOfTwoHundredQuickRunsKeepsItsFirstSample) {
     }
 }
 
+TEST_F(PlayCommandTest, SaysOnceThatTheDefinitionIsAnother) {
+    const auto tells = [this](const std::string& line) {
+        session.PlayCommand();
+        EXPECT_TRUE(Eventually([&] {
+            HandlePosts();
+            return session.log.State() == kLogClosed && IsQuiet();
+        }));
+        const std::size_t first = text.Text().find(line);
+        EXPECT_NE(first, std::string::npos) << line << text.Text();
+        EXPECT_EQ(text.Text().find(line, first + 1), std::string::npos) << line;
+        text.Clear();
+    };
+    const auto putOther = [this](const std::vector<std::uint32_t>& ids) {
+        LogBytes log;
+        log.Header(LogBytes::DataOffsetFor(std::vector<std::uint32_t>(ids.size(), 15)), 2);
+        log.ItemCount(static_cast<std::uint32_t>(ids.size()));
+        for (const std::uint32_t id : ids)
+            log.Item(id, kTypeSendCommand, 2, 2, Bytes(15, 0xFF));
+        log.Record(0, 0, {1, 2}).Record(0, 0, {1, 2}).MarkEnd();
+        folder.Put("other.xdl", {log.bytes.begin(), log.bytes.end()});
+        Choose(folder.Name("other.xdl"));
+    };
+    Choose(PutLog("one.xdl", {0, 0, 0}));
+    session.PlayCommand();
+    ASSERT_TRUE(Rests(kLogClosed));
+    EXPECT_EQ(text.Text().find("not in the definition"), std::string::npos);
+    putOther({monitor->GetIdHash(), 0x77});
+    tells("1 of 2 commands of this log are not in the definition, and their records are not shown");
+    putOther({0x77});
+    tells("Nothing of this log is shown, as its commands are not in the definition");
+    session.definition.Clear();
+    tells("No definition is loaded, so nothing of this log is shown");
+}
+
 TEST_F(PlayCommandTest, TellsWhatCannotBeOpenedWhichCostsTheSpeed) {
     folder.Put("old.xdl", std::string("\2\0\0\0", 4) + std::string(60, '\0'));
     folder.Put("short.xdl", "123");

@@ -1,4 +1,7 @@
+#include <cstring>
+
 #include "platform/FileMove.h"
+#include "session/LogName.h"
 #include "tests/session/LogSessionHelper.h"
 #include "tests/support/HeldSyncs.h"
 
@@ -39,6 +42,7 @@ TEST_F(SaveFlowTest, MovesTheRecordingToANewName) {
     EXPECT_EQ(name, session.settings.lastxdlpath);
     EXPECT_EQ(kLogClosed, session.log.State());
     EXPECT_EQ(Lines("Log saved to " + name), text.Text());
+    EXPECT_EQ("saved " + name, recorder.kept);
     EXPECT_EQ((Calls{kAskedForName, "slider 0", "buttons", "status"}), TakeAnswers());
 }
 
@@ -69,8 +73,21 @@ TEST_F(SaveFlowTest, CancellingKeepsTheRecordingInTheScratchFile) {
     EXPECT_STREQ("before", session.settings.lastxdlpath);
     EXPECT_EQ(kLogClosed, session.log.State());
     EXPECT_EQ("Recording stopped", text.Text());
+    EXPECT_EQ(folder.Name("temp.xdl"), recorder.kept);
     EXPECT_EQ((Calls{kAskedForName, "buttons", "status"}), TakeAnswers());
     EXPECT_TRUE(elsewhere.Has("temp.xdl"));
+}
+
+TEST_F(SaveFlowTest, SuggestsTheDefinitionAndTheStart) {
+    const auto expect = [this](const std::string& begin) {
+        Save(std::nullopt);
+        EXPECT_EQ(SuggestedLogName(begin, session.log.header.startTime), recorder.suggested);
+    };
+    expect("");
+    session.origin.Loaded(true);
+    std::strcpy(session.settings.lastadxpath, "/cars/harrier.adx");
+    expect("harrier");
+    EXPECT_EQ(session.log.recorded, 3U);
 }
 
 TEST_F(SaveFlowTest, SavingRemovesTheBareNameFromTheCurrentFolder) {

@@ -48,6 +48,7 @@ TEST_F(SessionStateTest, ScanStartsFromACleanSlate) {
     EXPECT_EQ(5U, session.timer.tickCount);
     EXPECT_EQ(rateAt, session.timer.rateAt);
     EXPECT_EQ("clear monitors", recorder.Noted().front());
+    EXPECT_EQ(1, recorder.scans);
 }
 
 // A stop clears `scanning` long before the connect thread has ended: a toggle then must not start a second one.

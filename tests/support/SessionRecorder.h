@@ -41,6 +41,7 @@ public:
         calls.checkSpeed = [this](std::uint32_t command) { Note("check " + std::to_string(command)); };
         calls.askSavePath = [this](const FilePrompt& prompt) {
             Note(std::string("ask save ") + prompt.title);
+            suggested = prompt.suggested;
             if (whileAsked) whileAsked();
             return answer;
         };
@@ -51,6 +52,8 @@ public:
         calls.showBox = [this](const char* caption, const char* message) {
             Note(std::string("box ") + caption + ": " + message);
         };
+        calls.scanBegins = [this] { ++scans; };
+        calls.recordingKept = [this](const std::string& path, bool saved) { kept = (saved ? "saved " : "") + path; };
         calls.postMain = [this](std::uint32_t message) { Note("post " + std::to_string(message)); };
         calls.portRefused = [this](const std::string& reason) { Note("port refused " + reason); };
         calls.replyEnded = [this](const DataAcqStatus& status, PacketView reply) {
@@ -94,6 +97,8 @@ public:
 
     std::optional<std::string> answer;                // to whoever asks for a path; nothing: he is refused
     std::function<void()> whileAsked;                 // for the name of a recording: what a dialog's own loop would do
+    std::string suggested, kept;                      // main thread: the last name, and what became of a recording
+    int scans = 0;                                    // that began
     ReplyHook onReplyEnded;                           // set before a scan
     std::function<void(const std::string&)> onNoted;  // likewise; called on whichever thread calls
 
