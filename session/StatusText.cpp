@@ -10,7 +10,7 @@ namespace corvex {
 
 namespace {
 
-constexpr std::uint32_t kBlue = 0xFF0000, kGrey = 0x787878, kYellow = 0x00FFFF, kAmber = 0x82AAFF, kOrange = 0x2873FF;
+constexpr std::uint32_t kBlue = 0xFF0000, kGrey = 0x787878, kYellow = 0x00FFFF, kOrange = 0x2873FF;
 
 std::string LineText(const RightPanelState& state) {
     char text[64];

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "controls/richstatic/RichStatic.h"
+#include "session/diagnosis/PolledCommands.h"
 #include "session/window/FileDialogs.h"
 #include "session/window/LogBar.h"
 #include "session/window/SpeedMenu.h"
@@ -52,6 +53,7 @@ void Desktop::MoveSlider(std::uint32_t index) {
 
 void Desktop::SetSliderRange(std::uint32_t last) {
     static_cast<void>(slider.Take());  // it was one in the log before
+    playedLog = session.settings.lastxdlpath;
     LogBar::SetRange(session, last);
 }
 
@@ -114,6 +116,34 @@ void Desktop::PostForSure(UINT message) const {
         ::Sleep(1);
 }
 
+// Behind the clearing of the text log, so that it stands there.
+void Desktop::BeginLink() {
+    const bool asks = !PolledCommands(session.definition).empty();
+    link.Begin(session.settings.comport, asks);
+    if (asks) return;
+    DebugOutput::Print(&session.debug, "%s",
+                       session.definition.GetCount() == 0
+                           ? "No definition is loaded, so there is nothing to ask for: load one with Ctrl+L"
+                           : "The definition asks for nothing: it has no command that polls");
+}
+
+// The engine is the connect thread's, on which the line's replies are told of.
+void Desktop::WatchLine(SessionCalls& calls) {
+    calls.scanBegins = [this] { BeginLink(); };
+    calls.portRefused = [this](const std::string& reason) { link.Refuse(reason); };
+    calls.deviceVanished = [this](const std::string& reason) { link.Vanish(reason); };
+    calls.deviceBack = [this] { link.Return(); };
+    calls.replyEnded = [this](const DataAcqStatus& status, PacketView reply) {
+        if (status.source != 0) return;
+        const DataAcqEngine& engine = session.engine;
+        link.Add(status, reply, {(engine.flags & DataAcqEngine::kEcho) != 0, engine.port.baud, engine.port.lineBaud});
+    };
+    calls.recordingKept = [this](const std::string& path, bool saved) {
+        keptRecording = path;
+        recordingIsSaved = saved;
+    };
+}
+
 SessionCalls Desktop::Calls() {
     SessionCalls calls;
     calls.refreshStatus = [this] { status.Refresh(); };
@@ -136,6 +166,7 @@ SessionCalls Desktop::Calls() {
         ::MessageBoxA(MainWindow(), text, caption, MB_OK | MB_ICONSTOP);
     };
     calls.postMain = [this](std::uint32_t message) { PostForSure(message); };
+    WatchLine(calls);
     return calls;
 }
 

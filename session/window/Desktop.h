@@ -7,6 +7,7 @@
 #include "controls/window/Mailbox.h"
 #include "platform/WindowsApi.h"
 #include "session/SessionState.h"
+#include "session/diagnosis/LinkWatch.h"
 #include "session/window/OutputText.h"
 #include "session/window/StatusMailbox.h"
 #include "views/EarlyReply.h"
@@ -41,6 +42,14 @@ public:
     Mailbox<std::uint32_t> slider{kMessageMoveSlider};
     Mailbox<double> monitorTime{kMessageMonitorTime};  // seconds
     Mailbox<FlashText> flash{kMessageFlash};
+    LinkWatch link;
+    // Of the scan. Main thread, like the four words below.
+    LinkState LineState() const { return link.State(IsScanning()); }
+    std::string LineReport() const { return link.Report(IsScanning()); }
+    HWND linkWindow = nullptr;      // LinkWindow's; null while it is closed
+    std::string playedLog;          // the last one that was opened to be played
+    std::string keptRecording;      // where the last recording is; empty before the first
+    bool recordingIsSaved = false;  // under a name of its own
     SessionState session;
 
 private:
@@ -55,6 +64,9 @@ private:
     void Flash(FlashText news);
     void ShowFlash(const FlashText& news) const;
     void ShowSample(const PublishedSample& sample, WPARAM wParam);
+    bool IsScanning() const { return session.scanning.load(std::memory_order_relaxed) != 0; }
+    void BeginLink();
+    void WatchLine(SessionCalls& calls);
 
     EarlyReply samples_;
 };

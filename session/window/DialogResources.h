@@ -6,6 +6,12 @@
 #define IDD_KEYBOARD 144
 #define IDD_ABOUT 145
 
+#define IDD_LINK 150
+
 #define IDC_PORT_DIGIT 1010
+#define IDC_PORT_LIST 1011
 
 #define IDC_ABOUT_VERSION 1012
+
+#define IDC_LINK_TEXT 1013
+#define IDC_LINK_COPY 1014

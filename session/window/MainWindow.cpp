@@ -4,6 +4,7 @@
 #include "controls/tabsheet/TabSheet.h"
 #include "controls/window/CommonControls.h"
 #include "session/window/Desktop.h"
+#include "session/window/LinkWindow.h"
 #include "session/window/LogBar.h"
 #include "session/window/Preferences.h"
 #include "session/window/ResourceIds.h"
@@ -78,6 +79,9 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_TIMER:
             StatusPanels::Blink(desktop_.session);
             return 0;
+        case WM_HELP:
+            OpenLinkWindow(desktop_);
+            return TRUE;
         case WM_CLOSE:
             OnClose();
             return 0;
@@ -107,6 +111,7 @@ void MainWindow::OnCreate() {
     ReadSettings(&session.settings);
     TakeSavedPlace();
     StatusPanels::Create(session);
+    panels_ = std::make_unique<LinkPanels>(desktop_);
     images_ = std::make_unique<ToolImages>(desktop_.Instance());
     ToolBand::Create(desktop_, *images_);
     CreateTabs();
@@ -115,6 +120,7 @@ void MainWindow::OnCreate() {
     session.SetSpeed(1.0F);
     LogBar::RefreshButtons(session);
     desktop_.status.Refresh();
+    panels_->Refresh();
     WarnWithoutCounter();
 }
 
@@ -152,6 +158,7 @@ void MainWindow::Layout(int width, int height) {
     SessionState& session = desktop_.session;
     ToolBand::Layout(session, width);
     StatusPanels::Layout(session);
+    if (panels_) panels_->Layout();
     RECT bar{};
     ::GetWindowRect(AsWindow(session.statusBar), &bar);
     const int top = ToolBand::Height(session);
@@ -161,6 +168,7 @@ void MainWindow::Layout(int width, int height) {
 
 LRESULT MainWindow::OnNotify(NMHDR* header) {
     SessionState& session = desktop_.session;
+    if (panels_ && panels_->AnswerToolTip(header)) return 0;
     if (AnswerToolTip(header)) return 0;
     if (session.preferencesWindow != nullptr && header->hwndFrom == AsWindow(session.preferencesWindow))
         return OnPreferencesNotify(session, *header);
@@ -202,6 +210,7 @@ bool MainWindow::MayEndSession(LPARAM reason) {
 }
 
 void MainWindow::OnDestroy() {
+    panels_.reset();
     SaveSettings();
     ::PostQuitMessage(0);
 }

@@ -5,6 +5,7 @@
 
 #include "controls/window/ControlWindow.h"
 #include "session/window/CommandRouter.h"
+#include "session/window/LinkPanels.h"
 #include "session/window/ToolBand.h"
 
 namespace corvex {
@@ -37,6 +38,7 @@ private:
 
     Desktop& desktop_;
     std::unique_ptr<ToolImages> images_;
+    std::unique_ptr<LinkPanels> panels_;  // while there is a status bar
     CommandRouter router_;
     bool closes_ = false;
 };
