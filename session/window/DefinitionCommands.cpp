@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 #include "files/ads/AdsConverter.h"
 #include "files/ads/AdsReader.h"
@@ -32,6 +34,20 @@ bool HasChanges(const SessionState& session) {
 
 void ForgetChanges(SessionState& session) {
     session.dashChanged = session.monitorsChanged = 0;
+}
+
+// `error` is the system's, 0 when it has given none. Empty when nobody knows.
+std::string WhyNotSaved(const std::string& path, DWORD error) {
+    std::error_code unknown;
+    const std::filesystem::path place(path);
+    if (std::filesystem::is_directory(place, unknown)) return "It is a folder.";
+    if (place.has_parent_path() && !std::filesystem::exists(place.parent_path(), unknown))
+        return "Its folder is not there.";
+    char text[256] = "";
+    constexpr DWORD kOneLine =
+        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK;
+    if (error != 0) ::FormatMessageA(kOneLine, nullptr, error, 0, text, sizeof text, nullptr);
+    return text;
 }
 
 void SetPath(char (&target)[AppSettings::kPathSize], const std::string& path) {
@@ -116,6 +132,8 @@ void DefinitionCommands::ImportNow(const std::string& path) {
     AdsReader reader;
     const bool imported = ReadAds(path.c_str(), &reader) != 0 && ConvertAds(&session.definition, &reader) != 0;
     session.origin.Imported(imported);
+    if (imported && (!reader.Losses().header || session.definition.GetCount() == 0))
+        DebugOutput::Print(&session.debug, "Nothing was imported: %s holds nothing for a definition", path.c_str());
     if (imported) {
         ForgetChanges(session);
         session.StoreLastPacket({});
@@ -168,14 +186,19 @@ bool DefinitionCommands::SaveAs() {
 bool DefinitionCommands::Write(const std::string& path) {
     SessionState& session = desktop_.session;
     int saved = 0;
+    std::string reason;
     {
         PanelProgress progress(AsWindow(session.statusRight));
+        ::SetLastError(ERROR_SUCCESS);
         saved = session.definition.Save(path.c_str(), &progress);
+        if (saved == 0) reason = WhyNotSaved(path, ::GetLastError());
     }
     if (saved == 0) {
         DebugOutput::Print(&session.debug, "FAILED to Save %s", path.c_str());
+        if (!reason.empty()) DebugOutput::Print(&session.debug, "%s", reason.c_str());
         return false;
     }
+    DebugOutput::Print(&session.debug, "Saved %s", path.c_str());
     session.origin.Saved();
     ForgetChanges(session);
     return true;

@@ -1,3 +1,6 @@
+#include <cstring>
+#include <filesystem>
+
 #include "tests/session/window/main/DefinitionCommandsHelper.h"
 #include "tests/support/Eventually.h"
 
@@ -56,6 +59,29 @@ TEST_F(DefinitionCommandsTest, AnImportForgetsTheNameButNotTheTitleEvenOneThatFa
     EXPECT_GT(session.definition.GetCount(), 2U);
     EXPECT_EQ("", Path());
     EXPECT_EQ(title, Title());
+}
+
+TEST_F(DefinitionCommandsTest, AnImportOfNothingSaysSo) {
+    StartWithDefinition();
+    folder.Put("nothing.ads", "no block in it\r\n");
+    commands().ImportDefinition(folder.Name("nothing.ads"));
+    EXPECT_TRUE(Says("Nothing was imported: " + folder.Name("nothing.ads") + " holds nothing for a definition"));
+    Import();
+    EXPECT_FALSE(Says("kestrel-legacy.ads holds nothing"));
+}
+
+TEST_F(DefinitionCommandsTest, ASaveIsToldAndSoIsWhatKeepsItFromBeing) {
+    StartWithDefinition();
+    Command(IDM_SAVE_DEFINITION);
+    EXPECT_TRUE(Says("Saved " + folder.Name("one.adx")));
+    const std::string elsewhere = folder.Name("away\\one.adx");
+    std::strcpy(session.settings.lastadxpath, elsewhere.c_str());
+    Command(IDM_SAVE_DEFINITION);
+    EXPECT_TRUE(Says("FAILED to Save " + elsewhere + "\r\nIts folder is not there."));
+    std::filesystem::create_directory(folder.Name("away"));
+    std::filesystem::create_directory(elsewhere);
+    Command(IDM_SAVE_DEFINITION);
+    EXPECT_TRUE(Says("FAILED to Save " + elsewhere + "\r\nIt is a folder."));
 }
 
 TEST_F(DefinitionCommandsTest, SaveWritesWhereItCameFrom) {
