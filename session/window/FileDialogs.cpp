@@ -3,6 +3,8 @@
 #include <cderr.h>
 #include <commdlg.h>
 
+#include <cstring>
+
 #include "platform/WindowsApi.h"
 #include "platform/WorkingFolder.h"
 #include "session/AppSettings.h"
@@ -22,6 +24,7 @@ std::string FilterOf(const FilePrompt& prompt) {
 std::optional<std::string> Ask(BOOL(WINAPI* dialog)(OPENFILENAMEA*), HWND owner, const FilePrompt& prompt,
                                DebugOutput* debug) {
     char path[AppSettings::kPathSize] = "";
+    std::strncpy(path, prompt.suggested, sizeof path - 1);
     const std::string filter = FilterOf(prompt);
     OPENFILENAMEA dialogInfo{};
     dialogInfo.lStructSize = sizeof dialogInfo;

@@ -48,6 +48,18 @@ TEST_F(FileDialogsTest, CancelOfASaveAnswersNothing) {
     EXPECT_EQ(std::nullopt, AskSavePath(owner, kSaveDefinitionPrompt));
 }
 
+TEST_F(FileDialogsTest, OffersTheNameThatIsSuggested) {
+    FilePrompt prompt = kSaveLogPrompt;
+    prompt.suggested = "harrier-2026-11-20-143205.xdl";
+    const DialogPerson user({prompt.title, kNameBox}, [&](HWND dialog) {
+        EXPECT_TRUE(Eventually([&] {
+            return DialogPerson::Text(dialog, kNameBox).find("harrier-2026-11-20-143205") != std::string::npos;
+        })) << DialogPerson::Text(dialog, kNameBox);
+        Cancel(dialog);
+    });
+    EXPECT_EQ(std::nullopt, AskSavePath(owner, prompt));
+}
+
 TEST_F(FileDialogsTest, OffersOneKindOfFile) {
     const struct {
         const FilePrompt& prompt;
