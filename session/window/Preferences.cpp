@@ -1,7 +1,10 @@
 #include "session/window/Preferences.h"
 
+#include <string>
+
 #include "controls/proptree/PropTreeContainer.h"
 #include "controls/window/DialogWindow.h"
+#include "platform/PortList.h"
 #include "session/PortDigit.h"
 #include "session/window/DialogResources.h"
 
@@ -21,6 +24,20 @@ HWND AddPage(HWND window, HINSTANCE instance, int templateId, const char* title,
     return PropTreeContainer::addPage(window, &PlainDialogProcedure, instance, templateId, title, after, nullptr);
 }
 
+// Ports with longer names can't be typed beside it.
+std::string PortsText() {
+    constexpr std::size_t kTypedName = 4;
+    std::string text;
+    bool longer = false;
+    for (const SerialPortEntry& port : SystemPorts().Ports()) {
+        text += (text.empty() ? "Ports there are now: " : ", ") + port.name;
+        if (!port.adapter.empty()) text += " (" + port.adapter + ")";
+        longer |= port.name.size() > kTypedName;
+    }
+    if (text.empty()) text = "There is no port now";
+    return text + (longer ? ". For one above COM9, give it a lower number in the Device Manager." : ".");
+}
+
 void AddPages(SessionState& session, HWND window) {
     const auto instance = static_cast<HINSTANCE>(session.instance);
     AddPage(window, instance, IDD_GENERAL, kGeneral, nullptr);
@@ -31,6 +48,7 @@ void AddPages(SessionState& session, HWND window) {
     ::SendMessageA(edit, EM_LIMITTEXT, kPortDigitLimit, 0);
     ::SetWindowTextA(edit, PortDigitText(session.settings).c_str());
     ::SetPropA(window, kPortEdit, edit);
+    ::SetDlgItemTextA(comSetup, IDC_PORT_LIST, PortsText().c_str());
     PropTreeContainer::selectByTitle(window, kComSetup);
 }
 

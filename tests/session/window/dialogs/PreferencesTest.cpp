@@ -6,6 +6,7 @@
 
 #include "controls/proptree/PropTreeContainer.h"
 #include "controls/window/CommonControls.h"
+#include "platform/PortList.h"
 #include "session/window/DialogResources.h"
 #include "session/window/Preferences.h"
 #include "tests/controls/window/ControlTestHelper.h"
@@ -92,6 +93,16 @@ TEST_F(PreferencesTest, ShowsTheDigitOfThePortAndTakesTwoCharacters) {
     OpenPreferences(session);
     EXPECT_EQ("7", TextOfWindow(Port()));
     EXPECT_EQ(2, ::SendMessageA(Port(), EM_GETLIMITTEXT, 0, 0));
+}
+
+TEST_F(PreferencesTest, NamesThePortsThatThereAreBesideTheBox) {
+    OpenPreferences(session);
+    const HWND list = ::GetDlgItem(PropTreeContainer::currentPage(Window()), IDC_PORT_LIST);
+    const std::vector<SerialPortEntry> ports = SystemPorts().Ports();
+    const std::string text = TextOfWindow(list);
+    for (const SerialPortEntry& port : ports)
+        EXPECT_NE(text.find(port.name), std::string::npos) << text;
+    EXPECT_EQ(ports.empty() ? "There is no port now" : "Ports there are now:", text.substr(0, 20));
 }
 
 TEST_F(PreferencesTest, OkStoresTheDigitOfANumberWhateverItIs) {
