@@ -67,6 +67,14 @@ std::string CorvexWindow::RightText() const {
     return TextOf(Panel("QZTEXTPROGRESS"));
 }
 
+std::string CorvexWindow::LogText() const {
+    return TextOf(FindBelow(window_, "QZRICHSTATIC", kLogPanelId));
+}
+
+std::string CorvexWindow::LinkText() const {
+    return TextOf(FindBelow(window_, "QZRICHSTATIC", kLinkPanelId));
+}
+
 std::string CorvexWindow::Output() const {
     HWND edit = FindBelow(window_, WC_EDITA, kOutputId);
     return TextOf(edit, static_cast<std::size_t>(Ask(edit, WM_GETTEXTLENGTH)) + 4096);

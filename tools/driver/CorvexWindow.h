@@ -34,6 +34,8 @@ public:
     std::string Title() const;
     std::string LeftText() const;
     std::string RightText() const;
+    std::string LogText() const;
+    std::string LinkText() const;
     // What the Output tab shows.
     std::string Output() const;
     std::vector<std::string> OutputLines() const;

@@ -44,6 +44,8 @@ enum Control : int {
     kPauseButton = 20003,
     kLoadButton = 20004,
     kStatusBarId = 50000,
+    kLogPanelId = 50001,
+    kLinkPanelId = 50002,
 };
 
 }  // namespace corvex::test

@@ -49,6 +49,22 @@ std::vector<ProgramState> MakeStates() {
         person.Connect();
         person.engines.Unplug();
     };
+    const Steps noPort = [](Operator& person) {
+        person.engines.Start();
+        person.engines.Unplug();
+        person.Window().Send(kScan);
+        person.WaitFor("refusal", [&] { return person.Window().OutputHas("Unable to open port"); });
+    };
+    const Steps dead = [](Operator& person) {
+        person.Connect();
+        person.engines.Unplug();
+        person.WaitFor("the alarm", [&] { return person.Window().LinkText().find("good") == std::string::npos; });
+    };
+    const Steps explained = [=](Operator& person) {
+        dead(person);
+        ::PostMessageA(person.Window().Handle(), WM_HELP, 0, 0);
+        WaitForDialog(person.Process(), "The line");
+    };
     const Steps record = AndLeft(Then(connect, kRecord), "Log Recording");
     const Steps loadDuringScan = [](Operator& person) {
         person.Connect();
@@ -70,6 +86,9 @@ std::vector<ProgramState> MakeStates() {
         {"preferences", AndTop(Then(nothing, kPreferences), "QZPROPTREECONTAINER"), true},
         {"about", AndDialog(Then(nothing, kAbout), "About"), true},
         {"editor", AndDialog(Then(nothing, kEditDefinition), kEditorTitle), true},
+        {"no-port", noPort},
+        {"dead-line", dead},
+        {"line-window", explained},
         {"recording with the scan ended", Then(record, kScan)},
         {"playing beside a scan", playDuringScan},
         {"unplugged", unplug},
