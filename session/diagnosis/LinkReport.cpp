@@ -34,7 +34,7 @@ std::string LengthsText(const LinkCounts& seen) {
 std::string RateText(const LineSettings& line) {
     if (line.baud == 0) return "not known before the first reply";
     return Printf("%u baud asked for, ", line.baud) +
-           (line.lineBaud == 0 ? "the system does not tell what it is" : Printf("%u read back", line.lineBaud));
+           (line.lineBaud == 0 ? "not read back" : Printf("%u read back", line.lineBaud));
 }
 
 std::string SeenText(const LinkRecord& record, double now) {

@@ -55,6 +55,18 @@ TEST_F(Keys, BackQuoteScansAndCtrlAltSpaceRecordsWhileTheOutputTextHasTheFocus) 
     ExpectLeft("ALDL: Not Connected");
 }
 
+TEST_F(Keys, F1TellsOfTheLineWhoseWindowHasItsOwnKeys) {
+    Settle();
+    Start();
+    Press(VK_F1);
+    HWND line = WaitForDialog(program->Id(), "The line");
+    ASSERT_TRUE(PressKey(line, kBackQuote));
+    ASSERT_TRUE(PressKey(line, VK_ESCAPE));
+    EXPECT_TRUE(Eventually([&] { return ::IsWindow(line) == FALSE; }));
+    EXPECT_FALSE(Window().OutputHas("Unable to open port")) << "no scan was asked for";
+    EXPECT_EQ(Window().LinkText(), "not connected");
+}
+
 TEST_F(Keys, BracketsJumpAgainstWhatTheMenuSaysAndTheMouseDragsTheLogAlong) {
     StartWithLog();
     Press(VK_SPACE);

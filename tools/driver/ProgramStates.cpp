@@ -58,11 +58,15 @@ std::vector<ProgramState> MakeStates() {
     const Steps dead = [](Operator& person) {
         person.Connect();
         person.engines.Unplug();
-        person.WaitFor("the alarm", [&] { return person.Window().LinkText().find("good") == std::string::npos; });
+        person.WaitFor("the alarm", [&] {
+            const std::string link = person.Window().LinkText();
+            return link.starts_with("silent line") || link.starts_with("port takes no bytes") ||
+                   link.starts_with("device vanished");
+        });
     };
     const Steps explained = [=](Operator& person) {
         dead(person);
-        ::PostMessageA(person.Window().Handle(), WM_HELP, 0, 0);
+        ::PostMessageA(FindBelow(person.Window().Handle(), "QZRICHSTATIC", kLinkPanelId), WM_LBUTTONUP, 0, 0);
         WaitForDialog(person.Process(), "The line");
     };
     const Steps record = AndLeft(Then(connect, kRecord), "Log Recording");

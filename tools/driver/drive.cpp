@@ -157,7 +157,7 @@ int Drive(int count, char** words) {
         if (wanted == state->name) Shoot(*state, task);
     }
     for (const ProgramState& state : AllProgramStates()) {
-        if (state.isShown && (wanted == "all" || wanted == state.name)) Shoot(state, task);
+        if (wanted == "all" ? state.isShown : wanted == state.name) Shoot(state, task);
     }
     return 0;
 }
