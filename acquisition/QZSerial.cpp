@@ -132,8 +132,8 @@ std::uint32_t QZSerial::ReadInSlices(std::uint8_t* bytes, std::uint32_t count) {
         const std::uint32_t moved = platform_.Read(handle, bytes + got, 1);
         got += moved;
         if (!slices.Took(moved != 0)) return got;
-        // A dead line can't be waited for without limit.
-        if (moved == 0 && !slices.HasTotal() && !platform_.LastError().empty()) return got;
+        // Nothing comes any more, and what waits for the device to come back should not wait for this read as well.
+        if (moved == 0 && Vanished()) return got;
     }
     if (got < count && slices.EndedBehindByte()) got += ReadWhatIsThere(bytes + got, count - got);
     return got;

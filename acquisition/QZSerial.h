@@ -61,6 +61,9 @@ public:
     std::uint32_t Read(void* buffer, std::uint32_t count);
     bool WasCut() const { return cut_; }
     std::uint32_t Write(const void* buffer, std::uint32_t count);
+    // A read or a write has failed since the port was opened: the device has gone, and only Open brings one back. Never
+    // for silence, nor for a port that is closed. A wait for bytes ends within a slice then.
+    bool Vanished() const { return IsOpen() && platform_.Vanished(handle); }
 
     // Why the last Open on this thread failed, or that the device has vanished, in words; may be empty.
     std::string LastError() const { return platform_.LastError(); }

@@ -34,7 +34,6 @@ public:
 
     // Over by the total, with a byte as the last that happened: what came with that byte may still lie in the queue.
     bool EndedBehindByte() const { return byteCame_ && end_ && now_ >= *end_; }
-    bool HasTotal() const { return end_.has_value(); }
 
 private:
     using Moment = std::optional<std::int64_t>;  // none: never

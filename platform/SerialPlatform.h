@@ -56,6 +56,10 @@ public:
     virtual std::uint32_t Read(SerialHandle handle, void* buffer, std::uint32_t count) = 0;
     virtual std::uint32_t Write(SerialHandle handle, const void* buffer, std::uint32_t count) = 0;
 
+    // True once a call to read or write has failed, as it does when the device has gone, and until the handle is
+    // closed. Silence is no failure, nor is a write that finds no reader in time.
+    virtual bool Vanished(SerialHandle handle) const = 0;
+
     // A sentence for a person about the last failed Open or SetState ("no such port", "port is in use by another
     // program", ...), or about a device that has vanished while open; empty when there is nothing to say.
     virtual std::string LastError() const = 0;

@@ -24,6 +24,7 @@ namespace {
 struct Device {
     int descriptor = -1;
     bool exclusive = false;
+    bool vanished = false;
     SerialTimeouts times;
 };
 
@@ -82,13 +83,18 @@ bool WaitFor(int descriptor, short events, Moment until) {
     return true;
 }
 
-bool IsTransient(ssize_t moved) {
-    return moved < 0 && (errno == EAGAIN || errno == EINTR);
+bool HungUp(int descriptor) {
+    pollfd entry{descriptor, 0, 0};
+    return poll(&entry, 1, 0) > 0;
+}
+
+// Another program may have changed the line so that a read of nothing means that nothing has come yet.
+bool IsTransient(int descriptor, ssize_t moved) {
+    return moved == 0 ? !HungUp(descriptor) : errno == EAGAIN || errno == EINTR;
 }
 
 // A vanished device answers at once; the caller's loop over it must not spin.
 void WaitOutDeadLine(Moment until) {
-    lastError = "port has vanished";
     if (until) SleepUntil(*until);
 }
 
@@ -156,9 +162,19 @@ public:
     std::uint32_t Read(SerialHandle handle, void* buffer, std::uint32_t count) override;
     std::uint32_t Write(SerialHandle handle, const void* buffer, std::uint32_t count) override;
 
+    bool Vanished(SerialHandle handle) const override {
+        const Device* device = DeviceOf(handle);
+        return device != nullptr && device->vanished;
+    }
+
     std::string LastError() const override { return lastError; }
 
 private:
+    static void NoteVanished(Device& device) {
+        device.vanished = true;
+        lastError = "port has vanished";
+    }
+
     static SerialHandle Refuse(int code) {
         lastError = OpenSentence(code);
         return kInvalidSerialHandle;
@@ -166,7 +182,7 @@ private:
 };
 
 std::uint32_t PosixSerial::Read(SerialHandle handle, void* buffer, std::uint32_t count) {
-    const Device* device = DeviceOf(handle);
+    Device* device = DeviceOf(handle);
     if (device == nullptr || count == 0) return 0;
     const ReadLimits limits = LimitsOfRead(device->times, count);
     const std::int64_t start = SystemClock().Counter();
@@ -179,10 +195,11 @@ std::uint32_t PosixSerial::Read(SerialHandle handle, void* buffer, std::uint32_t
             got += static_cast<std::uint32_t>(moved);
             if (got == count || limits.firstBytesEndIt) return got;
             gapEnd = After(SystemClock().Counter(), limits.gap);
-        } else if (!IsTransient(moved)) {
+        } else if (!IsTransient(device->descriptor, moved)) {
+            NoteVanished(*device);
             if (got == 0 && !limits.immediate) WaitOutDeadLine(end ? end : After(start, kDeadLineWait));
             return got;
-        } else if (limits.immediate && errno == EAGAIN) {
+        } else if (limits.immediate && (moved == 0 || errno == EAGAIN)) {
             return got;
         }
         // After bytes too: a slow line hands over one by one, and looking again at once would cost a call for each.
@@ -192,7 +209,7 @@ std::uint32_t PosixSerial::Read(SerialHandle handle, void* buffer, std::uint32_t
 
 // A write ends when the kernel has taken the bytes; they may still be on their way.
 std::uint32_t PosixSerial::Write(SerialHandle handle, const void* buffer, std::uint32_t count) {
-    const Device* device = DeviceOf(handle);
+    Device* device = DeviceOf(handle);
     if (device == nullptr || count == 0) return 0;
     const std::int64_t start = SystemClock().Counter();
     const Moment end = After(start, LimitOfWrite(device->times, count));
@@ -202,7 +219,8 @@ std::uint32_t PosixSerial::Write(SerialHandle handle, const void* buffer, std::u
         if (moved > 0) {
             sent += static_cast<std::uint32_t>(moved);
             if (sent == count) return sent;
-        } else if (!IsTransient(moved)) {
+        } else if (!IsTransient(device->descriptor, moved)) {
+            NoteVanished(*device);
             WaitOutDeadLine(end ? end : After(start, kDeadLineWait));
             return 0;
         } else if (!WaitFor(device->descriptor, POLLOUT, end)) {

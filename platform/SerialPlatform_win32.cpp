@@ -14,6 +14,7 @@ namespace {
 struct Device {
     HANDLE file = INVALID_HANDLE_VALUE;
     DWORD baud = 0;  // as last asked for
+    bool vanished = false;
     SerialTimeouts times;
 };
 
@@ -45,6 +46,18 @@ std::string OpenSentence() {
         default:
             return WithCode("port can't be opened");
     }
+}
+
+// Some drivers fail with it where others bring or take nothing.
+bool IsTimeout(DWORD code) {
+    return code == ERROR_TIMEOUT || code == ERROR_SEM_TIMEOUT || code == WAIT_TIMEOUT;
+}
+
+// Some drivers read nothing for ever when their adapter has gone, but fail when they are asked how it is; some others
+// can't be asked.
+bool IsGone(HANDLE file) {
+    if (ClearCommError(file, nullptr, nullptr) != 0) return false;
+    return GetLastError() != ERROR_INVALID_FUNCTION && GetLastError() != ERROR_NOT_SUPPORTED;
 }
 
 // A removed adapter fails at once; the caller's loop over it must not spin.
@@ -127,24 +140,34 @@ public:
     }
 
     std::uint32_t Read(SerialHandle handle, void* buffer, std::uint32_t count) override {
-        const Device* device = DeviceOf(handle);
+        Device* device = DeviceOf(handle);
         if (device == nullptr) return 0;
         const std::int64_t start = SystemClock().Counter();
-        DWORD moved = 0;
-        if (ReadFile(device->file, buffer, count, &moved, nullptr) != 0) return moved;
         const ReadLimits limits = LimitsOfRead(device->times, count);
-        Vanished(start, limits.immediate ? 0 : limits.total.value_or(kDeadLineWait));
+        DWORD moved = 0;
+        if (ReadFile(device->file, buffer, count, &moved, nullptr) != 0) {
+            if (moved == 0 && count != 0 && !limits.immediate && IsGone(device->file)) NoteFailure(*device);
+            return moved;
+        }
+        NoteFailure(*device);
+        WaitOutDeadLine(start, limits.immediate ? 0 : limits.total.value_or(kDeadLineWait));
         return 0;
     }
 
     std::uint32_t Write(SerialHandle handle, const void* buffer, std::uint32_t count) override {
-        const Device* device = DeviceOf(handle);
+        Device* device = DeviceOf(handle);
         if (device == nullptr) return 0;
         const std::int64_t start = SystemClock().Counter();
         DWORD moved = 0;
         if (WriteFile(device->file, buffer, count, &moved, nullptr) != 0) return moved;
-        Vanished(start, LimitOfWrite(device->times, count).value_or(kDeadLineWait));
+        NoteFailure(*device);
+        WaitOutDeadLine(start, LimitOfWrite(device->times, count).value_or(kDeadLineWait));
         return 0;
+    }
+
+    bool Vanished(SerialHandle handle) const override {
+        const Device* device = DeviceOf(handle);
+        return device != nullptr && device->vanished;
     }
 
     std::string LastError() const override {
@@ -183,10 +206,12 @@ private:
         return !emulated || line.BaudRate != kStandIn || device.baud == kStandIn;
     }
 
-    static void Vanished(std::int64_t start, std::int64_t milliseconds) {
-        lastCode = GetLastError();
+    static void NoteFailure(Device& device) {
+        const DWORD code = GetLastError();
+        if (IsTimeout(code)) return;
+        lastCode = code;
         lastFailure = Failure::kVanished;
-        WaitOutDeadLine(start, milliseconds);
+        device.vanished = true;
     }
 };
 

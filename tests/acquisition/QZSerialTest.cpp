@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <tuple>
@@ -219,6 +220,26 @@ TEST_F(QZSerialTest, ReadingNothingLogsNothing) {
     line_.Vanish();
     EXPECT_EQ(port_.Write(&byte, 1), 0U);
     EXPECT_EQ(text_.Text(), "");
+}
+
+TEST_F(QZSerialTest, OnlyAFailedCallTellsThatTheDeviceHasVanished) {
+    char byte = 0;
+    const auto read = [&] { port_.Read(&byte, 1); };
+    const auto write = [&] { port_.Write(&byte, 1); };
+    for (const std::function<void()>& call : {std::function<void()>(read), std::function<void()>(write)}) {
+        ASSERT_EQ(port_.Open("COM1", 8192), 1);
+        call();
+        EXPECT_FALSE(port_.Vanished());  // nothing came, which is no failure
+        line_.Vanish();
+        EXPECT_FALSE(port_.Vanished());
+        call();
+        EXPECT_TRUE(port_.Vanished());
+        port_.Close();
+        EXPECT_FALSE(port_.Vanished());
+        line_.ComeBack();
+    }
+    ASSERT_EQ(port_.Open("COM1", 8192), 1);
+    EXPECT_FALSE(port_.Vanished());
 }
 
 TEST_F(QZSerialTest, AHandleOfZeroIsNeverUsed) {

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <functional>
 #include <string>
 
@@ -150,9 +151,11 @@ TEST_F(SerialPlatformPosixTest, SaysWhyAPortDoesNotOpen) {
 TEST_F(SerialPlatformPosixTest, AVanishedDeviceTakesTheWholeTotalForNothing) {
     Open({75, 0, 50, 0, 60});
     HangUp();
+    EXPECT_FALSE(serial_.Vanished(handle_));
     char byte = 0;
     EXPECT_GE(MillisecondsOf([&] { EXPECT_EQ(serial_.Read(handle_, &byte, 1), 0U); }), 50.0);
     EXPECT_EQ(serial_.LastError(), "port has vanished");
+    EXPECT_TRUE(serial_.Vanished(handle_));
     EXPECT_GE(MillisecondsOf([&] { EXPECT_EQ(serial_.Write(handle_, &byte, 1), 0U); }), 60.0);
     serial_.Purge(handle_, true, true);
     SerialSettings settings;
@@ -164,6 +167,42 @@ TEST_F(SerialPlatformPosixTest, ADeadLineDoesNotSpinEvenWithoutATotal) {
     HangUp();
     char byte = 0;
     EXPECT_GE(MillisecondsOf([&] { EXPECT_EQ(serial_.Read(handle_, &byte, 1), 0U); }), 100.0);
+}
+
+TEST_F(SerialPlatformPosixTest, EveryKindOfCallTellsThatTheDeviceHasVanished) {
+    char byte = 0;
+    for (const SerialTimeouts& times : {SerialTimeouts{0xFFFFFFFF, 0, 0, 0, 20}, {75, 0, 20, 0, 20}}) {
+        for (const bool reads : {true, false}) {
+            SetUp();
+            Open(times);
+            HangUp();
+            EXPECT_EQ(reads ? serial_.Read(handle_, &byte, 1) : serial_.Write(handle_, &byte, 1), 0U);
+            EXPECT_TRUE(serial_.Vanished(handle_));
+            serial_.Close(handle_);
+        }
+    }
+    handle_ = kInvalidSerialHandle;
+}
+
+// Another program that asks for reads of nothing in place of a wait takes no device away.
+TEST_F(SerialPlatformPosixTest, SilenceIsNoVanishedDevice) {
+    Open({75, 0, 50, 0, 60});
+    termios line{};
+    for (const int least : {1, 0}) {
+        ASSERT_EQ(tcgetattr(master_, &line), 0);
+        line.c_cc[VMIN] = static_cast<cc_t>(least);
+        ASSERT_EQ(tcsetattr(master_, TCSANOW, &line), 0);
+        char byte = 0;
+        EXPECT_GE(MillisecondsOf([&] { EXPECT_EQ(serial_.Read(handle_, &byte, 1), 0U); }), 50.0);
+        EXPECT_FALSE(serial_.Vanished(handle_));
+        FromFarEnd("a");
+        EXPECT_EQ(serial_.Read(handle_, &byte, 1), 1U);
+    }
+    ASSERT_TRUE(serial_.SetTimeouts(handle_, {0xFFFFFFFF, 0, 0, 0, 60}));
+    char byte = 0;
+    errno = 0;
+    EXPECT_EQ(serial_.Read(handle_, &byte, 1), 0U);
+    EXPECT_FALSE(serial_.Vanished(handle_));
 }
 
 TEST_F(SerialPlatformPosixTest, TheFirstBytesEndAReadThatAsksForThem) {
@@ -195,6 +234,7 @@ TEST_F(SerialPlatformPosixTest, NoPortMeansFailureEverywhere) {
         EXPECT_FALSE(serial_.SetState(none, settings));
         EXPECT_FALSE(serial_.SetTimeouts(none, {}));
         EXPECT_FALSE(serial_.SetQueues(none, 1024, 512));
+        EXPECT_FALSE(serial_.Vanished(none));
         EXPECT_EQ(serial_.Read(none, &byte, 1), 0U);
         EXPECT_EQ(serial_.Write(none, &byte, 1), 0U);
         serial_.Purge(none, true, true);

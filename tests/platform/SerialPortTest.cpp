@@ -161,11 +161,14 @@ TEST_F(SerialPortTest, PurgeDropsWhatHasComeIn) {
 }
 
 TEST_F(SerialPortTest, AVanishedDeviceIsSilentAndCostsTheTotal) {
+    EXPECT_EQ(Read(5), "");
+    EXPECT_FALSE(serial_.Vanished(handle_));
     Order("vanish");
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(Read(5), "");
         EXPECT_GE(took_, 200.0 - kTick);
     }
+    EXPECT_TRUE(serial_.Vanished(handle_));
     EXPECT_EQ(serial_.Write(handle_, "x", 1), 0U);
 }
 

@@ -47,6 +47,12 @@ void ScriptedSerial::FeedForEver(std::uint8_t byte, std::int64_t gapMs) {
 void ScriptedSerial::Vanish() {
     const Guard guard(lock_);
     vanished_ = true;
+    incoming_.clear();
+}
+
+void ScriptedSerial::ComeBack() {
+    const Guard guard(lock_);
+    vanished_ = false;
 }
 
 std::vector<std::string> ScriptedSerial::Calls() const {
@@ -78,9 +84,11 @@ bool ScriptedSerial::IsOpen() const {
 }
 
 SerialHandle ScriptedSerial::Open(const char* path) {
+    if (onOpen) onOpen();
     const Guard guard(lock_);
     Note(std::string("open ") + path);
-    open_ = !failOpen;
+    open_ = !failOpen && !vanished_;
+    failed_ = false;
     return open_ ? kHandle : kInvalidSerialHandle;
 }
 
@@ -140,6 +148,7 @@ std::uint32_t ScriptedSerial::Read(SerialHandle handle, void* buffer, std::uint3
     if (onRead) onRead(number);
     const Guard guard(lock_);
     const bool works = handle == kHandle && failReads.count(number) == 0;
+    failed_ = failed_ || vanished_;
     const std::uint32_t moved = works ? Deliver(static_cast<std::uint8_t*>(buffer), count) : 0;
     Note("read" + Number(count) + " ->" + Number(moved));
     return moved;
@@ -176,6 +185,7 @@ std::uint32_t ScriptedSerial::Write(SerialHandle handle, const void* buffer, std
     if (onWrite) onWrite();
     const Guard guard(lock_);
     const auto* bytes = static_cast<const std::uint8_t*>(buffer);
+    failed_ = failed_ || vanished_;
     const std::uint32_t moved = vanished_ || handle != kHandle ? 0 : std::min(count, writeLimit);
     const Bytes sent(bytes, bytes + moved);
     std::string call = "write";
@@ -186,6 +196,11 @@ std::uint32_t ScriptedSerial::Write(SerialHandle handle, const void* buffer, std
         if (rule.command == sent) Schedule(rule.reply, rule.afterMs, rule.gapMs);
     }
     return moved;
+}
+
+bool ScriptedSerial::Vanished(SerialHandle /*handle*/) const {
+    const Guard guard(lock_);
+    return failed_;
 }
 
 std::string ScriptedSerial::LastError() const {

@@ -30,7 +30,9 @@ public:
     void Answer(const Bytes& command, const Bytes& reply, std::int64_t afterMs = 0, std::int64_t gapMs = 0);
     // One byte each `gapMs`, without end.
     void FeedForEver(std::uint8_t byte, std::int64_t gapMs);
+    // The device goes: reads and writes fail, what was on its way is lost, and it can't be opened until it is back.
     void Vanish();
+    void ComeBack();
 
     // What goes wrong, and what happens in passing. The hooks run before the call does its work, outside the lock.
     bool failOpen = false, failGetState = false, failSetState = false, failTimeouts = false, failQueues = false;
@@ -38,7 +40,7 @@ public:
     std::uint32_t writeLimit = 0xFFFFFFFF;             // bytes that a write takes
     std::set<std::uint32_t> failReads;                 // numbers of reads that give nothing and take no time, from 1
     std::function<void(std::uint32_t number)> onRead;  // counted from 1
-    std::function<void()> onWrite;
+    std::function<void()> onWrite, onOpen;
 
     std::vector<std::string> Calls() const;
     // Those calls alone that begin with the word.
@@ -56,6 +58,7 @@ public:
     void Purge(SerialHandle handle, bool output, bool input) override;
     std::uint32_t Read(SerialHandle handle, void* buffer, std::uint32_t count) override;
     std::uint32_t Write(SerialHandle handle, const void* buffer, std::uint32_t count) override;
+    bool Vanished(SerialHandle handle) const override;
     std::string LastError() const override;
 
     static constexpr SerialHandle kHandle = 77;
@@ -86,7 +89,7 @@ private:
     SerialSettings settings_;
     SerialTimeouts times_;
     std::uint32_t reads_ = 0;
-    bool open_ = false, vanished_ = false;
+    bool open_ = false, vanished_ = false, failed_ = false;
 };
 
 }  // namespace corvex::test
