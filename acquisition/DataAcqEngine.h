@@ -38,6 +38,9 @@ inline constexpr std::int32_t kResultNoMemory = static_cast<std::int32_t>(0x8007
 // stands until ForgetStop: it can't fall between two commands, however short they are, and what is begun meanwhile ends
 // at once. The write of a command is not interrupted, a reply that has come whole is a reply.
 //
+// A device that vanishes ends the command in hand in its own way, a wait of it within 50 ms, and the macros around it
+// with the code of that command.
+//
 // Threads: one thread runs commands and owns all members. RequestStop and RequestCut may come from any other.
 class DataAcqEngine {
 public:

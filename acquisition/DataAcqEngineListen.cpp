@@ -91,6 +91,7 @@ std::uint32_t DataAcqEngine::ChatterVerdict(const ADXCListenChatter& command, Bu
         std::copy(window.begin() + 1, window.end(), window.begin());
         if (portRef->Read(&window.back(), 1) != 0) found = std::equal(window.begin(), window.end(), wanted);
         if (StopRequested()) return kCodeStopped;
+        if (portRef->Vanished()) break;
     }
     return found ? kCodeSuccess : kCodeTimeout;
 }
@@ -136,8 +137,9 @@ bool DataAcqEngine::FindSync(std::uint32_t packetsize) {
 void DataAcqEngine::ReadPacket(Buffer& packet) {
     for (std::uint8_t& byte : packet) {
         if (StopRequested()) return;
-        // The rest of the packet is still worth having.
+        // The rest of the packet is still worth having, if there is any.
         if (!ReadFramedByte(byte)) status.code = kCodeBadFraming;
+        if (portRef->Vanished()) return;
     }
 }
 

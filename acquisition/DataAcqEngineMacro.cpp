@@ -52,7 +52,10 @@ bool DataAcqEngine::RunNode(const ADXMacroNode& node) {
         status.code = kCodeStopped;
         return false;
     }
+    const bool hadVanished = portRef->Vanished();
     const std::int32_t result = RunCommand(node.command);
+    // The rest of the macro could only fail, command by command. Of one that is begun afterwards each has its wait.
+    if (!hadVanished && portRef->Vanished()) return false;
     if (tooDeep_ || (node.EndsIfFailed() && result < 0)) {
         status.code = kCodeNodeFailed;
         return false;

@@ -147,5 +147,16 @@ TEST_F(Listen160BaudTest, TheIdOfTheLastSendStays) {
     EXPECT_EQ(Told(), "75 0 200 0 300");
 }
 
+TEST_F(Listen160BaudTest, ADeviceThatVanishesEndsThePacket) {
+    command.packetsize = 1000;
+    line.Feed(Sync() + Framed({0xA5}));
+    line.onRead = [this](std::uint32_t number) {
+        if (number > 9 + 9) line.Vanish();
+    };
+    EXPECT_EQ(LastOf(command), "160End 7 1000");
+    EXPECT_EQ(callback.bytes.front(), 0xA5);
+    EXPECT_EQ(clock.PeekMilliseconds(), 50.0);
+}
+
 }  // namespace
 }  // namespace corvex::test

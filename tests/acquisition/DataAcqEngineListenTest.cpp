@@ -213,5 +213,15 @@ TEST_F(ListenChatterTest, ARefusedBeginningReadsNothing) {
     EXPECT_EQ(line.Calls("read"), Words{});
 }
 
+TEST_F(ListenChatterTest, ADeviceThatVanishesEndsTheSearch) {
+    command.listentimeout = 60'000;
+    line.Feed({1, 2, 3, 4});
+    line.onRead = [this](std::uint32_t number) {
+        if (number > 4) line.Vanish();
+    };
+    EXPECT_EQ(LastOf(command), "ChatterEnd 4");
+    EXPECT_EQ(clock.PeekMilliseconds(), 50.0);
+}
+
 }  // namespace
 }  // namespace corvex::test

@@ -165,5 +165,22 @@ TEST_F(DataAcqEngineMacroTest, AMacroThatHoldsItselfEndsWithAFailure) {
     EXPECT_EQ(engine.RunCommand(&sound), 0);
 }
 
+// The rest could only fail, one by one; that is left to those who begin it anew.
+TEST_F(DataAcqEngineMacroTest, ADeviceThatVanishesEndsItAndThoseAroundIt) {
+    AddNode(macro, poll, 4'000'000'000U);
+    ADXMacro outer;
+    AddNode(outer, macro, 2);
+    AddNode(outer, trigger);
+    line.onWrite = [this, writes = 0]() mutable {
+        if (++writes == 3) line.Vanish();
+    };
+    const Words words = WordsOf(outer);
+    EXPECT_EQ(Words(words.end() - 3, words.end()), (Words{"SendEnd 5 0", "MacroEnd 5", "MacroEnd 5"}));
+    EXPECT_EQ(Count("SendEnd 5 0"), 1);
+    ADXMacro next;
+    AddNode(next, poll, 2);
+    EXPECT_EQ(WordsOf(next).size(), 6U);
+}
+
 }  // namespace
 }  // namespace corvex::test
