@@ -1,6 +1,10 @@
 #include "session/ScanStop.h"
 
+#include <algorithm>
+
 #include "acquisition/DataAcqEngine.h"
+#include "acquisition/ReadSlices.h"
+#include "platform/Clock.h"
 
 namespace corvex {
 
@@ -21,6 +25,18 @@ void ScanStop::RunDisconnect(const ADXObject* command) {
     // The line is being left, whatever it says.
     static_cast<void>(engine_.RunWhole(command, kDisconnectLimit));
     disconnecting_.store(false, std::memory_order_relaxed);
+}
+
+bool ScanStop::WaitUnlessAsked(std::uint32_t milliseconds) const {
+    IClock& clock = CurrentClock();
+    const std::int64_t frequency = clock.Frequency();
+    const std::int64_t end = clock.Counter() + frequency * milliseconds / 1000;
+    while (!asked_.load(std::memory_order_relaxed)) {
+        const std::int64_t now = clock.Counter();
+        if (now >= end) return frequency > 0;
+        clock.SleepUntil(std::min(end, now + frequency * ReadSlices::kLongest / 1000));
+    }
+    return false;
 }
 
 }  // namespace corvex

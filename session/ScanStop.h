@@ -30,6 +30,9 @@ public:
     void Ask(bool insists);
     // Null does nothing.
     void RunDisconnect(const ADXObject* command);
+    // Waits while nobody has asked: a stop ends it within a slice of the engine's waits. False after that, and at once
+    // on a machine that has no counter to wait by. Connect thread.
+    bool WaitUnlessAsked(std::uint32_t milliseconds) const;
 
 private:
     DataAcqEngine& engine_;

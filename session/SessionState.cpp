@@ -98,6 +98,7 @@ void SessionState::EnterLineState(ConnectionState state) {
 
 void SessionState::Connect() {
     std::uint32_t connecting = kConnecting;
+    if (deviceAway_.load(std::memory_order_relaxed)) return;
     if (connectionState.compare_exchange_strong(connecting, kConnected, std::memory_order_relaxed)) RefreshAll();
 }
 

@@ -121,7 +121,8 @@ public:
     void EnterState(ConnectionState state);
     // The same for what the line does; a paused log goes on hiding that, and its place is not lost. Connect thread.
     void EnterLineState(ConnectionState state);
-    // A good reply has come: from kConnecting to kConnected, and from no other state. Worker.
+    // A good reply has come: from kConnecting to kConnected, and from no other state; not while the device is away,
+    // when it can only be a log's. Worker.
     void Connect();
 
     // A line on the text log, and for a while a shorter one in place of the status text, black on this colour
@@ -160,11 +161,16 @@ public:
     // Plays logs without ever writing to them, so that one on a write-protected card plays too. Else a log's header is
     // written back when it is closed. Main thread.
     bool looksAtLogs = false;
+    // A scan whose device vanishes closes the port, is connecting again, and tries the same name once a second until it
+    // opens or the scan is stopped; then it begins anew with the connect command, while recording, text log, stopwatch
+    // and error count go on. Else it goes on to ask a dead line. To be set before a scan.
+    bool reconnects = true;
 
 private:
     void ConnectThread(const std::string& portName);
-    void RunScan(const ADXObject* connect, const ADXObject* monitor, const ADXObject* disconnect);
-    void TellOddRate(const std::string& portName);
+    bool RunScan(const ADXObject* connect, const ADXObject* monitor, const ADXObject* disconnect);
+    bool BringDeviceBack(const std::string& portName, std::uint32_t baud);
+    void TellOddRate(const std::string& portName, std::uint32_t& told);
     void StopThread(std::uint32_t flags);
     void StopScan(bool insists);
     void StopLog();
@@ -196,7 +202,8 @@ private:
     // Stops of a log whose message has not been handled. Up before the stop thread begins, so that whoever sees the
     // playback ended sees this; down on the main thread.
     std::atomic<std::uint32_t> logStops_{0};
-    std::atomic<bool> closes_{false};  // the main window is going: no log is begun any more
+    std::atomic<bool> deviceAway_{false};  // a scan waits for it
+    std::atomic<bool> closes_{false};      // the main window is going: no log is begun any more
     // A recording: the user is asked for its name, or has given one and the disk does not have it all yet. This and the
     // next three: main thread.
     enum class Saving { kNot, kAsks, kWaits } saves_ = Saving::kNot;

@@ -91,5 +91,28 @@ TEST_F(StopStormTest, EveryScanStopsAndDisconnects) {
     }
 }
 
+TEST_F(StopStormTest, EveryScanStopsWhileItsDeviceComesAndGoes) {
+    for (unsigned round = 0; round < AttackRounds(200); ++round) {
+        session.definition.connectcmd = random_() % 2 == 0 ? Any() : nullptr;
+        session.definition.monitorcmd = Any();
+        session.ToggleScan();
+        for (unsigned turns = random_() % 4; turns > 0; --turns) {
+            LetItRun();
+            serial.Vanish();
+            LetItRun();
+            serial.ComeBack();
+        }
+        if (random_() % 2 == 0) serial.Vanish();
+        LetItRun();
+        session.StartStopThread(kStopScan | (random_() % 2 == 0 ? kStopWindow : 0U));
+        ASSERT_TRUE(session.WaitForThreads(std::chrono::seconds(60))) << "round " << round;
+        ASSERT_FALSE(serial.IsOpen());
+        ASSERT_EQ(0U, session.scanning);
+        ASSERT_EQ(kNotConnected, session.connectionState);
+        serial.ComeBack();
+        serial.ForgetCalls();
+    }
+}
+
 }  // namespace
 }  // namespace corvex::test

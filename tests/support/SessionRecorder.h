@@ -56,6 +56,8 @@ public:
         calls.recordingKept = [this](const std::string& path, bool saved) { kept = (saved ? "saved " : "") + path; };
         calls.postMain = [this](std::uint32_t message) { Note("post " + std::to_string(message)); };
         calls.portRefused = [this](const std::string& reason) { Note("port refused " + reason); };
+        calls.deviceVanished = [this](const std::string& reason) { Note("device vanished " + reason); };
+        calls.deviceBack = [this] { Note("device back"); };
         calls.replyEnded = [this](const DataAcqStatus& status, PacketView reply) {
             Note("reply " + std::to_string(status.code) + " " + (reply ? std::to_string(reply.Size()) : "-"));
             if (onReplyEnded) onReplyEnded(status, reply);
