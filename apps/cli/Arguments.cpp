@@ -205,6 +205,8 @@ private:
             command.add_option("--record", scan_.record, "Record every good reply into this log (.xdl)")
                 ->check(FileName());
         command.add_flag("--force", scan_.force, "Replace a log that holds something")->needs(record);
+        command.add_flag_callback(
+            "--no-reconnect", [this] { scan_.reconnect = false; }, "End when the device vanishes; do not wait for it");
         CLI::Option* simulate =
             command.add_flag("--simulate", scan_.simulate, "A simulated engine in place of a port (Linux only)");
         simulate->excludes(port);

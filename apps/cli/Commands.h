@@ -52,7 +52,7 @@ ExitCode RunPorts(const PortsOptions& options, std::ostream& out, std::ostream& 
 ExitCode RunRepair(const RepairOptions& options, std::ostream& out, std::ostream& err);
 
 // scan: runs the scan of a definition and shows its values as they come. kExitFailure when the line never answered, or
-// was lost, or not all could be recorded.
+// was lost and had not come back at the end, or not all could be recorded.
 ExitCode RunScan(const ScanOptions& options, std::ostream& out, std::ostream& err);
 
 }  // namespace corvex

@@ -63,8 +63,9 @@ struct ScanOptions {
     bool plain = false;
     bool json = false;
     bool verbose = false;
-    std::string record;  // the log to record; empty: none
-    bool force = false;  // a log that holds something is replaced
+    std::string record;     // the log to record; empty: none
+    bool force = false;     // a log that holds something is replaced
+    bool reconnect = true;  // a device that vanishes is waited for
     // The engine inside, in place of a port.
     bool simulate = false;
     SimOptions engine = PacedEngine();

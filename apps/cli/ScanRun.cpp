@@ -54,6 +54,8 @@ bool ScanRun::Prepare() {
         return false;
     }
     std::memcpy(session_.settings.comport, port_.c_str(), port_.size() + 1);
+    // The engine inside comes back no more, and the name of its line may be somebody else's terminal by then.
+    session_.reconnects = options_.reconnect && !options_.simulate;
     if (options_.verbose) session_.debug.edit = &log_;
     polled_ = PolledCommands(session_.definition);
     diagnosis_ = LineDiagnosis(session_.definition.HasEcho());
@@ -107,6 +109,11 @@ void ScanRun::ReportTrouble() {
     err_ << "corvex-cli: " << trouble << '\n' << std::flush;
 }
 
+void ScanRun::ReportOutages() {
+    for (const std::string& news : tap_.TakeNews())
+        err_ << "corvex-cli: " << port_ << ": " << news << '\n' << std::flush;
+}
+
 ExitCode ScanRun::Run() {
     if (!Prepare()) return kExitFailure;
     {
@@ -137,10 +144,12 @@ void ScanRun::Loop() {
     while (!session_.WaitForThreads(0ms)) {
         Take(queue_.Take(kScanPatience));
         ReportTrouble();
+        ReportOutages();
         if (WantsStop()) StopOnce();
         if (!stopping_) view_->OnTick(Moment());
     }
     Take(queue_.Take(0ms));
+    ReportOutages();
 }
 
 void ScanRun::StopOnce() {
@@ -167,7 +176,8 @@ void ScanRun::Take(const std::vector<ReplyEvent>& events) {
 }
 
 bool ScanRun::WantsStop() const {
-    if (stop_->Requested() || !tap_.PortLost().empty() || !out_) return true;
+    if (stop_->Requested() || !out_) return true;
+    if (!session_.reconnects && !tap_.PortLost().empty()) return true;
     if (options_.once && EveryoneAnswered()) return true;
     return limit_ > 0.0 && session_.timer.Elapsed() >= limit_;
 }
@@ -181,15 +191,23 @@ bool ScanRun::EveryoneAnswered() const {
 
 ScanMoment ScanRun::Moment() const {
     const double seconds = session_.timer.Elapsed();
+    return {seconds, seconds, summary_, StateText(seconds), diagnosis_.Doubt(), tap_.Outages()};
+}
+
+std::string ScanRun::StateText(double seconds) const {
     const std::uint32_t connection = session_.connectionState.load(std::memory_order_relaxed);
-    return {seconds, seconds, summary_, LineStateText(connection, seconds, summary_, diagnosis_), diagnosis_.Doubt()};
+    if (connection == kConnecting && !tap_.PortLost().empty())
+        return "Waiting for the port to come back, " + CountsText(summary_);
+    if (connection == kConnecting && diagnosis_.AnyGood()) return "Connecting again, " + CountsText(summary_);
+    return LineStateText(connection, seconds, summary_, diagnosis_);
 }
 
 std::string ScanRun::WhyFailed() const {
     std::string reason;
     if (tap_.PortRefused(reason)) return reason.empty() ? "the port cannot be opened" : reason;
     if (!out_) return "nobody takes the output any more";
-    if (std::string lost = tap_.PortLost(); !lost.empty()) return lost;
+    if (std::string lost = tap_.PortLost(); !lost.empty())
+        return session_.reconnects ? lost + " and did not come back" : lost;
     if (!diagnosis_.AnyGood()) {
         if (polled_.empty()) return "the definition's scan asks for no replies";
         const std::string why = diagnosis_.WhyNoReply(session_.timer.Elapsed());

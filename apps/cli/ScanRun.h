@@ -46,7 +46,9 @@ private:
     bool WantsStop() const;
     bool EveryoneAnswered() const;
     void ReportTrouble();
+    void ReportOutages();
     ScanMoment Moment() const;
+    std::string StateText(double seconds) const;
     std::string WhyFailed() const;
     std::string WhoIsMissing() const;
 

@@ -28,6 +28,8 @@ SessionCalls ScanTap::Calls() {
     SessionCalls calls;
     calls.replyEnded = [this](const DataAcqStatus& status, PacketView reply) { TakeReply(status, reply); };
     calls.portRefused = [this](const std::string& reason) { TakeRefusal(reason); };
+    calls.deviceVanished = [this](const std::string& reason) { TakeOutage(reason); };
+    calls.deviceBack = [this] { TakeReturn(); };
     calls.refreshButtons = [this] { queue_.Wake(); };
     return calls;
 }
@@ -59,7 +61,7 @@ void ScanTap::TakeReply(const DataAcqStatus& status, PacketView reply) {
     if (event.sampled && event.command != nullptr && status.command->GetType() == kType160BaudListen)
         session_->definition.UpdateValues(event.Packet(), event.command->GetIdHash());
     if (recorder_ != nullptr && event.code == kCodeSuccess && event.expected) recorder_->Add(*event.command, reply);
-    if (status.code != kCodeSuccess) {
+    if (status.code != kCodeSuccess && !session_->reconnects) {
         const std::string lost = session_->engine.port.LastError();
         if (!lost.empty()) {
             const std::lock_guard lock(lock_);
@@ -75,6 +77,25 @@ void ScanTap::TakeRefusal(const std::string& reason) {
     refusal_ = reason;
 }
 
+void ScanTap::TakeOutage(const std::string& reason) {
+    {
+        const std::lock_guard lock(lock_);
+        lost_ = reason.empty() ? "port has vanished" : reason;
+        news_.push_back(lost_ + "; waiting for it to come back");
+        ++outages_;
+    }
+    queue_.Wake();
+}
+
+void ScanTap::TakeReturn() {
+    {
+        const std::lock_guard lock(lock_);
+        lost_.clear();
+        news_.emplace_back("port is back");
+    }
+    queue_.Wake();
+}
+
 bool ScanTap::PortRefused(std::string& reason) const {
     const std::lock_guard lock(lock_);
     reason = refusal_;
@@ -84,6 +105,16 @@ bool ScanTap::PortRefused(std::string& reason) const {
 std::string ScanTap::PortLost() const {
     const std::lock_guard lock(lock_);
     return lost_;
+}
+
+std::uint32_t ScanTap::Outages() const {
+    const std::lock_guard lock(lock_);
+    return outages_;
+}
+
+std::vector<std::string> ScanTap::TakeNews() {
+    const std::lock_guard lock(lock_);
+    return std::exchange(news_, {});
 }
 
 }  // namespace corvex

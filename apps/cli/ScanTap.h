@@ -1,8 +1,10 @@
 // Listens to a session and hands its replies to a queue, and to a recorder before that.
 #pragma once
 
+#include <cstdint>
 #include <mutex>
 #include <string>
+#include <vector>
 
 #include "apps/cli/ReplyQueue.h"
 #include "session/SampleViews.h"
@@ -30,8 +32,12 @@ public:
 
     // Why the port could not be opened, in words that may be empty; false while it was not refused.
     bool PortRefused(std::string& reason) const;
-    // What the port said when it vanished in use; empty while it has not.
+    // What the port said when it vanished in use; empty while it has not, and again when it is back.
     std::string PortLost() const;
+    // How often it vanished and was waited for.
+    std::uint32_t Outages() const;
+    // What became of the device since the last call, oldest first.
+    std::vector<std::string> TakeNews();
 
     bool WantsSamples() const override { return true; }
     void Read(const PublishedSample& sample) override;
@@ -40,6 +46,8 @@ public:
 private:
     void TakeReply(const DataAcqStatus& status, PacketView reply);
     void TakeRefusal(const std::string& reason);
+    void TakeOutage(const std::string& reason);
+    void TakeReturn();
 
     ReplyQueue& queue_;
     SessionState* session_ = nullptr;
@@ -48,6 +56,8 @@ private:
     mutable std::mutex lock_;
     bool refused_ = false;
     std::string refusal_, lost_;
+    std::uint32_t outages_ = 0;
+    std::vector<std::string> news_;
 };
 
 }  // namespace corvex

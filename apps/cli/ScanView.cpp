@@ -25,6 +25,7 @@ constexpr double kFirstQuiet = 3.0;
 
 std::string SummaryLine(const ScanMoment& moment) {
     std::string text = moment.summary.Text(moment.seconds);
+    if (moment.outages.value_or(0) != 0) text += "; " + Counted(*moment.outages, "outage");
     return moment.note.empty() ? text : text + "\nnote: " + moment.note;
 }
 
@@ -107,6 +108,7 @@ public:
     void OnTick(const ScanMoment&) override {}
     void OnEnd(const ScanMoment& moment) override {
         nlohmann::ordered_json json{{"summary", moment.summary.Json(moment.seconds)}};
+        if (moment.outages) json["summary"]["outages"] = *moment.outages;
         if (!moment.note.empty()) json["summary"]["note"] = moment.note;
         out_ << json.dump() << '\n';
     }

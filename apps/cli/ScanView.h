@@ -1,8 +1,10 @@
 // What a scan, or a log that is played, shows of itself.
 #pragma once
 
+#include <cstdint>
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "apps/cli/LiveTable.h"
@@ -18,8 +20,9 @@ struct ScanMoment {
     double now = 0.0;      // on the clock of the replies' times
     double seconds = 0.0;  // since it began
     const ScanSummary& summary;
-    std::string state;  // in one sentence
-    std::string note;   // a doubt to tell at the end; empty for none
+    std::string state;                          // in one sentence
+    std::string note;                           // a doubt to tell at the end; empty for none
+    std::optional<std::uint32_t> outages = {};  // how often the device was waited for; none for a log
 };
 
 struct ViewOptions {
