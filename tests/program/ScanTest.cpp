@@ -1,6 +1,7 @@
 #include <regex>
 
 #include "tests/program/ProgramTest.h"
+#include "tools/driver/LogFiles.h"
 #include "tools/driver/ReplyLines.h"
 
 namespace corvex::test {
@@ -56,15 +57,44 @@ TEST_F(Scan, CountsEveryReplyThatDidNotComeOrCameShort) {
     }
 }
 
-TEST_F(Scan, GoesOnWhenTheDeviceVanishesAndStopsWhenTold) {
+TEST_F(Scan, StopsWhileItWaitsForADeviceThatVanished) {
     Settle();
     Start();
     Connect();
     engines.Unplug();
-    EXPECT_TRUE(Eventually([&] { return Replies().bad >= 2; })) << Window().Output();
+    ExpectLeft("ALDL: Connecting...");
+    ExpectOutput(TestPort() + " has vanished, waiting for it");
+    EXPECT_EQ(Replies().bad, 1);
     Window().Send(kScan);
     ExpectLeft("ALDL: Not Connected");
     Connect();
+}
+
+// The recording that runs takes what comes after as what came before.
+TEST_F(Scan, GoesOnInTheSameRecordingWhenTheDeviceIsBack) {
+    Settle();
+    Start();
+    Connect();
+    Window().Send(kRecord);
+    const auto records = [&](std::uintmax_t bytes) {
+        return Eventually([&] { return folder.Size("temp.xdl") > bytes; });
+    };
+    EXPECT_TRUE(records(400));
+    engines.Unplug();
+    ExpectOutput(TestPort() + " has vanished, waiting for it");
+    const std::uintmax_t size = folder.Size("temp.xdl");
+    engines.Start({"--pace"});
+    ExpectOutput(TestPort() + " is back");
+    EXPECT_TRUE(records(size + 400)) << Window().Output();
+    ExpectLeft("Log Recording");
+    ExpectRight("[0-9]+\\.[0-9]{2} Hz   Errors: 1");
+    Window().Send(kScan);
+    Window().Press(kLogToolbarId, kStopButton);
+    ChooseFile(program->Id(), kSaveLogTitle, folder.Name("drive.xdl"));
+    ExpectOutput("Log saved to " + folder.Name("drive.xdl"));
+    const std::string log = folder.Files().Content("drive.xdl");
+    EXPECT_EQ(HeaderOf(log).endMark, log.size() + 1);
+    EXPECT_GE(HeaderOf(log).sampleCount, 10U);
 }
 
 }  // namespace
