@@ -1,6 +1,7 @@
 // A scan of the tool whose simulated adapter is unplugged, and plugged in again or not.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <future>
 #include <nlohmann/json.hpp>
 
@@ -28,6 +29,7 @@ protected:
     }
     // Scans and records, and pulls the plug once something is in the log.
     std::future<ToolResult> ScanUntilUnplugged(Words more, const std::string& before = "") {
+        std::filesystem::remove(log);
         more.insert(more.begin(), {"scan", "-p", link, "-d", Example("harrier-8192.adx"), "--record", log});
         auto scan = std::async(std::launch::async, [more, before] { return RunTool(more, before); });
         EXPECT_TRUE(test::Eventually([this] { return Records() > 5; }));
@@ -49,7 +51,7 @@ private:
 };
 
 TEST_F(OutageProgramTest, AScanGoesOnWhenTheDeviceIsBack) {
-    auto scan = ScanUntilUnplugged({"--seconds", "4", "--json"});
+    auto scan = ScanUntilUnplugged({"--seconds", "6", "--json"});
     const int before = Records();
     PlugIn();
     const ToolResult result = scan.get();
@@ -65,9 +67,8 @@ TEST_F(OutageProgramTest, AScanGoesOnWhenTheDeviceIsBack) {
 // Its time counts on meanwhile, and Ctrl+C ends the wait.
 TEST_F(OutageProgramTest, AScanThatEndsBeforeTheDeviceIsBackHasLostIt) {
     for (const bool byTime : {true, false}) {
-        auto scan =
-            byTime ? ScanUntilUnplugged({"--plain", "--seconds", "2.5", "--force"})
-                   : ScanUntilUnplugged({"--plain", "--force"}, "timeout --foreground --preserve-status -s INT 2.5 ");
+        auto scan = byTime ? ScanUntilUnplugged({"--plain", "--seconds", "4"})
+                           : ScanUntilUnplugged({"--plain"}, "timeout --foreground --preserve-status -s INT 4 ");
         const ToolResult result = scan.get();
         EXPECT_EQ(result.code, 1);
         EXPECT_TRUE(Has(result.err, Line("port has vanished and did not come back")));
