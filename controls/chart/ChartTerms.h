@@ -8,7 +8,14 @@ namespace corvex {
 
 struct ChartRange {
     float minimum = 0.0F, maximum = 255.0F;
+
+    friend bool operator==(const ChartRange&, const ChartRange&) = default;
 };
+
+// In the flags of a point.
+inline constexpr std::uint32_t kPointSelected = 1;
+// In the style of a chart: painted through a bitmap.
+inline constexpr std::uint32_t kChartOffscreen = 1;
 
 // A place in logical units of one pixel each, which are counted upward from the lower edge of the client.
 struct YUpPoint {
@@ -31,6 +38,7 @@ enum class TextSide { kRight, kLeft, kCentred };
 
 // What a label is asked for, as the label callback is told.
 enum ChartLabelKind : int {
+    kPointLabel = 0,
     kXTickLabel = 1,
     kDepthTickLabel = 2,  // of the second axis where there are two
     kVerticalTickLabel = 4,

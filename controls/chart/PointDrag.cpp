@@ -11,6 +11,7 @@ float ShiftOf(int pixels, float span, float length) {
 }
 
 float ShiftWithin(float value, float shift, ChartRange limits) {
+    if (!std::isfinite(value)) return shift;
     if (value + shift < limits.minimum) return limits.minimum - value;
     if (value + shift > limits.maximum) return limits.maximum - value;
     return shift;

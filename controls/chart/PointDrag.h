@@ -9,7 +9,7 @@ namespace corvex {
 float ShiftOf(int pixels, float span, float length);
 
 // The shift, or what of it takes the value to its limit and not beyond. Cut down by one point after the other, it
-// leaves all of them inside together.
+// leaves all of them inside together. What is no number, or endless, cannot be held inside and holds no other back.
 float ShiftWithin(float value, float shift, ChartRange limits);
 
 }  // namespace corvex

@@ -36,6 +36,11 @@ void DrawYUpText(HDC dc, YUpPoint at, TextSide side, std::string_view text) {
     ::TextOutA(dc, at.x, at.y, text.data(), static_cast<int>(text.size()));
 }
 
+void DrawYUpTextAbove(HDC dc, YUpPoint at, std::string_view text) {
+    ::SetTextAlign(dc, TA_BOTTOM | TA_CENTER);
+    ::TextOutA(dc, at.x, at.y, text.data(), static_cast<int>(text.size()));
+}
+
 YUpSize YUpTextMeasure::Measure(std::string_view text) const {
     const SelectGuard font(dc_, font_);
     SIZE size{};

@@ -23,6 +23,8 @@ private:
 
 // `text` beside its place, the upper edge level with it.
 void DrawYUpText(HDC dc, YUpPoint at, TextSide side, std::string_view text);
+// `text` with its middle there, the lower edge level with it.
+void DrawYUpTextAbove(HDC dc, YUpPoint at, std::string_view text);
 
 // Texts of one line in the font of a context, which outlives this and keeps its mapping.
 class YUpTextMeasure final : public ITickTextMeasure {

@@ -1,7 +1,7 @@
 // The 3-D chart: surfaces in a box that the user turns, shifts and scales, with points to pick and drag.
 #pragma once
 
-#include "controls/chart/ChartTerms.h"
+#include "controls/chart/ChartBlocks.h"
 #include "controls/chart3d/IQZChart3DPlot.h"
 #include "platform/WindowsApi.h"
 
@@ -63,13 +63,8 @@ enum Chart3DMessage : UINT {
     CH3M_GETSCALE = 1296,        // the same
 };
 
-// The lParam of CH3M_SETXTICK and its like.
-struct Chart3DTick {
-    std::uint32_t index;  // CH3M_GETXTICK and its like have it in wParam
-    float value;
-    char* text;            // null for none
-    std::uint32_t length;  // of the text, which ends earlier at a 0; in CH3M_GETXTICK the bytes that it has room for
-};
+// The lParam of CH3M_SETXTICK and its like, and of CH3M_GETXTICK and its like, which have the index in wParam.
+using Chart3DTick = TickBlock;
 
 // The lParam of a WM_NOTIFY, with a Chart3DCode. The plot is null, and row and column 0, where the code has none.
 struct Chart3DNotification {

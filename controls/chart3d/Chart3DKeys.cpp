@@ -10,13 +10,8 @@ constexpr float kScaleStep = 0.02F, kSmallestToShrink = 0.2F;
 
 }  // namespace
 
-void Chart3DKeys::Hold(Chart3DKey key, bool isDown) {
-    if (key == Chart3DKey::kShift) chart_.held.shift = isDown;
-    if (key == Chart3DKey::kControl) chart_.held.control = isDown;
-}
-
 void Chart3DKeys::OnDown(Chart3DKey key) {
-    Hold(key, true);
+    chart_.Hold(static_cast<std::uint32_t>(key), true);
     const auto [control, shift] = chart_.held;
     const bool hasChanged = control && shift ? Scale(key) : control ? Turn(key) : shift && Shift(key);
     if (hasChanged) host_.Repaint();

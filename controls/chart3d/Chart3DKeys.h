@@ -23,10 +23,9 @@ public:
 
     // Others than those above do nothing.
     void OnDown(Chart3DKey key);
-    void OnUp(Chart3DKey key) { Hold(key, false); }
+    void OnUp(Chart3DKey key) { chart_.Hold(static_cast<std::uint32_t>(key), false); }
 
 private:
-    void Hold(Chart3DKey key, bool isDown);
     // Whether the box stands otherwise now.
     bool Turn(Chart3DKey key);
     bool Shift(Chart3DKey key);

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <new>
 
+#include "controls/chart/ChartBlocks.h"
+
 namespace corvex {
 
 namespace {
@@ -11,11 +13,6 @@ namespace {
 bool IsColourOfChart(std::uint32_t index) {
     return index < kChart3DColourEnd && index != kPlotStoredColour &&
            (index < kSelectedPointColour || index > kFaceColour);
-}
-
-void SetEnds(ChartRange& range, const float* minimum, const float* maximum) {
-    if (minimum != nullptr) range.minimum = *minimum;
-    if (maximum != nullptr) range.maximum = *maximum;
 }
 
 }  // namespace
@@ -61,10 +58,6 @@ void Chart3DMachine::ClearStyle(std::uint32_t bits, bool redraws) {
     if ((bits & kChart3DDepthTicks) != 0) chart.ticks[kDepthAxis].Clear();
     if ((bits & kChart3DVerticalTicks) != 0) chart.ticks[kVerticalAxis].Clear();
     RepaintIf(redraws);
-}
-
-void Chart3DMachine::SetTitle(std::string_view text) {
-    chart.title = text.substr(0, Chart3DModel::kTitleLength);
 }
 
 void Chart3DMachine::SetSubtitle(std::string_view text) {
@@ -128,6 +121,14 @@ void Chart3DMachine::OnSize(int width, int height) {
         ranges.RebuildTicks();
     }
     host_.Repaint();
+}
+
+void Chart3DMachine::OnKey(std::uint32_t key, bool isDown) {
+    if (isDown) {
+        keys.OnDown(static_cast<Chart3DKey>(key));
+    } else {
+        keys.OnUp(static_cast<Chart3DKey>(key));
+    }
 }
 
 void Chart3DMachine::OnPointSet(const QZChart3DPlot&, const Point3D& before, const Point3D& now) {

@@ -26,7 +26,6 @@ public:
     // What the page sets: see Chart3DMessage.
     void SetStyle(std::uint32_t bits, bool redraws);
     void ClearStyle(std::uint32_t bits, bool redraws);
-    void SetTitle(std::string_view text);
     void SetSubtitle(std::string_view text);
     void SetAxisTitle(Chart3DAxis axis, std::string_view text);
     void SetColour(std::uint32_t index, std::uint32_t colour);
@@ -40,7 +39,8 @@ public:
     void SetScale(float factor, bool redraws);
 
     void OnSize(int width, int height);
-    void OnFocusLost() { chart.held = {}; }
+    // By the number in which the system tells it.
+    void OnKey(std::uint32_t key, bool isDown);
 
     // Of IPlot3DOwner.
     void OnPointSet(const QZChart3DPlot& plot, const Point3D& before, const Point3D& now) override;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "controls/chart/BoundedText.h"
+#include "controls/chart/ChartBlocks.h"
 
 namespace corvex {
 
@@ -20,9 +21,6 @@ private:
     LRESULT OnSpaceMessage(UINT message);
     LRESULT OnRangeMessage(UINT message);
     LRESULT OnAxisMessage(UINT message);
-    LRESULT SetTick(Chart3DAxis axis);
-    LRESULT GetTick(Chart3DAxis axis);
-    LRESULT GetEnds(ChartRange range) const;
     void SetVector(void (Chart3DMachine::*set)(const Vector3D&, bool));
     LRESULT GetVector(const Vector3D& vector) const;
 
@@ -42,11 +40,6 @@ private:
     const WPARAM wParam_;
     const LPARAM lParam_;
 };
-
-template <class Value>
-void Write(Value* target, Value value) {
-    if (target != nullptr) *target = value;
-}
 
 // The messages of an axis follow each other by axis.
 Chart3DAxis AxisOf(UINT message, UINT first, UINT each = 1) {
@@ -110,7 +103,7 @@ LRESULT Chart3DAnswerer::OnSpaceMessage(UINT message) {
             if (lParam_ != 0) machine_.SetBoxSize(*Second<float>());
             return 0;
         case CH3M_GETBOXSIZE:
-            Write(Second<float>(), space.boxSize);
+            WriteTo(Second<float>(), space.boxSize);
             return 0;
         case CH3M_SETROTATION:
             SetVector(&Chart3DMachine::SetRotation);
@@ -126,7 +119,7 @@ LRESULT Chart3DAnswerer::OnSpaceMessage(UINT message) {
             if (wParam_ != 0) machine_.SetScale(*First<float>(), Redraws());
             return 0;
         case CH3M_GETSCALE:
-            Write(First<float>(), space.scale[0]);
+            WriteTo(First<float>(), space.scale[0]);
             return 0;
         default:
             return OnRangeMessage(message);
@@ -143,7 +136,8 @@ LRESULT Chart3DAnswerer::OnRangeMessage(UINT message) {
         case CH3M_GETXRANGE:
         case CH3M_GETDEPTHRANGE:
         case CH3M_GETVERTRANGE:
-            return GetEnds(chart_.space.ranges[AxisOf(message, CH3M_GETXRANGE, 2)]);
+            GetEnds(chart_.space.ranges[AxisOf(message, CH3M_GETXRANGE, 2)], First<float>(), Second<float>());
+            return 0;
         case CH3M_SETXLIMITS:
         case CH3M_SETDEPTHLIMITS:
         case CH3M_SETVERTLIMITS:
@@ -152,7 +146,8 @@ LRESULT Chart3DAnswerer::OnRangeMessage(UINT message) {
         case CH3M_GETXLIMITS:
         case CH3M_GETDEPTHLIMITS:
         case CH3M_GETVERTLIMITS:
-            return GetEnds(machine_.mouse.limits[AxisOf(message, CH3M_GETXLIMITS, 2)]);
+            GetEnds(machine_.mouse.limits[AxisOf(message, CH3M_GETXLIMITS, 2)], First<float>(), Second<float>());
+            return 0;
         default:
             return OnAxisMessage(message);
     }
@@ -179,37 +174,14 @@ LRESULT Chart3DAnswerer::OnAxisMessage(UINT message) {
         case CH3M_SETXTICK:
         case CH3M_SETDEPTHTICK:
         case CH3M_SETVERTTICK:
-            return SetTick(AxisOf(message, CH3M_SETXTICK));
+            return StoreTick(chart_.ticks[AxisOf(message, CH3M_SETXTICK)], Second<const TickBlock>());
         case CH3M_GETXTICK:
         case CH3M_GETDEPTHTICK:
         case CH3M_GETVERTTICK:
-            return GetTick(AxisOf(message, CH3M_GETXTICK));
+            return FillTick(chart_.ticks[AxisOf(message, CH3M_GETXTICK)], wParam_, Second<TickBlock>());
         default:
             return 0;
     }
-}
-
-LRESULT Chart3DAnswerer::SetTick(Chart3DAxis axis) {
-    const auto* const tick = Second<const Chart3DTick>();
-    if (tick == nullptr || chart_.ticks[axis].At(tick->index) == nullptr) return 0;
-    const auto length = std::min(std::size_t{tick->length}, TickList::kLabelLength);
-    chart_.ticks[axis].Set(tick->index, tick->value, BoundedText(tick->text, length));
-    return 1;
-}
-
-LRESULT Chart3DAnswerer::GetTick(Chart3DAxis axis) {
-    auto* const tick = Second<Chart3DTick>();
-    const TickEntry* const entry = chart_.ticks[axis].At(wParam_);
-    if (tick == nullptr || entry == nullptr) return 0;
-    tick->value = entry->value;
-    if (tick->text != nullptr && tick->length > 0) tick->text[entry->label.copy(tick->text, tick->length - 1)] = '\0';
-    return 1;
-}
-
-LRESULT Chart3DAnswerer::GetEnds(ChartRange range) const {
-    Write(First<float>(), range.minimum);
-    Write(Second<float>(), range.maximum);
-    return 0;
 }
 
 void Chart3DAnswerer::SetVector(void (Chart3DMachine::*set)(const Vector3D&, bool)) {

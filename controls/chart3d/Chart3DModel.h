@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/chart/ChartHand.h"
 #include "controls/chart/TickList.h"
 #include "controls/chart3d/Projection.h"
 #include "controls/chart3d/QZChart3DPlot.h"
@@ -21,13 +22,8 @@ public:
                                                int column) = 0;
 };
 
-// What is held down while the mouse or an arrow key speaks.
-struct Chart3DModifiers {
-    bool control = false, shift = false;
-};
-
 // What its page has set, the plots, and what the user has made of them. On the thread of the chart's window.
-struct Chart3DModel {
+struct Chart3DModel : ChartHand {
     static constexpr std::size_t kTitleLength = 100, kSubtitleLength = 60, kAxisTitleLength = 40;
 
     std::uint32_t style = kChart3DDefaultStyle;
@@ -43,9 +39,7 @@ struct Chart3DModel {
     std::uint32_t plotChanges = 0;                      // how often one came or went
     QZChart3DPlot* lastSelected = nullptr;              // of `plots`, or null
     int width = 0, height = 0;                          // of the client, in pixels
-    std::optional<YUpBox> band;                         // the rubber band while it is drawn
-    Chart3DModifiers held;
-    bool isPanned = false;  // by the user, and stays where it is from then on
+    bool isPanned = false;                              // by the user, and stays where it is from then on
 
     bool Has(std::uint32_t styleBits) const { return (style & styleBits) != 0; }
     Projection Seen() const {

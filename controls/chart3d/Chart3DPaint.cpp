@@ -1,7 +1,6 @@
 #include "controls/chart3d/Chart3DPaint.h"
 
-#include <algorithm>
-
+#include "controls/chart/ChartPaint.h"
 #include "controls/chart/YUpSpace.h"
 #include "controls/chart3d/BoxPaint.h"
 #include "controls/chart3d/SurfaceFigure.h"
@@ -12,42 +11,17 @@ namespace corvex {
 
 namespace {
 
-constexpr char kEllipsis[] = "...";
 constexpr int kReadsDownward = -900;               // tenths of a degree
 constexpr int kSubtitleDrop = 2, kTitleDrop = 16;  // pixels below the client's upper edge
 constexpr int kLabelRight = 20, kLabelTop = 15;    // pixels inside the client's edges
 constexpr int kLabelFrame = 3;                     // pixels around the text
 
-void PaintGround(HDC dc, const Chart3DModel& chart) {
-    const OwnedBrush ground(::CreateSolidBrush(chart.colours[kChart3DGround]));
-    const RECT client{0, 0, chart.width, chart.height};
-    ::FillRect(dc, &client, ground.Get());
-}
-
-// As much of a text as the client is wide.
-std::string Fitting(HDC dc, const std::string& text, int width) {
-    SIZE size{};
-    ::GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
-    if (size.cx <= width) return text;
-    SIZE dots{};
-    ::GetTextExtentPoint32A(dc, kEllipsis, static_cast<int>(sizeof kEllipsis - 1), &dots);
-    int fits = 0;
-    ::GetTextExtentExPointA(dc, text.c_str(), static_cast<int>(text.size()),
-                            std::max(0, width - static_cast<int>(dots.cx)), &fits, nullptr, &size);
-    return text.substr(0, static_cast<std::size_t>(fits)) + kEllipsis;
-}
-
-void PaintTitle(HDC dc, const Chart3DModel& chart, HFONT font, Chart3DColour colour, int drop,
-                const std::string& text) {
-    const SelectGuard selected(dc, font);
-    ::SetTextColor(dc, chart.colours[colour]);
-    DrawYUpText(dc, {chart.width / 2, chart.height - drop}, TextSide::kCentred, Fitting(dc, text, chart.width));
-}
-
 void PaintTitles(HDC dc, const Chart3DModel& chart, const Chart3DFonts& fonts) {
+    const YUpSize client{chart.width, chart.height};
     if (chart.Has(kChart3DSubtitle) && !chart.subtitle.empty())
-        PaintTitle(dc, chart, fonts.subtitle.Get(), kChart3DSubtitleText, kSubtitleDrop, chart.subtitle);
-    PaintTitle(dc, chart, fonts.title.Get(), kChart3DTitleText, kTitleDrop, chart.title);
+        PaintChartTitle(dc, client, kSubtitleDrop, fonts.subtitle.Get(), chart.colours[kChart3DSubtitleText],
+                        chart.subtitle);
+    PaintChartTitle(dc, client, kTitleDrop, fonts.title.Get(), chart.colours[kChart3DTitleText], chart.title);
 }
 
 // In the client's own space, as systems differ in which way they count the lines of a text in one that is turned over.
@@ -78,7 +52,7 @@ Chart3DFonts::Chart3DFonts()
       verticalTitle(MakeGaugeFont(12, FW_SEMIBOLD, kReadsDownward)) {}
 
 void PaintChart3D(HDC dc, const Chart3DModel& chart, const Chart3DFonts& fonts, IChart3DLabels& labels) {
-    PaintGround(dc, chart);
+    PaintChartGround(dc, {chart.width, chart.height}, chart.colours[kChart3DGround]);
     {
         const YUpSpace space(dc, chart.height);
         const Projection projection = chart.Seen();
@@ -94,14 +68,6 @@ void PaintChart3D(HDC dc, const Chart3DModel& chart, const Chart3DFonts& fonts, 
         PaintSelectionLabel(dc, chart, fonts, *text);
         ::RestoreDC(dc, saved);
     }
-}
-
-void PaintChart3DBand(HDC dc, const Chart3DModel& chart) {
-    if (!chart.band) return;
-    const YUpSpace space(dc, chart.height);
-    ::SetROP2(dc, R2_NOT);
-    ::SelectObject(dc, ::GetStockObject(NULL_BRUSH));
-    ::Rectangle(dc, chart.band->corner.x, chart.band->corner.y, chart.band->opposite.x, chart.band->opposite.y);
 }
 
 }  // namespace corvex

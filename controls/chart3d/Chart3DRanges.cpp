@@ -1,7 +1,6 @@
 #include "controls/chart3d/Chart3DRanges.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace corvex {
 
@@ -20,12 +19,6 @@ auto& CoordinateOf(Point& point, Chart3DAxis axis) {
 }
 
 }  // namespace
-
-void Chart3DRanges::Extent::Take(float value) {
-    if (!std::isfinite(value)) return;
-    minimum = std::min(minimum, value);
-    maximum = std::max(maximum, value);
-}
 
 bool Chart3DRanges::Follows(Chart3DAxis axis) const {
     return chart_.Has(kFollowStyles[axis]);
@@ -71,9 +64,9 @@ void Chart3DRanges::OnPointSet(const Point3D& before, const Point3D& now) {
 // All ranges stand before the parent hears of the first, as it may do anything then.
 void Chart3DRanges::Show(std::uint32_t axes) {
     for (const Chart3DAxis axis : kChart3DAxes) {
-        const Extent& extent = extents_[axis];
-        if (!Follows(axis) || extent.minimum > extent.maximum) axes &= ~(1U << axis);
-        if ((axes & 1U << axis) != 0) chart_.space.ranges[axis] = {extent.minimum, extent.maximum};
+        const ChartExtent& extent = extents_[axis];
+        if (!Follows(axis) || extent.IsEmpty()) axes &= ~(1U << axis);
+        if ((axes & 1U << axis) != 0) chart_.space.ranges[axis] = extent.Range();
     }
     for (const Chart3DAxis axis : kChart3DAxes) {
         if ((axes & 1U << axis) != 0) host_.Tell(kRangeCodes[axis], nullptr, 0, 0);

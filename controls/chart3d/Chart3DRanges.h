@@ -1,6 +1,7 @@
 // The axes of a 3-D chart: ranges that follow the data, and ticks that follow the ranges.
 #pragma once
 
+#include "controls/chart/ChartExtent.h"
 #include "controls/chart3d/Chart3DHost.h"
 
 namespace corvex {
@@ -20,20 +21,12 @@ public:
     void RebuildTicks();
 
 private:
-    // The smallest and the largest finite coordinate; the wrong way round where there is none.
-    struct Extent {
-        float minimum = 3.4028235e38F, maximum = -3.4028235e38F;
-        void Take(float value);
-        bool IsAtEnd(float value) const { return value == minimum || value == maximum; }
-        bool LeavesOut(const Extent& other) const { return other.minimum < minimum || other.maximum > maximum; }
-    };
-
     void Measure();
     void Show(std::uint32_t axes);
 
     Chart3DModel& chart_;
     IChart3DHost& host_;
-    std::array<Extent, kChart3DAxisCount> extents_;
+    std::array<ChartExtent, kChart3DAxisCount> extents_;
     bool isKnown_ = false;  // the extents are those of all points
 };
 

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "controls/chart/ChartTerms.h"
+
 namespace corvex {
 
 // One point of a surface. x lies along X, y along the depth, and z is the height.
@@ -13,13 +15,12 @@ struct Point3D {
 };
 static_assert(sizeof(Point3D) == 16);
 
-inline constexpr std::uint32_t kPointSelected = 1;
 constexpr bool IsSelected(const Point3D& point) {
     return (point.flags & kPointSelected) != 0;
 }
 
 enum Chart3DStyle : std::uint32_t {
-    kChart3DOffscreen = 0x0001,      // painted through a bitmap
+    kChart3DOffscreen = kChartOffscreen,
     kChart3DXTicks = 0x0002,         // made by the chart
     kChart3DDepthTicks = 0x0004,     //
     kChart3DVerticalTicks = 0x0008,  //

@@ -32,8 +32,7 @@ void QZChart3DPlot::setName(const char* text) {
 }
 
 std::uint32_t QZChart3DPlot::getName(char* buffer, std::uint32_t capacity) const {
-    if (buffer != nullptr && capacity > 0) buffer[name_.copy(buffer, capacity - 1)] = '\0';
-    return static_cast<std::uint32_t>(name_.size());
+    return CopyText(name_, buffer, capacity);
 }
 
 void QZChart3DPlot::setFlags(std::uint32_t bits, int redraw) {

@@ -27,6 +27,8 @@ TEST(PointDragTest, AShiftEndsAtTheLimit) {
                                                {100.0F, -101.0F, -100.0F},
                                                {300.0F, 1.0F, -45.0F},
                                                {-5.0F, -1.0F, 5.0F},
+                                               {kInfinity, 7.0F, 7.0F},
+                                               {-kInfinity, 7.0F, 7.0F},
                                                {kInfinity * 0.0F, 7.0F, 7.0F}})
         EXPECT_EQ(ShiftWithin(value, shift, limits), within) << value << " by " << shift;
 }

@@ -11,17 +11,7 @@ void PrintTo(const Chart3DNote& note, std::ostream* out) {
 void Chart3DHostFake::Tell(Chart3DCode code, QZChart3DPlot* plot, int row, int column) {
     const auto& plots = machine->chart.plots;
     const auto place = std::ranges::find_if(plots, [plot](const auto& one) { return one.get() == plot; });
-    notes.push_back({code, plot == nullptr ? -1 : static_cast<int>(place - plots.begin()), row, column});
-    if (handler) handler();
-}
-
-void Chart3DHostFake::Repaint() {
-    ++repaints;
-    if (handler) handler();
-}
-
-void Chart3DHostFake::Release() {
-    if (std::exchange(hasCapture, false)) machine->mouse.EndGesture();
+    Write({code, plot == nullptr ? -1 : static_cast<int>(place - plots.begin()), row, column});
 }
 
 std::optional<std::string> Chart3DHostFake::LabelOf(ChartLabelKind kind, const Point3D& point, QZChart3DPlot*, int,
@@ -31,6 +21,7 @@ std::optional<std::string> Chart3DHostFake::LabelOf(ChartLabelKind kind, const P
 
 FakeChart::FakeChart() {
     host.machine = &machine;
+    host.mouse = &machine.mouse;
     machine.chart.width = machine.chart.height = 255;
     machine.SetRotation({}, false);
     machine.SetTranslation({}, false);
@@ -63,7 +54,7 @@ Chart3DNotes FakeChart::Selected() const {
     return selected;
 }
 
-Chart3DNotes FakeChart::Click(YUpPoint place, Chart3DModifiers held) {
+Chart3DNotes FakeChart::Click(YUpPoint place, ChartModifiers held) {
     host.notes.clear();
     machine.mouse.OnDown(place, held);
     machine.mouse.EndGesture();

@@ -31,10 +31,8 @@ TEST_F(Chart3DMachineTest, PlotsStandWhereTheyWereAdded) {
 
 TEST_F(Chart3DMachineTest, TextsAreCut) {
     const std::string text(200, 'x');
-    machine.SetTitle(text);
     machine.SetSubtitle(text);
     machine.SetAxisTitle(kDepthAxis, text);
-    EXPECT_EQ(chart.title.size(), 100U);
     EXPECT_EQ(chart.subtitle.size(), 60U);
     EXPECT_EQ(chart.axisTitles[kDepthAxis].size(), 40U);
 }

@@ -7,7 +7,7 @@
 namespace corvex {
 namespace {
 
-constexpr Chart3DModifiers kControlHeld{true, false}, kShiftHeld{false, true}, kBothHeld{true, true};
+constexpr ChartModifiers kControlHeld{true, false}, kShiftHeld{false, true}, kBothHeld{true, true};
 
 Chart3DNote Told(Chart3DCode code, int plot = -1, int row = 0, int column = 0) {
     return {code, plot, row, column};
@@ -19,7 +19,7 @@ Chart3DNote Chosen(int plot, int row, int column) {
 
 class Chart3DMouseTest : public ::testing::Test {
 protected:
-    void Down(YUpPoint place, Chart3DModifiers held = {}) {
+    void Down(YUpPoint place, ChartModifiers held = {}) {
         mouse.OnDown(place, held);
         fake.host.notes.clear();
         Repaints();
@@ -92,7 +92,7 @@ TEST_F(Chart3DMouseTest, ControlTurnsUpToTheVertical) {
     EXPECT_EQ(space.rotation[0], -1.57F);
     mouse.OnMove({10, 1000});
     EXPECT_EQ(Repaints(), 2) << "not for a move that is none";
-    fake.machine.OnFocusLost();
+    chart.held = {};
     mouse.OnMove({20, 900});
     EXPECT_EQ(space.rotation[0], -1.57F);
 }
@@ -207,7 +207,7 @@ TEST_F(Chart3DMouseTest, TheBandSelectsWhatIsInItWithoutAWord) {
 }
 
 TEST_F(Chart3DMouseTest, ThePointerIsHiddenFromTheFirstMoveToTheEnd) {
-    for (const Chart3DModifiers held : {kControlHeld, kShiftHeld, kBothHeld, Chart3DModifiers{}}) {
+    for (const ChartModifiers held : {kControlHeld, kShiftHeld, kBothHeld, ChartModifiers{}}) {
         Down({50, 20}, held);
         EXPECT_TRUE(host.hasCapture);
         EXPECT_EQ(host.pointer, 0);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/chart/ChartPaint.h"
 #include "controls/chart/YUpSpace.h"
 #include "controls/chart3d/BoxFigure.h"
 #include "controls/chart3d/Chart3DPaint.h"
@@ -278,7 +279,7 @@ TEST_F(Chart3DPaintTest, TheSelectionLabelStandsAtTheUpperRight) {
 TEST_F(Chart3DPaintTest, TheBandDrawnTwiceLeavesThePictureAsItWas) {
     const TestBitmap bitmap(500, 400, RGB(0, 0, 0));
     const auto before = bitmap.Pixels();
-    const auto paint = [&] { PaintChart3DBand(bitmap.Dc(), chart); };
+    const auto paint = [&] { PaintChartBand(bitmap.Dc(), chart, chart.height); };
     paint();
     EXPECT_EQ(before, bitmap.Pixels()) << "no band";
     chart.band = YUpBox{{10, 350}, {200, 20}};
@@ -306,7 +307,7 @@ TEST_F(Chart3DPaintTest, APaintLeavesTheContextAsItWas) {
     const auto before = state();
     const HGDIOBJ pen = ::GetCurrentObject(dc.Get(), OBJ_PEN), font = ::GetCurrentObject(dc.Get(), OBJ_FONT);
     PaintChart3D(dc.Get(), chart, fonts, labels);
-    PaintChart3DBand(dc.Get(), chart);
+    PaintChartBand(dc.Get(), chart, chart.height);
     EXPECT_EQ(before, state());
     EXPECT_EQ(pen, ::GetCurrentObject(dc.Get(), OBJ_PEN));
     EXPECT_EQ(font, ::GetCurrentObject(dc.Get(), OBJ_FONT));

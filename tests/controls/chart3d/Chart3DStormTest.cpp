@@ -3,23 +3,22 @@
 
 #include <algorithm>
 #include <limits>
-#include <random>
 
+#include "tests/controls/chart/ChartStorm.h"
 #include "tests/controls/chart3d/PlainChart3D.h"
 
 namespace corvex {
 namespace {
 
-class Storm3D {
+class Storm3D : ChartStorm {
 public:
-    explicit Storm3D(unsigned seed) : random_(seed) {}
+    explicit Storm3D(unsigned seed) : ChartStorm(seed) {}
 
     // One doing to both, and what it was.
     std::string Step();
     void Compare();
 
 private:
-    int Next(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
     float Height() { return Next(12) == 0 ? std::numeric_limits<float>::quiet_NaN() : static_cast<float>(Next(256)); }
     Point3D NextPoint();
     YUpPoint NextPlace();
@@ -29,7 +28,6 @@ private:
     std::string Plots();
     std::string Message();
 
-    std::mt19937 random_;
     FakeChart fake_;
     Chart3DMachine& real_ = fake_.machine;
     PlainChart3D plain_{fake_};
@@ -82,7 +80,7 @@ std::string Storm3D::Mouse() {
         real_.mouse.EndGesture();
         plain_.Up();
     } else {
-        real_.OnFocusLost();
+        real_.chart.held = {};
         plain_.KeyUp(0x10);
         plain_.KeyUp(0x11);
     }
@@ -238,11 +236,9 @@ TEST_P(Chart3DStormTest, TenThousandDoingsLeaveItAsThePlainOne) {
 
 // Whatever the parent does when it is told of something, nothing is touched that has gone, and all stays consistent.
 TEST_P(Chart3DStormTest, AParentThatMeddlesBreaksNothing) {
-    std::mt19937 random(GetParam());
-    const auto next = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
-    constexpr float kInfinity = std::numeric_limits<float>::infinity();
-    const float odd[] = {0.0F, -1.0F, 3.4028235e38F, -3.4028235e38F, kInfinity, -kInfinity, kInfinity * 0.0F};
-    const auto number = [&] { return next(3) == 0 ? odd[next(std::size(odd))] : static_cast<float>(next(300)); };
+    ChartStorm storm(GetParam());
+    const auto next = [&](int below) { return storm.Next(below); };
+    const auto number = [&] { return storm.Number(); };
     FakeChart fake;
     Chart3DMachine& chart = fake.machine;
     const auto any = [&]() -> QZChart3DPlot& {
@@ -250,8 +246,8 @@ TEST_P(Chart3DStormTest, AParentThatMeddlesBreaksNothing) {
         return fake.Plot(static_cast<std::size_t>(next(static_cast<int>(chart.chart.plots.size()))));
     };
     const auto point = [&] { return Point3D{number(), number(), number(), static_cast<std::uint32_t>(next(2))}; };
-    const auto place = [&] { return YUpPoint{next(300), next(300)}; };
-    const std::function<void()> doings[] = {
+    const auto place = [&] { return storm.Place(); };
+    const ChartStorm::Doings doings = {
         [&] {
             if (chart.chart.plots.size() < 4) fake.AddPlot(0x1F, next(4), next(4)).setPointRadius(400);
         },
@@ -280,7 +276,7 @@ TEST_P(Chart3DStormTest, AParentThatMeddlesBreaksNothing) {
             chart.SetLimits(static_cast<Chart3DAxis>(next(3)), &low, &high);
         },
         [&] { chart.OnSize(next(400), next(400)); },
-        [&] { chart.OnFocusLost(); },
+        [&] { chart.chart.held = {}; },
         [&] { chart.keys.OnDown(static_cast<Chart3DKey>(0x10 + next(0x20))); },
         [&] { chart.keys.OnUp(static_cast<Chart3DKey>(0x10 + next(2))); },
         [&] { chart.mouse.EndGesture(); },
@@ -293,24 +289,17 @@ TEST_P(Chart3DStormTest, AParentThatMeddlesBreaksNothing) {
         [&] { chart.mouse.OnMove(place()); },
         [&] { chart.mouse.OnMove(place()); },
     };
-    const auto doOne = [&] { doings[next(std::size(doings))](); };
-    int depth = 0;
-    fake.host.handler = [&] {
-        if (next(3) != 0 || depth == 3) return;
-        ++depth;
-        doOne();
-        --depth;
-    };
-    for (int i = 0; i < 5000; ++i) {
-        doOne();
+    storm.Rage(5000, doings, fake.host.handler, [&](int i) {
         const auto& plots = chart.chart.plots;
         const auto isLast = [&](const auto& plot) { return plot.get() == chart.chart.lastSelected; };
         ASSERT_TRUE(chart.chart.lastSelected == nullptr || std::ranges::any_of(plots, isLast)) << i;
         ASSERT_TRUE(fake.host.pointer == 0 || fake.host.pointer == -1) << i;
         for (const auto& plot : plots)
-            ASSERT_EQ(plot->getSelectedCount(), std::ranges::count_if(plot->Points(), IsSelected)) << i;
+            ASSERT_EQ(plot->getSelectedCount(),
+                      std::ranges::count_if(plot->Points(), [](const Point3D& one) { return IsSelected(one); }))
+                << i;
         fake.host.notes.clear();
-    }
+    });
     chart.mouse.EndGesture();
     EXPECT_EQ(fake.host.pointer, 0);
 }

@@ -2,11 +2,10 @@
 
 #include <cstring>
 #include <limits>
-#include <random>
 
 #include "controls/chart3d/Chart3D.h"
 #include "controls/window/GdiObjects.h"
-#include "tests/controls/window/ShownControl.h"
+#include "tests/controls/chart/ChartWindowTest.h"
 
 namespace corvex {
 namespace {
@@ -24,6 +23,10 @@ LPARAM Place(int x, int y) {
 }
 
 struct ToldOfChart {
+    ToldOfChart(UINT tellsCode, IQZChart3DPlot* tellsPlot, int tellsRow, int tellsColumn)
+        : code(tellsCode), plot(tellsPlot), row(tellsRow), column(tellsColumn) {}
+    explicit ToldOfChart(const Chart3DNotification& block)
+        : ToldOfChart(block.header.code, block.plot, block.row, block.column) {}
     UINT code;
     IQZChart3DPlot* plot;
     int row, column;
@@ -35,22 +38,18 @@ void PrintTo(const ToldOfChart& told, std::ostream* out) {
 
 // A chart of 300 by 200 pixels, unturned, with its box at 0, 0: a point stands at its x and its height. One plot of 2
 // rows and 2 columns has points at 50 and 100.
-class Chart3DTest : public ::testing::Test {
+class Chart3DTest : public ChartWindowTest<Chart3DNotification, ToldOfChart> {
 protected:
-    Chart3DTest() {
+    Chart3DTest() : ChartWindowTest(RegisterOnce(), 300, kHeight) {
         const float size = 255.0F, none[3] = {};
         Send(CH3M_SETBOXSIZE, 0, L(&size));
         Send(CH3M_SETROTATION, W(none));
         Send(CH3M_SETTRANSLATION, W(none));
         plot = AddPlot();
-        shown.Parent().handler = [this](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
-            if (message == WM_NOTIFY) OnNotify(wParam, lParam);
-            return std::nullopt;
-        };
     }
-    static bool RegisterOnce() { return Chart3D::Register(::GetModuleHandleA(nullptr)); }
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-        return shown.Send(message, wParam, lParam);
+    static const char* RegisterOnce() {
+        Chart3D::Register(::GetModuleHandleA(nullptr));
+        return kChart3DClass;
     }
     IQZChart3DPlot* AddPlot() const {
         auto* const added = reinterpret_cast<IQZChart3DPlot*>(Send(CH3M_ADDPLOT, 99, 0));
@@ -60,30 +59,13 @@ protected:
                             {50.0F * static_cast<float>(i % 2 + 1), 0, 50.0F * static_cast<float>(i / 2 + 1)}, 0);
         return added;
     }
-    void OnNotify(WPARAM id, LPARAM lParam) {
-        const auto& block = *reinterpret_cast<const Chart3DNotification*>(lParam);
-        EXPECT_EQ(id, 7U);
-        EXPECT_EQ(block.header.idFrom, 7U);
-        EXPECT_EQ(block.header.hwndFrom, window);
-        told.push_back({block.header.code, block.plot, block.row, block.column});
-        if (onTold) onTold();
-    }
     std::vector<float> Floats(UINT message, bool isVector) const {
         std::vector<float> values(3, -77.0F);
         Send(message, W(values.data()), isVector ? 0 : L(&values[1]));
         return values;
     }
-    int Cursor() const {
-        ::ShowCursor(TRUE);
-        return ::ShowCursor(FALSE);
-    }
 
-    const bool registered = RegisterOnce();
-    ShownControl shown{kChart3DClass, 300, kHeight, 7};
-    const HWND window = shown.Window();
     IQZChart3DPlot* plot = nullptr;
-    std::vector<ToldOfChart> told;
-    std::function<void()> onTold;
 };
 
 TEST_F(Chart3DTest, AnswersEachMessage) {
@@ -218,14 +200,8 @@ TEST_F(Chart3DTest, TicksAreCopied) {
 }
 
 TEST_F(Chart3DTest, TextsAreNeverReadBeyondTheirRoom) {
-    SYSTEM_INFO system{};
-    ::GetSystemInfo(&system);
-    auto* const pages =
-        static_cast<char*>(::VirtualAlloc(nullptr, 2 * system.dwPageSize, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
-    DWORD former = 0;
-    ASSERT_TRUE(::VirtualProtect(pages + system.dwPageSize, system.dwPageSize, PAGE_NOACCESS, &former));
-    std::memset(pages, 'x', system.dwPageSize);
-    const auto last = [&](std::size_t length) { return pages + system.dwPageSize - length; };
+    const EdgeOfMemory edge;
+    const auto last = [&](std::size_t length) { return edge.Last(length); };
     const float size = 60.0F, angles[] = {-0.5F, 0.707F, 0.0F};
     Send(CH3M_SETBOXSIZE, 0, L(&size));
     Send(CH3M_SETROTATION, W(angles), TRUE);
@@ -246,7 +222,6 @@ TEST_F(Chart3DTest, TextsAreNeverReadBeyondTheirRoom) {
     EXPECT_EQ(TextOfWindow(window), std::string(100, 'x'));
     Send(CH3M_REPAINT);
     EXPECT_NE(TestBitmap(window).Pixels(), look);
-    ::VirtualFree(pages, 0, MEM_RELEASE);
 }
 
 struct AskedLabel {
@@ -438,17 +413,14 @@ TEST_F(Chart3DTest, TheParentMayDestroyTheWindowWheneverItIsTold) {
 
 // Whatever the numbers, and whatever the parent does meanwhile.
 TEST_F(Chart3DTest, StandsEveryMessageInEveryOrder) {
-    std::mt19937 random(11);
-    const auto next = [&](unsigned below) { return static_cast<unsigned>(random()) % below; };
-    const float numbers[] = {0.0F,      1.0F,      -1.0F,  255.0F,
-                             3e38F,     -3e38F,    1e-40F, std::numeric_limits<float>::quiet_NaN(),
-                             kInfinity, -kInfinity};
+    ChartStorm storm(11);
+    const auto next = [&](unsigned below) { return static_cast<unsigned>(storm.Next(static_cast<int>(below))); };
     float values[30] = {};  // also the bytes of texts, which have a 0 in the end
     const float size = 120.0F;
     char text[64] = {};
     const auto draw = [&] {
         for (std::size_t i = 0; i < 29; ++i)
-            values[i] = next(3) == 0 ? static_cast<float>(next(300)) : numbers[next(std::size(numbers))];
+            values[i] = storm.Once(2) ? storm.Odd() : storm.Number();
     };
     const auto someone = [&] { return reinterpret_cast<IQZChart3DPlot*>(Send(CH3M_GETPLOT, next(3))); };
     const auto message = [&] {
@@ -457,7 +429,11 @@ TEST_F(Chart3DTest, StandsEveryMessageInEveryOrder) {
         WPARAM wParam = next(8) == 0 ? 0 : W(values);
         LPARAM lParam = next(8) == 0 ? 0 : L(values);
         if (number == CH3M_SETSTYLE) wParam = 1U << next(16);
-        if (number == CH3M_SETBOXSIZE && next(9) != 0) lParam = L(&size);  // a large one has many ticks to paint
+        if (number == CH3M_SETBOXSIZE) {  // a large one has many ticks to paint
+            if (storm.Once(4)) Send(number, 0, lParam);
+            Send(CH3M_REPAINT);
+            lParam = L(&size);
+        }
         if (number == CH3M_DELETEPLOT || (number == CH3M_ADDPLOT && Send(CH3M_GETPLOTCOUNT) > 5))
             return Send(CH3M_DELETEPLOT, W(someone()), next(2));
         if (number == CH3M_ADDPLOT) return static_cast<LRESULT>(AddPlot()->testFlag(1));
@@ -466,17 +442,7 @@ TEST_F(Chart3DTest, StandsEveryMessageInEveryOrder) {
         if (number >= CH3M_SETXTICK && number <= CH3M_GETVERTTICK) lParam = L(&tick);
         return Send(number, number >= CH3M_GETXTICK && number <= CH3M_GETVERTTICK ? next(9) : wParam, lParam);
     };
-    const auto input = [&] {
-        const UINT mouse[] = {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_MOUSEMOVE,
-                              WM_MOUSEMOVE,   WM_LBUTTONUP,     WM_CAPTURECHANGED};
-        const UINT keys[] = {VK_SHIFT, VK_CONTROL, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN, 0xDB, 0xDD};
-        if (next(3) == 0) return Send(next(2) == 0 ? WM_KEYDOWN : WM_KEYUP, keys[next(std::size(keys))]);
-        const UINT number = mouse[next(std::size(mouse))];
-        if (number == WM_CAPTURECHANGED) return Send(number);
-        const auto far = [&] { return next(4) == 0 ? next(0x10000) : next(300); };
-        return Send(number, next(16), MAKELPARAM(far(), far()));
-    };
-    const auto doOne = [&] {
+    const ChartStorm::Doings doings = {[&] {
         draw();
         const unsigned what = next(30);
         if (what == 0) {
@@ -487,23 +453,15 @@ TEST_F(Chart3DTest, StandsEveryMessageInEveryOrder) {
             const Point3D point{values[0], values[1], values[2], next(2)};
             if (IQZChart3DPlot* const one = someone()) one->setPoint(static_cast<int>(next(3)), 0, point, 1);
         } else {
-            input();
+            SendInput(storm);
         }
-    };
-    int depth = 0;
-    onTold = [&] {
-        if (next(3) != 0 || depth == 3) return;
-        ++depth;
-        doOne();
-        --depth;
-    };
+    }};
     const std::size_t objects = LiveGdiObjects();
     const int pointer = Cursor();
-    for (int i = 0; i < 2000; ++i) {
-        doOne();
+    storm.Rage(2000, doings, onTold, [&](int) {
         told.clear();
         asked.clear();
-    }
+    });
     Send(WM_LBUTTONUP);
     EXPECT_EQ(Cursor(), pointer);
     EXPECT_LE(LiveGdiObjects(), objects + 2) << "the bitmap that is kept";

@@ -7,6 +7,7 @@
 #include "controls/RegisterControlClasses.h"
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/analoggauge/AnalogGaugePaint.h"
+#include "controls/chart/ChartPaint.h"
 #include "controls/chart3d/Chart3D.h"
 #include "controls/chart3d/Chart3DPaint.h"
 #include "controls/datachart/DataChart.h"
@@ -115,7 +116,7 @@ void PaintNewChart3D(HDC dc, const RECT& area) {
     chart.band = YUpBox{{10, 10}, {20, 20}};
     NoLabels labels;
     PaintChart3D(dc, chart, Chart3DFonts(), labels);
-    PaintChart3DBand(dc, chart);
+    PaintChartBand(dc, chart, chart.height);
 }
 
 // It leaves its painting to its thread's own time.
