@@ -8,6 +8,8 @@
 #include "controls/analoggauge/AnalogGauge.h"
 #include "controls/analoggauge/AnalogGaugePaint.h"
 #include "controls/chart/ChartPaint.h"
+#include "controls/chart2d/Chart2D.h"
+#include "controls/chart2d/Chart2DPaint.h"
 #include "controls/chart3d/Chart3D.h"
 #include "controls/chart3d/Chart3DPaint.h"
 #include "controls/datachart/DataChart.h"
@@ -140,6 +142,25 @@ void PaintNewScope(HDC dc, const RECT& area) {
     PaintScopeMessage(dc, scope, fonts);
 }
 
+void ShowIn2D(HWND window, int value) {
+    ::SendMessageA(window, CH2M_SETCOLOR, kChart2DAxisLines, RGB(20 * value, 0, 0));
+    ::SendMessageA(window, CH2M_REPAINT, 0, 0);
+}
+
+class NoLabels2D final : public IChart2DLabels {
+    std::optional<std::string> LabelOf(ChartLabelKind, const Point2D&, QZChart2DSeries*, int) override {
+        return std::nullopt;
+    }
+};
+
+void PaintNewChart2D(HDC dc, const RECT& area) {
+    Chart2DModel chart;
+    chart.width = static_cast<int>(area.right);
+    chart.height = static_cast<int>(area.bottom);
+    NoLabels2D labels;
+    PaintChart2D(dc, chart, Chart2DFonts(), labels);
+}
+
 template <class Model, auto kPaint>
 void PaintNew(HDC dc, const RECT& area) {
     kPaint(dc, area, Model());
@@ -178,6 +199,7 @@ const ControlKind kKinds[] = {
      1574},
     {kDataChartClass, CS_DBLCLKS, COLOR_WINDOW, &ShowOnChart, &PaintNewChart, {1482}, kDataChartMenuCode, ""},
     {kGridClass, CS_DBLCLKS, kNullBrush, &ShowOnGrid, &PaintNewGrid, {GRM_RESERVED, 1323, 1369}},
+    {kChart2DClass, CS_DBLCLKS, COLOR_WINDOW, &ShowIn2D, &PaintNewChart2D, {1134, 1146, 1150, 1175, 1247, 1323}},
     {kChart3DClass,
      CS_DBLCLKS,
      COLOR_WINDOW,

@@ -1,0 +1,463 @@
+#include "controls/chart2d/Chart2D.h"
+#include "controls/window/GdiObjects.h"
+#include "tests/controls/chart/ChartWindowTest.h"
+
+namespace corvex {
+namespace {
+
+// Where a place of the origin's surroundings lies for the mouse, on 650 by 650 pixels.
+LPARAM MouseAt(int x, int y) {
+    return MAKELPARAM(325 + x, 650 - (325 + y));
+}
+
+struct ToldOf2D {
+    ToldOf2D(UINT tellsCode, IQZChart2DSeries* tellsSeries, int tellsPoint)
+        : code(tellsCode), series(tellsSeries), point(tellsPoint) {}
+    explicit ToldOf2D(const Chart2DNotification& block) : ToldOf2D(block.header.code, block.series, block.point) {}
+    UINT code;
+    IQZChart2DSeries* series;
+    int point;
+    friend bool operator==(const ToldOf2D&, const ToldOf2D&) = default;
+};
+void PrintTo(const ToldOf2D& told, std::ostream* out) {
+    *out << told.code << " " << told.series << " " << told.point;
+}
+
+// Of 650 by 650 pixels: a unit is a pixel. One series with points at -100 and 100 on both axes.
+class Chart2DTest : public ChartWindowTest<Chart2DNotification, ToldOf2D> {
+protected:
+    Chart2DTest() : ChartWindowTest(RegisterOnce(), 650, 650) { series = AddSeries(); }
+    static const char* RegisterOnce() {
+        Chart2D::Register(::GetModuleHandleA(nullptr));
+        return kChart2DClass;
+    }
+    IQZChart2DSeries* AddSeries() const {
+        auto* const added = reinterpret_cast<IQZChart2DSeries*>(Send(CH2M_ADDSERIES, 99));
+        for (const float place : {-100.0F, 100.0F})
+            added->addPoint({place, place});
+        return added;
+    }
+    std::pair<float, float> Ends(UINT message) const {
+        float minimum = -77.0F, maximum = -77.0F;
+        EXPECT_EQ(Send(message, W(&minimum), L(&maximum)), 0);
+        EXPECT_EQ(Send(message), 0);
+        return {minimum, maximum};
+    }
+    std::pair<float, float> PointAt(std::uint32_t index) const {
+        Point2D point;
+        series->getPoint(index, &point);
+        return {point.x, point.y};
+    }
+
+    IQZChart2DSeries* series = nullptr;
+};
+
+TEST_F(Chart2DTest, AnswersEachMessage) {
+    const auto add = [&](WPARAM index) { return Send(CH2M_ADDSERIES, index, FALSE); };
+    const LPARAM first = add(0), last = add(99);
+    const struct {
+        UINT message;
+        WPARAM wParam;
+        LPARAM lParam, result;
+    } cases[] = {
+        {CH2M_GETSTYLE, 0, 0, 7},
+        {CH2M_GETXTICKCOUNT, 0, 0, 11},
+        {CH2M_GETYTICKCOUNT, 0, 0, 12},
+        {CH2M_CLEARSTYLE, 2, TRUE, 0},
+        {CH2M_GETSTYLE, 0, 0, 5},
+        {CH2M_GETXTICKCOUNT, 0, 0, 0},
+        {CH2M_SETSTYLE, 8, TRUE, 0},
+        {CH2M_GETSTYLE, 0, 0, 13},
+        {CH2M_SETSTYLE, 0, 0, 0},
+        {CH2M_GETSTYLE, 0, 0, 0},
+        {CH2M_REPAINT, 0, 0, 0},
+        {CH2M_GETSERIESCOUNT, 0, 0, 3},
+        {CH2M_GETSERIES, 0, 0, first},
+        {CH2M_GETSERIES, 1, 0, L(series)},
+        {CH2M_GETSERIES, 2, 0, last},
+        {CH2M_GETSERIES, 3, 0, 0},
+        {CH2M_GETSERIES, static_cast<WPARAM>(-1), 0, 0},
+        {CH2M_DELETESERIES, static_cast<WPARAM>(first), TRUE, 1},
+        {CH2M_DELETESERIES, static_cast<WPARAM>(first), TRUE, 0},
+        {CH2M_DELETESERIES, 0, TRUE, 0},
+        {CH2M_GETSERIESCOUNT, 0, 0, 2},
+        {CH2M_GETCOLOR, 7, 0, 0xFF0000},
+        {CH2M_SETCOLOR, 14, 0x123456, 1},
+        {CH2M_GETCOLOR, 14, 0, 0x123456},
+        {CH2M_SETCOLOR, 12, 0x123456, 1},
+        {CH2M_SETCOLOR, static_cast<WPARAM>(-1), 0x123456, 1},
+        {CH2M_GETCOLOR, 12, 0, 0},
+        {CH2M_SETXTICKCOUNT, 0, 3, 0},
+        {CH2M_SETYTICKCOUNT, 0, 4, 0},
+        {CH2M_SETYTICKCOUNT, 0, -1, 0},
+        {CH2M_GETXTICKCOUNT, 0, 0, 3},
+        {CH2M_GETYTICKCOUNT, 0, 0, 4},
+        {CH2M_SETXTICK, 0, 0, 0},
+        {CH2M_SETYTICK, 0, 0, 0},
+        {CH2M_SETSUBTITLE, 0, L("under"), 0},
+        {CH2M_GETSUBTITLE, 0, 0, 5},
+        {CH2M_SETSUBTITLE, 0, 0, 0},
+        {CH2M_GETSUBTITLE, 0, 0, 0},
+        {CH2M_SETLABELCALLBACK, 0, 0, 0},
+        {1146, 1, 1, 0},
+        {1150, 1, 1, 0},
+        {WM_GETDLGCODE, 0, 0, 0x85},
+        {WM_ERASEBKGND, 0, 0, 1},
+        {WM_MOUSEACTIVATE, 0, 0, 1},
+    };
+    for (const auto& one : cases)
+        EXPECT_EQ(Send(one.message, one.wParam, one.lParam), one.result) << one.message << " " << one.wParam;
+    EXPECT_EQ(::GetFocus(), window);
+    EXPECT_EQ(told, std::vector<ToldOf2D>{});
+}
+
+TEST_F(Chart2DTest, MessagesThatRedrawPaintAtOnce) {
+    for (const UINT message :
+         {CH2M_SETSTYLE, CH2M_CLEARSTYLE, CH2M_ADDSERIES, CH2M_CLEARTICKS, CH2M_CLEARYTICKS, CH2M_DELETESERIES}) {
+        for (const LPARAM redraw : {0, 1}) {
+            const WPARAM wParam = message == CH2M_DELETESERIES ? W(AddSeries()) : 1;
+            EXPECT_EQ(shown.PaintsIn([&] { Send(message, wParam, redraw); }), redraw) << message;
+        }
+    }
+    EXPECT_EQ(shown.PaintsIn([&] { Send(CH2M_REPAINT); }), 1);
+}
+
+TEST_F(Chart2DTest, ClearingTicksLeavesANewSeriesToo) {
+    const struct {
+        UINT message;
+        LRESULT xTicks, yTicks;
+    } cases[] = {{CH2M_CLEARYTICKS, 11, 0}, {CH2M_CLEARTICKS, 0, 0}};
+    LRESULT count = 1;
+    for (const auto& one : cases) {
+        Send(CH2M_SETSTYLE, kChart2DAnyTicks);
+        const LRESULT added = Send(one.message, 0);
+        EXPECT_EQ(Send(CH2M_GETSERIESCOUNT), ++count);
+        EXPECT_NE(added, 0);
+        EXPECT_EQ(Send(CH2M_GETSERIES, 0), added) << "at the index";
+        EXPECT_EQ(Send(CH2M_GETXTICKCOUNT), one.xTicks);
+        EXPECT_EQ(Send(CH2M_GETYTICKCOUNT), one.yTicks);
+    }
+}
+
+TEST_F(Chart2DTest, RangesAndLimitsAreSetEndByEnd) {
+    const float low = -5.0F, high = 9.0F, higher = 12.0F;
+    for (const UINT set : {CH2M_SETXRANGE, CH2M_SETYRANGE, CH2M_SETXLIMITS, CH2M_SETYLIMITS}) {
+        EXPECT_EQ(Ends(set + 1), std::pair(-255.0F, 255.0F));
+        EXPECT_EQ(Send(set, W(&low), L(&high)), 0);
+        EXPECT_EQ(Ends(set + 1), std::pair(-5.0F, 9.0F));
+        Send(set, 0, L(&higher));
+        Send(set);
+        EXPECT_EQ(Ends(set + 1), std::pair(-5.0F, 12.0F));
+        Send(set, W(&high));
+        Send(set, 0, L(&low));
+        const bool isRange = set < CH2M_SETXLIMITS;
+        EXPECT_EQ(Ends(set + 1), std::pair(9.0F, isRange ? 9.0F : -5.0F)) << "raised";
+    }
+    Send(CH2M_SETSTYLE, kChart2DXFollows);
+    Send(CH2M_SETXRANGE, W(&low), L(&high));
+    EXPECT_EQ(Ends(CH2M_GETXRANGE), std::pair(-100.0F, 100.0F));
+    Send(CH2M_SETYRANGE, W(&low), L(&high));
+    EXPECT_EQ(Ends(CH2M_GETYRANGE), std::pair(-5.0F, 9.0F));
+    EXPECT_EQ(told, (std::vector<ToldOf2D>{{kChart2DXRangeChanged, nullptr, 0}}));
+}
+
+TEST_F(Chart2DTest, TextsAreNeverReadOrWrittenBeyondTheirRoom) {
+    const EdgeOfMemory edge;
+    char text[80];
+    for (const UINT set : {CH2M_SETXTITLE, CH2M_SETYTITLE}) {
+        const UINT get = set + 1;
+        EXPECT_EQ(Send(get, W(text), 3), 6);
+        EXPECT_EQ(std::string(text), set == CH2M_SETXTITLE ? "X " : "Y ");
+        const auto look = TestBitmap(window).Pixels();
+        EXPECT_EQ(Send(set, W(edge.Last(40)), 1000), 0);
+        Send(set, W(edge.Last(40)), -1);
+        EXPECT_EQ(Send(get, W(text), sizeof text), 40);
+        EXPECT_EQ(text, std::string(40, 'x'));
+        Send(CH2M_REPAINT);
+        EXPECT_NE(TestBitmap(window).Pixels(), look) << "it is shown";
+        Send(set, W("ab\0cd"), 5);
+        EXPECT_EQ(Send(get, 0, 9), 2);
+        Send(set, 0, 5);
+        EXPECT_EQ(Send(get, W(text), 0), 0);
+    }
+    const std::string whole(60, 'x');
+    Send(CH2M_SETSUBTITLE, 0, L(edge.Last(60)));
+    EXPECT_EQ(Send(CH2M_GETSUBTITLE, 0, L(edge.Last(60))), 60);
+    EXPECT_EQ(std::string(edge.Last(60), 60), whole);
+    std::memset(text, '?', sizeof text);
+    Send(CH2M_GETSUBTITLE, 0, L(text));
+    EXPECT_EQ(std::string(text, 61), whole + "?") << "no more than 60 bytes";
+    Send(CH2M_SETSUBTITLE, 0, L("sub"));
+    EXPECT_EQ(Send(CH2M_GETSUBTITLE, 0, L(text)), 3);
+    EXPECT_STREQ(text, "sub");
+    TickBlock tick{0, 0.0F, edge.Last(40), 1000};
+    EXPECT_EQ(Send(CH2M_SETXTICK, 0, L(&tick)), 1);
+    tick.index = 11;
+    EXPECT_EQ(Send(CH2M_SETXTICK, 0, L(&tick)), 0);
+    EXPECT_EQ(Send(CH2M_SETYTICK, 0, L(&tick)), 1) << "one more than on X";
+    EXPECT_EQ(TextOfWindow(window), "2D Chart");
+    Send(CH2M_SETTITLE, 0, L(edge.Last(100)));
+    EXPECT_EQ(TextOfWindow(window), std::string(100, 'x'));
+}
+
+struct Asked2D {
+    HWND window;
+    float x, y;
+    IQZChart2DSeries* series;
+    int point, kind, capacity;
+};
+std::vector<Asked2D> asked2D;
+
+int CALLBACK WriteLabel2D(HWND window, float x, float y, IQZChart2DSeries* series, int point, int kind, char* text,
+                          int* capacity) {
+    asked2D.push_back({window, x, y, series, point, kind, *capacity});
+    std::memset(text, 'y', static_cast<std::size_t>(*capacity));
+    return kind == kXTickLabel ? 0 : 1;
+}
+
+TEST_F(Chart2DTest, ThePageWritesLabels) {
+    asked2D.clear();
+    const float low = 0.0F, high = 100.0F;
+    Send(CH2M_SETXRANGE, W(&low), L(&high));
+    Send(CH2M_SETYRANGE, W(&low), L(&high));
+    Send(CH2M_SETLABELCALLBACK, 0, reinterpret_cast<LPARAM>(&WriteLabel2D));
+    ASSERT_EQ(asked2D.size(), 23U);
+    for (std::size_t i = 0; i < asked2D.size(); ++i) {
+        const bool isX = i < 11;
+        const float value = 100.0F * static_cast<float>(isX ? i : i - 11) / (isX ? 10.0F : 11.0F);
+        EXPECT_EQ(asked2D[i].x, isX ? value : 0.0F);
+        EXPECT_EQ(asked2D[i].y, isX ? 0.0F : value);
+        EXPECT_EQ(asked2D[i].kind, isX ? 1 : 2);
+        EXPECT_EQ(asked2D[i].window, window);
+        EXPECT_EQ(asked2D[i].series, nullptr);
+        EXPECT_EQ(asked2D[i].capacity, 40);
+    }
+    asked2D.clear();
+    Send(CH2M_REPAINT);
+    ASSERT_EQ(asked2D.size(), 2U);
+    EXPECT_EQ(asked2D[1].kind + asked2D[1].point, 1);
+    EXPECT_EQ(asked2D[1].x + asked2D[1].y, 200.0F);
+    EXPECT_EQ(asked2D[1].series, series);
+    Send(CH2M_SETLABELCALLBACK);
+    asked2D.clear();
+    Send(CH2M_REPAINT);
+    EXPECT_TRUE(asked2D.empty());
+}
+
+TEST_F(Chart2DTest, TheParentIsToldOfPointsAndThePointerIsPutOnThem) {
+    const int pointer = Cursor();
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, MouseAt(97, 103));
+    EXPECT_EQ(::GetCapture(), window);
+    Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(147, 83));
+    EXPECT_EQ(Cursor(), pointer - 1);
+    EXPECT_EQ(PointAt(1), std::pair(150.0F, 80.0F));
+    Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(2000, -2000));
+    EXPECT_EQ(PointAt(1), std::pair(255.0F, -255.0F));
+    Send(WM_LBUTTONUP, 0, MouseAt(2000, -2000));
+    EXPECT_EQ(told, (std::vector<ToldOf2D>{{kChart2DPointSelected, series, 1},
+                                           {kChart2DPointMoved, series, 1},
+                                           {kChart2DPointMoved, series, 1},
+                                           {kChart2DDragEnded, nullptr, 0}}));
+    EXPECT_EQ(Cursor(), pointer);
+    EXPECT_EQ(::GetCapture(), nullptr);
+    POINT place{};
+    ::GetCursorPos(&place);
+    ::ScreenToClient(window, &place);
+    EXPECT_EQ(place.x, 325 + 255);
+    EXPECT_EQ(place.y, 325 + 255);
+    const float beyond = 2000.0F;
+    Send(CH2M_SETXLIMITS, 0, L(&beyond));
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, MouseAt(255, -255));
+    Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(1000, -200));
+    Send(WM_LBUTTONUP);
+    ::GetCursorPos(&place);
+    ::ScreenToClient(window, &place);
+    EXPECT_EQ(place.x, 325 + 255) << "the point is nowhere to be seen";
+    told.clear();
+    Send(WM_LBUTTONDBLCLK, MK_LBUTTON, MouseAt(-100, -100));
+    EXPECT_EQ(told, (std::vector<ToldOf2D>{{kChart2DPointSelected, series, 0}}));
+    EXPECT_EQ(series->getSelectedCount(), 1);
+}
+
+TEST_F(Chart2DTest, ModifiersHoldADragAndGoWithTheFocus) {
+    const auto move = [&](int by) {
+        Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(100 + by, 100));
+        return PointAt(1).first;
+    };
+    Send(WM_LBUTTONDOWN, MK_LBUTTON | MK_CONTROL, MouseAt(100, 100));
+    EXPECT_EQ(move(10), 100.0F);
+    Send(WM_KEYUP, VK_CONTROL);
+    EXPECT_EQ(move(11), 101.0F);
+    Send(WM_KEYDOWN, VK_SHIFT);
+    EXPECT_EQ(move(12), 101.0F);
+    Send(WM_KILLFOCUS);
+    EXPECT_EQ(move(13), 102.0F);
+    Send(WM_KEYDOWN, VK_CONTROL);
+    EXPECT_EQ(move(14), 102.0F);
+    Send(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, MouseAt(102, 100));
+    EXPECT_EQ(move(20), 102.0F);
+}
+
+TEST_F(Chart2DTest, LosingTheMouseEndsEveryGestureAndShowsThePointer) {
+    const int pointer = Cursor();
+    for (const bool isDestroyed : {false, true}) {
+        Send(WM_LBUTTONDOWN, MK_LBUTTON, MouseAt(100, 100));
+        Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(101, 100));
+        Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(100, 100));
+        EXPECT_EQ(Cursor(), pointer - 1);
+        told.clear();
+        if (isDestroyed) {
+            ::DestroyWindow(window);
+            EXPECT_EQ(told, std::vector<ToldOf2D>{});
+        } else {
+            ::SetCapture(shown.Parent().Window());
+            EXPECT_EQ(told, (std::vector<ToldOf2D>{{kChart2DDragEnded, nullptr, 0}}));
+            EXPECT_EQ(::GetCapture(), shown.Parent().Window()) << "stays with who took it";
+            ::ReleaseCapture();
+        }
+        EXPECT_EQ(Cursor(), pointer);
+        EXPECT_EQ(::GetCapture(), nullptr);
+    }
+}
+
+TEST_F(Chart2DTest, TheBandIsDrawnAndGoes) {
+    for (const bool isOffscreen : {true, false}) {
+        Send(isOffscreen ? CH2M_SETSTYLE : CH2M_CLEARSTYLE, kChart2DOffscreen);
+        Send(CH2M_REPAINT);
+        const auto look = TestBitmap(window).Pixels();
+        Send(WM_LBUTTONDOWN, MK_LBUTTON, MouseAt(-320, 300));
+        Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(-300, 310));
+        EXPECT_EQ(PixelOf(window, 5, 20), 0U);
+        EXPECT_EQ(PixelOf(window, 12, 15), 0U);
+        Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(-300, 320));
+        EXPECT_EQ(PixelOf(window, 5, 20), 0U);
+        EXPECT_EQ(PixelOf(window, 12, 15), 0xFFFFFFU) << "where it was";
+        Send(WM_LBUTTONUP);
+        EXPECT_EQ(TestBitmap(window).Pixels(), look);
+    }
+    EXPECT_EQ(told, std::vector<ToldOf2D>{});
+}
+
+TEST_F(Chart2DTest, NothingIsPaintedWhileRedrawIsOffNorLostByThat) {
+    Send(WM_SETREDRAW, FALSE);
+    shown.Mark();
+    Send(CH2M_REPAINT);
+    EXPECT_TRUE(shown.HasMark());
+    Send(WM_SETREDRAW, TRUE);
+    EXPECT_TRUE(::GetUpdateRect(window, nullptr, FALSE));
+    ::UpdateWindow(window);
+    EXPECT_FALSE(shown.HasMark());
+}
+
+TEST_F(Chart2DTest, WhatAPageDoesToPointsPaintsWithTheNextPaint) {
+    EXPECT_EQ(shown.PaintsIn([&] {
+        series->setPoint(0, {1.0F, 2.0F}, 1);
+        series->selectPoint(0, 1, 1);
+        series->clear();
+        Send(CH2M_CLEARSELECTION, 0, 1);
+    }),
+              0);
+    EXPECT_EQ(shown.PaintsIn([] { Pump(); }), 1);
+    series->addPoint({0, 0, 0, 1});
+    Send(CH2M_CLEARSELECTION, 0, 2);
+    EXPECT_EQ(series->getSelectedCount(), 0);
+    EXPECT_FALSE(::GetUpdateRect(window, nullptr, FALSE));
+}
+
+TEST_F(Chart2DTest, TheParentMayDestroyTheWindowWheneverItIsTold) {
+    for (int i = 0; i < 6; ++i) {
+        ShownControl other(kChart2DClass, 300, 300, 7, "Trim");
+        EXPECT_EQ(TextOfWindow(other.Window()), "Trim");
+        auto* const own = reinterpret_cast<IQZChart2DSeries*>(other.Send(CH2M_ADDSERIES));
+        other.Send(CH2M_SETSTYLE, kChart2DAnyFollows);
+        own->setPointRadius(0xFFFF);
+        int count = i == 1 || i > 2 ? -2 : 0;  // the point itself moves both ranges
+        other.Parent().handler = [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+            if (message == WM_NOTIFY && ++count == 1) ::DestroyWindow(other.Window());
+            return std::nullopt;
+        };
+        own->addPoint({1.0F, 2.0F});
+        if (i == 1) own->setPoint(0, {5.0F, 6.0F}, 1);
+        if (i == 3) own->insertPoint({9.0F, 9.0F}, 0);
+        if (i == 4) other.Send(WM_LBUTTONDOWN, MK_LBUTTON, 0);
+        if (i == 5) {
+            other.Send(CH2M_CLEARSTYLE, kChart2DAnyFollows);
+            own->addPoint({5.0F, 6.0F});
+            other.Send(CH2M_SETSTYLE, kChart2DYFollows, TRUE);
+        }
+        EXPECT_EQ(count, 1) << i;
+        EXPECT_FALSE(::IsWindow(other.Window()));
+    }
+}
+
+TEST_F(Chart2DTest, EverySizeIsPainted) {
+    for (const SIZE& size : {SIZE{0, 0}, SIZE{1, 1}, SIZE{139, 141}, SIZE{4000, 3}, SIZE{4000, 4000}}) {
+        shown.Resize(size.cx, size.cy);
+        Send(CH2M_REPAINT);
+        EXPECT_EQ(Send(CH2M_GETXTICKCOUNT), size.cx < 190 ? 1 : (size.cx - 140) / 50 + 1);
+    }
+}
+
+// Whatever the numbers, and whatever the parent does meanwhile.
+TEST_F(Chart2DTest, StandsEveryMessageInEveryOrder) {
+    ChartStorm storm(11);
+    const auto next = [&](int below) { return static_cast<WPARAM>(storm.Next(below)); };
+    float values[30] = {};  // also the bytes of texts, which have a 0 in the end
+    const auto someone = [&] { return reinterpret_cast<IQZChart2DSeries*>(Send(CH2M_GETSERIES, next(3))); };
+    const auto message = [&] {
+        const UINT number = CH2M_SETSTYLE + static_cast<UINT>(next(CH2M_GETSUBTITLE - CH2M_SETSTYLE + 1));
+        TickBlock tick{static_cast<std::uint32_t>(next(9)), values[0], reinterpret_cast<char*>(values), 50};
+        WPARAM wParam = storm.Once(8) ? 0 : W(values);
+        LPARAM lParam = storm.Once(8) ? 0 : L(values);
+        const bool adds = number == CH2M_ADDSERIES || number == CH2M_CLEARTICKS || number == CH2M_CLEARYTICKS;
+        const bool isCounted = number == CH2M_SETXTICKCOUNT || number == CH2M_SETYTICKCOUNT;
+        const bool isTitle = number >= CH2M_SETYTITLE && number <= CH2M_GETXTITLE;
+        if (number == CH2M_SETSTYLE || number == CH2M_CLEARSTYLE) wParam = storm.Bit(7);
+        if (number == CH2M_SETLABELCALLBACK) lParam = storm.Once(2) ? 0 : reinterpret_cast<LPARAM>(&WriteLabel2D);
+        if (isCounted || isTitle) lParam = storm.Next(20);
+        if (number == CH2M_SETXTICK || number == CH2M_SETYTICK) lParam = storm.Once(8) ? 0 : L(&tick);
+        if (number == CH2M_DELETESERIES || (adds && Send(CH2M_GETSERIESCOUNT) > 5)) {
+            Send(CH2M_DELETESERIES, W(someone()), storm.Next(2));
+        } else {
+            Send(number, adds ? next(4) : wParam, lParam);
+        }
+    };
+    const auto points = [&] {
+        IQZChart2DSeries* const one = someone();
+        const auto index = static_cast<std::uint32_t>(next(6));
+        const Point2D point{values[0], values[1], 0, storm.Bit(2)};
+        if (one == nullptr || one->getPointCount() > 50) return;
+        const int what = storm.Next(5);
+        if (what == 0) one->addPoint(point);
+        if (what == 1) one->insertPoint(point, index);
+        if (what == 2) one->deletePoint(index);
+        if (what == 3) one->setPoint(index, point, 1);
+        if (what == 4) one->setFlags(storm.Bit(8), 1);
+    };
+    const ChartStorm::Doings doings = {[&] {
+        for (std::size_t i = 0; i < 29; ++i)
+            values[i] = storm.Number();
+        const int what = storm.Next(30);
+        if (what == 0) {
+            shown.Resize(storm.Next(5) * 100, storm.Next(5) * 100);
+        } else if (what < 12) {
+            message();
+        } else if (what < 18) {
+            points();
+        } else {
+            SendInput(storm);
+        }
+    }};
+    const std::size_t objects = LiveGdiObjects();
+    const int pointer = Cursor();
+    storm.Rage(2000, doings, onTold, [&](int) {
+        told.clear();
+        asked2D.clear();
+    });
+    Send(WM_LBUTTONUP);
+    EXPECT_EQ(Cursor(), pointer);
+    EXPECT_LE(LiveGdiObjects(), objects + 2) << "the bitmap that is kept";
+}
+
+}  // namespace
+}  // namespace corvex
