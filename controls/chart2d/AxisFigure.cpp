@@ -21,10 +21,6 @@ YUpBox LabelBoxOf(Chart2DAxis axis, int along, int level, YUpSize size) {
     return {{left, top - size.width}, {left + size.height, top}};
 }
 
-YUpPoint EndOfLabel(Chart2DAxis axis, const YUpBox& box) {
-    return {axis == kChart2DX ? box.corner.x : box.opposite.x, box.opposite.y};
-}
-
 std::array<YUpPoint, 3> HeadAt(Chart2DAxis axis, int end, int outward, int level) {
     return {PlaceAt(axis, end + outward * kHeadLength, level), PlaceAt(axis, end, level - kHeadHalfWidth),
             PlaceAt(axis, end, level + kHeadHalfWidth)};
@@ -52,7 +48,7 @@ AxisFigure AxisFigureOf(const Chart2DModel& chart, Chart2DAxis axis, const ITick
                                 PlaceAt(axis, at, markFrom), PlaceAt(axis, at, markFrom - kMarkLength), std::nullopt});
         if (tick.label.empty()) continue;
         const YUpBox box = LabelBoxOf(axis, at, level, measure.Measure(tick.label));
-        if (labels.Takes(box)) figure.ticks.back().label = AxisTick::Label{tick.label, EndOfLabel(axis, box)};
+        if (labels.Takes(box)) figure.ticks.back().label = AxisTick::Label{tick.label, box.opposite};
     }
     if (space.HasAxis(axis)) figure.line = LineOf(chart, along, axis, level);
     return figure;

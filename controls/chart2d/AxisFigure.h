@@ -16,8 +16,7 @@ struct AxisTick {
     // Beside the axis; none that would lie on the one before, or without a text.
     struct Label {
         std::string text;
-        YUpPoint at;  // ends there: for X, where it reads upward, the upper left corner of its last letter, else the
-                      // right one
+        YUpPoint at;  // the upper edge level with it: for X, where it reads downward, it begins there, else it ends
     };
     std::optional<Label> label;
 };

@@ -9,7 +9,7 @@ namespace corvex {
 
 namespace {
 
-constexpr int kReadsUpward = 900, kReadsDownward = -900;  // tenths of a degree
+constexpr int kReadsDownward = 900, kReadsUpward = -900;  // tenths of a degree, clockwise in the y-up space
 constexpr int kSubtitleDrop = 2, kTitleDrop = 16;         // pixels below the client's upper edge
 constexpr int kXTitleRise = 20, kYTitleInset = 10;        // pixels from the client's edges
 constexpr int kPointLabelRise = 7;                        // pixels above the point
@@ -32,7 +32,7 @@ void PaintAxisTitles(HDC dc, const Chart2DModel& chart, const Chart2DFonts& font
     {
         const SelectGuard font(dc, fonts.yTitle.Get());
         ::SetTextColor(dc, chart.colours[kChart2DYTitle]);
-        DrawYUpTextAbove(dc, {kYTitleInset, chart.height / 2}, chart.axisTitles[kChart2DY]);
+        DrawYUpText(dc, {kYTitleInset, chart.height / 2}, TextSide::kCentred, chart.axisTitles[kChart2DY]);
     }
     const SelectGuard font(dc, fonts.xTitle.Get());
     ::SetTextColor(dc, chart.colours[kChart2DXTitle]);
@@ -59,6 +59,7 @@ AxisFigure AxisPainter::PaintTicks(Chart2DAxis axis, HFONT font, Chart2DColour c
     AxisFigure figure = AxisFigureOf(chart_, axis, YUpTextMeasure(dc_, font));
     const SelectGuard selected(dc_, font);
     ::SetTextColor(dc_, chart_.colours[colour]);
+    const TextSide side = axis == kChart2DX ? TextSide::kRight : TextSide::kLeft;
     for (const AxisTick& tick : figure.ticks) {
         {
             const SelectGuard pen(dc_, grid_.Get());
@@ -66,7 +67,7 @@ AxisFigure AxisPainter::PaintTicks(Chart2DAxis axis, HFONT font, Chart2DColour c
         }
         const SelectGuard pen(dc_, line_.Get());
         Line(dc_, tick.markFrom, tick.markTo);
-        if (tick.label) DrawYUpText(dc_, tick.label->at, TextSide::kLeft, tick.label->text);
+        if (tick.label) DrawYUpText(dc_, tick.label->at, side, tick.label->text);
     }
     return figure;
 }
@@ -134,13 +135,13 @@ void SeriesPainter::Paint() const {
 }  // namespace
 
 Chart2DFonts::Chart2DFonts()
-    : xTick(MakeGaugeFont(12, FW_NORMAL, kReadsUpward)),
+    : xTick(MakeGaugeFont(12, FW_NORMAL, kReadsDownward)),
       yTick(MakeGaugeFont(12, FW_NORMAL)),
       point(MakeGaugeFont(12, FW_SEMIBOLD)),
       title(MakeGaugeFont(22, FW_SEMIBOLD)),
       subtitle(MakeGaugeFont(12, FW_THIN)),
       xTitle(MakeGaugeFont(14, FW_SEMIBOLD)),
-      yTitle(MakeGaugeFont(12, FW_SEMIBOLD, kReadsDownward)) {}
+      yTitle(MakeGaugeFont(12, FW_SEMIBOLD, kReadsUpward)) {}
 
 void PaintChart2D(HDC dc, const Chart2DModel& chart, const Chart2DFonts& fonts, IChart2DLabels& labels) {
     PaintChartGround(dc, {chart.width, chart.height}, chart.colours[kChart2DGround]);

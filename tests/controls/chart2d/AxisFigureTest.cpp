@@ -33,7 +33,7 @@ TEST_F(AxisFigureTest, ATickStandsAcrossItsAxisWithItsGridLineAndLabel) {
     EXPECT_EQ(x.markTo, (YUpPoint{425, 322}));
     ASSERT_TRUE(x.label);
     EXPECT_EQ(x.label->text, "ab");
-    EXPECT_EQ(x.label->at, (YUpPoint{419, 319})) << "6 below, its line's middle at the tick";
+    EXPECT_EQ(x.label->at, (YUpPoint{431, 319})) << "6 below, its line's middle at the tick";
     EXPECT_EQ(y.gridFrom, (YUpPoint{70, 295}));
     EXPECT_EQ(y.gridTo, (YUpPoint{580, 295}));
     EXPECT_EQ(y.markFrom, (YUpPoint{328, 295}));
@@ -49,7 +49,7 @@ TEST_F(AxisFigureTest, WithoutZeroInTheRangeTicksStandOnThePlotsEdgeAndNoLineIsD
     AxisTick tick = TickAt(kChart2DX, 0.0F);
     EXPECT_EQ(tick.markFrom, (YUpPoint{325, 70}));
     EXPECT_EQ(tick.markTo, (YUpPoint{325, 64}));
-    EXPECT_EQ(tick.label->at, (YUpPoint{319, 64}));
+    EXPECT_EQ(tick.label->at, (YUpPoint{331, 64}));
     EXPECT_FALSE(Of(kChart2DX).line);
     EXPECT_TRUE(Of(kChart2DY).line);
     fake.machine.ranges.Set(kChart2DX, &low, nullptr);

@@ -73,7 +73,7 @@ TEST_F(Chart2DPaintTest, AnEmptyChartShowsItsTitlesAndAxes) {
          400,
          {"fill 0,0,500,400 brush ffffff", "mapping anisotropic window 1,1 viewport 1,-1",
           "text 250,384 align 6 font Arial 22 600 2 32 colour 000000 transparent: 2D Chart",
-          "text 10,200 align 14 font Arial 12 600 2 32 colour 000000 transparent: Y Axis",
+          "text 10,200 align 6 font Arial 12 600 2 32 colour 000000 transparent: Y Axis",
           "text 250,20 align 6 font Arial 14 600 2 32 colour 000000 transparent: X Axis",
           "line 70,200 to 430,200 pen 0 1 000000", "polygon 60,200 70,196 70,204 pen 0 1 000000 brush 000000",
           "polygon 440,200 430,196 430,204 pen 0 1 000000 brush 000000", "line 250,70 to 250,330 pen 0 1 000000",
@@ -83,7 +83,7 @@ TEST_F(Chart2DPaintTest, AnEmptyChartShowsItsTitlesAndAxes) {
          141,
          {"fill 0,0,1201,141 brush ffffff", "mapping anisotropic window 1,1 viewport 1,-1",
           "text 600,125 align 6 font Arial 22 600 2 32 colour 000000 transparent: 2D Chart",
-          "text 10,70 align 14 font Arial 12 600 2 32 colour 000000 transparent: Y Axis",
+          "text 10,70 align 6 font Arial 12 600 2 32 colour 000000 transparent: Y Axis",
           "text 600,20 align 6 font Arial 14 600 2 32 colour 000000 transparent: X Axis",
           "line 70,70 to 1131,70 pen 0 1 000000", "polygon 60,70 70,66 70,74 pen 0 1 000000 brush 000000",
           "polygon 1141,70 1131,66 1131,74 pen 0 1 000000 brush 000000", "line 600,70 to 600,71 pen 0 1 000000",
@@ -106,7 +106,7 @@ TEST_F(Chart2DPaintTest, TextsAndLinesHaveTheirColours) {
         ticks.SetCount(1);
         ticks.Set(0, 51.0F, "ab");
     }
-    const int half = YUpTextMeasure(MemoryDc().Get(), fonts.xTick.Get()).Measure("ab").height / 2;
+    const int height = YUpTextMeasure(MemoryDc().Get(), fonts.xTick.Get()).Measure("ab").height, half = height / 2;
     labels.isOn = true;
     AddSeries({{0, 0}}).setName("A");
     const Figures expected = {
@@ -116,11 +116,11 @@ TEST_F(Chart2DPaintTest, TextsAndLinesHaveTheirColours) {
         "text 250,384 align 6 font Arial 22 600 2 32 colour 130303 transparent: 2D Chart",
         "line 286,70 to 286,330 pen 2 1 110101",
         "line 286,203 to 286,197 pen 0 1 120202",
-        Printed("text %d,194 align 2 font Arial 12 400 2 32 colour 140404 transparent: ab", 286 - half),
+        Printed("text %d,194 align 0 font Arial 12 400 2 32 colour 140404 transparent: ab", 286 - half + height),
         "line 70,226 to 430,226 pen 2 1 110101",
         "line 253,226 to 247,226 pen 0 1 120202",
         Printed("text 244,%d align 2 font Arial 12 400 2 32 colour 150505 transparent: ab", 226 + half),
-        "text 10,200 align 14 font Arial 12 600 2 32 colour 190909 transparent: Y Axis",
+        "text 10,200 align 6 font Arial 12 600 2 32 colour 190909 transparent: Y Axis",
         "text 250,20 align 6 font Arial 14 600 2 32 colour 180808 transparent: X Axis",
         "line 70,200 to 430,200 pen 0 1 120202",
         "polygon 60,200 70,196 70,204 pen 0 1 120202 brush 120202",

@@ -1,3 +1,7 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
 #include "controls/chart2d/Chart2D.h"
 #include "controls/window/GdiObjects.h"
 #include "tests/controls/chart/ChartWindowTest.h"
@@ -387,6 +391,61 @@ TEST_F(Chart2DTest, TheParentMayDestroyTheWindowWheneverItIsTold) {
         }
         EXPECT_EQ(count, 1) << i;
         EXPECT_FALSE(::IsWindow(other.Window()));
+    }
+}
+
+int CALLBACK WriteHeight(HWND, float, float y, IQZChart2DSeries* series, int, int kind, char* text, int* capacity) {
+    if (kind != kPointLabel || series->testFlag(kSeriesNoMarkers) != 0) return 0;
+    std::snprintf(text, static_cast<std::size_t>(*capacity), "%.0f", static_cast<double>(y));
+    return 1;
+}
+
+// As in an editor of tables: a curve of the spark's advance beside that of the factory, three of its points dragged.
+TEST_F(Chart2DTest, ATableIsEditedInEverySize) {
+    const float ends[] = {0.0F, 6000.0F, -10.0F, 50.0F};
+    series->clear();
+    series->setFlags(0, 0);
+    series->setFlags(kSeriesNoMarkers, 0);
+    series->setColor(kSeriesLineColour, 0xA0A0A0);
+    auto* const edited = reinterpret_cast<IQZChart2DSeries*>(Send(CH2M_ADDSERIES, 9));
+    edited->setPenWidth(2);
+    edited->setColor(kSeriesLineColour, 0xB04000);
+    for (const float speed : {400.0F, 1200.0F, 2000.0F, 2800.0F, 3600.0F, 4400.0F, 5200.0F, 5900.0F}) {
+        const float advance = -6.0F + speed / 110.0F - speed * speed / 1800000.0F;
+        series->addPoint({speed, advance});
+        edited->addPoint({speed, advance});
+    }
+    Send(CH2M_SETTITLE, 0, L("Spark Advance"));
+    Send(CH2M_SETXTITLE, W("Engine Speed (rpm)"), 18);
+    Send(CH2M_SETYTITLE, W("Advance (deg)"), 13);
+    for (const UINT set : {CH2M_SETXRANGE, CH2M_SETXLIMITS})
+        Send(set, W(&ends[0]), L(&ends[1]));
+    for (const UINT set : {CH2M_SETYRANGE, CH2M_SETYLIMITS})
+        Send(set, W(&ends[2]), L(&ends[3]));
+    Send(CH2M_SETSTYLE, kChart2DSubtitle);
+    Send(CH2M_SETLABELCALLBACK, 0, reinterpret_cast<LPARAM>(&WriteHeight));
+    for (const SIZE& size : {SIZE{240, 200}, SIZE{650, 420}, SIZE{1020, 760}}) {
+        shown.Resize(size.cx, size.cy);
+        const auto at = [&](float speed, float advance) {
+            const float x = 70.0F + speed * static_cast<float>(size.cx - 140) / 6000.0F;
+            const float y = 70.0F + (advance + 10.0F) * static_cast<float>(size.cy - 140) / 60.0F;
+            return MAKELPARAM(static_cast<int>(x), size.cy - static_cast<int>(y));
+        };
+        Send(WM_LBUTTONDOWN, MK_LBUTTON, at(3000.0F, 49.0F));
+        Send(WM_MOUSEMOVE, MK_LBUTTON, at(5700.0F, 0.0F));
+        SavePicture(window, "Chart2D band " + std::to_string(size.cx));
+        Send(WM_LBUTTONUP, 0, at(5700.0F, 0.0F));
+        EXPECT_EQ(edited->getSelectedCount(), 3);
+        Point2D before, after;
+        edited->getPoint(5, &before);
+        Send(WM_LBUTTONDOWN, MK_LBUTTON, at(before.x, before.y));
+        Send(WM_MOUSEMOVE, MK_LBUTTON, at(before.x, before.y + 6.0F));
+        Send(WM_LBUTTONUP, 0, at(before.x, before.y + 6.0F));
+        edited->getPoint(5, &after);
+        EXPECT_NEAR(after.y, before.y + 6.0F, 1.1F);
+        SavePicture(window, "Chart2D dragged " + std::to_string(size.cx));
+        EXPECT_TRUE(shown.Shows(0x0000FF)) << "what is selected";
+        EXPECT_TRUE(shown.Shows(0xB04000));
     }
 }
 
