@@ -1,10 +1,11 @@
 // What the gauges cost, from inside of their process.
-// Usage: bench_gauges [paint|reply|chart|grid|histogram|surface|monitor|scope]...
+// Usage: bench_gauges [paint|reply|chart|chart2d|grid|histogram|surface|monitor|scope]...
 #include <cstdio>
 #include <exception>
 #include <string>
 #include <vector>
 
+#include "bench/gauges/Chart2DCost.h"
 #include "bench/gauges/ChartCost.h"
 #include "bench/gauges/GaugePaintCost.h"
 #include "bench/gauges/GridCost.h"
@@ -16,12 +17,14 @@
 
 int main(int argc, char** argv) {
     std::vector<std::string> subjects(argv + 1, argv + argc);
-    if (subjects.empty()) subjects = {"paint", "reply", "chart", "grid", "histogram", "surface", "monitor", "scope"};
+    if (subjects.empty())
+        subjects = {"paint", "reply", "chart", "chart2d", "grid", "histogram", "surface", "monitor", "scope"};
     try {
         for (const std::string& subject : subjects) {
             if (subject == "paint") corvex::bench::PrintGaugePaintCost();
             if (subject == "reply") corvex::bench::PrintReplyToPaint();
             if (subject == "chart") corvex::bench::PrintChartCost();
+            if (subject == "chart2d") corvex::bench::PrintChart2DCost();
             if (subject == "grid") corvex::bench::PrintGridCost();
             if (subject == "histogram") corvex::bench::PrintHistogramCost();
             if (subject == "surface") corvex::bench::PrintSurfaceCost();

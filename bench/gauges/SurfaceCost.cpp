@@ -4,7 +4,7 @@
 #include <cstdio>
 
 #include "bench/desktop/Figures.h"
-#include "bench/gauges/BareCalls.h"
+#include "bench/gauges/PaintBesideBare.h"
 #include "controls/chart3d/Chart3D.h"
 #include "controls/chart3d/Chart3DPaint.h"
 #include "definition/ADXHistogram.h"
@@ -75,26 +75,9 @@ void PrintPaint(std::uint32_t divisions) {
     const Chart3DFonts fonts;
     NoLabels labels;
     const auto paint = [&](HDC dc) { PaintChart3D(dc, hill.chart, fonts, labels); };
-    BareCalls calls(paint);
-    const ShownControl shown("STATIC", kSurfaceWidth, kSurfaceHeight);
-    const ClientDc screen(shown.Window());
-    const MemoryDc memory(screen.Get());
-    const OwnedBitmap bitmap(::CreateCompatibleBitmap(screen.Get(), kSurfaceWidth, kSurfaceHeight));
-    const SelectGuard selected(memory.Get(), bitmap.Get());
-    const auto copied = [&](const auto& work) {
-        return Microseconds([&] {
-            work();
-            ::BitBlt(screen.Get(), 0, 0, kSurfaceWidth, kSurfaceHeight, memory.Get(), 0, 0, SRCCOPY);
-        });
-    };
-    std::vector<double> painted, bare;
-    const int rounds = divisions > 64 ? 15 : 100;
-    for (int round = 0; round < rounds; ++round) {
-        painted.push_back(copied([&] { paint(memory.Get()); }));
-        bare.push_back(copied([&] { calls.Run(memory.Get()); }));
-    }
+    const PaintCost cost = CostOfPaint(kSurfaceWidth, kSurfaceHeight, divisions > 64 ? 15 : 100, paint);
     std::printf("surface of %u by %u: paint %.0f us, bare calls %.0f us, ratio %.2f (wanted: at most 1.2)\n", divisions,
-                divisions, Median(painted), Median(bare), Median(painted) / Median(bare));
+                divisions, cost.painted, cost.bare, cost.painted / cost.bare);
 }
 
 void PrintProjection() {
