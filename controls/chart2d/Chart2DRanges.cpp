@@ -36,22 +36,20 @@ void Chart2DRanges::Measure() {
                 extents_[axis].Take(AlongAxis(point, axis));
         }
     }
-    isKnown_ = true;
 }
 
 void Chart2DRanges::Recompute() {
-    isKnown_ = false;
     if (!chart_.Has(kChart2DAnyFollows)) return;
     Measure();
     Show();
 }
 
-// A point that comes leaves the others where they are; one that goes may have been the last at its end.
+// A point that comes leaves the others where they are; one that goes may have been the last at its end. The extents are
+// known, as following begins with measuring them.
 void Chart2DRanges::OnPointChanged(const Point2D* before, const Point2D* now) {
+    if (!chart_.Has(kChart2DAnyFollows)) return;
     const auto wasAtEnd = [&](Chart2DAxis axis) { return extents_[axis].IsAtEnd(AlongAxis(*before, axis)); };
-    const bool isFollowed = chart_.Has(kChart2DAnyFollows);
-    if (!isKnown_ || !isFollowed || (before != nullptr && std::ranges::any_of(kChart2DAxes, wasAtEnd)))
-        return Recompute();
+    if (before != nullptr && std::ranges::any_of(kChart2DAxes, wasAtEnd)) return Recompute();
     if (now == nullptr) return;
     for (const Chart2DAxis axis : kChart2DAxes)
         extents_[axis].Take(AlongAxis(*now, axis));

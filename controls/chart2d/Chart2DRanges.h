@@ -27,8 +27,7 @@ private:
 
     Chart2DModel& chart_;
     IChart2DHost& host_;
-    std::array<ChartExtent, kChart2DAxisCount> extents_;
-    bool isKnown_ = false;  // the extents are those of all points
+    std::array<ChartExtent, kChart2DAxisCount> extents_;  // of all points, while one of them is followed
 };
 
 }  // namespace corvex

@@ -281,9 +281,10 @@ TEST_F(Chart2DMouseTest, NothingMovesWhileControlOrShiftIsHeld) {
 
 TEST_F(Chart2DMouseTest, AParentThatTakesTheSeriesAwayWhileItsPointsMoveBreaksNothing) {
     fake.AddSeries(kSeriesDefaultFlags, {{0, 50}, {50, 50}});
+    fake.AddSeries(kSeriesDragX, {{7, 7}});
     Select({Chosen(0, 0), Chosen(0, 2)});
     Down(At(100, 100));
-    Select({Chosen(1, 0), Chosen(1, 1)});
+    Select({Chosen(1, 0), Chosen(1, 1), Chosen(2, 0)});
     host.handler = [&] {
         host.handler = nullptr;
         fake.machine.DeleteSeries(&fake.Series(), false);
@@ -293,7 +294,7 @@ TEST_F(Chart2DMouseTest, AParentThatTakesTheSeriesAwayWhileItsPointsMoveBreaksNo
     EXPECT_EQ(Place(1), std::pair(50.0F, 50.0F));
     host.handler = [&] { fake.Series().clear(); };
     mouse.OnMove(At(120, 120));
-    EXPECT_EQ(host.TakeNotes().size(), 1U);
+    EXPECT_EQ(host.TakeNotes(), (Chart2DNotes{Heard(1125, 0, 0), Heard(1125, 1, 0)}));
     host.handler = [&] { mouse.EndGesture(); };
     fake.Series().addPoint({0, 0});
     mouse.OnDown(At(0, 0), {});

@@ -163,6 +163,10 @@ TEST_F(Chart2DTest, RangesAndLimitsAreSetEndByEnd) {
     Send(CH2M_SETYRANGE, W(&low), L(&high));
     EXPECT_EQ(Ends(CH2M_GETYRANGE), std::pair(-5.0F, 9.0F));
     EXPECT_EQ(told, (std::vector<ToldOf2D>{{kChart2DXRangeChanged, nullptr, 0}}));
+    series->addPoint({900.0F, 0.0F});
+    AddSeries();
+    series->clear();
+    EXPECT_EQ(Ends(CH2M_GETXRANGE), std::pair(-100.0F, 100.0F)) << "of what is left";
 }
 
 TEST_F(Chart2DTest, TextsAreNeverReadOrWrittenBeyondTheirRoom) {
@@ -283,47 +287,6 @@ TEST_F(Chart2DTest, TheParentIsToldOfPointsAndThePointerIsPutOnThem) {
     EXPECT_EQ(series->getSelectedCount(), 1);
 }
 
-TEST_F(Chart2DTest, ModifiersHoldADragAndGoWithTheFocus) {
-    const auto move = [&](int by) {
-        Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(100 + by, 100));
-        return PointAt(1).first;
-    };
-    Send(WM_LBUTTONDOWN, MK_LBUTTON | MK_CONTROL, MouseAt(100, 100));
-    EXPECT_EQ(move(10), 100.0F);
-    Send(WM_KEYUP, VK_CONTROL);
-    EXPECT_EQ(move(11), 101.0F);
-    Send(WM_KEYDOWN, VK_SHIFT);
-    EXPECT_EQ(move(12), 101.0F);
-    Send(WM_KILLFOCUS);
-    EXPECT_EQ(move(13), 102.0F);
-    Send(WM_KEYDOWN, VK_CONTROL);
-    EXPECT_EQ(move(14), 102.0F);
-    Send(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, MouseAt(102, 100));
-    EXPECT_EQ(move(20), 102.0F);
-}
-
-TEST_F(Chart2DTest, LosingTheMouseEndsEveryGestureAndShowsThePointer) {
-    const int pointer = Cursor();
-    for (const bool isDestroyed : {false, true}) {
-        Send(WM_LBUTTONDOWN, MK_LBUTTON, MouseAt(100, 100));
-        Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(101, 100));
-        Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(100, 100));
-        EXPECT_EQ(Cursor(), pointer - 1);
-        told.clear();
-        if (isDestroyed) {
-            ::DestroyWindow(window);
-            EXPECT_EQ(told, std::vector<ToldOf2D>{});
-        } else {
-            ::SetCapture(shown.Parent().Window());
-            EXPECT_EQ(told, (std::vector<ToldOf2D>{{kChart2DDragEnded, nullptr, 0}}));
-            EXPECT_EQ(::GetCapture(), shown.Parent().Window()) << "stays with who took it";
-            ::ReleaseCapture();
-        }
-        EXPECT_EQ(Cursor(), pointer);
-        EXPECT_EQ(::GetCapture(), nullptr);
-    }
-}
-
 TEST_F(Chart2DTest, TheBandIsDrawnAndGoes) {
     for (const bool isOffscreen : {true, false}) {
         Send(isOffscreen ? CH2M_SETSTYLE : CH2M_CLEARSTYLE, kChart2DOffscreen);
@@ -340,17 +303,6 @@ TEST_F(Chart2DTest, TheBandIsDrawnAndGoes) {
         EXPECT_EQ(TestBitmap(window).Pixels(), look);
     }
     EXPECT_EQ(told, std::vector<ToldOf2D>{});
-}
-
-TEST_F(Chart2DTest, NothingIsPaintedWhileRedrawIsOffNorLostByThat) {
-    Send(WM_SETREDRAW, FALSE);
-    shown.Mark();
-    Send(CH2M_REPAINT);
-    EXPECT_TRUE(shown.HasMark());
-    Send(WM_SETREDRAW, TRUE);
-    EXPECT_TRUE(::GetUpdateRect(window, nullptr, FALSE));
-    ::UpdateWindow(window);
-    EXPECT_FALSE(shown.HasMark());
 }
 
 TEST_F(Chart2DTest, WhatAPageDoesToPointsPaintsWithTheNextPaint) {

@@ -67,7 +67,7 @@ TEST_F(QZChart2DSeriesTest, NamesAreCutAt64) {
 TEST_F(QZChart2DSeriesTest, FlagsAreAddedAndTakenAway) {
     series.setFlags(0x80, 0);
     EXPECT_EQ(series.getFlags(), 0xCBU);
-    series.clearFlags(0x43, 1);
+    series.clearFlags(0x47, 1);
     EXPECT_EQ(series.getFlags(), 0x88U);
     EXPECT_EQ(series.testFlag(0x0F), 1);
     EXPECT_EQ(series.testFlag(0x77), 0);
