@@ -18,7 +18,10 @@ public:
         if (handler) handler();
     }
     void PaintSoon() override { ++soon; }
-    void Capture() override { hasCapture = true; }
+    void Capture() override {
+        hasCapture = true;
+        if (onCapture) onCapture();
+    }
     // As the system does: the window hears of its loss.
     void Release() override {
         if (std::exchange(hasCapture, false)) mouse->EndGesture();
@@ -29,6 +32,7 @@ public:
     std::vector<Note> TakeNotes() { return std::exchange(notes, {}); }
 
     ChartMouse* mouse = nullptr;
+    std::function<void()> onCapture;
     std::function<void()> handler;  // of the parent's, and of whoever watches a repaint
     std::vector<Note> notes;
     int repaints = 0, soon = 0, pointer = 0;

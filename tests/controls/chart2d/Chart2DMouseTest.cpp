@@ -302,6 +302,19 @@ TEST_F(Chart2DMouseTest, AParentThatTakesTheSeriesAwayWhileItsPointsMoveBreaksNo
     host.notes.clear();
     mouse.OnMove(At(9, 9));
     EXPECT_EQ(host.TakeNotes(), Chart2DNotes{});
+    host.onCapture = [&] { mouse.EndGesture(); };
+    mouse.ClearSelection();
+    EXPECT_EQ(fake.Click(At(0, 0)), Chart2DNotes{}) << "it is over before it has begun";
+    host.onCapture = nullptr;
+    Select({Chosen(1, 0)});
+    Down(chart.Seen().PlaceOf(fake.Series(0).Points()[0]));
+    Select({Chosen(1, 0)});
+    host.handler = [&] {
+        host.handler = nullptr;
+        fake.machine.AddSeries(0, false);
+    };
+    mouse.OnMove(At(19, 19));
+    EXPECT_EQ(host.TakeNotes(), Chart2DNotes{Heard(1125, 0, 0)}) << "the places of all are others";
 }
 
 }  // namespace

@@ -254,6 +254,8 @@ TEST_F(Chart2DTest, ThePageWritesLabels) {
 
 TEST_F(Chart2DTest, TheParentIsToldOfPointsAndThePointerIsPutOnThem) {
     const int pointer = Cursor();
+    ::SetCursorPos(1, 1);
+    ::SetWindowPos(shown.Parent().Window(), nullptr, 30, 20, 0, 0, SWP_NOZORDER | SWP_NOSIZE);
     Send(WM_LBUTTONDOWN, MK_LBUTTON, MouseAt(97, 103));
     EXPECT_EQ(::GetCapture(), window);
     Send(WM_MOUSEMOVE, MK_LBUTTON, MouseAt(147, 83));
