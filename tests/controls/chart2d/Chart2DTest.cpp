@@ -206,6 +206,8 @@ TEST_F(Chart2DTest, TextsAreNeverReadOrWrittenBeyondTheirRoom) {
     EXPECT_EQ(TextOfWindow(window), "2D Chart");
     Send(CH2M_SETTITLE, 0, L(edge.Last(100)));
     EXPECT_EQ(TextOfWindow(window), std::string(100, 'x'));
+    Send(WM_SETTEXT, 0, L(std::string(150, 'w').c_str()));
+    EXPECT_EQ(TextOfWindow(window), std::string(100, 'w'));
 }
 
 struct Asked2D {

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <limits>
+#include <random>
 
 #include "controls/chart3d/Chart3D.h"
 #include "controls/window/GdiObjects.h"
@@ -413,14 +414,17 @@ TEST_F(Chart3DTest, TheParentMayDestroyTheWindowWheneverItIsTold) {
 
 // Whatever the numbers, and whatever the parent does meanwhile.
 TEST_F(Chart3DTest, StandsEveryMessageInEveryOrder) {
-    ChartStorm storm(11);
-    const auto next = [&](unsigned below) { return static_cast<unsigned>(storm.Next(static_cast<int>(below))); };
+    std::mt19937 random(11);
+    const auto next = [&](unsigned below) { return static_cast<unsigned>(random()) % below; };
+    const float numbers[] = {0.0F,      1.0F,      -1.0F,  255.0F,
+                             3e38F,     -3e38F,    1e-40F, std::numeric_limits<float>::quiet_NaN(),
+                             kInfinity, -kInfinity};
     float values[30] = {};  // also the bytes of texts, which have a 0 in the end
     const float size = 120.0F;
     char text[64] = {};
     const auto draw = [&] {
         for (std::size_t i = 0; i < 29; ++i)
-            values[i] = storm.Once(2) ? storm.Odd() : storm.Number();
+            values[i] = next(3) == 0 ? static_cast<float>(next(300)) : numbers[next(std::size(numbers))];
     };
     const auto someone = [&] { return reinterpret_cast<IQZChart3DPlot*>(Send(CH3M_GETPLOT, next(3))); };
     const auto message = [&] {
@@ -429,11 +433,7 @@ TEST_F(Chart3DTest, StandsEveryMessageInEveryOrder) {
         WPARAM wParam = next(8) == 0 ? 0 : W(values);
         LPARAM lParam = next(8) == 0 ? 0 : L(values);
         if (number == CH3M_SETSTYLE) wParam = 1U << next(16);
-        if (number == CH3M_SETBOXSIZE) {  // a large one has many ticks to paint
-            if (storm.Once(4)) Send(number, 0, lParam);
-            Send(CH3M_REPAINT);
-            lParam = L(&size);
-        }
+        if (number == CH3M_SETBOXSIZE && next(9) != 0) lParam = L(&size);  // a large one has many ticks to paint
         if (number == CH3M_DELETEPLOT || (number == CH3M_ADDPLOT && Send(CH3M_GETPLOTCOUNT) > 5))
             return Send(CH3M_DELETEPLOT, W(someone()), next(2));
         if (number == CH3M_ADDPLOT) return static_cast<LRESULT>(AddPlot()->testFlag(1));
@@ -442,7 +442,17 @@ TEST_F(Chart3DTest, StandsEveryMessageInEveryOrder) {
         if (number >= CH3M_SETXTICK && number <= CH3M_GETVERTTICK) lParam = L(&tick);
         return Send(number, number >= CH3M_GETXTICK && number <= CH3M_GETVERTTICK ? next(9) : wParam, lParam);
     };
-    const ChartStorm::Doings doings = {[&] {
+    const auto input = [&] {
+        const UINT mouse[] = {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_MOUSEMOVE,
+                              WM_MOUSEMOVE,   WM_LBUTTONUP,     WM_CAPTURECHANGED};
+        const UINT keys[] = {VK_SHIFT, VK_CONTROL, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN, 0xDB, 0xDD};
+        if (next(3) == 0) return Send(next(2) == 0 ? WM_KEYDOWN : WM_KEYUP, keys[next(std::size(keys))]);
+        const UINT number = mouse[next(std::size(mouse))];
+        if (number == WM_CAPTURECHANGED) return Send(number);
+        const auto far = [&] { return next(4) == 0 ? next(0x10000) : next(300); };
+        return Send(number, next(16), MAKELPARAM(far(), far()));
+    };
+    const auto doOne = [&] {
         draw();
         const unsigned what = next(30);
         if (what == 0) {
@@ -453,15 +463,23 @@ TEST_F(Chart3DTest, StandsEveryMessageInEveryOrder) {
             const Point3D point{values[0], values[1], values[2], next(2)};
             if (IQZChart3DPlot* const one = someone()) one->setPoint(static_cast<int>(next(3)), 0, point, 1);
         } else {
-            SendInput(storm);
+            input();
         }
-    }};
+    };
+    int depth = 0;
+    onTold = [&] {
+        if (next(3) != 0 || depth == 3) return;
+        ++depth;
+        doOne();
+        --depth;
+    };
     const std::size_t objects = LiveGdiObjects();
     const int pointer = Cursor();
-    storm.Rage(2000, doings, onTold, [&](int) {
+    for (int i = 0; i < 2000; ++i) {
+        doOne();
         told.clear();
         asked.clear();
-    });
+    }
     Send(WM_LBUTTONUP);
     EXPECT_EQ(Cursor(), pointer);
     EXPECT_LE(LiveGdiObjects(), objects + 2) << "the bitmap that is kept";
