@@ -14,6 +14,8 @@
 
 #include "controls/RegisterControlClasses.h"
 #include "controls/analoggauge/AnalogGauge.h"
+#include "controls/chart/ChartBlocks.h"
+#include "controls/chart2d/Chart2D.h"
 #include "controls/chart3d/Chart3D.h"
 #include "controls/datachart/DataChart.h"
 #include "controls/digitalreadout/DigitalReadout.h"
@@ -141,6 +143,12 @@ void OperateChart(HWND window, Random& random) {
     if (random() % 4 == 0) series->setXAxis(axis);
 }
 
+void OperateChart2D(HWND window, Random& random) {
+    auto* const series = reinterpret_cast<IQZChart2DSeries*>(::SendMessageA(window, CH2M_GETSERIES, random() % 3, 0));
+    if (series == nullptr) return;
+    series->addPoint({.x = AnyFloat(random), .y = AnyFloat(random)});
+}
+
 const StormKind kStormKinds[] = {
     {kAnalogGaugeClass, Rows({{AGM_SETFLAGS, AGM_SETCOLOR, "nn"},
                               {AGM_GETCOLOR, AGM_GETCOLOR, "n0"},
@@ -218,7 +226,7 @@ protected:
     Random random{static_cast<unsigned>(::testing::UnitTest::GetInstance()->random_seed())};
     // Floats, texts and numbers, each of them everywhere. Room behind for the longest that any message takes.
     alignas(16) std::array<char, 65536> memory{};
-    Chart3DTick tick{};
+    TickBlock tick{};
     float size = 0.0F;
 };
 
