@@ -79,7 +79,7 @@ std::string DroppedText(const std::string& path, const ADXDefinition& definition
         if (const SourcePart* const part = source.Find(*object)) ignored.Add(*part);
     }
     const std::size_t comments = CountComments(NarrowTextOf(path));
-    const std::string elements = ignored.Text();
+    std::string elements = ignored.Text();
     if (comments == 0) return elements;
     return Counted(comments, "comment") + (elements.empty() ? "" : " and " + elements);
 }
