@@ -120,6 +120,8 @@ void DefinitionCommands::LoadNow(const std::string& path) {
     } else {
         DebugOutput::Print(&session.debug, "FAILED to Load %s", path.c_str());
         if (error[0] != '\0') DebugOutput::Print(&session.debug, "%s", error);
+        // A first start, which has none to load.
+        if (path.empty()) DebugOutput::Print(&session.debug, "Choose one with File, Load Definition (Ctrl+L)");
     }
     RefreshPages(session);
     RefreshTitle(session);

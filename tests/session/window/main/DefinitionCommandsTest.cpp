@@ -27,6 +27,7 @@ TEST_F(DefinitionCommandsTest, LeavesTheLastOneWhenTheSettingsSaySo) {
 TEST_F(DefinitionCommandsTest, ABrokenOneIsToldWithItsReason) {
     Start();
     EXPECT_EQ(0U, Output().find("FAILED to Load ")) << "a first start says that there is none";
+    EXPECT_TRUE(Says("Choose one with File, Load Definition (Ctrl+L)"));
     Load(PutDefinition("one.adx"));
     LoadBroken();
     ADXDefinition other;
