@@ -57,8 +57,12 @@ void GoTo(const Operator& person, const PictureTask& task) {
     const double lead = task.tab == kMonitorTab ? 18.0 : 1.5;
     const HWND slider = window.Slider();
     const int place = static_cast<int>(window.SliderEnd() * (task.moment - lead) / kDriveSeconds);
+    const auto tell = [slider](WORD action) {
+        ::SendMessageA(::GetParent(slider), WM_HSCROLL, MAKEWPARAM(action, 0), reinterpret_cast<LPARAM>(slider));
+    };
+    tell(TB_THUMBTRACK);  // in hand, so that the log that plays does not move it meanwhile
     ::SendMessageA(slider, TBM_SETPOS, TRUE, place);
-    ::SendMessageA(::GetParent(slider), WM_HSCROLL, MAKEWPARAM(TB_ENDTRACK, 0), reinterpret_cast<LPARAM>(slider));
+    tell(TB_ENDTRACK);
     person.Watch(lead);
 }
 
