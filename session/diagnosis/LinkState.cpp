@@ -35,7 +35,7 @@ LinkState Lost(const LinkRecord& record, double now) {
     return Made(
         "lost-port", "device vanished, waiting for it",
         "the device of " + record.port + " has vanished" + why +
-            Printf("; it is looked for since %.0f s, and the scan goes on when it is back", now - record.lostAt),
+            Printf("; the scan has waited for it for %.0f s, and goes on when it is back", now - record.lostAt),
         LinkLevel::kAlarm);
 }
 

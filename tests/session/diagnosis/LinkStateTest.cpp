@@ -198,8 +198,8 @@ TEST_F(LinkStateTest, ADeviceThatVanishesIsWaitedForAndItsReturnIsNoReply) {
     record.Vanish(102.0, "port has vanished");
     Expect(102.0, "lost-port", "device vanished, waiting for it", LinkLevel::kAlarm);
     EXPECT_EQ(At(130.0).sentence,
-              "the device of COM3 has vanished (port has vanished); it is looked for since 28 s, and the scan goes on "
-              "when it is back");
+              "the device of COM3 has vanished (port has vanished); the scan has waited for it for 28 s, and "
+              "goes on when it is back");
     record.Return(140.0);
     Expect(140.1, "connecting", "device is back, connecting", LinkLevel::kAlarm);
     Add(140.3, kCodeShortReply);
