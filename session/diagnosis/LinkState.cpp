@@ -32,11 +32,10 @@ LinkState Refused(const LinkRecord& record, double now) {
 
 LinkState Lost(const LinkRecord& record, double now) {
     const std::string why = record.lost->empty() ? "" : " (" + *record.lost + ")";
-    return Made(
-        "lost-port", "device vanished, waiting for it",
-        "the device of " + record.port + " has vanished" + why +
-            Printf("; the scan has waited for it for %.0f s, and goes on when it is back", now - record.lostAt),
-        LinkLevel::kAlarm);
+    return Made("lost-port", "device vanished, waiting for it",
+                "the device of " + record.port + " has vanished" + why +
+                    Printf("; the scan has waited for it for %.0f s, and goes on when it is back", now - record.lostAt),
+                LinkLevel::kAlarm);
 }
 
 const char* WordOf(LineTrouble trouble) {
