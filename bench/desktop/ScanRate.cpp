@@ -1,5 +1,6 @@
 #include "bench/desktop/ScanRate.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <map>
@@ -28,28 +29,31 @@ constexpr std::array kPacedViews = {
 constexpr std::array kUnpacedViews = {View::kOutput,    View::kReadouts, View::kFourAnalog, View::kList,
                                       View::kHistogram, View::kSurface,  View::kMonitors};
 
-void ReportPaced(const Wanted& wanted, const std::vector<double>& rates, const std::vector<double>& processor) {
+void ReportPaced(const Wanted& wanted, const std::vector<double>& rates, const std::vector<double>& processor,
+                 const std::vector<double>& stolen) {
     const double limit = kBaud / kBitsOfByte / (kRequest + kReply);
     std::printf("scan rate, %s: median %.3f Hz of %zu scans, the line's limit %.3f Hz, share %.2f %%",
                 NameOf(wanted.view), Median(rates), rates.size(), limit, 100.0 * Median(rates) / limit);
     if (wanted.share > 0) std::printf(" (wanted: at least %.0f)", wanted.share);
-    std::printf("; of one processor %.1f %%\n", 100.0 * Median(processor));
+    std::printf("; of one processor %.1f %%; the host took %.1f to %.1f %% of all\n", 100.0 * Median(processor),
+                100.0 * *std::min_element(stolen.begin(), stolen.end()), 100.0 * Largest(stolen));
 }
 
 }  // namespace
 
 void PrintScanRate() {
     ViewedScan scan;
-    Series rates, processor;
+    Series rates, processor, stolen;
     for (int i = 0; i < kScanRuns; ++i) {
         for (const Wanted& wanted : kPacedViews) {
             const ScanFigures figures = scan.Paced(wanted.view);
             rates[wanted.view].push_back(figures.rate);
             processor[wanted.view].push_back(figures.processor);
+            stolen[wanted.view].push_back(figures.stolen);
         }
     }
     for (const Wanted& wanted : kPacedViews)
-        ReportPaced(wanted, rates[wanted.view], processor[wanted.view]);
+        ReportPaced(wanted, rates[wanted.view], processor[wanted.view], stolen[wanted.view]);
 }
 
 void PrintSustainedRate() {

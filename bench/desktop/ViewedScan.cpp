@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "bench/desktop/StolenTime.h"
 #include "bench/desktop/ViewDefinition.h"
 #include "tests/support/Eventually.h"
 #include "tools/driver/WindowFinder.h"
@@ -82,8 +83,10 @@ ScanFigures ViewedScan::Paced(View view) {
     Begin();
     const Stopwatch time;
     const double before = ProcessorTime();
+    const StolenTime stolen;
     ::Sleep(kPacedTime);
     ScanFigures figures;
+    figures.stolen = stolen.Share();
     figures.processor = (ProcessorTime() - before) / time.Seconds();
     figures.rate = RateOf(ReplyTimes(window_.OutputLines()));
     End();

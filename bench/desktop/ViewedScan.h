@@ -16,6 +16,7 @@ const char* NameOf(View view);
 struct ScanFigures {
     double rate = 0;       // replies per second
     double processor = 0;  // the program's time on a processor as a part of all time, 1 for one that is never idle
+    double stolen = 0;     // of all processors' time, by the host; of a paced scan
 };
 
 // One program for all scans; the engine begins anew with each. What fails throws std::runtime_error. One thread.
