@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <cmath>
 #include <cstdint>
 #include <deque>
 #include <span>
@@ -45,7 +46,7 @@ private:
     using Queue = std::deque<Byte>;
 
     double SecondsOf(std::int64_t counts) const { return static_cast<double>(counts) / frequency_; }
-    std::int64_t CountsOf(double seconds) const { return static_cast<std::int64_t>(seconds * frequency_ + 0.5); }
+    std::int64_t CountsOf(double seconds) const { return std::llround(seconds * frequency_); }
 
     bool Streams() const { return source_.HasStream() && !options_.silent; }
     bool Over(std::int64_t now);
