@@ -128,7 +128,7 @@ TEST_F(HistogramPageTest, AMinimumThatNothingHasSetIsShownWhole) {
     EXPECT_EQ("340282346638528859811704183484516925440", Cell(3, 4));
 }
 
-TEST_F(HistogramPageTest, AHistogramWithoutCellsShowsNoneAndIsPassedOver) {
+TEST_F(HistogramPageTest, AHistogramWithoutCellsIsPassedOverAndLeavesTheClipboard) {
     first->SetRows(0);
     RefreshHistogramPage(session);
     Sample(150);
@@ -138,7 +138,7 @@ TEST_F(HistogramPageTest, AHistogramWithoutCellsShowsNoneAndIsPassedOver) {
     EXPECT_EQ("kept", Copied(0, 0));
 }
 
-TEST_F(HistogramPageTest, TheCopyKeyTakesTheAxesAlong) {
+TEST_F(HistogramPageTest, TheCopyKeyPutsTheAxesOnTheClipboardToo) {
     Sample(0);
     Sample(150);
     const auto all = HistogramClipboardText(*first, ADXHistogram::kLast, WholeOf(*first));
@@ -148,7 +148,7 @@ TEST_F(HistogramPageTest, TheCopyKeyTakesTheAxesAlong) {
     EXPECT_EQ("\t\r\n\t150\r\n", TextOfClipboard(frame)) << "the control's own copy";
 }
 
-TEST_F(HistogramPageTest, ACopyThatFailsIsSaid) {
+TEST_F(HistogramPageTest, AClipboardThatIsTakenIsSaid) {
     ASSERT_TRUE(::OpenClipboard(frame));
     ::SendMessageA(Grid(), WM_CHAR, 0x03, 0);
     ::CloseClipboard();
