@@ -79,7 +79,7 @@ endfunction()
 function(corvex_test name)
   cmake_parse_arguments(A "THREADS;CLIPBOARD;PLAIN" "" "SOURCES;LIBS" ${ARGN})
   # Where one thread does everything there is no race to find.
-  if(CORVEX_SANITIZE AND A_PLAIN OR CORVEX_SANITIZE STREQUAL "thread" AND NOT A_THREADS)
+  if((CORVEX_SANITIZE AND A_PLAIN) OR (CORVEX_SANITIZE STREQUAL "thread" AND NOT A_THREADS))
     return()
   endif()
   add_executable(${name} ${A_SOURCES})
